@@ -1,0 +1,26 @@
+#pragma once
+
+#include <cstdint>
+
+#include "mrlxmlclass/runtime/Failure.h"
+
+namespace mrlxmlclass {
+
+/// How dates and numbers are written and read.
+struct LocaleSettings {
+    String short_date = "M/d/yyyy";  ///< d, dd, M, MM, yyyy and separators; no blanks, no separator at the end
+    String decimal = ".";
+    String group;  ///< skipped between digits when reading; empty: none. Never written.
+
+    friend bool operator==(const LocaleSettings&, const LocaleSettings&) = default;
+};
+
+class Locale {
+public:
+    virtual ~Locale() = default;
+    virtual const LocaleSettings& Settings() = 0;
+    /// Differs after every change of the settings.
+    virtual std::uint64_t Stamp() = 0;
+};
+
+}  // namespace mrlxmlclass

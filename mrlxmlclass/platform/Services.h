@@ -1,0 +1,41 @@
+#pragma once
+
+#include "mrlxmlclass/platform/Clock.h"
+#include "mrlxmlclass/platform/Files.h"
+#include "mrlxmlclass/platform/Locale.h"
+#include "mrlxmlclass/platform/Shell.h"
+#include "mrlxmlclass/platform/Ui.h"
+
+namespace mrlxmlclass {
+
+/// What the library asks of the system it runs on. A host or a test may put its own in place of each.
+struct Services {
+    Clock& clock;
+    Locale& locale;
+    Files& files;
+    Shell& shell;
+    Ui& ui;
+};
+
+/// The services of this thread: those of the system until others are installed.
+Services& Platform();
+
+/// The services of the system itself, to build a set of one's own from.
+Services& SystemServices();
+
+/// Puts services in place for this thread until it goes out of scope; the services must live as long.
+class InstalledServices {
+public:
+    explicit InstalledServices(Services& services);
+    ~InstalledServices();
+    InstalledServices(const InstalledServices&) = delete;
+    InstalledServices& operator=(const InstalledServices&) = delete;
+
+private:
+    Services* before_;
+};
+
+/// Keeps an object of the library for this thread and ends it with the thread. `end` must be ready for any thread.
+void KeepForThread(void* object, void (*end)(void*));
+
+}  // namespace mrlxmlclass

@@ -1,0 +1,54 @@
+#pragma once
+
+#include <compare>
+
+#include "mrlxmlclass/runtime/Numbers.h"
+
+namespace mrlxmlclass {
+
+/// A moment: days since 30 December 1899, the fraction being the time of day. 0 means "not set".
+/// Dates run from the year 100 to 9999; arithmetic that leaves them fails (6).
+class Date {
+public:
+    constexpr Date() = default;
+    constexpr explicit Date(double days) : days_(days) {}
+    /// Midnight of that day; a day that the calendar does not have fails (13).
+    static Date Of(int year, int month, int day, SourceLine where = SourceLine::Here());
+
+    constexpr double days() const { return days_; }
+    constexpr bool set() const { return days_ != 0; }
+
+    /// The same day at midnight.
+    Date day() const;
+    int year() const;
+    int month() const;
+    int day_of_month() const;
+    /// 1 = Sunday ... 7 = Saturday.
+    int weekday() const;
+
+    friend Date operator+(Date date, double days) { return Shifted(date, days); }
+    friend Date operator-(Date date, double days) { return Shifted(date, -days); }
+    Date& operator+=(double days) { return *this = *this + days; }
+    friend constexpr bool operator==(Date, Date) = default;
+    friend constexpr auto operator<=>(Date, Date) = default;
+
+private:
+    static Date Shifted(Date date, double days);
+
+    double days_ = 0;
+};
+
+/// Calendar days from `from` to `to`: the difference of the two date parts.
+Long DaysBetween(Date from, Date to);
+
+/// How far a date steps. Days and weeks are plain; a month keeps the day, clipped to the month's end.
+enum class Interval { Days, Weeks, Months, Hours, Minutes };
+
+/// `count` intervals after `date`; hours and minutes add in whole seconds, so 24 hours are exactly one day. Fractional
+/// counts of days, weeks and months round half to even.
+Date DateAdd(Interval interval, double count, Date date);
+
+/// The date moved into another year, month, day and time kept; 29 February fails (13) where the year has none.
+Date WithYear(Date date, int year);
+
+}  // namespace mrlxmlclass

@@ -1,0 +1,73 @@
+#include "mrlxmlclass/runtime/KeyText.h"
+
+#include <charconv>
+#include <deque>
+#include <mutex>
+#include <unordered_map>
+
+#include "mrlxmlclass/runtime/Text.h"
+
+namespace mrlxmlclass {
+namespace {
+
+/// The texts behind negative ids. Shared by all threads, so that a key means the same wherever it is read; never
+/// emptied, since a key may outlive any session.
+class Interned {
+public:
+    std::int32_t IdOf(std::string_view text) {
+        const std::scoped_lock lock(mutex_);
+        const auto found = ids_.find(text);
+        if (found != ids_.end()) return found->second;
+        const String& kept = texts_.emplace_back(text);
+        const std::int32_t id = -static_cast<std::int32_t>(texts_.size());
+        ids_.emplace(kept, id);
+        return id;
+    }
+    String TextOf(std::int32_t id) {
+        const std::scoped_lock lock(mutex_);
+        return texts_[static_cast<std::size_t>(-(id + 1))];
+    }
+
+private:
+    std::mutex mutex_;
+    std::deque<String> texts_;
+    std::unordered_map<std::string_view, std::int32_t> ids_;
+};
+
+Interned& Texts() {
+    static Interned& texts = *new Interned;  // outlives every object that may still hold a key
+    return texts;
+}
+
+/// The value of a canonical decimal, or -1.
+std::int32_t CanonicalNumber(std::string_view text) {
+    if (text.empty() || text.size() > 10 || (text[0] == '0' && text.size() > 1)) return -1;
+    std::int32_t number = 0;
+    const auto [end, error] = std::from_chars(text.data(), text.data() + text.size(), number);
+    return error == std::errc{} && end == text.data() + text.size() && text[0] != '-' ? number : -1;
+}
+
+}  // namespace
+
+KeyText::KeyText(std::string_view text) : id_(CanonicalNumber(text)) {
+    if (id_ < 0) id_ = Texts().IdOf(text);
+}
+
+KeyText::KeyText(Long number) : id_(number.value()) {
+    if (id_ < 0) id_ = Texts().IdOf(std::to_string(number.value()));
+}
+
+String KeyText::text() const {
+    if (none()) return {};
+    return is_number() ? std::to_string(id_) : Texts().TextOf(id_);
+}
+
+Long KeyNumber(std::string_view text) {
+    text = Trim(text);
+    if (text.starts_with('+')) text.remove_prefix(1);
+    std::int32_t number = 0;
+    const auto [end, error] = std::from_chars(text.data(), text.data() + text.size(), number);
+    return error == std::errc{} && end == text.data() + text.size() ? Long(number) : Long(0);
+}
+
+}  // namespace mrlxmlclass

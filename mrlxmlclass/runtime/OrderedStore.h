@@ -1,0 +1,147 @@
+#pragma once
+
+#include <algorithm>
+#include <cstddef>
+#include <cstdint>
+#include <unordered_map>
+#include <utility>
+#include <vector>
+
+#include "mrlxmlclass/runtime/Ref.h"
+
+namespace mrlxmlclass {
+
+/// Items in the order in which they came, most of them under a key: what stands behind every collection and dictionary.
+///
+/// A copy is a snapshot: it costs one count, and a change to either side while both live makes that side a store of its
+/// own. So a loop copies the store and walks the copy, whatever happens meanwhile.
+///
+/// Look-up by key is O(1): a scan for a few items, a hashed index beyond. `Key` tells by `none()` whether it is one.
+template <class Key, class Item>
+class OrderedStore {
+public:
+    struct Entry {
+        Key key;
+        Item item;
+    };
+    static constexpr std::size_t npos = static_cast<std::size_t>(-1);
+
+    std::size_t size() const { return body_ ? body_->entries.size() : 0; }
+    bool empty() const { return size() == 0; }
+    const Entry& operator[](std::size_t index) const { return body_->entries[index]; }
+    const Entry* begin() const { return body_ ? body_->entries.data() : nullptr; }
+    const Entry* end() const { return begin() + size(); }
+    /// Differs after every change to this store.
+    std::uint64_t Stamp() const { return stamp_; }
+
+    /// The 0-based place of the item under `key`, or npos.
+    std::size_t IndexOf(const Key& key) const { return body_ && !key.none() ? body_->IndexOf(key) : npos; }
+    /// The item under `key`, or null. Valid until the next change.
+    const Item* Find(const Key& key) const {
+        const std::size_t index = IndexOf(key);
+        return index == npos ? nullptr : &body_->entries[index].item;
+    }
+
+    /// Puts the item last; false, and nothing happens, when the key is taken.
+    bool Append(const Key& key, Item item) { return Insert(size(), key, std::move(item)); }
+
+    /// Puts the item before the one at `index`; false, and nothing happens, when the key is taken.
+    bool Insert(std::size_t index, const Key& key, Item item) {
+        if (IndexOf(key) != npos) return false;
+        Body& body = Changing();
+        body.entries.insert(body.entries.begin() + static_cast<std::ptrdiff_t>(index), Entry{key, std::move(item)});
+        body.Inserted(index);
+        return true;
+    }
+
+    void RemoveAt(std::size_t index) {
+        Body& body = Changing();
+        const Key key = body.entries[index].key;
+        // The item dies last: its end may lead back into this store.
+        const Item item = std::move(body.entries[index].item);
+        body.entries.erase(body.entries.begin() + static_cast<std::ptrdiff_t>(index));
+        body.Erased(index, key);
+    }
+
+    bool Remove(const Key& key) {
+        const std::size_t index = IndexOf(key);
+        if (index == npos) return false;
+        RemoveAt(index);
+        return true;
+    }
+
+    void Replace(std::size_t index, Item item) { std::swap(Changing().entries[index].item, item); }
+
+    void Clear() {
+        body_ = {};
+        ++stamp_;
+    }
+
+    void Reserve(std::size_t count) { Changing().entries.reserve(count); }
+
+private:
+    struct Body : Counted {
+        static constexpr std::size_t kFew = 8;
+        static constexpr std::size_t kDrift = 64;
+
+        std::vector<Entry> entries;
+        /// Places by key, once there are more than a few items. After an erase the places behind it are too high, by
+        /// `erased` at the most, until the index is counted anew.
+        std::unordered_map<Key, std::uint32_t> index;
+        std::size_t erased = 0;
+
+        std::size_t IndexOf(const Key& key) const {
+            if (index.empty()) {
+                for (std::size_t i = 0; i < entries.size(); ++i) {
+                    if (entries[i].key == key) return i;
+                }
+                return npos;
+            }
+            const auto found = index.find(key);
+            if (found == index.end()) return npos;
+            std::size_t at = std::min<std::size_t>(found->second, entries.size() - 1);
+            while (!(entries[at].key == key)) --at;
+            return at;
+        }
+
+        void Inserted(std::size_t at) {
+            const bool keyed = !entries[at].key.none();
+            if (index.empty() ? keyed && entries.size() > kFew : at + 1 != entries.size()) {
+                CountAnew();
+            } else if (!index.empty() && keyed) {
+                index.emplace(entries[at].key, static_cast<std::uint32_t>(at));
+            }
+        }
+
+        void Erased(std::size_t at, const Key& key) {
+            if (index.empty()) return;
+            if (!key.none()) index.erase(key);
+            if (at < entries.size() && ++erased > kDrift) CountAnew();
+        }
+
+        void CountAnew() {
+            erased = 0;
+            index.clear();
+            if (entries.size() <= kFew) return;
+            index.reserve(entries.size());
+            for (std::size_t i = 0; i < entries.size(); ++i) {
+                if (!entries[i].key.none()) index.emplace(entries[i].key, static_cast<std::uint32_t>(i));
+            }
+        }
+    };
+
+    Body& Changing() {
+        ++stamp_;
+        if (!body_) {
+            body_ = Make<Body>();
+        } else if (!body_.alone()) {
+            body_ = Make<Body>(*body_);
+        }
+        return *body_;
+    }
+
+    Ref<Body> body_;
+    std::uint64_t stamp_ = 0;
+};
+
+}  // namespace mrlxmlclass
