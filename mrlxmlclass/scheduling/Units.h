@@ -1,0 +1,25 @@
+#pragma once
+
+#include <optional>
+
+#include "mrlxmlclass/runtime/ByRef.h"
+#include "mrlxmlclass/runtime/Date.h"
+
+namespace mrlxmlclass {
+
+/// How far one step of a duration unit goes; nothing for a text that is no unit.
+std::optional<Interval> IntervalOf(const String& unit);
+/// Weeks and months step through the plain calendar: no day is skipped.
+bool StepsPlainly(const String& unit);
+
+namespace Gloabal {
+
+/// The unit that a loose text means, by its first letters: "days", "wks", "hrs", "mins" or "mons". Case counts.
+String unitvalid(const String& text);
+
+/// Splits a typed entry into number and unit, at its first blank or behind its leading digits, and gives the unit's
+/// name. A unit text that no letter matches comes back as it stands, or "" where there was no blank.
+String SetTaskUnit(ByRef<String> text, ByRef<Double> value);
+
+}  // namespace Gloabal
+}  // namespace mrlxmlclass

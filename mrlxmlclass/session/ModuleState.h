@@ -1,0 +1,44 @@
+#pragma once
+
+#include "mrlxmlclass/runtime/Date.h"
+#include "mrlxmlclass/runtime/Numbers.h"
+#include "mrlxmlclass/runtime/Ref.h"
+
+namespace mrlxmlclass {
+
+/// The values that deep code reaches without a path to `Application`: shared by all sessions of a thread, the latest
+/// `Init` wins. Each thread has its own, so that a server can run one session per worker thread.
+struct ModuleState {
+    Ref<class ErrorsHandler> g_ErrorsHandler;
+    Boolean BVersion;                         ///< links between tasks are live
+    Boolean g_SourcePrima;                    ///< the host is told nothing
+    Ref<class CalendarCls> g_PublicCalendar;  ///< nothing: every day is a working day
+    Integer g_MaxYear;                        ///< 0 = not taken yet: ask MaxYear()
+    Boolean g_TaskInfoUnloading;
+    Boolean g_InAddOrRemove;
+    Date g_MaxDate;  ///< 0 = not known
+    Long g_MaxDateTaskKey;
+    Date g_MinDate;  ///< 0 = not known
+    Long g_MinDateTaskKey;
+    String g_FileDateSeparator;
+    String g_SystemDateSeparator;
+    Integer g_LockFileNumber;  ///< 0 = no lock file was ever opened
+    String g_LockFileName;     ///< "" = none is held
+    Boolean g_ReadOnly;
+
+    /// Moves at every store to a task's `TaskCondidat`, so that counts of candidates know when they are stale.
+    std::uint64_t candidacy_stamp = 1;
+};
+
+/// This thread's values, made at first use.
+ModuleState& Module();
+
+/// The last year that a task date may have: ten years from the day on which it was first needed.
+Integer MaxYear();
+/// Takes it anew from today.
+void TakeMaxYear();
+
+/// Makes the shared error log where it is absent.
+void EnsureErrorsHandler();
+
+}  // namespace mrlxmlclass

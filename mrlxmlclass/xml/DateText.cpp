@@ -1,0 +1,262 @@
+#include "mrlxmlclass/xml/DateText.h"
+
+#include <array>
+#include <charconv>
+#include <cmath>
+#include <optional>
+#include <vector>
+
+#include "mrlxmlclass/platform/Services.h"
+#include "mrlxmlclass/runtime/Text.h"
+#include "mrlxmlclass/session/ModuleState.h"
+
+namespace mrlxmlclass {
+namespace {
+
+constexpr std::string_view kDateSeparators = "/-. ";
+constexpr int kSecondsADay = 86400;
+constexpr std::size_t kLongestFormat = 15;
+
+constexpr bool IsDigit(char c) {
+    return c >= '0' && c <= '9';
+}
+
+void AppendNumber(String& to, int number, std::size_t width) {
+    const String digits = std::to_string(number);
+    if (digits.size() < width) to.append(width - digits.size(), '0');
+    to += digits;
+}
+
+/// The whole number that a run of digits is; nothing when it is no such run.
+std::optional<int> DigitsOnly(std::string_view text) {
+    int number = 0;
+    if (text.empty() || !IsDigit(text[0])) return std::nullopt;
+    const auto [end, error] = std::from_chars(text.data(), text.data() + text.size(), number);
+    if (error != std::errc{} || end != text.data() + text.size()) return std::nullopt;
+    return number;
+}
+
+std::vector<std::string_view> Pieces(std::string_view text, std::string_view separators) {
+    std::vector<std::string_view> pieces;
+    while (true) {
+        const std::size_t start = text.find_first_not_of(separators);
+        if (start == std::string_view::npos) return pieces;
+        const std::size_t end = text.find_first_of(separators, start);
+        pieces.push_back(text.substr(start, end - start));
+        if (end == std::string_view::npos) return pieces;
+        text.remove_prefix(end);
+    }
+}
+
+int FullYear(std::string_view part, int year) {
+    if (part.size() > 2) return year;
+    return year < 30 ? 2000 + year : 1900 + year;
+}
+
+/// The order of day, month and year in a pattern: the FormatKey letters.
+String OrderOf(std::string_view pattern) {
+    String order;
+    for (const std::string_view part : Pieces(pattern, kDateSeparators)) order += Gloabal::FormatKey(part);
+    return order;
+}
+
+Date ParseDay(const std::vector<std::string_view>& parts, std::string_view pattern) {
+    if (parts.size() != 3) Raise(failure::kTypeMismatch);
+    std::array<int, 3> numbers{};
+    std::size_t year_at = OrderOf(pattern).find('y');
+    for (std::size_t i = 0; i < 3; ++i) {
+        const std::optional<int> number = DigitsOnly(parts[i]);
+        if (!number || parts[i].size() > 4) Raise(failure::kTypeMismatch);
+        numbers[i] = *number;
+        if (parts[i].size() > 2) year_at = i;
+    }
+    if (year_at > 2) year_at = 2;
+    const int year = FullYear(parts[year_at], numbers[year_at]);
+    const std::size_t first = year_at == 0 ? 1 : 0;
+    const std::size_t second = year_at == 2 ? 1 : 2;
+    const String order = OrderOf(pattern);
+    const bool day_first = order.find('d') < order.find('m');
+    int day = numbers[day_first ? first : second];
+    int month = numbers[day_first ? second : first];
+    if (month > 12 && day <= 12) std::swap(day, month);
+    return Date::Of(year, month, day);
+}
+
+double ParseTime(std::string_view time, std::string_view half_of_day) {
+    const std::vector<std::string_view> parts = Pieces(time, ":");
+    if (parts.size() < 2 || parts.size() > 3) Raise(failure::kTypeMismatch);
+    std::array<int, 3> numbers{};
+    for (std::size_t i = 0; i < parts.size(); ++i) {
+        const std::optional<int> number = DigitsOnly(parts[i]);
+        if (!number || *number > (i == 0 ? 23 : 59)) Raise(failure::kTypeMismatch);
+        numbers[i] = *number;
+    }
+    if (!half_of_day.empty()) {
+        if (numbers[0] < 1 || numbers[0] > 12) Raise(failure::kTypeMismatch);
+        numbers[0] = numbers[0] % 12 + (EqualsIgnoringCase(half_of_day, "PM") ? 12 : 0);
+    }
+    return static_cast<double>((numbers[0] * 60 + numbers[1]) * 60 + numbers[2]) / kSecondsADay;
+}
+
+/// Without the time that may follow a date: a blank and a part that holds ":".
+std::string_view WithoutTime(std::string_view text) {
+    const std::size_t colon = text.find(':');
+    if (colon == std::string_view::npos) return text;
+    const std::size_t blank = text.rfind(' ', colon);
+    return blank == std::string_view::npos ? text : Trim(text.substr(0, blank));
+}
+
+Ref<Dictionary> DescribeParts(std::string_view format, std::string_view separator) {
+    auto parts = Make<Dictionary>();
+    std::size_t place = 1;
+    for (const String& piece : separator.empty() ? std::vector<String>{String(format)} : Split(format, separator)) {
+        const std::string_view part = Trim(piece);
+        if (!part.empty()) {
+            parts->Add(Gloabal::FormatKey(part),
+                       std::to_string(part.size()) + "|" + std::to_string(place) + "|" + String(part));
+        }
+        place += piece.size() + 1;
+    }
+    return parts;
+}
+
+}  // namespace
+
+String FormatDate(Date date, std::string_view pattern) {
+    double whole = std::floor(date.days());
+    int seconds = static_cast<int>(std::round((date.days() - whole) * kSecondsADay));
+    if (seconds == kSecondsADay) {
+        whole += 1;
+        seconds = 0;
+    }
+    const Date day(whole);
+    String text;
+    for (std::size_t i = 0; i < pattern.size();) {
+        const char letter = pattern[i];
+        const std::size_t end = std::min(pattern.find_first_not_of(letter, i), pattern.size());
+        switch (letter) {
+            case 'd':
+                AppendNumber(text, day.day_of_month(), end - i);
+                break;
+            case 'M':
+                AppendNumber(text, day.month(), end - i);
+                break;
+            case 'y':
+                AppendNumber(text, day.year(), 4);
+                break;
+            default:
+                text.append(end - i, letter);
+                break;
+        }
+        i = end;
+    }
+    if (seconds != 0) {
+        text += ' ';
+        AppendNumber(text, seconds / 3600, 2);
+        text += ':';
+        AppendNumber(text, seconds / 60 % 60, 2);
+        text += ':';
+        AppendNumber(text, seconds % 60, 2);
+    }
+    return text;
+}
+
+Date ParseDate(std::string_view text, std::string_view pattern) {
+    std::vector<std::string_view> words = Pieces(text, " ");
+    std::string_view half_of_day;
+    double time = 0;
+    bool timed = false;
+    if (!words.empty() && (EqualsIgnoringCase(words.back(), "AM") || EqualsIgnoringCase(words.back(), "PM"))) {
+        half_of_day = words.back();
+        words.pop_back();
+    }
+    if (!words.empty() && words.back().find(':') != std::string_view::npos) {
+        time = ParseTime(words.back(), half_of_day);
+        timed = true;
+        words.pop_back();
+    }
+    if (!timed && !half_of_day.empty()) Raise(failure::kTypeMismatch);
+    if (words.empty()) {
+        if (!timed) Raise(failure::kTypeMismatch);
+        return Date(time);
+    }
+    std::vector<std::string_view> parts;
+    for (const std::string_view word : words) {
+        const auto pieces = Pieces(word, kDateSeparators);
+        parts.insert(parts.end(), pieces.begin(), pieces.end());
+    }
+    return Date(ParseDay(parts, pattern).days() + time);
+}
+
+namespace Gloabal {
+
+String GetSystemDateFormat() {
+    const std::string_view pattern = Platform().locale.Settings().short_date;
+    String format;
+    for (const char c : pattern) {
+        if (c != ' ') format += c;
+    }
+    while (!format.empty() && kDateSeparators.find(format.back()) != std::string_view::npos) format.pop_back();
+    return Length(format) > kLongestFormat ? String() : format;
+}
+
+String GetSeparator(std::string_view format) {
+    for (const char* separator : {"/", "-", "."}) {
+        if (format.find(separator) != std::string_view::npos) return separator;
+    }
+    return {};
+}
+
+String FormatKey(std::string_view part) {
+    const String letter = LowerCase(part.substr(0, 1));
+    if (letter == "j") return "d";
+    if (letter == "a") return "y";
+    return letter;
+}
+
+void SetALLFormat(const String& p_cur_date_format, const String& p_sys_date_format, Ref<Dictionary>& p_sys,
+                  Ref<Dictionary>& p_cur, String& p_date_spe) {
+    ModuleState& module = Module();
+    // Kept: the separators stay in force after the load; they act on texts that hold the old one only.
+    module.g_FileDateSeparator = GetSeparator(p_cur_date_format);
+    p_date_spe = module.g_FileDateSeparator;
+    p_cur = DescribeParts(p_cur_date_format, module.g_FileDateSeparator);
+    module.g_SystemDateSeparator = GetSeparator(p_sys_date_format);
+    p_sys = DescribeParts(p_sys_date_format, module.g_SystemDateSeparator);
+}
+
+String ConvertDateText(const String& /*p_sys_date_format*/, const String& /*p_cur_date_format*/, const String& text,
+                       const String& p_date_spe, const Ref<Dictionary>& p_cur, const Ref<Dictionary>& p_sys) {
+    const std::string_view day_text = WithoutTime(Trim(text));
+    const auto parts = Pieces(day_text, p_date_spe + " ");
+    const auto file_parts = p_cur->Snapshot();
+    if (parts.size() != file_parts.size()) Raise(failure::kTypeMismatch);
+
+    const auto part_of = [&](const KeyText& key) {
+        for (std::size_t i = 0; i < parts.size(); ++i) {
+            if (*file_parts[i].key.text() == key) return String(parts[i]);
+        }
+        Raise(failure::kTypeMismatch);
+    };
+    String converted;
+    for (const auto& entry : p_sys->Snapshot()) {
+        String part = part_of(*entry.key.text());
+        if (entry.key.text()->text() == "y") {
+            const std::optional<int> year = DigitsOnly(part);
+            if (!year) Raise(failure::kTypeMismatch);
+            part = std::to_string(FullYear(part, *year));
+        }
+        if (!converted.empty()) converted += Module().g_SystemDateSeparator;
+        converted += part;
+    }
+    return converted;
+}
+
+}  // namespace Gloabal
+
+String DateAdjustment::Adjusted(const String& text) const {
+    if (!on) return text;
+    return Gloabal::ConvertDateText(system_format, file_format, text, separator, file_parts, system_parts);
+}
+
+}  // namespace mrlxmlclass

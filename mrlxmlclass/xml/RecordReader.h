@@ -1,0 +1,50 @@
+#pragma once
+
+#include "mrlxmlclass/runtime/Flagged.h"
+#include "mrlxmlclass/xml/Conversions.h"
+
+namespace mrlxmlclass {
+
+/// Reads a record's fields in their order. A field is taken only when the element at hand bears its name, to the
+/// letter; otherwise the field keeps its value and the element waits for a later field. So fields may be absent, and an
+/// unknown element stops all behind it, without an error.
+class RecordReader {
+public:
+    explicit RecordReader(dom::Node first) : at_(first) {}
+
+    bool At(std::string_view name) const { return at_ && at_.baseName() == name; }
+
+    template <class T>
+    bool Read(std::string_view name, T& value) {
+        if (!At(name)) return false;
+        Conversions::FromText(at_.Text(), value);
+        Step();
+        return true;
+    }
+    /// An element that stands raises the flag.
+    template <class T>
+    bool Read(std::string_view name, Flagged<T>& field) {
+        if (!Read(name, field.value)) return false;
+        field.valid = True;
+        return true;
+    }
+    /// Steps over an element without reading it.
+    void Skip(std::string_view name) {
+        if (At(name)) Step();
+    }
+    /// The text at hand; the reader moves on.
+    String Take() {
+        String text = at_.Text();
+        Step();
+        return text;
+    }
+    void Step() { at_ = Conversions::MoveNextSiblingElement(at_); }
+
+    /// Where the reader stands: the element that it did not take, or null at the end.
+    dom::Node position() const { return at_; }
+
+private:
+    dom::Node at_;
+};
+
+}  // namespace mrlxmlclass

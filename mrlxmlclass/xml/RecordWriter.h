@@ -1,0 +1,32 @@
+#pragma once
+
+#include "mrlxmlclass/runtime/Flagged.h"
+#include "mrlxmlclass/xml/Conversions.h"
+
+namespace mrlxmlclass {
+
+/// Writes a record's fields, one element a field, under the record's element.
+class RecordWriter {
+public:
+    RecordWriter(const Ref<dom::Document>& document, dom::Node element) : document_(document), element_(element) {}
+
+    template <class T>
+    void Write(std::string_view name, const T& value) {
+        document_->AppendText(element_, name, Conversions::ToText(value));
+    }
+    /// Only when the flag is up.
+    template <class T>
+    void Write(std::string_view name, const Flagged<T>& field) {
+        if (field.valid) Write(name, field.value);
+    }
+    /// An empty element, for what is nested.
+    dom::Node Wrapper(std::string_view name) { return document_->AppendElement(element_, name); }
+
+    const Ref<dom::Document>& document() const { return document_; }
+
+private:
+    Ref<dom::Document> document_;
+    dom::Node element_;
+};
+
+}  // namespace mrlxmlclass
