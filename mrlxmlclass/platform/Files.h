@@ -12,7 +12,7 @@ namespace mrlxmlclass {
 struct FileFacts {
     bool exists = false;
     bool folder = false;
-    bool writable = false;  ///< some write bit of its mode is set
+    bool writable = false;   ///< some write bit of its mode is set
     std::uint32_t mode = 0;  ///< the permission bits
     std::uint64_t device = 0;
     std::uint64_t number = 0;  ///< of the file on its device

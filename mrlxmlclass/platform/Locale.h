@@ -19,8 +19,12 @@ class Locale {
 public:
     virtual ~Locale() = default;
     virtual const LocaleSettings& Settings() = 0;
-    /// Differs after every change of the settings.
+    /// Differs after every change of the settings, and between any two locales.
     virtual std::uint64_t Stamp() = 0;
+
+protected:
+    /// A stamp that no locale of this process has had.
+    static std::uint64_t NewStamp();
 };
 
 }  // namespace mrlxmlclass

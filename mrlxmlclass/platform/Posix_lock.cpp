@@ -1,0 +1,84 @@
+#include <fcntl.h>
+#include <unistd.h>
+
+#include <algorithm>
+
+#include "mrlxmlclass/platform/Posix_internal.h"
+
+namespace mrlxmlclass::platform {
+namespace {
+
+struct flock WholeFile() {
+    struct flock lock {};
+    lock.l_type = F_WRLCK;
+    lock.l_whence = SEEK_SET;
+    return lock;
+}
+
+// The former holder deletes the file while it holds it, so what was opened may no longer be what the path names.
+bool StillAt(const String& path, const struct stat& opened) {
+    struct stat there {};
+    return stat(path.c_str(), &there) == 0 && there.st_dev == opened.st_dev && there.st_ino == opened.st_ino;
+}
+
+// A lock of the open file, not of the process: it conflicts inside the process too, and closing some other
+// descriptor of the file does not drop it.
+Descriptor OpenHeld(const String& path) {
+    DemandAskable(path);
+    constexpr int kTries = 100;
+    for (int tried = 0; tried < kTries; ++tried) {
+        Descriptor file = OpenPath(path, O_RDWR | O_CREAT, 0666);
+        struct stat opened {};
+        if (!file || fstat(file.number(), &opened) != 0) RaiseFor(errno, path);
+        if (!S_ISREG(opened.st_mode)) Raise(failure::kPathAccess);
+        struct flock lock = WholeFile();
+        if (Retry([&] { return fcntl(file.number(), F_OFD_SETLK, &lock); }) != 0) {
+            const bool held = errno == EAGAIN || errno == EACCES;
+            Raise(held ? failure::kPermissionDenied : failure::kDeviceFailure);
+        }
+        if (StillAt(path, opened)) return file;
+    }
+    Raise(failure::kPermissionDenied);
+}
+
+}  // namespace
+
+FileUse UseOf(const String& path) {
+    if (!Askable(path)) return FileUse::Absent;
+    const Descriptor file = OpenPath(path, O_RDONLY);
+    if (!file) return errno == ENOENT || errno == ENOTDIR ? FileUse::Absent : FileUse::InUse;
+    struct stat opened {};
+    if (fstat(file.number(), &opened) != 0 || S_ISDIR(opened.st_mode)) return FileUse::InUse;
+    struct flock lock = WholeFile();
+    // Where locks are not to be had, nobody holds one.
+    if (fcntl(file.number(), F_OFD_GETLK, &lock) != 0) return FileUse::Free;
+    return lock.l_type == F_UNLCK ? FileUse::Free : FileUse::InUse;
+}
+
+Integer FileNumbers::Hold(const String& path) {
+    Descriptor file = OpenHeld(path);
+    const std::scoped_lock guard(mutex_);
+    auto place = std::ranges::find_if(held_, [](const Descriptor& held) { return !held; });
+    const Integer number = place - held_.begin() + 1;
+    if (place == held_.end()) {
+        held_.push_back(std::move(file));
+    } else {
+        *place = std::move(file);
+    }
+    return number;
+}
+
+void FileNumbers::Release(Integer number, const String& path_to_delete) {
+    Descriptor file;  // closes last
+    {
+        const std::scoped_lock guard(mutex_);
+        if (number > 0 && number <= std::ssize(held_)) {
+            file = std::move(held_[static_cast<std::size_t>(number.value() - 1)]);
+        }
+    }
+    if (path_to_delete.empty()) return;
+    DemandAskable(path_to_delete);
+    if (unlink(path_to_delete.c_str()) != 0 && errno != ENOENT && errno != ENOTDIR) RaiseFor(errno, path_to_delete);
+}
+
+}  // namespace mrlxmlclass::platform
