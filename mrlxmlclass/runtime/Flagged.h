@@ -24,4 +24,9 @@ struct Flagged {
     }
 };
 
+/// Refuses to hand out a property whose flag is down (1).
+[[noreturn]] inline void RaiseNotValid(const String& property, SourceLine where = SourceLine::Here()) {
+    Raise(failure::kDeliberate, "The Property " + property + " is not valid set m_" + property + "Valid = true", where);
+}
+
 }  // namespace mrlxmlclass

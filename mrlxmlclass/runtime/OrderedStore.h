@@ -72,6 +72,12 @@ public:
 
     void Replace(std::size_t index, Item item) { std::swap(Changing().entries[index].item, item); }
 
+    /// Takes over the content of another store.
+    void Assign(OrderedStore other) {
+        body_ = std::move(other.body_);
+        ++stamp_;
+    }
+
     void Clear() {
         body_ = {};
         ++stamp_;

@@ -19,8 +19,8 @@ public:
         Empty,  ///< the empty value of its type: False, 0, "", nothing
         SoFar,  ///< its result as it stood when the failure came
     };
-    static constexpr int kNone = 0;   ///< no number is silent
-    static constexpr int kAll = -1;   ///< every failure is silent
+    static constexpr int kNone = 0;  ///< no number is silent
+    static constexpr int kAll = -1;  ///< every failure is silent
 
     constexpr explicit FailureTail(const char* class_label, Gives gives = Gives::Empty, int silent = kNone)
         : class_label_(class_label), gives_(gives), silent_(silent) {}
@@ -52,6 +52,17 @@ public:
             Report(member_label, member);
         }
     }
+
+    /// How a walk opens a call: see runtime/Walk.h. The tail must outlive the walk.
+    struct Opening {
+        const FailureTail* tail = nullptr;
+        const char* member_label = nullptr;
+        SourceLine member{};
+    };
+    Opening Begin(const char* member_label, SourceLine member = SourceLine::Here()) const {
+        return {this, member_label, member};
+    }
+    bool gives_empty() const { return gives_ == Gives::Empty; }
 
     /// Records the exception that is being handled, unless its number is silent here.
     void Report(const char* member_label, SourceLine member) const noexcept;

@@ -285,9 +285,10 @@ private:
         Boolean valid = False;
         bool filled_inside = false;
 
-        bool Refused() const { return filled_inside && !valid && cell.Peek(); }
+        /// Made now if need be, the flag up; nothing while the guard holds.
         template <class MakeObject>
         Ref<T> Read(MakeObject&& make) {
+            if (filled_inside && !valid && cell.Peek()) return {};
             valid = True;
             return cell.ReadOr(std::forward<MakeObject>(make));
         }

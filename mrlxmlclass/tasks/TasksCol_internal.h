@@ -30,6 +30,15 @@ public:
     Long ValidTasks();
     /// Files a task under a key; a key that is taken fails (457).
     void File(const KeyText& key, const Ref<TasksCls>& task);
+    /// Puts the same tasks in another order.
+    void PutInOrder(Store sorted);
+    /// The keys of a dictionary, as numbers, in ascending position of their tasks.
+    Ref<Dictionary> SortedByPosition(const Ref<Dictionary>& keys) const;
+
+    /// Tell the host a task's dates, and its duration, as they stand, unless it is silenced. The task is taken anew for
+    /// each event, since a handler may change it.
+    void TellDates(const String& key);
+    void TellDuration(const String& key);
 
     /// The highest row in the outline; 0 when it is empty.
     Integer GetMaxPos();

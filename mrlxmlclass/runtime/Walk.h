@@ -1,0 +1,98 @@
+#pragma once
+
+#include <coroutine>
+#include <utility>
+
+#include "mrlxmlclass/runtime/Tail.h"
+
+namespace mrlxmlclass {
+
+/// What a suspended call of a walk keeps; the callers form the chain that a stack would.
+struct PendingCall {
+    std::coroutine_handle<> self;
+    PendingCall* caller = nullptr;
+    PendingCall** running = nullptr;  ///< the driver's variable: the call to resume next
+    FailureTail::Opening opening;
+
+    std::suspend_always initial_suspend() noexcept { return {}; }
+    void return_void() noexcept {}
+
+    struct Return {
+        bool await_ready() noexcept { return false; }
+        template <class Promise>
+        void await_suspend(std::coroutine_handle<Promise> done) noexcept {
+            *done.promise().running = done.promise().caller;
+        }
+        void await_resume() noexcept {}
+    };
+    Return final_suspend() noexcept { return {}; }
+};
+
+/// A call that may nest to any depth without using the stack: `co_await` is the call, and each call has its own failure
+/// tail. The first statement is `auto& result = co_await kTail.Begin("Label");`, an early exit is `co_return;`.
+/// The outermost call is driven by `Run`; a listener may drive another walk inside.
+///
+/// `co_await` stands as a statement, as a whole initialiser or as a right side, never inside `?:`.
+template <class Result>
+class [[nodiscard]] Walk {
+public:
+    struct promise_type : PendingCall {
+        Result result{};
+
+        Walk get_return_object() {
+            auto call = std::coroutine_handle<promise_type>::from_promise(*this);
+            self = call;
+            return Walk(call);
+        }
+        void unhandled_exception() noexcept {
+            opening.tail->Report(opening.member_label, opening.member);
+            if (opening.tail->gives_empty()) result = Result{};
+        }
+
+        struct Opened {
+            Result& result;
+            bool await_ready() noexcept { return true; }
+            void await_suspend(std::coroutine_handle<>) noexcept {}
+            Result& await_resume() noexcept { return result; }
+        };
+        Opened await_transform(FailureTail::Opening opened) noexcept {
+            opening = opened;
+            return {result};
+        }
+        template <class Inner>
+        Walk<Inner>&& await_transform(Walk<Inner>&& inner) noexcept {
+            return std::move(inner);
+        }
+    };
+
+    Walk(Walk&& other) noexcept : call_(std::exchange(other.call_, nullptr)) {}
+    Walk& operator=(Walk&&) = delete;
+    ~Walk() {
+        if (call_) call_.destroy();
+    }
+
+    bool await_ready() const noexcept { return false; }
+    template <class Promise>
+    void await_suspend(std::coroutine_handle<Promise> caller) noexcept {
+        PendingCall& callee = call_.promise();
+        callee.caller = &caller.promise();
+        callee.running = callee.caller->running;
+        *callee.running = &callee;
+    }
+    Result await_resume() { return std::move(call_.promise().result); }
+
+    /// Drives the walk to its end.
+    Result Run() && {
+        PendingCall* running = &call_.promise();
+        running->running = &running;
+        while (running != nullptr) running->self.resume();
+        return std::move(call_.promise().result);
+    }
+
+private:
+    explicit Walk(std::coroutine_handle<promise_type> call) : call_(call) {}
+
+    std::coroutine_handle<promise_type> call_;
+};
+
+}  // namespace mrlxmlclass

@@ -1,0 +1,328 @@
+#include <algorithm>
+
+#include "mrlxmlclass/platform/Services.h"
+#include "mrlxmlclass/runtime/Tail.h"
+#include "mrlxmlclass/scheduling/Units.h"
+#include "mrlxmlclass/scheduling/WorkingDays.h"
+#include "mrlxmlclass/session/ModuleState.h"
+#include "mrlxmlclass/tasks/TasksCls_internal.h"
+
+namespace mrlxmlclass {
+namespace {
+
+using Gloabal::IsNonWorkingDay;
+using Gloabal::SetNextWorkingDay;
+
+constexpr FailureTail kTail{"TasksCls"};
+constexpr int kMinYear = 2000;
+constexpr int kMostUnits = 999;
+
+Date NextWorkingDayFromToday() {
+    return SetNextWorkingDay(Platform().clock.Today(), Integer(1), Integer(0));
+}
+
+Date NoLaterThanMaxYear(Date date) {
+    return date.year() > MaxYear() ? WithYear(date, MaxYear().value()) : date;
+}
+
+Date InRange(Date date) {
+    if (date.year() < kMinYear) {
+        Platform().ui.Message("Some dates had to be adjusted to fit within the program's range. ");
+        date = WithYear(date, kMinYear);
+    }
+    return NoLaterThanMaxYear(date);
+}
+
+/// Moves by `days`, and on in the same direction while the day reached is non-working.
+void StepOverNonWorking(Date& day, Interval interval, int direction) {
+    constexpr int kMostSteps = 366'000;
+    int steps = 0;
+    do {
+        if (++steps > kMostSteps) Raise(failure::kEndlessWalk);
+        day = DateAdd(interval, direction, day);
+    } while (IsNonWorkingDay(day));
+}
+
+/// A start that the governing predecessor allows, brought to where the lag puts it.
+Date WithLag(Date start, Long lag) {
+    const int direction = lag < 0 ? -1 : 1;
+    Date day = SetNextWorkingDay(start, Integer(direction), Integer(0));
+    // Kept: a lag of -1 is where the predecessor ends, a lag of 1 is one working day on.
+    for (std::int64_t steps = lag < 0 ? -lag - 1 : std::int64_t{lag}; steps > 0; --steps) {
+        StepOverNonWorking(day, Interval::Days, direction);
+    }
+    return day;
+}
+
+void KeepMinDate(Date start, Long key) {
+    ModuleState& module = Module();
+    if (module.g_MinDate <= start) {
+        if (!module.g_MinDate.set()) {
+            module.g_MinDate = start;
+            module.g_MinDateTaskKey = key;
+        } else if (module.g_MinDateTaskKey == key) {
+            module.g_MinDate = Date();
+            module.g_MinDateTaskKey = 0;
+        }
+    } else if (start.set()) {
+        module.g_MinDate = start;
+        module.g_MinDateTaskKey = key;
+    }
+}
+
+void KeepMaxDateOfStart(Date end, Long key) {
+    ModuleState& module = Module();
+    if (module.g_MaxDate < end || !module.g_MaxDate.set()) {
+        module.g_MaxDate = end;
+        module.g_MaxDateTaskKey = key;
+    } else if (module.g_MaxDateTaskKey == key) {
+        module.g_MaxDate = Date();
+        module.g_MaxDateTaskKey = 0;
+    }
+}
+
+void KeepMaxDateOfEnd(Date end, Long key) {
+    ModuleState& module = Module();
+    if (module.g_MaxDate < end || !module.g_MaxDate.set()) {
+        module.g_MaxDate = end;
+        module.g_MaxDateTaskKey = key;
+    } else if (module.g_MaxDateTaskKey == key) {
+        module.g_MaxDate = end;  // a holder that ends earlier pulls the cache down with it
+    }
+}
+
+/// The day on which `duration` intervals are worked off, the start day counting as the first whatever it is.
+Date WalkToEnd(Date start, Interval interval, Double duration) {
+    constexpr int kMostIdleSteps = 366'000;
+    constexpr int kLastYear = 9999;
+    Date current = DateAdd(interval, 1, start);
+    double count = 1;
+    int idle = 0;
+    while (count <= duration) {
+        const Date tested = current;
+        if (IsNonWorkingDay(current)) {
+            // Hours and minutes never leave a non-working day, since the day test cuts the time off.
+            const bool stays = DateAdd(interval, 1, current).day() == tested.day() || count >= duration;
+            if (stays) Raise(failure::kOverflow);
+            if (++idle > kMostIdleSteps) Raise(failure::kEndlessWalk);
+        } else {
+            ++count;
+            idle = 0;
+        }
+        if (count < duration) {
+            if (current.year() < kLastYear) {
+                current = DateAdd(interval, 1, current);
+            } else {
+                count = duration;
+            }
+        }
+    }
+    return current;
+}
+
+}  // namespace
+
+void TasksCls::TaskBDate(Date value) {
+    kTail.Run("TaskBDate", [&] {
+        if (value.set()) value = WithLag(InRange(value), f_.TaskLag.value);
+        const bool changed = f_.TaskBDate.value.set() && f_.TaskBDate.value != value;
+        f_.TaskBDate.Let(value.day());
+
+        const Date start = f_.TaskBDate.value;
+        if (start.set()) {
+            if (f_.TaskMilstones) {
+                TaskEDate(start);
+                TaskDuration(0);
+            } else if (f_.TaskEDate.value != start || changed) {
+                if (!f_.TaskEDate.value.set()) {
+                    TaskDuration(1);
+                    // Kept: on a fresh record the flag's change wipes the end that was just stored.
+                    f_.TaskEDate.value = f_.TaskBDate.value;
+                    TaskEDateValid(True);
+                } else {
+                    f_.TaskEDate.value = SetDateWithoutWeekend(start, f_.TaskDuration.value);
+                }
+            } else if (f_.TaskDuration.value == 0) {
+                f_.TaskDuration.valid = True;
+                TaskDuration(1);
+            }
+        }
+        if (f_.TaskCondidat) {
+            KeepMinDate(f_.TaskBDate.value, f_.TaskKey);
+            KeepMaxDateOfStart(f_.TaskEDate.value, f_.TaskKey);
+        }
+    });
+}
+
+void TasksCls::TaskEDate(Date value) {
+    kTail.Run("TaskEDate", [&] {
+        Date& start = f_.TaskBDate.value;
+        Date& end = f_.TaskEDate.value;
+        if (start.set() && value < start) {
+            TaskDuration(f_.TaskDuration.value);
+            return;
+        }
+        if (end.set()) {
+            const Long duration = SetDurationWithoutWeekend(start, value);
+            if (!In(*this).HasChildren() && duration > kMostUnits) return;
+        }
+        if (value.set()) value = NoLaterThanMaxYear(value);
+
+        const Date old_end = end;
+        const bool changed = old_end != value;
+        f_.TaskEDate.Let(value);
+        if (old_end <= value) {
+            if (!value.set()) {
+                // Nothing follows from no end.
+            } else if (value == start && !changed) {
+                TaskDuration(f_.TaskMilstones ? 0 : 1);
+            } else if (!start.set()) {
+                start = value;
+                if (f_.TaskDuration.value == 0) TaskDuration(1);
+                start = end;
+            } else if (f_.TaskMilstones) {
+                start = end;
+            } else {
+                TaskDuration(static_cast<double>(SetDurationWithoutWeekend(start, end).value()));
+                end = value;  // the duration's setter computed it anew
+            }
+        } else if (value.set()) {
+            // Kept: a shortened task keeps the end that the duration's setter computes.
+            TaskDuration(static_cast<double>(SetDurationWithoutWeekend(start, end).value()));
+        }
+
+        if (end.set() && end == start && f_.TaskDuration.value == 0) {
+            f_.TaskDuration.valid = True;
+            if (!f_.TaskMilstones) TaskDuration(1);
+        }
+        if (f_.TaskCondidat) KeepMaxDateOfEnd(end, f_.TaskKey);
+    });
+}
+
+void TasksCls::TaskDuration(Double value) {
+    kTail.Run("TaskDuration", [&] {
+        f_.TaskDuration.valid = True;
+        if (f_.ParentID.value != 0) value = std::min<Double>(value, kMostUnits);
+        f_.TaskDuration.value = value;
+        if (f_.TaskMilstones) return;
+
+        Date& start = f_.TaskBDate.value;
+        if (!start.set()) {
+            if (f_.TaskEDate.value.set()) {
+                start = SetStartDateWithoutWeekend(f_.TaskEDate.value, value);
+            } else if (value != 0) {
+                start = NextWorkingDayFromToday();
+            }
+        }
+        if (value >= 1) f_.TaskEDate.value = SetDateWithoutWeekend(start, value);
+    });
+}
+
+Date TasksCls::SetDateWithoutWeekend(Date WeekDate, ByRef<Double> duration) {
+    return kTail.Run<Date>("SetDateWithoutWeekend", [&](Date& result) {
+        const String unit = TaskDurationUnit();
+        const Interval interval = *IntervalOf(unit);
+        const Date start = WeekDate.set() ? WeekDate : Platform().clock.Today();
+        if (StepsPlainly(unit)) {
+            result = DateAdd(interval, f_.TaskDuration.value, start);
+        } else {
+            result = *duration == 1 ? start : WalkToEnd(start, interval, *duration);
+        }
+    });
+}
+
+Date TasksCls::SetStartDateWithoutWeekend(Date WeekDate, ByRef<Double> duration) {
+    return kTail.Run<Date>("SetStartDateWithoutWeekend", [&](Date& result) {
+        const String unit = TaskDurationUnit();
+        const Interval interval = *IntervalOf(unit);
+        if (StepsPlainly(unit)) {
+            result = DateAdd(interval, -f_.TaskDuration.value, WeekDate);
+        } else if (!WeekDate.set()) {
+            result = NextWorkingDayFromToday();
+        } else if (*duration <= 1) {
+            result = SetNextWorkingDay(WeekDate, Integer(1), Integer(0));
+        } else {
+            // Kept: the first step may land on a non-working day, and a duration of 2 stays there.
+            Date current = DateAdd(interval, -1, WeekDate);
+            for (double i = 1; *duration - 1 > i; ++i) StepOverNonWorking(current, interval, -1);
+            result = current;
+        }
+    });
+}
+
+Long TasksCls::SetDurationWithoutWeekend(Date DateStart, Date DateEnd) {
+    return kTail.Run<Long>("SetDurationWithoutWeekend", [&](Long& result) {
+        const String unit = TaskDurationUnit();
+        if (StepsPlainly(unit)) {
+            result = Long(f_.TaskDuration.value);
+            return;
+        }
+        if (!DateStart.set()) return;
+        if (DateStart.day() == DateEnd.day()) {
+            result = 1;
+            return;
+        }
+        const Interval interval = *IntervalOf(unit);
+        Long count = 1;
+        for (bool arrived = false; !arrived; arrived = DateStart >= DateEnd) {
+            const Date before = DateStart;
+            DateStart = DateAdd(interval, 1, DateStart);
+            if (!IsNonWorkingDay(DateStart)) ++count;
+            // Hours and minutes fall back to midnight at every step: they would count until a Long is full.
+            if (DateStart == before && DateStart < DateEnd) Raise(failure::kOverflow);
+        }
+        result = count;
+    });
+}
+
+Boolean TasksCls::setBDatewithoutWeekend() {
+    return kTail.Run<Boolean>("setBDatewithoutWeekend", [&](Boolean& result) {
+        const Date day_before = SetNextWorkingDay(f_.TaskBDate.value - 1, Integer(-1), Integer(0));
+        if (day_before == f_.TaskBDate.value - 1) return;
+        f_.TaskBDate.value = day_before;
+        TaskEDate(DateAdd(Interval::Days, f_.TaskDuration.value, day_before));
+        result = True;
+    });
+}
+
+Boolean TasksCls::InitDate() {
+    return kTail.Run<Boolean>("InitDate", [&](Boolean& result) {
+        TaskBDate(Date());
+        TaskEDate(Date());
+        TaskDuration(0);
+        result = True;
+    });
+}
+
+String TasksCls::TaskDurationUnit() {
+    if (f_.TaskDurationUnit.empty()) {
+        f_.TaskDurationUnit = "days";
+        f_.TaskDurationUnitValid = "True";
+    }
+    if (!IsVaildDuration()) f_.TaskDurationUnit = "days";
+    return f_.TaskDurationUnit;
+}
+
+Boolean TasksCls::IsVaildDuration() {
+    return IntervalOf(f_.TaskDurationUnit).has_value();
+}
+
+String TasksCls::SetAddValue() {
+    const std::optional<Interval> interval = IntervalOf(f_.TaskDurationUnit);
+    if (!interval) return {};
+    switch (*interval) {
+        case Interval::Days:
+            return "d";
+        case Interval::Weeks:
+            return "ww";
+        case Interval::Months:
+            return "m";
+        case Interval::Hours:
+            return "h";
+        case Interval::Minutes:
+            return "n";
+    }
+    return {};
+}
+
+}  // namespace mrlxmlclass

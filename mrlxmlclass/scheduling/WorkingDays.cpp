@@ -1,0 +1,51 @@
+#include "mrlxmlclass/scheduling/WorkingDays.h"
+
+#include "mrlxmlclass/runtime/Tail.h"
+#include "mrlxmlclass/scheduling/CalendarCls.h"
+#include "mrlxmlclass/session/ModuleState.h"
+
+namespace mrlxmlclass::Gloabal {
+namespace {
+
+constexpr FailureTail kTail{"Gloabal", FailureTail::Gives::SoFar};
+constexpr int kMostDaysSearched = 366'000;
+
+}  // namespace
+
+Boolean IsNonWorkingDay(ByRef<Date> date) {
+    return kTail.Run<Boolean>("IsNonWorkingDay", [&](Boolean& result) {
+        const Ref<CalendarCls> calendar = Module().g_PublicCalendar;
+        if (!calendar) return;
+        result = calendar->IsNonWorkingDay(Long(date->weekday()));
+        if (result) result = !calendar->isExceptionDay(*date);
+        if (!result) result = calendar->isHoliday(*date);
+    });
+}
+
+Integer NumberOFNonWorkingDay(Date a, Date b) {
+    return kTail.Run<Integer>("NumberOFNonWorkingDay", [&](Integer& result) {
+        const Date last = std::max(a, b);
+        for (Date day = std::min(a, b); day <= last; day += 1) {
+            if (IsNonWorkingDay(Date(day))) ++result;
+        }
+    });
+}
+
+Date SetNextWorkingDay(Date date, ByRef<Integer> p_step, ByRef<Integer> p_days) {
+    return kTail.Run<Date>("SetNextWorkingDay", [&](Date& result) {
+        result = date;
+        if (!date.set()) return;
+        Date day = date;
+        for (int searched = 0; IsNonWorkingDay(day); ++searched) {
+            if (searched == kMostDaysSearched) Raise(failure::kEndlessWalk);
+            day += static_cast<double>(p_step->value());
+        }
+        result = day;
+        if (*p_days != 0 && DaysBetween(date, day) > *p_days) {
+            const Integer further = *p_days + NumberOFNonWorkingDay(day, date);
+            result = SetNextWorkingDay(day + static_cast<double>(further.value()), *p_step, Integer(0));
+        }
+    });
+}
+
+}  // namespace mrlxmlclass::Gloabal

@@ -1,0 +1,78 @@
+#include "mrlxmlclass/tasks/TasksCol_internal.h"
+
+namespace mrlxmlclass {
+namespace {
+
+constexpr auto kTail = kTasksColTail;
+
+/// Widens the cached span of the project by one task of the outline.
+void WidenSpan(const TasksCls& task) {
+    ModuleState& module = Module();
+    if (module.g_MinDate > task.TaskBDate() || !module.g_MinDate.set()) {
+        module.g_MinDate = task.TaskBDate();
+        module.g_MinDateTaskKey = task.TaskKey();
+    }
+    if (module.g_MaxDate < task.TaskEDate() || !module.g_MaxDate.set()) {
+        module.g_MaxDate = task.TaskEDate();
+        module.g_MaxDateTaskKey = task.TaskKey();
+    }
+}
+
+/// The rows from 1 to the number of tasks that no task has taken yet.
+class FreeRows {
+public:
+    explicit FreeRows(std::size_t count) : taken_(count + 1), free_(count) {}
+    void Take(Long row) {
+        if (row < 1 || row >= static_cast<std::int64_t>(taken_.size())) return;
+        auto taken = taken_[static_cast<std::size_t>(row.value())];
+        if (!taken) --free_;
+        taken = true;
+    }
+    bool any() const { return free_ > 0; }
+
+private:
+    std::vector<bool> taken_;
+    std::size_t free_;
+};
+
+}  // namespace
+
+Boolean TasksCol::AddTaskParentForAll() {
+    return kTail.Run<Boolean>("AddTaskParentForAll", [&](Boolean& needs_repair) {
+        FreeRows rows(tasks_.size());
+        candidates_ = 0;  // so that a second call counts right
+        for (const auto& entry : NewEnum()) {
+            const Ref<TasksCls>& task = entry.item;
+            if (const Long parent_key = task->ParentID(); parent_key != 0) {
+                AddParentTask(parent_key, task->TaskKey());
+                const Ref<TasksCls> parent = Item(parent_key);
+                if (task->TaskPosition() < parent->TaskPosition()) {
+                    parent->TaskPosition(task->TaskPosition());
+                    ArrangePosition(parent_key, task->TaskKey());
+                    needs_repair = True;
+                }
+            } else if (task->TaskCondidat() && !task->TaskType()) {
+                AddPhase(Variant(task->TaskKey()));
+            }
+            if (task->TaskCondidat()) {
+                WidenSpan(*task);
+                if (task->TaskPosition() == -1) needs_repair = True;
+            } else {
+                candidates_ += 1;
+            }
+            rows.Take(task->TaskPosition());
+        }
+        if (rows.any()) needs_repair = True;
+    });
+}
+
+Boolean TasksCol::Internal::FixProject() {
+    return kTail.Run<Boolean>("FixProject", [&](Boolean& result) {
+        const Ref<Collection> outline = self_.SortMe(True);
+        Long position = 0;
+        for (const auto& entry : outline->Snapshot()) entry.item.Object<TasksCls>()->TaskPosition(position += 1);
+        result = True;
+    });
+}
+
+}  // namespace mrlxmlclass

@@ -1,0 +1,91 @@
+#include <algorithm>
+
+#include "mrlxmlclass/runtime/Text.h"
+#include "mrlxmlclass/tasks/Sorting.h"
+#include "mrlxmlclass/tasks/TasksCol_internal.h"
+
+namespace mrlxmlclass {
+namespace {
+
+constexpr auto kTail = kTasksColTail;
+
+/// Left out, the argument counts as False.
+bool ByPosition(const Variant& byPos) {
+    if (const Boolean* flag = byPos.If<Boolean>()) return bool(*flag);
+    if (const Long* number = byPos.If<Long>()) return *number != 0;
+    return false;
+}
+
+TasksCol::Store Sorted(const TasksCol::Store& tasks, bool by_position) {
+    const auto order = HeapOrder(tasks.size(), [&](std::size_t place) {
+        const TasksCls& task = *tasks[place].item;
+        return std::int64_t{by_position ? task.TaskPosition() : task.TaskPositionInitem()};
+    });
+    TasksCol::Store sorted;
+    sorted.Reserve(tasks.size());
+    for (const std::size_t place : order) {
+        if (!sorted.Append(tasks[place].item->TaskKey(), tasks[place].item)) Raise(failure::kDuplicateKey);
+    }
+    return sorted;
+}
+
+Ref<Collection> AsCollection(const TasksCol::Store& tasks) {
+    auto collection = Make<Collection>();
+    for (const auto& entry : tasks) collection->Add(entry.item, entry.key);
+    return collection;
+}
+
+}  // namespace
+
+Ref<Collection> TasksCol::SortMe(const Variant& byPos) {
+    return kTail.Run<Ref<Collection>>("SortMe", [&](Ref<Collection>& result) {
+        const bool by_position = ByPosition(byPos);
+        Store outline;
+        for (const auto& entry : tasks_) {
+            if (entry.item->TaskCondidat() && !outline.Append(entry.item->TaskKey(), entry.item)) {
+                Raise(failure::kDuplicateKey);
+            }
+        }
+        result = AsCollection(Sorted(outline, by_position));
+        In(*this).PutInOrder(Sorted(tasks_, by_position));
+    });
+}
+
+Ref<Collection> TasksCol::Sort(const Variant& byPos) {
+    return kTail.Run<Ref<Collection>>(
+        "Sort", [&](Ref<Collection>& result) { result = AsCollection(Sorted(tasks_, ByPosition(byPos))); });
+}
+
+void TasksCol::BuildArray(const Variant& objDict, ByRef<Variant> aTempArray) {
+    kTail.Run("BuildArray", [&] {
+        const auto dictionary = objDict.Object<Dictionary>();
+        *aTempArray = VariantArray(dictionary->Keys());
+    });
+}
+
+void TasksCol::SortArray(ByRef<Variant> aTempArray) {
+    kTail.Run("SortArray", [&] {
+        VariantArray* array = aTempArray->If<VariantArray>();
+        if (array == nullptr) Raise(failure::kTypeMismatch);
+        std::sort(array->begin(), array->end(),
+                  [](const Variant& a, const Variant& b) { return CompareUnits(a.Key().text(), b.Key().text()) < 0; });
+    });
+}
+
+void TasksCol::Internal::PutInOrder(Store sorted) {
+    const bool was_counted = self_.counted_.store_stamp == self_.tasks_.Stamp();
+    self_.tasks_.Assign(std::move(sorted));
+    if (was_counted) self_.counted_.store_stamp = self_.tasks_.Stamp();
+}
+
+Ref<Dictionary> TasksCol::Internal::SortedByPosition(const Ref<Dictionary>& keys) const {
+    const auto unsorted = keys->Snapshot();
+    const auto key_at = [&](std::size_t place) { return KeyNumber(unsorted[place].key.value().Key().text()); };
+    const auto order = HeapOrder(unsorted.size(),
+                                 [&](std::size_t place) { return std::int64_t{Find(key_at(place))->TaskPosition()}; });
+    auto sorted = Make<Dictionary>();
+    for (const std::size_t place : order) sorted->Add(key_at(place), key_at(place));
+    return sorted;
+}
+
+}  // namespace mrlxmlclass
