@@ -25,6 +25,7 @@ public:
     T& operator*() { return variable_ != nullptr ? *variable_ : own_; }
     const T& operator*() const { return variable_ != nullptr ? *variable_ : own_; }
     T* operator->() { return &**this; }
+    const T* operator->() const { return &**this; }
 
 private:
     T own_{};

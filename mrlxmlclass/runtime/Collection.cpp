@@ -2,14 +2,18 @@
 
 namespace mrlxmlclass {
 
-void Collection::Add(Variant item, KeyText key, const Variant& before) {
-    const std::size_t place = before.is_missing() ? store_.size() : PlaceOf(before, SourceLine::Here());
-    if (!store_.Insert(place, key, std::move(item))) Raise(failure::kDuplicateKey);
+void Collection::Add(Variant item, KeyText key, const Variant& before, SourceLine where) {
+    const std::size_t place = before.is_missing() ? store_.size() : PlaceOf(before, where);
+    if (!store_.Insert(place, key, std::move(item))) Raise(failure::kDuplicateKey, where);
 }
 
-Variant Collection::Item(const Variant& index, SourceLine where) const { return store_[PlaceOf(index, where)].item; }
+Variant Collection::Item(const Variant& index, SourceLine where) const {
+    return store_[PlaceOf(index, where)].item;
+}
 
-void Collection::Remove(const Variant& index, SourceLine where) { store_.RemoveAt(PlaceOf(index, where)); }
+void Collection::Remove(const Variant& index, SourceLine where) {
+    store_.RemoveAt(PlaceOf(index, where));
+}
 
 std::size_t Collection::PlaceOf(const Variant& index, SourceLine where) const {
     if (const String* key = index.If<String>()) {

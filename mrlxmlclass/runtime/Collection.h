@@ -12,7 +12,8 @@ public:
     using Store = OrderedStore<KeyText, Variant>;
 
     /// Adds an item, last of all or before the item at the place or key `before`.
-    void Add(Variant item, KeyText key = {}, const Variant& before = Variant::Missing{});
+    void Add(Variant item, KeyText key = {}, const Variant& before = Variant::Missing{},
+             SourceLine where = SourceLine::Here());
     Variant Item(const Variant& index, SourceLine where = SourceLine::Here()) const;
     void Remove(const Variant& index, SourceLine where = SourceLine::Here());
     Long Count() const { return store_.size(); }

@@ -8,21 +8,15 @@ Currency::Currency(double units, SourceLine where) {
     ten_thousandths_ = static_cast<std::int64_t>(rounded);
 }
 
-std::int64_t Currency::Scaled(std::int64_t units, SourceLine where) {
-    std::int64_t scaled = 0;
-    if (__builtin_mul_overflow(units, kScale, &scaled)) Raise(failure::kOverflow, where);
-    return scaled;
-}
-
 Currency Currency::Sum(std::int64_t a, std::int64_t b) {
     std::int64_t sum = 0;
-    if (__builtin_add_overflow(a, b, &sum)) Raise(failure::kOverflow);
+    if (__builtin_add_overflow(a, b, &sum)) Raise(failure::kOverflow, SourceLine{});
     return OfTenThousandths(sum);
 }
 
 Currency Currency::Difference(std::int64_t a, std::int64_t b) {
     std::int64_t difference = 0;
-    if (__builtin_sub_overflow(a, b, &difference)) Raise(failure::kOverflow);
+    if (__builtin_sub_overflow(a, b, &difference)) Raise(failure::kOverflow, SourceLine{});
     return OfTenThousandths(difference);
 }
 

@@ -13,8 +13,9 @@ public:
     static constexpr std::int64_t kScale = 10000;
 
     constexpr Currency() = default;
-    Currency(Whole auto units, SourceLine where = SourceLine::Here())
-        : ten_thousandths_(Scaled(static_cast<std::int64_t>(units), where)) {}
+    Currency(Whole auto units, SourceLine where = SourceLine::Here()) {
+        if (__builtin_mul_overflow(units, kScale, &ten_thousandths_)) Raise(failure::kOverflow, where);
+    }
     /// Rounded half to even at the fourth decimal.
     explicit Currency(double units, SourceLine where = SourceLine::Here());
     static constexpr Currency OfTenThousandths(std::int64_t count) {
@@ -31,7 +32,6 @@ public:
     friend constexpr auto operator<=>(Currency, Currency) = default;
 
 private:
-    static std::int64_t Scaled(std::int64_t units, SourceLine where);
     static Currency Sum(std::int64_t a, std::int64_t b);
     static Currency Difference(std::int64_t a, std::int64_t b);
 

@@ -21,72 +21,100 @@ constexpr double kFirstDay = (sys_days{year{kFirstYear} / 1 / 1} - kDayZero).cou
 constexpr double kEnd = (sys_days{year{kLastYear + 1} / 1 / 1} - kDayZero).count();
 constexpr double kSecondsADay = 86400;
 
-year_month_day CivilOf(Date date) {
-    return year_month_day{kDayZero + std::chrono::days{static_cast<int>(std::floor(date.days()))}};
-}
-
-Date DayOf(year_month_day civil) { return Date(static_cast<double>((sys_days{civil} - kDayZero).count())); }
-
-Date InRange(double days) {
-    if (!(days >= kFirstDay && days < kEnd)) Raise(failure::kOverflow);
+Date InRange(double days, SourceLine where) {
+    if (!(days >= kFirstDay && days < kEnd)) Raise(failure::kOverflow, where);
     return Date(days);
 }
 
-Date AddMonths(Date date, double count) {
-    const Long months(count);
+/// Days since day zero, whole; a moment outside the calendar fails.
+int DayNumber(Date date) {
+    return static_cast<int>(InRange(date.day().days(), SourceLine{}).days());
+}
+
+year_month_day CivilOf(Date date) {
+    return year_month_day{kDayZero + std::chrono::days{DayNumber(date)}};
+}
+
+Date DayOf(year_month_day civil) {
+    return Date(static_cast<double>((sys_days{civil} - kDayZero).count()));
+}
+
+/// The time of day of `date`, on another day.
+Date WithTimeOf(Date date, Date day) {
+    return Date(day.days() + (date.days() - date.day().days()));
+}
+
+Date AddMonths(Date date, double count, SourceLine where) {
+    const Long months(count, where);
     const year_month_day civil = CivilOf(date);
     const std::int64_t index = std::int64_t{static_cast<int>(civil.year())} * 12 +
                                (static_cast<unsigned>(civil.month()) - 1) + std::int64_t{months};
-    if (index < kFirstYear * 12 || index >= (kLastYear + 1) * 12) Raise(failure::kOverflow);
+    if (index < kFirstYear * 12 || index >= (kLastYear + 1) * 12) Raise(failure::kOverflow, where);
     const year to_year{static_cast<int>(index / 12)};
     const month to_month{static_cast<unsigned>(index % 12 + 1)};
     const day month_end = (to_year / to_month / last).day();
-    const Date to = DayOf(to_year / to_month / std::min(civil.day(), month_end));
-    return Date(to.days() + (date.days() - std::floor(date.days())));
+    return WithTimeOf(date, DayOf(to_year / to_month / std::min(civil.day(), month_end)));
 }
 
-Date AddSeconds(Date date, double seconds) {
+Date AddSeconds(Date date, double seconds, SourceLine where) {
     const double total = std::round(date.days() * kSecondsADay) + std::round(seconds);
-    return InRange(total / kSecondsADay);
+    return InRange(total / kSecondsADay, where);
 }
 
 }  // namespace
 
 Date Date::Of(int y, int m, int d, SourceLine where) {
+    // The calendar's own types keep a byte of each, so that the 257th month would be a January.
+    const bool plausible = y >= kFirstYear && y <= kLastYear && m >= 1 && m <= 12 && d >= 1 && d <= 31;
     const year_month_day civil = std::chrono::year{y} / m / d;
-    if (y < kFirstYear || y > kLastYear || m < 1 || d < 1 || !civil.ok()) Raise(failure::kTypeMismatch, where);
+    if (!plausible || !civil.ok()) Raise(failure::kTypeMismatch, where);
     return DayOf(civil);
 }
 
-Date Date::day() const { return Date(std::floor(days_)); }
-int Date::year() const { return static_cast<int>(CivilOf(*this).year()); }
-int Date::month() const { return static_cast<int>(static_cast<unsigned>(CivilOf(*this).month())); }
-int Date::day_of_month() const { return static_cast<int>(static_cast<unsigned>(CivilOf(*this).day())); }
+Date Date::day() const {
+    return Date(std::floor(days_));
+}
+int Date::year() const {
+    return static_cast<int>(CivilOf(*this).year());
+}
+int Date::month() const {
+    return static_cast<int>(static_cast<unsigned>(CivilOf(*this).month()));
+}
+int Date::day_of_month() const {
+    return static_cast<int>(static_cast<unsigned>(CivilOf(*this).day()));
+}
 
 int Date::weekday() const {
-    // 30 December 1899 was a Saturday.
-    const int since = static_cast<int>(std::floor(days_)) % 7;
+    const int since = DayNumber(*this) % 7;  // 30 December 1899 was a Saturday
     return (since + 6 + 7) % 7 + 1;
 }
 
-Date Date::Shifted(Date date, double days) { return InRange(date.days_ + days); }
-
-Long DaysBetween(Date from, Date to) { return Long(to.day().days() - from.day().days()); }
-
-Date DateAdd(Interval interval, double count, Date date) {
-    switch (interval) {
-        case Interval::Days: return date + RoundHalfToEven(count);
-        case Interval::Weeks: return date + 7 * RoundHalfToEven(count);
-        case Interval::Months: return AddMonths(date, count);
-        case Interval::Hours: return AddSeconds(date, count * 3600);
-        case Interval::Minutes: return AddSeconds(date, count * 60);
-    }
-    Raise(failure::kUnknownKey);
+Date Date::Shifted(Date date, double days) {
+    return InRange(date.days_ + days, SourceLine{});
 }
 
-Date WithYear(Date date, int to_year) {
-    const Date moved = Date::Of(to_year, date.month(), date.day_of_month());
-    return Date(moved.days() + (date.days() - std::floor(date.days())));
+Long DaysBetween(Date from, Date to, SourceLine where) {
+    return Long(to.day().days() - from.day().days(), where);
+}
+
+Date DateAdd(Interval interval, double count, Date date, SourceLine where) {
+    switch (interval) {
+        case Interval::Days:
+            return InRange(date.days() + RoundHalfToEven(count), where);
+        case Interval::Weeks:
+            return InRange(date.days() + 7 * RoundHalfToEven(count), where);
+        case Interval::Months:
+            return AddMonths(date, count, where);
+        case Interval::Hours:
+            return AddSeconds(date, count * 3600, where);
+        case Interval::Minutes:
+            return AddSeconds(date, count * 60, where);
+    }
+    Raise(failure::kUnknownKey, where);
+}
+
+Date WithYear(Date date, int to_year, SourceLine where) {
+    return WithTimeOf(date, Date::Of(to_year, date.month(), date.day_of_month(), where));
 }
 
 }  // namespace mrlxmlclass

@@ -7,7 +7,8 @@
 namespace mrlxmlclass {
 
 /// A moment: days since 30 December 1899, the fraction being the time of day. 0 means "not set".
-/// Dates run from the year 100 to 9999; arithmetic that leaves them fails (6).
+/// Dates run from the year 100 to 9999; arithmetic that leaves them, and asking a moment outside them for its parts,
+/// fails (6).
 class Date {
 public:
     constexpr Date() = default;
@@ -39,16 +40,16 @@ private:
 };
 
 /// Calendar days from `from` to `to`: the difference of the two date parts.
-Long DaysBetween(Date from, Date to);
+Long DaysBetween(Date from, Date to, SourceLine where = SourceLine::Here());
 
 /// How far a date steps. Days and weeks are plain; a month keeps the day, clipped to the month's end.
 enum class Interval { Days, Weeks, Months, Hours, Minutes };
 
 /// `count` intervals after `date`; hours and minutes add in whole seconds, so 24 hours are exactly one day. Fractional
 /// counts of days, weeks and months round half to even.
-Date DateAdd(Interval interval, double count, Date date);
+Date DateAdd(Interval interval, double count, Date date, SourceLine where = SourceLine::Here());
 
 /// The date moved into another year, month, day and time kept; 29 February fails (13) where the year has none.
-Date WithYear(Date date, int year);
+Date WithYear(Date date, int year, SourceLine where = SourceLine::Here());
 
 }  // namespace mrlxmlclass

@@ -33,30 +33,35 @@ DictionaryKey::DictionaryKey(const Variant& key, SourceLine where) {
 
 Variant DictionaryKey::value() const {
     switch (kind_) {
-        case Kind::Text: return text_.text();
+        case Kind::Text:
+            return text_.text();
         case Kind::Number:
-            if (std::floor(number_) == number_ && std::fabs(number_) <= INT32_MAX) return Long(number_);
+            if (std::floor(number_) == number_ && number_ >= INT32_MIN && number_ <= INT32_MAX) return Long(number_);
             return number_;
-        case Kind::Date: return Date(number_);
-        case Kind::Boolean: return Boolean::Raw(static_cast<std::int16_t>(number_));
-        case Kind::Object: return object_;
-        case Kind::Empty: break;
+        case Kind::Date:
+            return Date(number_);
+        case Kind::Boolean:
+            return Boolean::Raw(static_cast<std::int16_t>(number_));
+        case Kind::Object:
+            return object_;
+        case Kind::Empty:
+            break;
     }
     return {};
 }
 
-void Dictionary::Add(const Variant& key, Variant item) {
-    if (!store_.Append(DictionaryKey(key), std::move(item))) Raise(failure::kDuplicateKey);
+void Dictionary::Add(const Variant& key, Variant item, SourceLine where) {
+    if (!store_.Append(DictionaryKey(key, where), std::move(item))) Raise(failure::kDuplicateKey, where);
 }
 
-Variant Dictionary::Item(const Variant& key) const {
-    const Variant* item = store_.Find(DictionaryKey(key));
-    if (item == nullptr) Raise(failure::kUnknownKey);
+Variant Dictionary::Item(const Variant& key, SourceLine where) const {
+    const Variant* item = store_.Find(DictionaryKey(key, where));
+    if (item == nullptr) Raise(failure::kUnknownKey, where);
     return *item;
 }
 
-void Dictionary::Item(const Variant& key, Variant item) {
-    const DictionaryKey typed(key);
+void Dictionary::Item(const Variant& key, Variant item, SourceLine where) {
+    const DictionaryKey typed(key, where);
     const std::size_t place = store_.IndexOf(typed);
     if (place == Store::npos) {
         store_.Append(typed, std::move(item));
@@ -65,8 +70,8 @@ void Dictionary::Item(const Variant& key, Variant item) {
     }
 }
 
-void Dictionary::Remove(const Variant& key) {
-    if (!store_.Remove(DictionaryKey(key))) Raise(failure::kUnknownKey);
+void Dictionary::Remove(const Variant& key, SourceLine where) {
+    if (!store_.Remove(DictionaryKey(key, where))) Raise(failure::kUnknownKey, where);
 }
 
 std::vector<Variant> Dictionary::Keys() const {
@@ -86,7 +91,7 @@ std::vector<Variant> Dictionary::Items() const {
 }  // namespace mrlxmlclass
 
 std::size_t std::hash<mrlxmlclass::DictionaryKey>::operator()(const mrlxmlclass::DictionaryKey& key) const noexcept {
-    const std::size_t kind = static_cast<std::size_t>(key.kind_) << 56U;
+    const std::size_t kind = static_cast<std::size_t>(key.kind_) * 0x9E3779B1U;
     return kind ^ std::hash<mrlxmlclass::KeyText>{}(key.text_) ^ std::hash<double>{}(key.number_) ^
            std::hash<const void*>{}(key.object_.get());
 }

@@ -39,17 +39,19 @@ namespace mrlxmlclass {
 
 /// A map that keeps the order in which its keys came. Keys of different kinds differ: the text "12" is not the number
 /// 12; whole numbers of any width and value are one. A key that is there already fails at `Add` (457), an unknown one
-/// at `Remove` and `Item` (5).
+/// at `Remove` and at reading `Item` (5), as does a key of another kind anywhere.
 class Dictionary : public Counted {
 public:
     using Store = OrderedStore<DictionaryKey, Variant>;
 
-    void Add(const Variant& key, Variant item);
-    Boolean Exists(const Variant& key) const { return store_.Find(DictionaryKey(key)) != nullptr; }
-    Variant Item(const Variant& key) const;
+    void Add(const Variant& key, Variant item, SourceLine where = SourceLine::Here());
+    Boolean Exists(const Variant& key, SourceLine where = SourceLine::Here()) const {
+        return store_.Find(DictionaryKey(key, where)) != nullptr;
+    }
+    Variant Item(const Variant& key, SourceLine where = SourceLine::Here()) const;
     /// Replaces the item, or adds it under a new key.
-    void Item(const Variant& key, Variant item);
-    void Remove(const Variant& key);
+    void Item(const Variant& key, Variant item, SourceLine where = SourceLine::Here());
+    void Remove(const Variant& key, SourceLine where = SourceLine::Here());
     void RemoveAll() { store_.Clear(); }
     Long Count() const { return store_.size(); }
     std::vector<Variant> Keys() const;

@@ -1,7 +1,5 @@
 #include "mrlxmlclass/runtime/Failure.h"
 
-#include <utility>
-
 namespace mrlxmlclass {
 namespace {
 

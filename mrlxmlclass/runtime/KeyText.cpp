@@ -64,7 +64,7 @@ String KeyText::text() const {
 
 Long KeyNumber(std::string_view text) {
     text = Trim(text);
-    if (text.starts_with('+')) text.remove_prefix(1);
+    if (text.starts_with('+') && !text.starts_with("+-")) text.remove_prefix(1);
     std::int32_t number = 0;
     const auto [end, error] = std::from_chars(text.data(), text.data() + text.size(), number);
     return error == std::errc{} && end == text.data() + text.size() ? Long(number) : Long(0);

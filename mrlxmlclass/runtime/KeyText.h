@@ -1,6 +1,6 @@
 #pragma once
 
-#include <compare>
+#include <cstddef>
 #include <cstdint>
 #include <functional>
 #include <string_view>
@@ -19,8 +19,10 @@ public:
     KeyText(std::string_view text);
     KeyText(const String& text) : KeyText(std::string_view(text)) {}
     KeyText(const char* text) : KeyText(std::string_view(text)) {}
+    KeyText(std::nullptr_t) = delete;
     /// The decimal text of a number.
     KeyText(Long number);
+    KeyText(Whole auto number, SourceLine where = SourceLine::Here()) : KeyText(Long(number, where)) {}
 
     constexpr bool none() const { return id_ == kNoKey; }
     /// True for a canonical decimal; `number` is its value then.

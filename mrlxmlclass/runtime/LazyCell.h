@@ -16,16 +16,20 @@ public:
     /// What is there, made now if need be; `made()` is called then.
     template <class MakeObject>
     Ref<T> ReadOr(MakeObject&& make) {
-        Shared& shared = Own();
-        if (!shared.object) shared.object = std::forward<MakeObject>(make)();
-        return shared.object;
+        const Ref<Shared> place = Own();  // held: `make` may lead back here and put something else into this cell
+        if (!place->object) place->object = std::forward<MakeObject>(make)();
+        return place->object;
     }
     /// Puts another object into this place only: clones keep theirs.
     void Set(Ref<T> object) {
-        shared_ = object ? Make<Shared>() : Ref<Shared>();
-        if (object) shared_->object = std::move(object);
+        Ref<Shared> place;
+        if (object) {
+            place = Make<Shared>();
+            place->object = std::move(object);
+        }
+        shared_ = std::move(place);  // complete before the former object may die
     }
-    /// A second place that is this one.
+    /// A second place that is this one. (A plain copy is that only when something has been read or shared before.)
     LazyCell Share() {
         Own();
         return *this;
@@ -35,9 +39,9 @@ private:
     struct Shared : Counted {
         Ref<T> object;
     };
-    Shared& Own() {
+    const Ref<Shared>& Own() {
         if (!shared_) shared_ = Make<Shared>();
-        return *shared_;
+        return shared_;
     }
 
     Ref<Shared> shared_;

@@ -34,8 +34,16 @@ public:
     constexpr operator std::int64_t() const { return value_; }
     constexpr Rep value() const { return value_; }
 
-    constexpr Checked& operator+=(std::int64_t by) { return *this = Checked(std::int64_t{value_} + by); }
-    constexpr Checked& operator-=(std::int64_t by) { return *this = Checked(std::int64_t{value_} - by); }
+    constexpr Checked& operator+=(std::int64_t by) {
+        std::int64_t sum = 0;
+        if (__builtin_add_overflow(std::int64_t{value_}, by, &sum)) Raise(failure::kOverflow, SourceLine{});
+        return *this = Checked(sum, SourceLine{});
+    }
+    constexpr Checked& operator-=(std::int64_t by) {
+        std::int64_t difference = 0;
+        if (__builtin_sub_overflow(std::int64_t{value_}, by, &difference)) Raise(failure::kOverflow, SourceLine{});
+        return *this = Checked(difference, SourceLine{});
+    }
     constexpr Checked& operator++() { return *this += 1; }
 
 private:

@@ -26,6 +26,16 @@ public:
     };
     static constexpr std::size_t npos = static_cast<std::size_t>(-1);
 
+    OrderedStore() = default;
+    OrderedStore(const OrderedStore&) = default;
+    /// Takes over the other's items; the stamp goes on from this store's own, so that no stamp ever comes twice.
+    OrderedStore& operator=(OrderedStore other) noexcept {
+        ++stamp_;
+        std::swap(body_, other.body_);
+        return *this;
+    }
+    ~OrderedStore() { body_ = {}; }  // empty before its items die: their ends may lead back here
+
     std::size_t size() const { return body_ ? body_->entries.size() : 0; }
     bool empty() const { return size() == 0; }
     const Entry& operator[](std::size_t index) const { return body_->entries[index]; }
@@ -48,9 +58,7 @@ public:
     /// Puts the item before the one at `index`; false, and nothing happens, when the key is taken.
     bool Insert(std::size_t index, const Key& key, Item item) {
         if (IndexOf(key) != npos) return false;
-        Body& body = Changing();
-        body.entries.insert(body.entries.begin() + static_cast<std::ptrdiff_t>(index), Entry{key, std::move(item)});
-        body.Inserted(index);
+        Changing().Insert(index, Entry{key, std::move(item)});
         return true;
     }
 
@@ -58,7 +66,7 @@ public:
         Body& body = Changing();
         const Key key = body.entries[index].key;
         // The item dies last: its end may lead back into this store.
-        const Item item = std::move(body.entries[index].item);
+        [[maybe_unused]] const Item item = std::move(body.entries[index].item);
         body.entries.erase(body.entries.begin() + static_cast<std::ptrdiff_t>(index));
         body.Erased(index, key);
     }
@@ -79,8 +87,8 @@ public:
     }
 
     void Clear() {
-        body_ = {};
         ++stamp_;
+        body_ = {};  // last: the end of an item may lead back into this store
     }
 
     void Reserve(std::size_t count) { Changing().entries.reserve(count); }
@@ -110,13 +118,14 @@ private:
             return at;
         }
 
-        void Inserted(std::size_t at) {
-            const bool keyed = !entries[at].key.none();
-            if (index.empty() ? keyed && entries.size() > kFew : at + 1 != entries.size()) {
-                CountAnew();
-            } else if (!index.empty() && keyed) {
-                index.emplace(entries[at].key, static_cast<std::uint32_t>(at));
-            }
+        /// Whatever lacks memory on the way, every item that stands is found afterwards.
+        void Insert(std::size_t at, Entry entry) {
+            const bool keyed = !entry.key.none();
+            const bool last = at == entries.size();
+            if (entries.size() == entries.capacity()) entries.reserve(std::max(kFew, 2 * entries.size()));
+            if (!index.empty() && last && keyed) index.emplace(entry.key, static_cast<std::uint32_t>(at));
+            entries.insert(entries.begin() + static_cast<std::ptrdiff_t>(at), std::move(entry));
+            if (index.empty() ? keyed && entries.size() > kFew : !last) CountAnew();
         }
 
         void Erased(std::size_t at, const Key& key) {
@@ -127,12 +136,14 @@ private:
 
         void CountAnew() {
             erased = 0;
-            index.clear();
+            index.clear();  // should the memory for a new one be lacking, look-ups scan
             if (entries.size() <= kFew) return;
-            index.reserve(entries.size());
+            std::unordered_map<Key, std::uint32_t> places;
+            places.reserve(entries.size());
             for (std::size_t i = 0; i < entries.size(); ++i) {
-                if (!entries[i].key.none()) index.emplace(entries[i].key, static_cast<std::uint32_t>(i));
+                if (!entries[i].key.none()) places.emplace(entries[i].key, static_cast<std::uint32_t>(i));
             }
+            index = std::move(places);
         }
     };
 

@@ -3,22 +3,33 @@
 #include <new>
 
 namespace mrlxmlclass {
+namespace {
 
-void FailureTail::Report(const char* member_label, SourceLine member) const noexcept {
-    const auto record = [&](int number, const String& description, SourceLine where) {
-        if (silent_ == kAll || number == silent_) return;
-        RecordFailure(Failure(number, description, where.line != 0 ? where : member), class_label_, member_label);
-    };
+/// The exception that is being handled, as a failure; one that does not know its line gets the member's.
+Failure Handled(SourceLine member) {
     try {
         throw;
     } catch (const Failure& failed) {
-        record(failed.number(), failed.description(), failed.where());
+        const SourceLine where = failed.where();
+        return Failure(failed.number(), failed.description(), where.line != 0 ? where : member);
     } catch (const std::bad_alloc&) {
-        record(failure::kOutOfMemory, "Out of memory", {});
+        return Failure(failure::kOutOfMemory, "Out of memory", member);
     } catch (const std::exception& other) {
-        record(failure::kInternal, other.what(), {});
+        return Failure(failure::kInternal, other.what(), member);
     } catch (...) {
-        record(failure::kInternal, "An exception of unknown kind", {});
+        return Failure(failure::kInternal, "An exception of unknown kind", member);
+    }
+}
+
+}  // namespace
+
+void FailureTail::Report(const char* member_label, SourceLine member) const noexcept {
+    if (silent_ == kAll) return;
+    try {
+        const Failure what = Handled(member);
+        if (what.number() != silent_) RecordFailure(what, class_label_, member_label);
+    } catch (...) {
+        // Not even the record could be made: it is lost, and the caller still gets an ordinary value.
     }
 }
 

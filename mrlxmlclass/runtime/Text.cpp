@@ -5,9 +5,13 @@
 namespace mrlxmlclass {
 namespace {
 
-constexpr bool Continues(char byte) { return (static_cast<unsigned char>(byte) & 0xC0U) == 0x80U; }
+constexpr bool Continues(char byte) {
+    return (static_cast<unsigned char>(byte) & 0xC0U) == 0x80U;
+}
 /// 16-bit units of the character that starts with this byte.
-constexpr std::size_t UnitsOf(char lead) { return static_cast<unsigned char>(lead) >= 0xF0U ? 2 : 1; }
+constexpr std::size_t UnitsOf(char lead) {
+    return static_cast<unsigned char>(lead) >= 0xF0U ? 2 : 1;
+}
 
 /// The byte offset behind the first `units` units; a character that does not fit whole is left out.
 std::size_t OffsetBehind(std::string_view text, std::size_t units) {
@@ -23,13 +27,11 @@ std::size_t OffsetBehind(std::string_view text, std::size_t units) {
     return at;
 }
 
-/// The first byte of the character at which two texts differ, ordered as its 16-bit form is: characters of two units
-/// come before those from U+E000 on.
-unsigned UnitRank(std::string_view text, std::size_t at) {
-    const auto byte = static_cast<unsigned char>(text[at]);
-    if (byte >= 0xF0U) return 0xEDU * 256U + 0xA0U;           // a surrogate pair
-    if (byte == 0xEEU || byte == 0xEFU) return byte * 256U;   // U+E000 to U+FFFF
-    return byte * 256U;
+/// The place of a character among others by its 16-bit form, as far as its first byte tells: a pair of units comes
+/// before U+E000, whose first byte is 0xEE.
+constexpr unsigned UnitRank(char lead) {
+    const unsigned byte = static_cast<unsigned char>(lead);
+    return byte >= 0xF0U ? 2U * 0xEDU + 1U : 2U * byte;
 }
 
 }  // namespace
@@ -42,21 +44,30 @@ std::size_t Length(std::string_view text) {
     return units;
 }
 
-String Left(std::string_view text, std::size_t units) { return String(text.substr(0, OffsetBehind(text, units))); }
+String Left(std::string_view text, std::size_t units) {
+    return String(text.substr(0, OffsetBehind(text, units)));
+}
 
 String Mid(std::string_view text, std::size_t start, std::size_t units) {
     if (start == 0) Raise(failure::kUnknownKey);
-    const std::string_view rest = text.substr(OffsetBehind(text, start - 1));
+    std::size_t first = OffsetBehind(text, start - 1);
+    const bool halved = first < text.size() && Length(text.substr(0, first)) < start - 1;
+    if (halved) {
+        first = OffsetBehind(text, start);
+        units -= std::min<std::size_t>(units, 1);
+    }
+    const std::string_view rest = text.substr(first);
     return String(rest.substr(0, OffsetBehind(rest, units)));
 }
 
 int CompareUnits(std::string_view a, std::string_view b) {
     const auto [at_a, at_b] = std::mismatch(a.begin(), a.end(), b.begin(), b.end());
-    if (at_a == a.end() || at_b == b.end()) return static_cast<int>(at_a != a.end()) - static_cast<int>(at_b != b.end());
-    std::size_t at = static_cast<std::size_t>(at_a - a.begin());
+    if (at_a == a.end() || at_b == b.end())
+        return static_cast<int>(at_a != a.end()) - static_cast<int>(at_b != b.end());
+    const auto at = static_cast<std::size_t>(at_a - a.begin());
     if (!Continues(a[at]) && !Continues(b[at])) {
-        const unsigned rank_a = UnitRank(a, at);
-        const unsigned rank_b = UnitRank(b, at);
+        const unsigned rank_a = UnitRank(a[at]);
+        const unsigned rank_b = UnitRank(b[at]);
         if (rank_a != rank_b) return rank_a < rank_b ? -1 : 1;
     }
     return static_cast<unsigned char>(a[at]) < static_cast<unsigned char>(b[at]) ? -1 : 1;

@@ -12,7 +12,8 @@ namespace mrlxmlclass {
 std::size_t Length(std::string_view text);
 /// The first `units` 16-bit units; a pair that the cut would halve is dropped whole.
 String Left(std::string_view text, std::size_t units);
-/// From the 1-based unit `start` on, `units` at most.
+/// From the 1-based unit `start` on, `units` at most; a pair that either cut would halve is dropped whole. 0 as a start
+/// fails (5).
 String Mid(std::string_view text, std::size_t start, std::size_t units = static_cast<std::size_t>(-1));
 /// Compares unit by unit, as a binary comparison of 16-bit texts does: below 0, 0, above 0.
 int CompareUnits(std::string_view a, std::string_view b);

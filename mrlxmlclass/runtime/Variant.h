@@ -43,6 +43,8 @@ public:
     Variant(const char* text) : value_(String(text)) {}
     Variant(std::string_view text) : value_(String(text)) {}
     Variant(String text) : value_(std::move(text)) {}
+    /// An object that is not set, which is not the same as Empty.
+    Variant(std::nullptr_t) : value_(Ref<Counted>()) {}
     Variant(Ref<Counted> object) : value_(std::move(object)) {}
     template <class T>
         requires(!std::is_same_v<T, Counted>)
@@ -78,7 +80,8 @@ public:
         return Ref<T>(typed);
     }
 
-    /// The key that this value is in text form: whole numbers and texts are keys, anything else fails (13).
+    /// The key that this value is in text form: texts and whole numbers are keys, Empty is the key "", anything else
+    /// fails (13), and so does a number beyond a Long (6).
     KeyText Key(SourceLine where = SourceLine::Here()) const;
 
     friend bool operator==(const Variant&, const Variant&) = default;

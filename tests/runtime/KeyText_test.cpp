@@ -1,0 +1,115 @@
+#include "mrlxmlclass/runtime/KeyText.h"
+
+#include <gtest/gtest.h>
+
+#include <thread>
+#include <type_traits>
+#include <unordered_set>
+#include <vector>
+
+#include "tests/support/FailureNumber.h"
+
+namespace mrlxmlclass {
+namespace {
+
+static_assert(sizeof(KeyText) == 4);
+static_assert(!std::is_constructible_v<KeyText, std::nullptr_t>);
+
+const char* const kTexts[] = {"",           "0",           "5",           "05",          "-1",  "-0",  "-5",
+                              "00",         "+5",          " 5",          "5 ",          "5.0", "1e3", "2147483647",
+                              "2147483648", "-2147483648", "99999999999", "02147483647", "Key", "key", "K\xC3\xB6y"};
+
+TEST(KeyText, StandsForItsTextToTheLetter) {
+    for (const char* text : kTexts) EXPECT_EQ(KeyText(text).text(), text);
+    const String with_nul("5\0", 2);
+    EXPECT_EQ(KeyText(with_nul).text(), with_nul);
+    EXPECT_FALSE(KeyText(with_nul) == KeyText("5"));
+}
+
+TEST(KeyText, IsEqualForEqualTextsAlone) {
+    for (const char* one : kTexts) {
+        for (const char* other : kTexts) {
+            EXPECT_EQ(KeyText(one) == KeyText(String(other)), String(one) == other) << one << " | " << other;
+        }
+    }
+}
+
+TEST(KeyText, IsANumberForCanonicalDecimalsAlone) {
+    struct Row {
+        const char* text;
+        std::int32_t number;
+    };
+    for (const Row& row : {Row{"0", 0}, Row{"5", 5}, Row{"32767", 32767}, Row{"2147483647", INT32_MAX}}) {
+        EXPECT_TRUE(KeyText(row.text).is_number()) << row.text;
+        EXPECT_EQ(KeyText(row.text).number(), row.number) << row.text;
+    }
+    for (const char* text : {"", "05", "00", "-1", "-0", "+5", " 5", "5 ", "5.0", "2147483648", "99999999999", "5a"}) {
+        EXPECT_FALSE(KeyText(text).is_number()) << text;
+    }
+}
+
+TEST(KeyText, OfANumberIsThatOfItsDecimalText) {
+    EXPECT_EQ(KeyText(Long(5)), KeyText("5"));
+    EXPECT_EQ(KeyText(Long(-1)), KeyText("-1"));
+    EXPECT_EQ(KeyText(Long(INT32_MIN)), KeyText("-2147483648"));
+    EXPECT_EQ(KeyText(Long(INT32_MIN)).text(), "-2147483648");
+    EXPECT_EQ(KeyText(Integer(7)), KeyText("7"));
+    EXPECT_EQ(FailureNumber([] { KeyText{std::int64_t{INT32_MAX} + 1}; }), failure::kOverflow);
+}
+
+TEST(KeyText, TakesALiteralZeroAsANumber) {
+    EXPECT_EQ(KeyText(0), KeyText("0"));
+}
+
+TEST(KeyText, TellsNoKeyFromTheEmptyText) {
+    EXPECT_TRUE(KeyText().none());
+    EXPECT_EQ(KeyText().text(), "");
+    EXPECT_FALSE(KeyText("").none());
+    EXPECT_FALSE(KeyText("") == KeyText());
+    EXPECT_FALSE(KeyText().is_number());
+}
+
+TEST(KeyText, HashesApartWhatDiffers) {
+    std::unordered_set<KeyText> keys;
+    for (const char* text : kTexts) keys.insert(text);
+    for (const char* text : kTexts) keys.insert(text);
+    EXPECT_EQ(keys.size(), std::size(kTexts));
+}
+
+TEST(KeyText, MeansTheSameOnEveryThread) {
+    constexpr int kThreads = 4;
+    constexpr int kKeys = 200;
+    std::vector<std::vector<KeyText>> seen(kThreads);
+    std::vector<std::thread> threads;
+    for (auto& keys : seen) {
+        threads.emplace_back([&keys] {
+            for (int i = 0; i < kKeys; ++i) keys.emplace_back("thread key " + std::to_string(i));
+        });
+    }
+    for (std::thread& thread : threads) thread.join();
+    for (const auto& keys : seen) EXPECT_EQ(keys, seen.front());
+    for (int i = 0; i < kKeys; ++i) {
+        EXPECT_EQ(seen.back()[static_cast<std::size_t>(i)].text(), "thread key " + std::to_string(i));
+    }
+}
+
+TEST(KeyNumber, ReadsWholeNumbers) {
+    struct Row {
+        const char* text;
+        std::int32_t number;
+    };
+    for (const Row& row : {Row{"5", 5}, Row{"05", 5}, Row{"+5", 5}, Row{"-5", -5}, Row{" 5 ", 5}, Row{"-0", 0},
+                           Row{"2147483647", INT32_MAX}, Row{"-2147483648", INT32_MIN}}) {
+        EXPECT_EQ(KeyNumber(row.text), row.number) << row.text;
+    }
+}
+
+TEST(KeyNumber, CountsWhatIsNoNumberAsZero) {
+    for (const char* text : {"", " ", "+", "-", "+-5", "-+5", "++5", "--5", "+ 5", "5a", "a5", "5 5", "2147483648",
+                             "1e3", "0x10", "inf"}) {
+        EXPECT_EQ(KeyNumber(text), 0) << text;
+    }
+}
+
+}  // namespace
+}  // namespace mrlxmlclass
