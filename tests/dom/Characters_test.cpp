@@ -25,7 +25,7 @@ TEST(NextCharacter, ReadsBackWhatWasAppended) {
 TEST(NextCharacter, PassesInvalidBytesOneByOne) {
     for (const char* bytes :
          {"\x80", "\xC0\xAF", "\xE0\x80\xAF", "\xED\xA0\x80", "\xF4\x90\x80\x80", "\xF8", "\xFF", "\xE2\x82", "\xC3"}) {
-        SCOPED_TRACE(testing::PrintToString(bytes));
+        SCOPED_TRACE(::testing::PrintToString(bytes));
         std::size_t at = 0;
         EXPECT_EQ(NextCharacter(bytes, at), kNoCharacter);
         EXPECT_EQ(at, 1U);

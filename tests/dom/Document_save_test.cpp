@@ -2,6 +2,8 @@
 
 #include "mrlxmlclass/dom/Document.h"
 #include "tests/dom/MemoryFiles.h"
+#include "tests/support/FailureNumber.h"
+#include "tests/support/TestPlatform.h"
 
 namespace mrlxmlclass::dom {
 namespace {
@@ -66,7 +68,7 @@ TEST(Save, FailsForAnEncodingThatIsNotKnown) {
     Document doc;
     ASSERT_TRUE(doc.LoadXML("<?xml version=\"1.0\" encoding=\"koi8-r\" ?><a/>"));
     disk.Put("/p.prx", "old");
-    EXPECT_EQ(FailureOf([&] { doc.Save("/p.prx"); }), failure::kUnknownKey);
+    EXPECT_EQ(FailureNumber([&] { doc.Save("/p.prx"); }), failure::kUnknownKey);
     EXPECT_EQ(disk.At("/p.prx"), "old");
 }
 
@@ -74,19 +76,19 @@ TEST(Save, PassesOnWhatTheSystemRefuses) {
     MemoryDisk disk;
     Document doc;
     doc.AppendRoot("a");
-    EXPECT_EQ(FailureOf([&] { doc.Save(""); }), failure::kPathAccess);
+    EXPECT_EQ(FailureNumber([&] { doc.Save(""); }), failure::kPathAccess);
     disk.PutFolder("/folder");
-    EXPECT_EQ(FailureOf([&] { doc.Save("/folder"); }), failure::kPathAccess);
+    EXPECT_EQ(FailureNumber([&] { doc.Save("/folder"); }), failure::kPathAccess);
     disk.Put("/p.prx", "old");
     disk.SetMode("/p.prx", 0444);
-    EXPECT_EQ(FailureOf([&] { doc.Save("/p.prx"); }), failure::kPermissionDenied);
+    EXPECT_EQ(FailureNumber([&] { doc.Save("/p.prx"); }), failure::kPermissionDenied);
     EXPECT_EQ(disk.At("/p.prx"), "old");
     disk.SetMode("/p.prx", 0644);
     disk.refused_closing = failure::kDeviceFailure;
-    EXPECT_EQ(FailureOf([&] { doc.Save("/p.prx"); }), failure::kDeviceFailure);
+    EXPECT_EQ(FailureNumber([&] { doc.Save("/p.prx"); }), failure::kDeviceFailure);
     disk.refused_closing.reset();
     disk.room = 2;
-    EXPECT_EQ(FailureOf([&] { doc.Save("/p.prx"); }), failure::kDeviceFailure);
+    EXPECT_EQ(FailureNumber([&] { doc.Save("/p.prx"); }), failure::kDeviceFailure);
     disk.room.reset();
     doc.Save("/p.prx");
     EXPECT_EQ(disk.At("/p.prx"), "<a/>");
@@ -197,6 +199,20 @@ TEST(GrowingSave, SeesEveryChangeToWhatIsWritten) {
     }
 }
 
+TEST(GrowingSave, SeesAChangeToWhatTheLastOneAdded) {
+    Growing it;
+    it.doc.Save("/p.prx");
+    const Node section = it.doc.AppendElement(it.doc.documentElement(), "Section");
+    const Node record = it.doc.AppendText(section, "Record", "1");
+    it.doc.Save("/p.prx");
+    it.doc.SetText(record, "2");
+    it.doc.Save("/p.prx");
+    EXPECT_EQ(it.disk.At("/p.prx"), it.doc.xml());
+    it.doc.AppendElement(section, "Record");
+    it.doc.Save("/p.prx");
+    EXPECT_EQ(it.disk.At("/p.prx"), it.doc.xml());
+}
+
 TEST(GrowingSave, WritesWholeWhenTheFileWasTouched) {
     struct Row {
         const char* what;
@@ -242,7 +258,7 @@ TEST(GrowingSave, FailsAtAFileThatBecameReadOnly) {
     const String before = it.disk.At("/p.prx");
     it.disk.SetMode("/p.prx", 0444);
     it.Add(1);
-    EXPECT_EQ(FailureOf([&] { it.doc.Save("/p.prx"); }), failure::kPermissionDenied);
+    EXPECT_EQ(FailureNumber([&] { it.doc.Save("/p.prx"); }), failure::kPermissionDenied);
     EXPECT_EQ(it.disk.At("/p.prx"), before);
     it.disk.SetMode("/p.prx", 0644);
     it.doc.Save("/p.prx");
@@ -257,7 +273,7 @@ TEST(GrowingSave, LeavesTheFileOfTheLastSaveWhenTheDiskIsFull) {
         const String before = it.disk.At("/p.prx");
         it.Add(1);
         it.disk.room = room;
-        EXPECT_EQ(FailureOf([&] { it.doc.Save("/p.prx"); }), failure::kDeviceFailure);
+        EXPECT_EQ(FailureNumber([&] { it.doc.Save("/p.prx"); }), failure::kDeviceFailure);
         EXPECT_EQ(it.disk.At("/p.prx"), before);
         it.disk.room.reset();
         it.doc.Save("/p.prx");
@@ -271,7 +287,7 @@ TEST(GrowingSave, WritesWholeAfterACloseThatFailed) {
     it.doc.Save("/p.prx");
     it.Add(1);
     it.disk.refused_closing = failure::kDeviceFailure;
-    EXPECT_EQ(FailureOf([&] { it.doc.Save("/p.prx"); }), failure::kDeviceFailure);
+    EXPECT_EQ(FailureNumber([&] { it.doc.Save("/p.prx"); }), failure::kDeviceFailure);
     it.disk.refused_closing.reset();
     it.doc.Save("/p.prx");
     EXPECT_EQ(it.disk.At("/p.prx"), it.Plain());
@@ -305,6 +321,52 @@ TEST(GrowingSave, StaysLinearOverManyRecords) {
     }
     EXPECT_EQ(disk.At("/errors.xml"), doc.xml());
     EXPECT_EQ(disk.written, doc.xml().size() + (kRecords - 1) * String("</Errors>").size());
+}
+
+TEST(GrowingSave, LeavesTheSameBytesOnARealDisk) {
+    testing::TestPlatform platform;
+    const String path = platform.Path("p.prx");
+    Document doc;
+    ASSERT_TRUE(doc.LoadXML("<?xml version=\"1.0\" ?><Project><Name>x</Name></Project>"));
+    for (int n = 0; n < 11; ++n) {
+        SCOPED_TRACE(n);
+        doc.AppendText(doc.documentElement(), "Section", String(static_cast<std::size_t>(n) * 100, 's'));
+        doc.Save(path);
+        EXPECT_EQ(platform.Read("p.prx"), doc.xml());
+    }
+    platform.Write("p.prx", "mine");
+    doc.AppendElement(doc.documentElement(), "Last");
+    doc.Save(path);
+    EXPECT_EQ(platform.Read("p.prx"), doc.xml());
+    platform.files.SetMode(path, 0444);
+    EXPECT_EQ(FailureNumber([&] { doc.Save(path); }), failure::kPermissionDenied);
+    EXPECT_EQ(platform.Read("p.prx"), doc.xml());
+}
+
+TEST(GrowingSave, LeavesAWholeFileWhicheverCallFails) {
+    for (int nth = 1;; ++nth) {
+        SCOPED_TRACE(nth);
+        testing::TestPlatform platform;
+        const String path = platform.Path("p.prx");
+        Document doc;
+        ASSERT_TRUE(doc.LoadXML("<Project><Name>x</Name></Project>"));
+        doc.Save(path);
+        const String before = doc.xml();
+        doc.AppendText(doc.documentElement(), "Section", "y");
+        platform.faults.FailAt(nth, failure::kDeviceFailure);
+        platform.faults.WriteShort();
+        const int number = FailureNumber([&] { doc.Save(path); });
+        if (number == 0) {
+            EXPECT_GT(nth, 4);  // facts, open, write, facts of what is open, close
+            break;
+        }
+        EXPECT_EQ(number, failure::kDeviceFailure);
+        const String left = platform.Read("p.prx");
+        EXPECT_TRUE(left == before || left == doc.xml()) << left;
+        platform.faults.Heal();
+        doc.Save(path);
+        EXPECT_EQ(platform.Read("p.prx"), doc.xml());
+    }
 }
 
 }  // namespace

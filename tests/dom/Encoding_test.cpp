@@ -2,7 +2,7 @@
 
 #include <gtest/gtest.h>
 
-#include "tests/dom/MemoryFiles.h"
+#include "tests/support/FailureNumber.h"
 
 namespace mrlxmlclass::dom {
 namespace {
@@ -37,7 +37,7 @@ TEST(Decode, ReadsPairsOfBothOrders) {
 
 TEST(Decode, RefusesHalfCharacters) {
     for (const String& bytes : {"\xFF\xFE<\0a"s, "\xFF\xFE\x3D\xD8"s, "\xFF\xFE\x00\xDE<\0"s, "\xFE\xFF\xD8\x3D\0<"s}) {
-        SCOPED_TRACE(testing::PrintToString(bytes));
+        SCOPED_TRACE(::testing::PrintToString(bytes));
         EXPECT_STREQ(Decode(bytes).flaw, "The UTF-16 text holds half a character");
     }
 }
@@ -71,7 +71,7 @@ TEST(Encode, WritesAReferenceForWhatEightBitsLack) {
 }
 
 TEST(Encode, FailsForAnUnknownEncoding) {
-    EXPECT_EQ(FailureOf([] { Encode("<a/>", Encoding::Unknown); }), failure::kUnknownKey);
+    EXPECT_EQ(FailureNumber([] { Encode("<a/>", Encoding::Unknown); }), failure::kUnknownKey);
 }
 
 }  // namespace

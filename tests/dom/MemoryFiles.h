@@ -4,12 +4,15 @@
 #include <optional>
 
 #include "mrlxmlclass/platform/Services.h"
+#include "tests/support/FaultyFiles.h"
 
 namespace mrlxmlclass::dom {
 
 /// Files that live in memory. They count what is written and fail where they are told to.
-class MemoryFiles : public Files {
+class MemoryFiles : public testing::ForwardingFiles {
 public:
+    MemoryFiles() : ForwardingFiles(SystemServices().files) {}
+
     struct File {
         String bytes;
         FileFacts facts;
@@ -68,16 +71,6 @@ public:
         files.at(path).facts.mode = mode;
         files.at(path).facts.writable = (mode & 0222U) != 0;
     }
-    void SyncFolder(const String&) override {}
-    String Resolve(const String& path) override { return path; }
-    Integer Attributes(const String&) override { return 0; }
-    void SetAttributes(const String&, Integer) override {}
-    FileUse Use(const String&) override { return FileUse::Free; }
-    Integer Hold(const String&) override { return 1; }
-    void Release(Integer, const String&) override {}
-    String ProgramFolder() override { return ""; }
-    String StateFolder() override { return ""; }
-    String SpecialFolder(Long) override { return ""; }
 
 private:
     class Output : public OutputFile {
@@ -132,16 +125,5 @@ struct MemoryDisk : MemoryFiles {
                       SystemServices().ui};
     InstalledServices installed{services};
 };
-
-/// The number of the failure that `body` ends in; 0 when it comes to its end.
-template <class Body>
-int FailureOf(Body&& body) {
-    try {
-        body();
-    } catch (const Failure& failed) {
-        return failed.number();
-    }
-    return 0;
-}
 
 }  // namespace mrlxmlclass::dom
