@@ -118,9 +118,9 @@ Encoding DeclaredEncoding(std::string_view text) {
         const char* name;
         Encoding encoding;
     };
-    for (const Known& known : {Known{"", Encoding::Utf8}, Known{"utf-8", Encoding::Utf8},
-                               Known{"us-ascii", Encoding::Utf8}, Known{"utf-16", Encoding::Utf16},
-                               Known{"iso-8859-1", Encoding::Latin1}, Known{"windows-1252", Encoding::Windows1252}}) {
+    for (const Known& known :
+         {Known{"", Encoding::Utf8}, Known{"utf-8", Encoding::Utf8}, Known{"utf-16", Encoding::Utf16},
+          Known{"iso-8859-1", Encoding::Latin1}, Known{"windows-1252", Encoding::Windows1252}}) {
         if (EqualsIgnoringCase(name, known.name)) return known.encoding;
     }
     return Encoding::Unknown;
