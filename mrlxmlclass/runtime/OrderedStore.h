@@ -80,12 +80,6 @@ public:
 
     void Replace(std::size_t index, Item item) { std::swap(Changing().entries[index].item, item); }
 
-    /// Takes over the content of another store.
-    void Assign(OrderedStore other) {
-        body_ = std::move(other.body_);
-        ++stamp_;
-    }
-
     void Clear() {
         ++stamp_;
         body_ = {};  // last: the end of an item may lead back into this store

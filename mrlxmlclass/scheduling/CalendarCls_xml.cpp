@@ -18,17 +18,14 @@ Ref<dom::Document> CalendarCls::ToXmlFile(const String& FileName, const Ref<dom:
                                           Boolean includeDocHeader, Boolean /*useNamespace*/, Boolean unicode,
                                           Boolean FileExist, Boolean Save) {
     return kTail.Run<Ref<dom::Document>>("ToXmlFile", [&](Ref<dom::Document>& result) {
-        result =
-            WriteSection({kSection, f_.elementName}, {FileName, xmlDoc, includeDocHeader, unicode, FileExist, Save},
-                         [&](const Ref<dom::Document>& document, dom::Node section) { ToXmlInt(document, section); });
+        result = WriteSection({kSection, f_.elementName},
+                              {FileName, xmlDoc, includeDocHeader, unicode, FileExist, Save}, BodyOf(*this));
     });
 }
 
 String CalendarCls::ToXml(Boolean includeDocHeader, Boolean /*useNamespace*/, Boolean unicode) {
     return kTail.Run<String>("ToXml", [&](String& result) {
-        result = NewDocument(f_.elementName, includeDocHeader, unicode,
-                             [&](const Ref<dom::Document>& document, dom::Node root) { ToXmlInt(document, root); })
-                     ->xml();
+        result = NewDocument(f_.elementName, includeDocHeader, unicode, BodyOf(*this))->xml();
     });
 }
 

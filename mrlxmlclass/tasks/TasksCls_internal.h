@@ -5,6 +5,8 @@
 
 namespace mrlxmlclass {
 
+class RecordReader;
+
 /// The library's own view of a task. What ends in `_Int` stores without any rule and touches no flag; what starts with
 /// `Store` stores and raises the flag, again without any rule; what starts with `Peek` reads without making anything.
 class TasksCls::Internal {
@@ -85,6 +87,12 @@ public:
                          Boolean p_for_lib = False, const DateAdjustment& dates = {});
 
 private:
+    void Reset();
+    void ReadDates(RecordReader& in, const DateAdjustment& dates);
+    void ReadLeadTimes(RecordReader& in);
+    template <class Relations, class... Prefix>
+    void ReadKeys(RecordReader& in, const char* wrapper, Guarded<Relations>& relations, Prefix... prefix);
+
     Fields& f_;
 };
 

@@ -39,6 +39,8 @@ public:
     /// each event, since a handler may change it.
     void TellDates(const String& key);
     void TellDuration(const String& key);
+    /// Tells a summary's duration, end and start, in this order.
+    void TellSummary(const String& key);
 
     /// The highest row in the outline; 0 when it is empty.
     Integer GetMaxPos();

@@ -74,7 +74,7 @@ void TasksCol::SortArray(ByRef<Variant> aTempArray) {
 
 void TasksCol::Internal::PutInOrder(Store sorted) {
     const bool was_counted = self_.counted_.store_stamp == self_.tasks_.Stamp();
-    self_.tasks_.Assign(std::move(sorted));
+    self_.tasks_ = std::move(sorted);
     if (was_counted) self_.counted_.store_stamp = self_.tasks_.Stamp();
 }
 

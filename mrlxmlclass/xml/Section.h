@@ -18,6 +18,12 @@ enum class Declaration {
 /// Writes the fields or items of one object under an element.
 using BodyWriter = std::function<void(const Ref<dom::Document>&, dom::Node)>;
 
+/// What `object` itself writes.
+template <class Object>
+BodyWriter BodyOf(Object& object) {
+    return [&object](const Ref<dom::Document>& document, dom::Node element) { object.ToXmlInt(document, element); };
+}
+
 /// A section of the project file: how it is called, and what its document is seeded with when it has one of its own.
 struct SectionShape {
     std::string_view name;  ///< the element under the root; "Project" means the root itself
