@@ -70,7 +70,7 @@ String CurrencyToString(Currency value) {
 }
 
 String DateToString(Date value) {
-    return FormatDate(value, Gloabal::GetSystemDateFormat());
+    return FormatDate(value, SystemDatePattern());
 }
 
 Date StringToDate(std::string_view text) {

@@ -1,5 +1,6 @@
 #include "mrlxmlclass/xml/DateText.h"
 
+#include <algorithm>
 #include <array>
 #include <charconv>
 #include <cmath>
@@ -48,6 +49,20 @@ std::vector<std::string_view> Pieces(std::string_view text, std::string_view sep
     }
 }
 
+/// The parts of a written date: one separator between two, blanks around it or in its place, one at the end at most.
+std::vector<std::string_view> DateParts(std::string_view text, std::string_view separators) {
+    std::vector<std::string_view> parts;
+    text = Trim(text);
+    while (!text.empty()) {
+        const std::size_t end = std::min(text.find_first_of(separators), text.size());
+        if (end == 0) Raise(failure::kTypeMismatch);
+        parts.push_back(text.substr(0, end));
+        text = Trim(text.substr(end));
+        if (!text.empty() && separators.find(text[0]) != std::string_view::npos) text = Trim(text.substr(1));
+    }
+    return parts;
+}
+
 int FullYear(std::string_view part, int year) {
     if (part.size() > 2) return year;
     return year < 30 ? 2000 + year : 1900 + year;
@@ -60,35 +75,34 @@ String OrderOf(std::string_view pattern) {
     return order;
 }
 
-Date ParseDay(const std::vector<std::string_view>& parts, std::string_view pattern) {
+Date ParseDay(std::string_view text, std::string_view pattern) {
+    const std::vector<std::string_view> parts = DateParts(text, kDateSeparators);
     if (parts.size() != 3) Raise(failure::kTypeMismatch);
+    const String order = OrderOf(pattern);
     std::array<int, 3> numbers{};
-    std::size_t year_at = OrderOf(pattern).find('y');
+    std::size_t year_at = std::min<std::size_t>(order.find('y'), 2);
     for (std::size_t i = 0; i < 3; ++i) {
         const std::optional<int> number = DigitsOnly(parts[i]);
         if (!number || parts[i].size() > 4) Raise(failure::kTypeMismatch);
         numbers[i] = *number;
         if (parts[i].size() > 2) year_at = i;
     }
-    if (year_at > 2) year_at = 2;
-    const int year = FullYear(parts[year_at], numbers[year_at]);
     const std::size_t first = year_at == 0 ? 1 : 0;
     const std::size_t second = year_at == 2 ? 1 : 2;
-    const String order = OrderOf(pattern);
     const bool day_first = order.find('d') < order.find('m');
     int day = numbers[day_first ? first : second];
     int month = numbers[day_first ? second : first];
     if (month > 12 && day <= 12) std::swap(day, month);
-    return Date::Of(year, month, day);
+    return Date::Of(FullYear(parts[year_at], numbers[year_at]), month, day);
 }
 
 double ParseTime(std::string_view time, std::string_view half_of_day) {
-    const std::vector<std::string_view> parts = Pieces(time, ":");
+    const std::vector<String> parts = Split(time, ":");
     if (parts.size() < 2 || parts.size() > 3) Raise(failure::kTypeMismatch);
     std::array<int, 3> numbers{};
     for (std::size_t i = 0; i < parts.size(); ++i) {
         const std::optional<int> number = DigitsOnly(parts[i]);
-        if (!number || *number > (i == 0 ? 23 : 59)) Raise(failure::kTypeMismatch);
+        if (!number || parts[i].size() > 2 || *number > (i == 0 ? 23 : 59)) Raise(failure::kTypeMismatch);
         numbers[i] = *number;
     }
     if (!half_of_day.empty()) {
@@ -96,6 +110,11 @@ double ParseTime(std::string_view time, std::string_view half_of_day) {
         numbers[0] = numbers[0] % 12 + (EqualsIgnoringCase(half_of_day, "PM") ? 12 : 0);
     }
     return static_cast<double>((numbers[0] * 60 + numbers[1]) * 60 + numbers[2]) / kSecondsADay;
+}
+
+/// What stands behind the last blank.
+std::string_view LastWord(std::string_view text) {
+    return text.substr(text.rfind(' ') + 1);
 }
 
 /// Without the time that may follow a date: a blank and a part that holds ":".
@@ -162,42 +181,34 @@ String FormatDate(Date date, std::string_view pattern) {
 }
 
 Date ParseDate(std::string_view text, std::string_view pattern) {
-    std::vector<std::string_view> words = Pieces(text, " ");
-    std::string_view half_of_day;
-    double time = 0;
-    bool timed = false;
-    if (!words.empty() && (EqualsIgnoringCase(words.back(), "AM") || EqualsIgnoringCase(words.back(), "PM"))) {
-        half_of_day = words.back();
-        words.pop_back();
+    text = Trim(text);
+    std::string_view half_of_day = LastWord(text);
+    if (EqualsIgnoringCase(half_of_day, "AM") || EqualsIgnoringCase(half_of_day, "PM")) {
+        text = Trim(text.substr(0, text.size() - half_of_day.size()));
+    } else {
+        half_of_day = {};
     }
-    if (!words.empty() && words.back().find(':') != std::string_view::npos) {
-        time = ParseTime(words.back(), half_of_day);
-        timed = true;
-        words.pop_back();
+    const std::string_view time_text = LastWord(text);
+    if (time_text.find(':') == std::string_view::npos) {
+        if (!half_of_day.empty()) Raise(failure::kTypeMismatch);
+        return ParseDay(text, pattern);
     }
-    if (!timed && !half_of_day.empty()) Raise(failure::kTypeMismatch);
-    if (words.empty()) {
-        if (!timed) Raise(failure::kTypeMismatch);
-        return Date(time);
-    }
-    std::vector<std::string_view> parts;
-    for (const std::string_view word : words) {
-        const auto pieces = Pieces(word, kDateSeparators);
-        parts.insert(parts.end(), pieces.begin(), pieces.end());
-    }
-    return Date(ParseDay(parts, pattern).days() + time);
+    const double time = ParseTime(time_text, half_of_day);
+    text = Trim(text.substr(0, text.size() - time_text.size()));
+    return text.empty() ? Date(time) : Date(ParseDay(text, pattern).days() + time);
+}
+
+String SystemDatePattern() {
+    String pattern = Replace(Platform().locale.Settings().short_date, " ", "");
+    while (!pattern.empty() && kDateSeparators.find(pattern.back()) != std::string_view::npos) pattern.pop_back();
+    return pattern;
 }
 
 namespace Gloabal {
 
 String GetSystemDateFormat() {
-    const std::string_view pattern = Platform().locale.Settings().short_date;
-    String format;
-    for (const char c : pattern) {
-        if (c != ' ') format += c;
-    }
-    while (!format.empty() && kDateSeparators.find(format.back()) != std::string_view::npos) format.pop_back();
-    return Length(format) > kLongestFormat ? String() : format;
+    const String pattern = SystemDatePattern();
+    return Length(pattern) > kLongestFormat ? String() : pattern;
 }
 
 String GetSeparator(std::string_view format) {
@@ -227,8 +238,7 @@ void SetALLFormat(const String& p_cur_date_format, const String& p_sys_date_form
 
 String ConvertDateText(const String& /*p_sys_date_format*/, const String& /*p_cur_date_format*/, const String& text,
                        const String& p_date_spe, const Ref<Dictionary>& p_cur, const Ref<Dictionary>& p_sys) {
-    const std::string_view day_text = WithoutTime(Trim(text));
-    const auto parts = Pieces(day_text, p_date_spe + " ");
+    const auto parts = DateParts(WithoutTime(Trim(text)), p_date_spe + " ");
     const auto file_parts = p_cur->Snapshot();
     if (parts.size() != file_parts.size()) Raise(failure::kTypeMismatch);
 

@@ -10,11 +10,13 @@ namespace mrlxmlclass {
 /// follows as HH:mm:ss, rounded to the second.
 String FormatDate(Date date, std::string_view pattern);
 
+/// The short date pattern of the locale, without blanks and without a separator at its end.
+String SystemDatePattern();
+
 /// Reads "date", "date time" or "time" (of day 0). The parts of a date come in the pattern's order, separated by "/",
-/// "-",
-/// "." or blanks; a part of three or four digits is the year wherever it stands; day and month change places when only
-/// that makes a month; two-digit years are 1930 to 2029. A time is H:mm[:ss], AM or PM behind it. Anything else, the
-/// empty text too, fails (13).
+/// "-", "." or blanks, the last of which may close it; a part of three or four digits is the year wherever it stands;
+/// day and month change places when only that makes a month; two-digit years are 1930 to 2029. A time is H:mm[:ss], AM
+/// or PM behind it. Anything else, the empty text too, fails (13).
 Date ParseDate(std::string_view text, std::string_view pattern);
 
 namespace Gloabal {

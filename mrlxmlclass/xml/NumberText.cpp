@@ -1,5 +1,6 @@
 #include "mrlxmlclass/xml/NumberText.h"
 
+#include <algorithm>
 #include <array>
 #include <charconv>
 #include <cmath>
@@ -8,6 +9,8 @@
 
 namespace mrlxmlclass {
 namespace {
+
+constexpr std::size_t kDecimals = 4;  // of a Currency
 
 constexpr bool IsDigit(char c) {
     return c >= '0' && c <= '9';
@@ -81,6 +84,32 @@ private:
     String plain_;
 };
 
+/// Whether a plain number that no double holds lies too close to 0 rather than too far from it.
+bool TooSmall(std::string_view plain) {
+    const std::size_t e = std::min(plain.find('e'), plain.size());
+    const std::string_view digits = plain.substr(0, e);
+    const std::size_t first = digits.find_first_of("123456789");
+    if (first == std::string_view::npos) return true;
+    if (e < plain.size()) {
+        std::string_view exponent = plain.substr(e + 1);
+        const bool negative = exponent.starts_with('-');
+        if (negative) exponent.remove_prefix(1);
+        int power = 0;
+        const auto [end, error] = std::from_chars(exponent.data(), exponent.data() + exponent.size(), power);
+        // Far beyond the length of any text in memory that could make up for it.
+        if (error == std::errc::result_out_of_range) return negative;
+        const auto point = static_cast<std::int64_t>(std::min(digits.find('.'), digits.size()));
+        return point - static_cast<std::int64_t>(first) + (negative ? -power : power) < 0;
+    }
+    return digits.find('.') < first;
+}
+
+/// Whether the decimals that are cut off round the last one that stays, halves to the even one.
+bool RoundsAway(std::string_view rest, bool odd) {
+    if (rest.empty() || rest[0] < '5') return false;
+    return rest[0] > '5' || odd || rest.find_first_not_of('0', 1) != std::string_view::npos;
+}
+
 }  // namespace
 
 std::optional<String> PlainNumber(std::string_view text, const LocaleSettings& locale) {
@@ -90,27 +119,28 @@ std::optional<String> PlainNumber(std::string_view text, const LocaleSettings& l
 Double PlainToDouble(std::string_view plain) {
     double value = 0;
     const auto [end, error] = std::from_chars(plain.data(), plain.data() + plain.size(), value);
-    if (error == std::errc::result_out_of_range) {
-        // Too small to hold is 0; too large fails.
-        const std::size_t exponent = plain.find('e');
-        if (exponent != std::string_view::npos && plain.substr(exponent + 1).starts_with('-')) return 0;
+    if (error == std::errc::result_out_of_range || !std::isfinite(value)) {
+        if (TooSmall(plain)) return 0;
         Raise(failure::kOverflow);
     }
-    if (error != std::errc{}) Raise(failure::kTypeMismatch);
+    if (error != std::errc{} || end != plain.data() + plain.size()) Raise(failure::kTypeMismatch);
     return value;
 }
 
 Currency PlainToCurrency(std::string_view plain) {
-    const std::size_t point = plain.find('.');
-    const std::string_view whole = plain.substr(0, point);
-    const std::string_view decimals = point == std::string_view::npos ? std::string_view() : plain.substr(point + 1);
-    if (plain.find('e') != std::string_view::npos || decimals.size() > 4 || whole.size() > 15) {
-        return Currency(PlainToDouble(plain));
-    }
-    // Exact: a double does not hold every amount.
-    const String padded = String(whole) + String(decimals) + String(4 - decimals.size(), '0');
+    if (plain.find('e') != std::string_view::npos) return Currency(PlainToDouble(plain));
+    // Digit by digit, since a double does not hold every amount.
+    const std::size_t point = std::min(plain.find('.'), plain.size());
+    String decimals(plain.substr(std::min(point + 1, plain.size())));
+    if (decimals.size() < kDecimals) decimals.append(kDecimals - decimals.size(), '0');
+    const String digits = String(plain.substr(0, point)) + decimals.substr(0, kDecimals);
     std::int64_t count = 0;
-    std::from_chars(padded.data(), padded.data() + padded.size(), count);
+    const auto [end, error] = std::from_chars(digits.data(), digits.data() + digits.size(), count);
+    if (error == std::errc::result_out_of_range) Raise(failure::kOverflow);
+    if (error != std::errc{} || end != digits.data() + digits.size()) Raise(failure::kTypeMismatch);
+    if (RoundsAway(decimals.substr(kDecimals), count % 2 != 0)) {
+        if (__builtin_add_overflow(count, plain.starts_with('-') ? -1 : 1, &count)) Raise(failure::kOverflow);
+    }
     return Currency::OfTenThousandths(count);
 }
 
