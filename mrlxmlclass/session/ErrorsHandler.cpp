@@ -16,6 +16,11 @@ String Now() {
     return Conversions::DateToString(Platform().clock.Now());
 }
 
+void Tell(int number, const String& description) {
+    Platform().ui.Message("Error " + std::to_string(number) + " (" + description + " at time " + Now() +
+                          ") in procedure GetErrors of Class Module ErrorsHandler");
+}
+
 }  // namespace
 
 ErrorsHandler::ErrorsHandler()
@@ -28,26 +33,32 @@ ErrorsHandler::~ErrorsHandler() {
 
 Boolean ErrorsHandler::GetErrors(const String& ErrDescription, const String& ErrNumber, const String& ClassSource,
                                  const String& FunctionSource) {
-    // This tail cannot record in the log that just failed, so it speaks to the user instead.
-    try {
-        RaisedBy_ = ClassSource;
-        ErrorEntry entry = log_->Error_Col()->Add();
-        entry.ClassSource(ClassSource);
-        entry.ErrDescription(ErrDescription + " at time " + Now());
-        entry.FunctionSource(FunctionSource);
-        entry.genre(kGenre);
-        entry.ID(ErrNumber);
-        log_->ToXmlFile(ErrFileName_);
-        Events.Raise(&ErrorsHandlerEvents::RaiseErrors, ClassSource, FunctionSource);
-        return True;
-    } catch (const Failure& failed) {
-        Platform().ui.Message("Error " + std::to_string(failed.number()) + " (" + failed.description() + " at time " +
-                              Now() + ") in procedure GetErrors of Class Module ErrorsHandler");
-    } catch (const std::exception& other) {
-        Platform().ui.Message("Error " + std::to_string(failure::kInternal) + " (" + other.what() + " at time " +
-                              Now() + ") in procedure GetErrors of Class Module ErrorsHandler");
-    }
-    return False;
+    return kTail.Silent().Run<Boolean>("GetErrors", [&](Boolean& result) {
+        // This tail cannot record in the log that just failed, so it speaks to the user instead.
+        try {
+            Record(ErrDescription, ErrNumber, ClassSource, FunctionSource);
+            result = True;
+        } catch (const Failure& failed) {
+            Tell(failed.number(), failed.description());
+        } catch (const std::exception& other) {
+            Tell(failure::kInternal, other.what());
+        } catch (...) {
+            Tell(failure::kInternal, "An exception of unknown kind");
+        }
+    });
+}
+
+void ErrorsHandler::Record(const String& ErrDescription, const String& ErrNumber, const String& ClassSource,
+                           const String& FunctionSource) {
+    RaisedBy_ = ClassSource;
+    ErrorEntry entry = log_->Error_Col()->Add();
+    entry.ClassSource(ClassSource);
+    entry.ErrDescription(ErrDescription + " at time " + Now());
+    entry.FunctionSource(FunctionSource);
+    entry.genre(kGenre);
+    entry.ID(ErrNumber);
+    log_->ToXmlFile(ErrFileName_);
+    Events.Raise(&ErrorsHandlerEvents::RaiseErrors, ClassSource, FunctionSource);
 }
 
 void RecordFailure(const Failure& what, const char* class_label, const char* member_label) noexcept {

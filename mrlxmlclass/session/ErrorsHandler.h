@@ -42,6 +42,9 @@ public:
 private:
     ~ErrorsHandler() override;
 
+    void Record(const String& ErrDescription, const String& ErrNumber, const String& ClassSource,
+                const String& FunctionSource);
+
     Ref<ErrorsCls> log_;
     String ErrFileName_;
     String RaisedBy_;
