@@ -1,0 +1,101 @@
+#pragma once
+
+#include <map>
+
+#include "mrlxmlclass/scheduling/CalendarCls.h"
+#include "mrlxmlclass/session/Application.h"
+#include "mrlxmlclass/session/ModuleState.h"
+#include "mrlxmlclass/tasks/TasksCol.h"
+#include "tests/support/Days.h"
+#include "tests/support/Failures.h"
+#include "tests/support/TestPlatform.h"
+
+namespace mrlxmlclass::testing {
+
+/// Writes down every event of a task collection, a line an event.
+class EventLog : public TasksColEvents {
+public:
+    /// What was heard since the last question.
+    String Taken() { return std::exchange(heard_, {}); }
+
+    void DateStartChange(Long key, Date start, Boolean milestone, Boolean parent) override;
+    void DateEndChange(Long key, Date end, Boolean milestone, Boolean parent, const String& unit) override;
+    void DurationChange(Long key, Double duration, const String& unit, Boolean milestone, Boolean parent) override;
+    void TaskDurationChange(Long key, Double duration, const String& unit, Boolean milestone, Boolean parent) override;
+    void AssigmentChange(Long key, const String& people) override;
+    void GoalChange(Long key, const String& goals) override;
+    void ObstaclesChange(Long key, const String& obstacles) override;
+    void NoteChange(Long key, const String& note) override;
+    void RoolUpCostChange(Long key, const Variant& cost) override;
+    void PredecessorChange(Long key, const String& predecessors) override;
+    void SucessorChange(Long key, const String& successors) override;
+    void PredecessorKeyChange(Long key, const String& predecessor, const String& action) override;
+    void IamASummary(Long key, Boolean summary) override;
+    void TaskInserted(Long key, const String& parent, Long position) override;
+    void TaskDeleted(Long key, const String& parent, Long position, Boolean arrange) override;
+    void TaskNameChanged(Long key, const String& name) override;
+    void Indented(Long key, const String& parent, const String& source) override;
+    void Outented(Long key, const String& parent, const String& old_parent, const String& source) override;
+    void UpDown(Boolean up, Long key, const String& parent, const String& old_parent, Boolean changed,
+                const String& source) override;
+    void CompletedChange(Long key, Integer percent) override;
+
+private:
+    String heard_;
+};
+
+/// A session on a platform of its own, with a plan that is built by saying what it is:
+///
+///     Plan plan;
+///     plan.Task("Phase").Task("Design").Under("Phase").From(Monday).Lasting(3);
+///
+/// Everything that a test sets is back as it was when the plan goes. Failures that were recorded and not taken by the
+/// test fail it.
+class Plan {
+public:
+    Plan();
+    ~Plan();
+
+    /// Starts the session anew: with live links, silent, or as told. Comes before the first task.
+    Plan& WithLinks();
+    Plan& Silenced();
+    /// The calendar without any non-working day.
+    Plan& WithoutWeekends();
+
+    /// Adds a task in the last row; what follows is said of it.
+    Plan& Task(const String& name);
+    /// Puts it under a task, as its last child; the rows are in the order in which tasks are added.
+    Plan& Under(const String& parent);
+    Plan& From(Date start);
+    Plan& To(Date end);
+    Plan& Lasting(Double duration, const String& unit = "days");
+    Plan& Milestone();
+    Plan& Costing(Currency cost);
+    Plan& Candidate();
+
+    String Key(const String& name) const;
+    Long Number(const String& name) const { return KeyNumber(Key(name)); }
+    TasksCls& operator[](const String& name) const;
+
+    /// The events since the last question.
+    String Heard() { return events_.Taken(); }
+    /// The outline by row: row, indented name, start and end.
+    String Drawn() const;
+
+    TestPlatform platform;
+    Ref<Application> app;
+    Failures failures;
+    TasksCol& col() const { return *app->xTaskCol(); }
+    CalendarCls& calendar() const { return *app->xCalendar(); }
+
+private:
+    void Start();
+
+    Boolean links_;
+    Boolean silent_;
+    EventLog events_;
+    std::map<String, Long> keys_;
+    Ref<TasksCls> last_;
+};
+
+}  // namespace mrlxmlclass::testing
