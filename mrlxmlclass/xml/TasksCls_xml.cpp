@@ -1,7 +1,4 @@
-#include "mrlxmlclass/items/TaskAssigmentRelationCol_internal.h"
-#include "mrlxmlclass/items/TaskGoalRelationCol_internal.h"
-#include "mrlxmlclass/items/TaskNoteRelationCol_internal.h"
-#include "mrlxmlclass/items/TaskObstaclesRelationCol_internal.h"
+#include "mrlxmlclass/items/Relation_internal.h"
 #include "mrlxmlclass/runtime/Tail.h"
 #include "mrlxmlclass/runtime/Text.h"
 #include "mrlxmlclass/scheduling/WorkingDays.h"
