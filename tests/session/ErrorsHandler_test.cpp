@@ -63,19 +63,19 @@ TEST_F(ErrorsHandlerTest, RecordsTheFiveTexts) {
     EXPECT_EQ(Last().genre(), "Run Time Error in version 4.0.9, date:05-23-08");
     EXPECT_EQ(Last().ID(), "13");
     EXPECT_EQ(handler->RaisedBy(), "SomeCls");
-    session.TakeFailures();
+    session.failures.Taken();
 }
 
 TEST_F(ErrorsHandlerTest, TellsTheTimeInTheFormOfTheLocale) {
     session.locale.Use("dd.MM.yyyy", ",", ".");
     Record(handler);
     EXPECT_EQ(Last().ErrDescription(), "It broke at time 02.03.2026 09:00:00");
-    session.TakeFailures();
+    session.failures.Taken();
 }
 
 TEST_F(ErrorsHandlerTest, AddsTheLineOfATailBeforeTheTime) {
     Fail();
-    EXPECT_EQ(session.TakeFailures(), "SomeCls Some 13\n");
+    EXPECT_EQ(session.failures.Taken(), "SomeCls/Some 13\n");
     const String description = Last().ErrDescription();
     const String start = "It broke,Line: ";
     const String end = " at time 3/2/2026 09:00:00";
@@ -90,7 +90,7 @@ TEST_F(ErrorsHandlerTest, AddsTheLineOfATailBeforeTheTime) {
 TEST_F(ErrorsHandlerTest, KeepsTwoFailuresOfARunInTheFileInTheirOrder) {
     Fail("First");
     Fail("Second");
-    session.TakeFailures();
+    session.failures.Taken();
     const dom::Node errors = ErrorsInFile();
     ASSERT_EQ(errors.childCount(), 2);
     EXPECT_EQ(errors.childNodes(0).selectSingleNode("FunctionSource").Text(), "First");
@@ -111,7 +111,7 @@ TEST_F(ErrorsHandlerTest, TellsItsListenersOnceTheEntryStandsInTheFile) {
     EXPECT_EQ(entries, 1);
     EXPECT_EQ(in_file, 1);
     EXPECT_EQ(raised_by, "SomeCls");
-    session.TakeFailures();
+    session.failures.Taken();
 }
 
 TEST_F(ErrorsHandlerTest, ShowsAMessageInPlaceOfTheEventWhenTheFileCannotBeWritten) {
@@ -122,7 +122,7 @@ TEST_F(ErrorsHandlerTest, ShowsAMessageInPlaceOfTheEventWhenTheFileCannotBeWritt
         std::vector<String>{"Error 76 (The folder was not found at time 3/2/2026 09:00:00) in procedure GetErrors of "
                             "Class Module ErrorsHandler"});
     EXPECT_EQ(listener.heard, "");
-    EXPECT_EQ(session.TakeFailures(), "SomeCls Some 13\n") << "the entry stands all the same";
+    EXPECT_EQ(session.failures.Taken(), "SomeCls/Some 13\n") << "the entry stands all the same";
 }
 
 TEST_F(ErrorsHandlerTest, WritesEarlierEntriesToTheNextFileThatCanBeWritten) {
@@ -131,7 +131,7 @@ TEST_F(ErrorsHandlerTest, WritesEarlierEntriesToTheNextFileThatCanBeWritten) {
     handler->ErrFileName(session.Path(kErrorFile));
     Record(handler);
     EXPECT_EQ(ErrorsInFile().childCount(), 2);
-    session.TakeFailures();
+    session.failures.Taken();
 }
 
 TEST_F(ErrorsHandlerTest, SurvivesAListenerThatThrows) {
@@ -146,7 +146,7 @@ TEST_F(ErrorsHandlerTest, SurvivesAListenerThatThrows) {
               "Error 51 (deaf at time 3/2/2026 09:00:00) in procedure GetErrors of Class Module "
               "ErrorsHandler");
     EXPECT_EQ(ErrorsInFile().childCount(), 3);
-    session.TakeFailures();
+    session.failures.Taken();
 }
 
 class ThrowingUi : public Ui {
@@ -165,11 +165,12 @@ TEST_F(ErrorsHandlerTest, SurvivesAScreenThatCannotShowTheMessage) {
     EXPECT_EQ(Record(handler), False);
     Fail();
     handler->ErrFileName(session.Path(kErrorFile));
-    session.TakeFailures();
+    session.failures.Taken();
 }
 
 TEST_F(ErrorsHandlerTest, SurvivesAListenerThatLetsGoOfIt) {
-    handler = {};
+    Module().g_ErrorsHandler = Make<ErrorsHandler>();
+    Module().g_ErrorsHandler->Events.Add(listener);
     listener.on_error = [] { Module().g_ErrorsHandler = {}; };
     Fail();
     EXPECT_EQ(listener.heard, "SomeCls Some\n");
@@ -183,7 +184,7 @@ TEST_F(ErrorsHandlerTest, TakesAFailureThatAListenerMeets) {
         Fail("Inner");
     };
     Fail("Outer");
-    EXPECT_EQ(session.TakeFailures(), "SomeCls Outer 13\nSomeCls Inner 13\n");
+    EXPECT_EQ(session.failures.Taken(), "SomeCls/Outer 13\nSomeCls/Inner 13\n");
     EXPECT_EQ(ErrorsInFile().childCount(), 2);
 }
 
@@ -198,13 +199,12 @@ TEST_F(ErrorsHandlerTest, RecordsExceptionsOfAnyKind) {
     kTail.Run("Standard", [] { throw std::out_of_range("far"); });
     kTail.Run("Odd", [] { throw 5; });
     kTail.Run("Memory", [] { throw std::bad_alloc(); });
-    EXPECT_EQ(session.TakeFailures(), "SomeCls Standard 51\nSomeCls Odd 51\nSomeCls Memory 7\n");
+    EXPECT_EQ(session.failures.Taken(), "SomeCls/Standard 51\nSomeCls/Odd 51\nSomeCls/Memory 7\n");
 }
 
 TEST(ErrorsHandlerEnd, KeepsWritingAFileEvenWithoutAnEntry) {
     TestSession session;
-    session.files.Delete(session.Path(kErrorFile));
-    Module().g_ErrorsHandler = {};
+    Make<ErrorsHandler>();
     const auto file = DocumentOfFile(session.Path(kErrorFile));
     EXPECT_EQ(file->documentElement().baseName(), "Errors");
     EXPECT_EQ(file->documentElement().childCount(), 0);
@@ -212,17 +212,18 @@ TEST(ErrorsHandlerEnd, KeepsWritingAFileEvenWithoutAnEntry) {
 
 TEST(ErrorsHandlerEnd, WritesTheEntriesOnceMore) {
     TestSession session;
-    Module().g_ErrorsHandler->GetErrors("It broke", "13", "SomeCls", "Some");
-    session.TakeFailures();
+    auto handler = Make<ErrorsHandler>();
+    handler->GetErrors("It broke", "13", "SomeCls", "Some");
     session.files.Delete(session.Path(kErrorFile));
-    Module().g_ErrorsHandler = {};
+    handler = {};
     EXPECT_EQ(DocumentOfFile(session.Path(kErrorFile))->documentElement().childCount(), 1);
 }
 
 TEST(ErrorsHandlerEnd, IsSilentWhenTheFileCannotBeWritten) {
     TestSession session;
-    Module().g_ErrorsHandler->ErrFileName(session.Path("no/such/folder.xml"));
-    Module().g_ErrorsHandler = {};
+    auto handler = Make<ErrorsHandler>();
+    handler->ErrFileName(session.Path("no/such/folder.xml"));
+    handler = {};
     EXPECT_TRUE(session.ui.messages.empty());
 }
 
@@ -272,7 +273,7 @@ TEST(ErrorsHandlerGrowth, WritesLittleMoreThanTheFileOverTenThousandFailures) {
         ASSERT_EQ(file->documentElement().childCount(), n);
     }
     EXPECT_LT(files.written, 2 * session.files.Facts(session.Path(kErrorFile)).size);
-    session.TakeFailures();
+    session.failures.Taken();
 }
 
 }  // namespace

@@ -91,7 +91,7 @@ TEST(ProjectOwnerIdentifier, IsRefusedAndRecordedWhileItsFlagIsDown) {
     TestSession session;
     const auto project = Make<ProjectsCls>();
     EXPECT_EQ(project->ProjectOwnerIdentifier(), 0);
-    EXPECT_EQ(session.TakeFailures(), "ProjectsCls ProjectOwnerIdentifier 1\n");
+    EXPECT_EQ(session.failures.Taken(), "ProjectsCls/ProjectOwnerIdentifier 1\n");
     EXPECT_TRUE(Module().g_ErrorsHandler->Log()->Error_Col()->Item(1).ErrDescription().starts_with(
         "The Property ProjectOwnerIdentifier is not valid set "
         "m_ProjectOwnerIdentifierValid = true,Line: "));
@@ -100,7 +100,7 @@ TEST(ProjectOwnerIdentifier, IsRefusedAndRecordedWhileItsFlagIsDown) {
     EXPECT_EQ(project->ProjectOwnerIdentifier(), 12);
     project->ProjectOwnerIdentifierValid(False);
     EXPECT_EQ(project->ProjectOwnerIdentifier(), 0);
-    EXPECT_EQ(session.TakeFailures(), "ProjectsCls ProjectOwnerIdentifier 1\n");
+    EXPECT_EQ(session.failures.Taken(), "ProjectsCls/ProjectOwnerIdentifier 1\n");
 }
 
 TEST(ProjectsClsToXmlFile, WritesItsFieldsInOrderDirectlyUnderTheRoot) {
@@ -124,7 +124,7 @@ TEST(ProjectsClsToXmlFile, LeavesOutTheFiveFieldsThatWereNeverSet) {
 TEST(ProjectsClsToXmlFile, KeepsSigningItsFailuresAsProjectcls) {
     TestSession session;
     EXPECT_FALSE(Saved(FullProject(), session.Path("no/such/folder.prx")));
-    EXPECT_EQ(session.TakeFailures(), "Projectcls ToXmlFile 76\n");
+    EXPECT_EQ(session.failures.Taken(), "Projectcls/ToXmlFile 76\n");
 }
 
 TEST(ProjectsClsToXmlFile, GivesNothingForADocumentWithoutARoot) {
@@ -255,7 +255,7 @@ TEST(ProjectsClsFromXmlFile, KeepsWhatStoodBeforeABadField) {
     EXPECT_TRUE(project->FromXmlFile(session.Path("a.prx"))) << "the document is given all the same";
     EXPECT_EQ(project->ProjectName(), "Shed");
     EXPECT_EQ(project->previewsettings(), 0);
-    EXPECT_EQ(session.TakeFailures(), "ProjectsCls FromXmlInt 6\n");
+    EXPECT_EQ(session.failures.Taken(), "ProjectsCls/FromXmlInt 6\n");
 }
 
 TEST(ProjectsClsFromXmlFile, ReadsOverComments) {
@@ -271,7 +271,7 @@ TEST(ProjectsClsFromXmlFile, RecordsOneFailureForAFileThatIsMissing) {
     TestSession session;
     const auto project = Make<ProjectsCls>();
     EXPECT_FALSE(project->FromXmlFile(session.Path("none.prx")));
-    EXPECT_EQ(session.TakeFailures(), "ProjectsCls FromXmlFile 91\n");
+    EXPECT_EQ(session.failures.Taken(), "ProjectsCls/FromXmlFile 91\n");
 }
 
 TEST(ProjectsClsFromXmlFile, ReadsTheDocumentHandedInWhenItIsLoaded) {
@@ -284,7 +284,7 @@ TEST(ProjectsClsFromXmlFile, ReadsTheDocumentHandedInWhenItIsLoaded) {
 
     document = {};
     EXPECT_FALSE(project->FromXmlFile("", True, document));
-    EXPECT_EQ(session.TakeFailures(), "ProjectsCls FromXmlFile 91\n");
+    EXPECT_EQ(session.failures.Taken(), "ProjectsCls/FromXmlFile 91\n");
 }
 
 TEST(ProjectsClsToXml, ComesBackThroughFromXml) {
@@ -302,7 +302,7 @@ TEST(ProjectsClsToXml, ComesBackThroughFromXml) {
 TEST(ProjectsClsFromXml, IsFalseForATextThatIsNotWellFormed) {
     TestSession session;
     EXPECT_EQ(Make<ProjectsCls>()->FromXml("<Project>"), False);
-    EXPECT_EQ(session.TakeFailures(), "ProjectsCls FromXml 91\n");
+    EXPECT_EQ(session.failures.Taken(), "ProjectsCls/FromXml 91\n");
 }
 
 TEST(ProjectsClsClone, CopiesEveryField) {
@@ -336,7 +336,7 @@ TEST(ProjectsClsClone, KeepsStartingOnTheDeadline) {
 TEST(ProjectsClsClone, DoesNotAskForAnOwnerThatWasNeverSet) {
     TestSession session;
     EXPECT_EQ(Make<ProjectsCls>()->Clone()->ProjectOwnerIdentifierValid(), False);
-    EXPECT_EQ(session.TakeFailures(), "");
+    EXPECT_EQ(session.failures.Taken(), "");
 }
 
 }  // namespace

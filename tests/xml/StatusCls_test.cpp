@@ -77,18 +77,18 @@ TEST(StatusCls, KeepsWhatStoodBeforeABadField) {
     const auto status = Make<StatusCls>();
     EXPECT_EQ(status->FromXml("<Status><StatusDone>3</StatusDone><StatusInProgress/></Status>"), False);
     EXPECT_EQ(status->StatusDone(), 3);
-    EXPECT_EQ(session.TakeFailures(), "StatusCls FromXml 13\n");
+    EXPECT_EQ(session.failures.Taken(), "StatusCls/FromXml 13\n");
     session.Write("status.xml", "<Status><StatusDone>many</StatusDone></Status>");
     EXPECT_EQ(status->FromXmlFile(session.Path("status.xml")), False);
-    EXPECT_EQ(session.TakeFailures(), "StatusCls FromXmlFile 13\n");
+    EXPECT_EQ(session.failures.Taken(), "StatusCls/FromXmlFile 13\n");
 }
 
 TEST(StatusCls, RecordsAFileThatCannotBeReadOrWritten) {
     TestSession session;
     EXPECT_EQ(Make<StatusCls>()->FromXmlFile(session.Path("none.xml")), False);
-    EXPECT_EQ(session.TakeFailures(), "StatusCls FromXmlFile 91\n");
+    EXPECT_EQ(session.failures.Taken(), "StatusCls/FromXmlFile 91\n");
     SomeStatus()->ToXmlFile(session.Path("no/such/folder.xml"));
-    EXPECT_EQ(session.TakeFailures(), "StatusCls ToXmlFile 76\n");
+    EXPECT_EQ(session.failures.Taken(), "StatusCls/ToXmlFile 76\n");
 }
 
 TEST(StatusCls, ClonesItsFields) {

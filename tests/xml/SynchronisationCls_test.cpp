@@ -65,11 +65,11 @@ TEST(SynchronisationCls, RecordsABadFieldUnderTheReaderAndKeepsWhatStoodBefore) 
         record->FromXml("<S><ProjectID>4</ProjectID><SynchronisationLastDate>never</SynchronisationLastDate></S>"),
         False);
     EXPECT_EQ(record->ProjectID(), 4);
-    EXPECT_EQ(session.TakeFailures(), "SynchronisationCls FromXml 13\n");
+    EXPECT_EQ(session.failures.Taken(), "SynchronisationCls/FromXml 13\n");
     EXPECT_EQ(record->FromXmlFile(session.Path("none.xml")), False);
-    EXPECT_EQ(session.TakeFailures(), "SynchronisationCls FromXmlFile 91\n");
+    EXPECT_EQ(session.failures.Taken(), "SynchronisationCls/FromXmlFile 91\n");
     record->ToXmlFile(session.Path("no/such/folder.xml"));
-    EXPECT_EQ(session.TakeFailures(), "SynchronisationCls ToXmlFile 76\n");
+    EXPECT_EQ(session.failures.Taken(), "SynchronisationCls/ToXmlFile 76\n");
 }
 
 TEST(SynchronisationCls, ClonesItsFields) {
