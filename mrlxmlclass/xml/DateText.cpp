@@ -37,18 +37,6 @@ std::optional<int> DigitsOnly(std::string_view text) {
     return number;
 }
 
-std::vector<std::string_view> Pieces(std::string_view text, std::string_view separators) {
-    std::vector<std::string_view> pieces;
-    while (true) {
-        const std::size_t start = text.find_first_not_of(separators);
-        if (start == std::string_view::npos) return pieces;
-        const std::size_t end = text.find_first_of(separators, start);
-        pieces.push_back(text.substr(start, end - start));
-        if (end == std::string_view::npos) return pieces;
-        text.remove_prefix(end);
-    }
-}
-
 /// The parts of a written date: one separator between two, blanks around it or in its place, one at the end at most.
 std::vector<std::string_view> DateParts(std::string_view text, std::string_view separators) {
     std::vector<std::string_view> parts;
@@ -68,10 +56,21 @@ int FullYear(std::string_view part, int year) {
     return year < 30 ? 2000 + year : 1900 + year;
 }
 
-/// The order of day, month and year in a pattern: the FormatKey letters.
+/// What a letter of a pattern stands for: "d", "m" or "y", whatever its case and in French too; else itself.
+char KeyOf(char letter) {
+    if (letter >= 'A' && letter <= 'Z') letter = static_cast<char>(letter - 'A' + 'a');
+    if (letter == 'j') return 'd';
+    if (letter == 'a') return 'y';
+    return letter;
+}
+
+/// The order of day, month and year in a pattern, by their letters.
 String OrderOf(std::string_view pattern) {
     String order;
-    for (const std::string_view part : Pieces(pattern, kDateSeparators)) order += Gloabal::FormatKey(part);
+    for (const char letter : pattern) {
+        const char key = KeyOf(letter);
+        if ((key == 'd' || key == 'm' || key == 'y') && (order.empty() || order.back() != key)) order += key;
+    }
     return order;
 }
 
@@ -153,11 +152,11 @@ String FormatDate(Date date, std::string_view pattern) {
     for (std::size_t i = 0; i < pattern.size();) {
         const char letter = pattern[i];
         const std::size_t end = std::min(pattern.find_first_not_of(letter, i), pattern.size());
-        switch (letter) {
+        switch (KeyOf(letter)) {
             case 'd':
                 AppendNumber(text, day.day_of_month(), end - i);
                 break;
-            case 'M':
+            case 'm':
                 AppendNumber(text, day.month(), end - i);
                 break;
             case 'y':
@@ -219,10 +218,7 @@ String GetSeparator(std::string_view format) {
 }
 
 String FormatKey(std::string_view part) {
-    const String letter = LowerCase(part.substr(0, 1));
-    if (letter == "j") return "d";
-    if (letter == "a") return "y";
-    return letter;
+    return part.empty() ? String() : String(1, KeyOf(part[0]));
 }
 
 void SetALLFormat(const String& p_cur_date_format, const String& p_sys_date_format, Ref<Dictionary>& p_sys,

@@ -40,6 +40,12 @@ TEST(FormatDate, WritesEachPatternWithAFourDigitYear) {
     }
 }
 
+TEST(FormatDate, UnderstandsThePatternLettersThatFileFormatsMayHave) {
+    EXPECT_EQ(FormatDate(Date::Of(2026, 3, 2), "DD/MM/YYYY"), "02/03/2026");
+    EXPECT_EQ(FormatDate(Date::Of(2026, 3, 2), "jj/mm/aaaa"), "02/03/2026");
+    EXPECT_EQ(ParseDate("02/03/2026", "JJ/MM/AAAA"), Date::Of(2026, 3, 2));
+}
+
 TEST(FormatDate, AddsTheTimeUnlessItIsMidnight) {
     EXPECT_EQ(FormatDate(Date(Date::Of(2026, 3, 2).days() + kHalfPastTwo), "M/d/yyyy"), "3/2/2026 14:30:00");
     EXPECT_EQ(FormatDate(Date(Date::Of(2026, 3, 2).days() + 1.0 / 86400), "M/d/yyyy"), "3/2/2026 00:00:01");
