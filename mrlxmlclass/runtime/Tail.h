@@ -19,8 +19,8 @@ public:
         Empty,  ///< the empty value of its type: False, 0, "", nothing
         SoFar,  ///< its result as it stood when the failure came
     };
-    static constexpr int kNone = 0;  ///< no number is silent
-    static constexpr int kAll = -1;  ///< every failure is silent
+    static constexpr int kNone = -2;  ///< no number is silent
+    static constexpr int kAll = -1;   ///< every failure is silent
 
     constexpr explicit FailureTail(const char* class_label, Gives gives = Gives::Empty, int silent = kNone)
         : class_label_(class_label), gives_(gives), silent_(silent) {}

@@ -1,0 +1,88 @@
+#include "mrlxmlclass/items/NamedItemCol.h"
+
+#include "mrlxmlclass/items/Kinds_internal.h"
+#include "mrlxmlclass/items/PlanItem_internal.h"
+#include "mrlxmlclass/items/Relation_internal.h"
+#include "mrlxmlclass/runtime/Tail.h"
+#include "mrlxmlclass/tasks/TasksCol.h"
+
+namespace mrlxmlclass {
+namespace {
+
+constexpr FailureTail::Gives kSoFar = FailureTail::Gives::SoFar;
+template <class Self>
+constexpr FailureTail kTail{SectionOf<Self>::row.label, kSoFar};
+template <class Self>
+constexpr FailureTail kAssigningTail{SectionOf<Self>::row.assigning, kSoFar};
+
+template <class Self>
+struct Members;
+template <>
+struct Members<GoalsCol> {
+    static constexpr const char* assigne = "AssigneGoal";
+    static constexpr const char* unassigne = "UnAssigneGoal";
+};
+template <>
+struct Members<obstaclesCol> {
+    static constexpr const char* assigne = "AssigneObstacles";
+    static constexpr const char* unassigne = "UnAssigneObstacles";
+};
+
+}  // namespace
+
+template <class Self, class ItemOf, class Relations>
+Boolean NamedItemCol<Self, ItemOf, Relations>::Assigne(const String& item_key, Integer TaskKey,
+                                                       const Ref<TasksCol>& oTaskCol, const Ref<Relations>& relations) {
+    return kAssigningTail<Self>.template Run<Boolean>(Members<Self>::assigne, [&](Boolean& result) {
+        const auto relation = Make<typename Relations::Held>();
+        In(relation).IncrementID(this->oPublicStaticCls);
+        relation->TaskKey(TaskKey);
+        In(relation).item_key(Conversions::StringToLong(item_key));
+        const Ref<ItemOf> item = In(static_cast<Self&>(*this)).Find(item_key);
+        In(item).ReadRelations()->AddItem(relation);
+        relations->AddItem(relation);
+        item->Tasks()->AddItem(oTaskCol->Item(TaskKey));
+        result = True;
+    });
+}
+
+template <class Self, class ItemOf, class Relations>
+Boolean NamedItemCol<Self, ItemOf, Relations>::UnAssigne(const Variant& item_key, const Variant& TaskKey,
+                                                         const Ref<TasksCol>& /*oTaskCol*/,
+                                                         const Ref<Relations>& relations) {
+    return kAssigningTail<Self>.template Run<Boolean>(Members<Self>::unassigne, [&](Boolean& result) {
+        const Ref<ItemOf> item = In(static_cast<Self&>(*this)).Find(item_key.Key());
+        const Variant key = item->FindRelationKey(TaskKey, relations);
+        if (key.is_empty()) return;
+        In(item).ReadRelations()->Remove(key);
+        // The copy of the task becomes a candidate of the item's own list, and stays there.
+        item->Tasks()->Remove(TaskKey, {}, {}, {}, {}, {}, {}, /*ForceDelete=*/False, /*p_sort=*/True,
+                              /*p_arrange=*/True);
+        relations->Remove(key);
+        result = True;
+    });
+}
+
+template <class Self, class ItemOf, class Relations>
+Boolean NamedItemCol<Self, ItemOf, Relations>::RemoveTasksRelations(const Variant& TaskKey,
+                                                                    const Ref<Relations>& TaskRelations,
+                                                                    const Ref<TasksCol>& oTaskCol) {
+    return kTail<Self>.template Run<Boolean>("RemoveTasksRelations", [&](Boolean& result) {
+        for (const auto& entry : this->NewEnum()) UnAssigne(In(entry.item).key(), TaskKey, oTaskCol, TaskRelations);
+        result = True;
+    });
+}
+
+template <class Self, class ItemOf, class Relations>
+Boolean NamedItemCol<Self, ItemOf, Relations>::SetTasksCollectionOf(const char* member_label, const Variant& item_key,
+                                                                    const Ref<Relations>& relations,
+                                                                    const Ref<TasksCol>& oTaskCol) {
+    return kTail<Self>.template Run<Boolean>(member_label, [&](Boolean& result) {
+        result = In(static_cast<Self&>(*this)).Find(item_key.Key())->SetTasksCollection(relations, oTaskCol);
+    });
+}
+
+template class NamedItemCol<GoalsCol, GoalsCls, TaskGoalRelationCol>;
+template class NamedItemCol<obstaclesCol, ObstaclesCls, TaskObstaclesRelationCol>;
+
+}  // namespace mrlxmlclass

@@ -1,0 +1,115 @@
+#include "mrlxmlclass/items/PlanItem.h"
+
+#include "mrlxmlclass/items/Kinds_internal.h"
+#include "mrlxmlclass/items/PlanItem_internal.h"
+#include "mrlxmlclass/items/Relation_internal.h"
+#include "mrlxmlclass/runtime/Tail.h"
+#include "mrlxmlclass/tasks/TasksCol_internal.h"
+
+namespace mrlxmlclass {
+namespace {
+
+template <class Self>
+constexpr ItemRow kRow = ItemKind<Self>::row;
+template <class Self>
+constexpr FailureTail kTail{LabelOf<Self>::label, FailureTail::Gives::SoFar};
+
+}  // namespace
+
+template <class Self, class Relations, class FieldsOf>
+Ref<TasksCol> PlanItem<Self, Relations, FieldsOf>::Tasks() {
+    return kTail<Self>.template Run<Ref<TasksCol>>(
+        "Tasks", [&](Ref<TasksCol>& result) { result = f_.Tasks.ReadOr([] { return Make<TasksCol>(); }); });
+}
+
+template <class Self, class Relations, class FieldsOf>
+Boolean PlanItem<Self, Relations, FieldsOf>::SetTasksCollection(const Ref<Relations>& oTaskRelationcol,
+                                                                const Ref<TasksCol>& TaskCol) {
+    constexpr ItemRow row = kRow<Self>;
+    return kTail<Self>.As(row.wiring).template Run<Boolean>("SetTasksCollection", [&](Boolean& result) {
+        if (row.drops_copies) {
+            f_.Tasks.Set({});
+        } else {
+            In(Tasks()).RemoveALL();
+        }
+        if (const Ref<Relations> own = Internal(*this).PeekRelations()) {
+            for (const auto& entry : own->NewEnum()) {
+                const auto relation = oTaskRelationcol->Item(entry.item->elementKey());
+                if (row.wants_relation && !relation) continue;
+                const Ref<TasksCls> task = TaskCol->Item(relation->TaskKey());
+                if (row.wants_task && !task) continue;
+                Tasks()->AddItem(task);
+            }
+        }
+        result = True;
+    });
+}
+
+template <class Self, class Relations, class FieldsOf>
+Boolean PlanItem<Self, Relations, FieldsOf>::TaskAssigned(const Variant& TaskKey, const Ref<Relations>& cTaskRelation) {
+    return kTail<Self>.template Run<Boolean>("TaskAssigned", [&](Boolean& result) {
+        result = !Internal(*this).FirstRelationTo(TaskKey.Key(), cTaskRelation).none();
+    });
+}
+
+template <class Self, class Relations, class FieldsOf>
+Variant PlanItem<Self, Relations, FieldsOf>::FindRelationKey(const Variant& TaskKey,
+                                                             const Ref<Relations>& cTaskRelation) {
+    return kTail<Self>.template Run<Variant>("FindRelationKey", [&](Variant& result) {
+        const KeyText key = Internal(*this).FirstRelationTo(TaskKey.Key(), cTaskRelation);
+        if (!key.none()) result = key.text();
+    });
+}
+
+template <class Self, class Relations, class FieldsOf>
+KeyText PlanItem<Self, Relations, FieldsOf>::Internal::FirstRelationTo(const KeyText& task,
+                                                                       const Ref<Relations>& project) const {
+    const Ref<Relations> own = PeekRelations();
+    if (!own) return {};
+    for (const auto& entry : own->NewEnum()) {
+        const auto relation = project->Item(entry.item->elementKey());
+        if (relation && KeyText(relation->TaskKey()) == task) return KeyText(relation->elementKey());
+    }
+    return {};
+}
+
+template <class Self, class Relations, class FieldsOf>
+Boolean PlanItem<Self, Relations, FieldsOf>::Internal::IncrementID(const Ref<StaticCls>& oPublicStaticCls) {
+    return kTail<Self>.template Run<Boolean>("IncrementID", [&](Boolean& result) {
+        f_.key = IssueKey(oPublicStaticCls, kRow<Self>.counter, kRow<Self>.draws_from);
+        result = True;
+    });
+}
+
+template <class Self, class Relations, class FieldsOf>
+void PlanItem<Self, Relations, FieldsOf>::Internal::WriteKey(RecordWriter& out) const {
+    out.Write(kRow<Self>.key_element, f_.key);
+}
+
+template <class Self, class Relations, class FieldsOf>
+void PlanItem<Self, Relations, FieldsOf>::Internal::WriteRelations(RecordWriter& out) const {
+    if (!f_.relations.valid) return;
+    const dom::Node wrapper = out.Wrapper(kRow<Self>.relations_element);
+    if (const Ref<Relations> own = PeekRelations()) own->ToXmlInt(out.document(), wrapper, /*onlykey=*/True);
+}
+
+template <class Self, class Relations, class FieldsOf>
+void PlanItem<Self, Relations, FieldsOf>::Internal::ReadKey(RecordReader& in, const Reading& reading) {
+    if (in.Read(kRow<Self>.key_element, f_.key)) In(reading.counters).RaiseTo(kRow<Self>.counter, f_.key);
+}
+
+template <class Self, class Relations, class FieldsOf>
+void PlanItem<Self, Relations, FieldsOf>::Internal::ReadRelationKeys(RecordReader& in, const Reading& reading) {
+    if (reading.for_lib || !in.At(kRow<Self>.relations_element)) return;
+    const auto own = Make<Relations>();
+    In(own).FromXmlInt(in.position(), in.position().firstChild(), /*onlykey=*/True);
+    if (kRow<Self>.lends_counters) own->oPublicStaticCls = reading.counters;
+    f_.relations.Let(own);
+    in.Step();
+}
+
+template class PlanItem<peopleCls, TaskAssigmentRelationCol, PersonFields>;
+template class PlanItem<GoalsCls, TaskGoalRelationCol, NamedItemFields<TaskGoalRelationCol>>;
+template class PlanItem<ObstaclesCls, TaskObstaclesRelationCol, NamedItemFields<TaskObstaclesRelationCol>>;
+
+}  // namespace mrlxmlclass

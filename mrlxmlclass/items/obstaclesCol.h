@@ -1,0 +1,30 @@
+#pragma once
+
+#include "mrlxmlclass/items/NamedItemCol.h"
+#include "mrlxmlclass/items/ObstaclesCls.h"
+
+namespace mrlxmlclass {
+
+/// Obstacles: all of the project's, or copies of those of one task.
+class obstaclesCol : public NamedItemCol<obstaclesCol, ObstaclesCls, TaskObstaclesRelationCol> {
+public:
+    /// Ties an obstacle to a task on the obstacle's side and in `oTaskObstaclesCol`. The task's own side is for
+    /// TasksCol::AddObstacles, which raises the event. Gives True.
+    Boolean AssigneObstacles(const String& Obstacleskey, Integer TaskKey, const Ref<TasksCol>& oTaskCol,
+                             const Ref<TaskObstaclesRelationCol>& oTaskObstaclesCol) {
+        return Assigne(Obstacleskey, TaskKey, oTaskCol, oTaskObstaclesCol);
+    }
+    /// Unties them there; the task's own side is for TasksCol::RemoveAssigendObstacles. False when they are not tied.
+    Boolean UnAssigneObstacles(const Variant& Obstacleskey, const Variant& TaskKey, const Ref<TasksCol>& oTaskCol,
+                               const Ref<TaskObstaclesRelationCol>& oTaskObstaclesCol) {
+        return UnAssigne(Obstacleskey, TaskKey, oTaskCol, oTaskObstaclesCol);
+    }
+    /// Fills the `Tasks` of one obstacle anew.
+    Boolean SetTasksCollectionByID(const Variant& p_obstacleId,
+                                   const Ref<TaskObstaclesRelationCol>& oTaskObstaclesRelationcol,
+                                   const Ref<TasksCol>& oTaskCol) {
+        return SetTasksCollectionOf("SetTasksCollectionByID", p_obstacleId, oTaskObstaclesRelationcol, oTaskCol);
+    }
+};
+
+}  // namespace mrlxmlclass
