@@ -1,0 +1,52 @@
+#include <benchmark/benchmark.h>
+
+#include <cstdio>
+#include <map>
+#include <string>
+
+namespace {
+
+/// Prints what is measured, and at the end the ratios that count.
+class RatioReporter : public benchmark::ConsoleReporter {
+public:
+    void ReportRuns(const std::vector<Run>& runs) override {
+        for (const Run& run : runs) {
+            if (run.run_type == Run::RT_Iteration) times_[run.benchmark_name()] = run.GetAdjustedCPUTime();
+        }
+        ConsoleReporter::ReportRuns(runs);
+    }
+    void Finalize() override {
+        Ratio("Load/10000", "BareParse/10000", "at most 5");
+        Ratio("Save/10000", "BareElevenSaves/10000", "at most 1.5");
+        Ratio("Load/30000", "Load/1000", "linear: 30");
+        Ratio("Save/30000", "Save/1000", "linear: 30");
+        Ratio("Add/30000", "Add/1000", "linear: 30");
+        Ratio("AddItem/30000", "AddItem/1000", "linear: 30");
+        Ratio("AddTaskParentForAll/30000", "AddTaskParentForAll/1000", "linear: 30");
+        Ratio("ItemByNumber/30000", "ItemByNumber/1000", "constant: 1");
+        Ratio("ItemByText/30000", "ItemByText/1000", "constant: 1");
+        ConsoleReporter::Finalize();
+    }
+
+private:
+    void Ratio(const std::string& measured, const std::string& against, const char* wanted) const {
+        const auto over = times_.find(measured);
+        const auto under = times_.find(against);
+        if (over == times_.end() || under == times_.end()) return;
+        std::printf("%-28s / %-28s = %7.2f  (%s)\n", measured.c_str(), against.c_str(), over->second / under->second,
+                    wanted);
+    }
+
+    std::map<std::string, double> times_;
+};
+
+}  // namespace
+
+int main(int argc, char** argv) {
+    benchmark::Initialize(&argc, argv);
+    if (benchmark::ReportUnrecognizedArguments(argc, argv)) return 2;
+    RatioReporter reporter;
+    benchmark::RunSpecifiedBenchmarks(&reporter);
+    benchmark::Shutdown();
+    return 0;
+}
