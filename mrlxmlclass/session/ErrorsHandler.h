@@ -21,6 +21,7 @@ public:
 class ErrorsHandler : public Counted {
 public:
     ErrorsHandler();
+    ~ErrorsHandler() override;
 
     /// Path of the error file; at first SendToSupport.xml in the program's folder.
     String ErrFileName() const { return ErrFileName_; }
@@ -40,8 +41,6 @@ public:
     EventSource<ErrorsHandlerEvents> Events;
 
 private:
-    ~ErrorsHandler() override;
-
     void Record(const String& ErrDescription, const String& ErrNumber, const String& ClassSource,
                 const String& FunctionSource);
 

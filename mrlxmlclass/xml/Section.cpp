@@ -28,7 +28,7 @@ void Seed(const Ref<dom::Document>& document, std::string_view root_name, std::s
 }  // namespace
 
 Ref<dom::Document> WriteSection(const SectionShape& shape, const SectionOrder& order, const BodyWriter& write_body) {
-    const Ref<dom::Document> document = order.document ? order.document : Make<dom::Document>();
+    Ref<dom::Document> document = order.document ? order.document : Make<dom::Document>();
     if (order.header) {
         Seed(document, shape.seed, DeclarationText(shape.declaration, order.unicode));
     } else if (order.file_exists) {
