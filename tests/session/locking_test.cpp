@@ -117,7 +117,7 @@ TEST_F(CreateLockFile, RecordsAFolderThatIsNotThereAndGoesOnAsWritable) {
     EXPECT_EQ(locking::CreateLockFile(session.Path("missing/p.prx")), False);
     EXPECT_EQ(Module().g_ReadOnly, False);
     EXPECT_EQ(Module().g_LockFileName, "");
-    EXPECT_EQ(session.TakeFailures(), "locking CreateLockFile 76\n");
+    EXPECT_EQ(session.failures.Taken(), "locking/CreateLockFile 76\n");
 }
 
 // Also what the later of two openers meets when both saw the file free.
@@ -126,7 +126,7 @@ TEST_F(CreateLockFile, RecordsALockThatItMayNotMakeAndGoesOnAsWritable) {
     EXPECT_EQ(locking::CreateLockFile(project), False);
     EXPECT_EQ(Module().g_ReadOnly, False);
     EXPECT_EQ(Module().g_LockFileName, "");
-    EXPECT_EQ(session.TakeFailures(), "locking CreateLockFile 70\n");
+    EXPECT_EQ(session.failures.Taken(), "locking/CreateLockFile 70\n");
 }
 
 TEST_F(CreateLockFile, GivesReadOnlyWhenAFolderStandsWhereTheLockShould) {
@@ -212,7 +212,7 @@ TEST_F(EndReadOnly, RecordsAFileThatCannotBeDeletedAndTriesAgainNextTime) {
     locking::CreateLockFile(project);
     session.faults.FailAt(FileCall::Release, 1, failure::kPermissionDenied);
     EXPECT_EQ(locking::EndReadOnly(), False);
-    EXPECT_EQ(session.TakeFailures(), "locking EndReadOnly 70\n");
+    EXPECT_EQ(session.failures.Taken(), "locking/EndReadOnly 70\n");
     EXPECT_EQ(Module().g_LockFileName, lock_file);
 
     EXPECT_EQ(locking::EndReadOnly(), True);

@@ -180,7 +180,7 @@ TEST_F(SaveObject, RecordsANameThatCleansToNoElementNameAndStoresNothing) {
          {"/1/2.3", "~", "/a+b.prx", "/a?b", "/\"a\"", "/a|b", "/a=b", "/{a}", "/a\xC3\x97", "/a\xFF", "/a\nb"}) {
         SCOPED_TRACE(name);
         EXPECT_EQ(Save(Visiting({1}), name), False);
-        EXPECT_EQ(session.TakeFailures(), "Persist SaveObject 5\n");
+        EXPECT_EQ(session.failures.Taken(), "Persist/SaveObject 5\n");
         EXPECT_EQ(session.Read(kSideFile), "<?xml version='1.0'?><Persisting/>");
         EXPECT_EQ(Attributes(), kHiddenAndSystem);
     }
@@ -190,32 +190,32 @@ TEST_F(SaveObject, LeavesTheStoredStatesAloneWhenANameIsRefused) {
     Save(Visiting({1}), "/plans/house.prx");
     const String before = session.Read(kSideFile);
     EXPECT_EQ(Save(Visiting({2}), "/plans/a+b.prx"), False);
-    EXPECT_EQ(session.TakeFailures(), "Persist SaveObject 5\n");
+    EXPECT_EQ(session.failures.Taken(), "Persist/SaveObject 5\n");
     EXPECT_EQ(session.Read(kSideFile), before);
 }
 
 TEST_F(SaveObject, RecordsAnObjectThatIsNothing) {
     EXPECT_EQ(Save({}, "/plans/house.prx"), False);
-    EXPECT_EQ(session.TakeFailures(), "Persist SaveObject 91\n");
+    EXPECT_EQ(session.failures.Taken(), "Persist/SaveObject 91\n");
 }
 
 TEST_F(SaveObject, RecordsAFolderThatIsNotThere) {
     session.files.program_folder = session.Path("missing");
     EXPECT_EQ(Save(Visiting({1}), "/plans/house.prx"), False);
-    EXPECT_EQ(session.TakeFailures(), "Persist SaveObject 76\n");
+    EXPECT_EQ(session.failures.Taken(), "Persist/SaveObject 76\n");
 }
 
 TEST_F(SaveObject, RecordsAFolderInWhichNothingCanBeMade) {
     session.faults.FailAt(FileCall::Create, 1, failure::kPermissionDenied);
     EXPECT_EQ(Save(Visiting({1}), "/plans/house.prx"), False);
-    EXPECT_EQ(session.TakeFailures(), "Persist SaveObject 70\n");
+    EXPECT_EQ(session.failures.Taken(), "Persist/SaveObject 70\n");
     EXPECT_FALSE(session.Exists(kSideFile));
 }
 
 TEST_F(SaveObject, RecordsAFolderInThePlaceOfTheFile) {
     ASSERT_TRUE(std::filesystem::create_directory(session.Path(kSideFile)));
     EXPECT_EQ(Save(Visiting({1}), "/plans/house.prx"), False);
-    EXPECT_EQ(session.TakeFailures(), "Persist SaveObject 75\n");
+    EXPECT_EQ(session.failures.Taken(), "Persist/SaveObject 75\n");
     EXPECT_EQ(Attributes(), 0);
 }
 
@@ -223,7 +223,7 @@ TEST_F(SaveObject, HidesTheFileAgainAfterAWriteThatFailed) {
     Save(Visiting({1}), "/plans/house.prx");
     session.faults.FailAt(FileCall::WriteAt, 1);
     EXPECT_EQ(Save(Visiting({2}), "/plans/house.prx"), False);
-    EXPECT_EQ(session.TakeFailures(), "Persist SaveObject 57\n");
+    EXPECT_EQ(session.failures.Taken(), "Persist/SaveObject 57\n");
     EXPECT_EQ(Attributes(), kHiddenAndSystem);
 }
 
@@ -236,7 +236,7 @@ TEST_F(SaveObject, GoesOnAtTheNextSaveWhicheverFileCallFailed) {
         Save(Visiting({1}), "/plans/house.prx");
         const bool failed = session.faults.Failed();
         session.faults.Heal();
-        session.TakeFailures();
+        session.failures.Taken();
         Save(Visiting({2}), "/plans/house.prx");
         EXPECT_EQ(Restored("/plans/house.prx"), "|;Go|");
         EXPECT_EQ(Attributes(), kHiddenAndSystem);
@@ -317,7 +317,7 @@ TEST_F(GetObject, LeavesTheObjectToRecordAStateThatIsIncomplete) {
                   "</planshouseprx></Steps></Persisting>");
     const auto restored = Fresh();
     Get(restored, "/plans/house.prx");
-    EXPECT_EQ(session.TakeFailures(), "Steps SetPropertiesValues 91\n");
+    EXPECT_EQ(session.failures.Taken(), "Steps/SetPropertiesValues 91\n");
     EXPECT_TRUE(StepVisited(restored->NameStep()));
     EXPECT_EQ(restored->Sequence(), "|");
     EXPECT_EQ(Attributes(), kHiddenAndSystem);
@@ -341,7 +341,7 @@ TEST_F(GetObject, FindsNothingUnderANameThatIsNone) {
 TEST_F(GetObject, RecordsAnObjectThatIsNothingAndHidesTheFileAgain) {
     Save(Visiting({1}), "/plans/house.prx");
     EXPECT_EQ(Get({}, "/plans/house.prx"), False);
-    EXPECT_EQ(session.TakeFailures(), "Persist GetObject 91\n");
+    EXPECT_EQ(session.failures.Taken(), "Persist/GetObject 91\n");
     EXPECT_EQ(Attributes(), kHiddenAndSystem);
 }
 
@@ -349,7 +349,7 @@ TEST_F(GetObject, RecordsAttributesThatCannotBeCleared) {
     Save(Visiting({1}), "/plans/house.prx");
     session.faults.FailAt(FileCall::SetAttributes, 1, failure::kPermissionDenied);
     EXPECT_EQ(Restored("/plans/house.prx"), "|");
-    EXPECT_EQ(session.TakeFailures(), "Persist GetObject 70\n");
+    EXPECT_EQ(session.failures.Taken(), "Persist/GetObject 70\n");
 }
 
 }  // namespace

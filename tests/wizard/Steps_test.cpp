@@ -76,7 +76,7 @@ TEST_F(StepProperties, RefuseAnythingButAPairAndRecordIt) {
 
     EXPECT_EQ(steps->TaskStep(), (VariantArray{7, False}));
     EXPECT_EQ(steps->NameStep(), (VariantArray{0, False}));
-    EXPECT_EQ(session.TakeFailures(), "Steps TaskStep 9\nSteps GantStep 9\nSteps NameStep 9\n");
+    EXPECT_EQ(session.failures.Taken(), "Steps/TaskStep 9\nSteps/GantStep 9\nSteps/NameStep 9\n");
 }
 
 TEST_F(StepProperties, HandOutACopy) {
@@ -224,7 +224,7 @@ TEST_F(SetPropertiesValues, RecordsEachMissingChildAndKeepsWhatWasReadBefore) {
         steps->InitSteps();
         steps->SetPropertiesValues(root);
 
-        EXPECT_EQ(session.TakeFailures(), "Steps SetPropertiesValues 91\n");
+        EXPECT_EQ(session.failures.Taken(), "Steps/SetPropertiesValues 91\n");
         const std::size_t read = std::min<std::size_t>(missing, 9);
         EXPECT_EQ(Visits(steps), String(read, 'x') + String(9 - read, '.'));
         EXPECT_EQ(steps->Sequence(), missing == 10 ? "true|" : "|");
@@ -234,7 +234,7 @@ TEST_F(SetPropertiesValues, RecordsEachMissingChildAndKeepsWhatWasReadBefore) {
 
 TEST_F(SetPropertiesValues, RecordsANodeThatIsNotThere) {
     steps->SetPropertiesValues(dom::Node());
-    EXPECT_EQ(session.TakeFailures(), "Steps SetPropertiesValues 91\n");
+    EXPECT_EQ(session.failures.Taken(), "Steps/SetPropertiesValues 91\n");
     EXPECT_EQ(Visits(steps), ".........");
 }
 
@@ -247,7 +247,7 @@ TEST_F(SetPropertiesValues, RecordsALastStepThatIsNoInteger) {
         SCOPED_TRACE(row.text);
         steps->LastVisitedStep(3);
         Read(none, "|;Na", row.text);
-        EXPECT_EQ(session.TakeFailures(), String("Steps SetPropertiesValues ") + row.number + "\n");
+        EXPECT_EQ(session.failures.Taken(), String("Steps/SetPropertiesValues ") + row.number + "\n");
         EXPECT_EQ(steps->LastVisitedStep(), 3);
         EXPECT_TRUE(steps->Sequence().starts_with("|;Na"));
     }
