@@ -10,9 +10,9 @@ namespace mrlxmlclass {
 /// unknown element stops all behind it, without an error.
 class RecordReader {
 public:
-    explicit RecordReader(dom::Node first) : at_(first) {}
+    explicit RecordReader(dom::Node first) : at_(first), name_(first.baseName()) {}
 
-    bool At(std::string_view name) const { return at_ && at_.baseName() == name; }
+    bool At(std::string_view name) const { return name_ == name; }
 
     template <class T>
     bool Read(std::string_view name, T& value) {
@@ -38,13 +38,17 @@ public:
         Step();
         return text;
     }
-    void Step() { at_ = Conversions::MoveNextSiblingElement(at_); }
+    void Step() {
+        at_ = Conversions::MoveNextSiblingElement(at_);
+        name_ = at_.baseName();
+    }
 
     /// Where the reader stands: the element that it did not take, or null at the end.
     dom::Node position() const { return at_; }
 
 private:
     dom::Node at_;
+    std::string_view name_;  // of at_, which most look-ups only compare
 };
 
 }  // namespace mrlxmlclass
