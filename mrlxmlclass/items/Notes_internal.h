@@ -2,6 +2,7 @@
 
 #include "mrlxmlclass/items/NotesCol.h"
 #include "mrlxmlclass/items/RecordCol_internal.h"
+#include "mrlxmlclass/runtime/In.h"
 #include "mrlxmlclass/xml/RecordReader.h"
 #include "mrlxmlclass/xml/RecordWriter.h"
 
@@ -33,18 +34,5 @@ public:
 private:
     Fields& f_;
 };
-
-inline NotesCls::Internal In(NotesCls& note) {
-    return NotesCls::Internal(note);
-}
-inline NotesCls::Internal In(const Ref<NotesCls>& note) {
-    return In(*note);
-}
-inline NotesCol::Internal In(NotesCol& notes) {
-    return NotesCol::Internal(notes);
-}
-inline NotesCol::Internal In(const Ref<NotesCol>& notes) {
-    return In(*notes);
-}
 
 }  // namespace mrlxmlclass

@@ -4,6 +4,7 @@
 #include "mrlxmlclass/items/PeopleCol.h"
 #include "mrlxmlclass/items/RecordCol_internal.h"
 #include "mrlxmlclass/items/obstaclesCol.h"
+#include "mrlxmlclass/runtime/In.h"
 #include "mrlxmlclass/tasks/Sorting.h"
 #include "mrlxmlclass/xml/RecordReader.h"
 #include "mrlxmlclass/xml/RecordWriter.h"
@@ -89,42 +90,5 @@ public:
     /// The key of the first goal of exactly that name; 0 when there is none.
     Long FindGoalKeys(const String& name) const;
 };
-
-inline peopleCls::Internal In(peopleCls& person) {
-    return peopleCls::Internal(person);
-}
-inline GoalsCls::Internal In(GoalsCls& goal) {
-    return GoalsCls::Internal(goal);
-}
-inline ObstaclesCls::Internal In(ObstaclesCls& obstacle) {
-    return ObstaclesCls::Internal(obstacle);
-}
-inline PeopleCol::Internal In(PeopleCol& people) {
-    return PeopleCol::Internal(people);
-}
-inline GoalsCol::Internal In(GoalsCol& goals) {
-    return GoalsCol::Internal(goals);
-}
-inline obstaclesCol::Internal In(obstaclesCol& obstacles) {
-    return obstaclesCol::Internal(obstacles);
-}
-inline peopleCls::Internal In(const Ref<peopleCls>& person) {
-    return In(*person);
-}
-inline GoalsCls::Internal In(const Ref<GoalsCls>& goal) {
-    return In(*goal);
-}
-inline ObstaclesCls::Internal In(const Ref<ObstaclesCls>& obstacle) {
-    return In(*obstacle);
-}
-inline PeopleCol::Internal In(const Ref<PeopleCol>& people) {
-    return In(*people);
-}
-inline GoalsCol::Internal In(const Ref<GoalsCol>& goals) {
-    return In(*goals);
-}
-inline obstaclesCol::Internal In(const Ref<obstaclesCol>& obstacles) {
-    return In(*obstacles);
-}
 
 }  // namespace mrlxmlclass

@@ -7,6 +7,7 @@
 #include "mrlxmlclass/items/TaskGoalRelationCol.h"
 #include "mrlxmlclass/items/TaskNoteRelationCol.h"
 #include "mrlxmlclass/items/TaskObstaclesRelationCol.h"
+#include "mrlxmlclass/runtime/In.h"
 #include "mrlxmlclass/xml/RecordReader.h"
 #include "mrlxmlclass/xml/RecordWriter.h"
 
@@ -63,54 +64,5 @@ public:
 private:
     RelationCol& relations_;
 };
-
-inline TaskGoalRelationCls::Internal In(TaskGoalRelationCls& relation) {
-    return TaskGoalRelationCls::Internal(relation);
-}
-inline TaskObstaclesRelationCls::Internal In(TaskObstaclesRelationCls& relation) {
-    return TaskObstaclesRelationCls::Internal(relation);
-}
-inline TaskAssigmentRelationCls::Internal In(TaskAssigmentRelationCls& relation) {
-    return TaskAssigmentRelationCls::Internal(relation);
-}
-inline TaskNoteRelationCls::Internal In(TaskNoteRelationCls& relation) {
-    return TaskNoteRelationCls::Internal(relation);
-}
-inline TaskGoalRelationCol::Internal In(TaskGoalRelationCol& relations) {
-    return TaskGoalRelationCol::Internal(relations);
-}
-inline TaskObstaclesRelationCol::Internal In(TaskObstaclesRelationCol& relations) {
-    return TaskObstaclesRelationCol::Internal(relations);
-}
-inline TaskAssigmentRelationCol::Internal In(TaskAssigmentRelationCol& relations) {
-    return TaskAssigmentRelationCol::Internal(relations);
-}
-inline TaskNoteRelationCol::Internal In(TaskNoteRelationCol& relations) {
-    return TaskNoteRelationCol::Internal(relations);
-}
-inline TaskGoalRelationCls::Internal In(const Ref<TaskGoalRelationCls>& relation) {
-    return In(*relation);
-}
-inline TaskObstaclesRelationCls::Internal In(const Ref<TaskObstaclesRelationCls>& relation) {
-    return In(*relation);
-}
-inline TaskAssigmentRelationCls::Internal In(const Ref<TaskAssigmentRelationCls>& relation) {
-    return In(*relation);
-}
-inline TaskNoteRelationCls::Internal In(const Ref<TaskNoteRelationCls>& relation) {
-    return In(*relation);
-}
-inline TaskGoalRelationCol::Internal In(const Ref<TaskGoalRelationCol>& relations) {
-    return In(*relations);
-}
-inline TaskObstaclesRelationCol::Internal In(const Ref<TaskObstaclesRelationCol>& relations) {
-    return In(*relations);
-}
-inline TaskAssigmentRelationCol::Internal In(const Ref<TaskAssigmentRelationCol>& relations) {
-    return In(*relations);
-}
-inline TaskNoteRelationCol::Internal In(const Ref<TaskNoteRelationCol>& relations) {
-    return In(*relations);
-}
 
 }  // namespace mrlxmlclass

@@ -11,13 +11,6 @@ namespace {
 
 constexpr FailureTail kTail{"TasksCls"};
 
-/// The object in a field, made on first read.
-template <class T>
-Ref<T> MadeOnRead(Ref<T>& field) {
-    if (!field) field = Make<T>();
-    return field;
-}
-
 /// What stands in a collection that may be absent.
 template <class Col>
 typename Col::Store ItemsOf(const Ref<Col>& col) {

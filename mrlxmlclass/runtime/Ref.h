@@ -81,4 +81,11 @@ Ref<T> Make(Args&&... args) {
     return Ref<T>(new T(std::forward<Args>(args)...));
 }
 
+/// What a field refers to, made on first read.
+template <class T>
+Ref<T> MadeOnRead(Ref<T>& field) {
+    if (!field) field = Make<T>();
+    return field;
+}
+
 }  // namespace mrlxmlclass

@@ -1,5 +1,6 @@
 #pragma once
 
+#include "mrlxmlclass/runtime/In.h"
 #include "mrlxmlclass/scheduling/CalendarCls.h"
 #include "mrlxmlclass/xml/DateText.h"
 
@@ -18,12 +19,5 @@ public:
 private:
     CalendarCls& self_;
 };
-
-inline CalendarCls::Internal In(CalendarCls& calendar) {
-    return CalendarCls::Internal(calendar);
-}
-inline CalendarCls::Internal In(const Ref<CalendarCls>& calendar) {
-    return CalendarCls::Internal(*calendar);
-}
 
 }  // namespace mrlxmlclass

@@ -21,12 +21,6 @@ namespace {
 
 constexpr FailureTail kTail{"Application"};
 
-template <class T>
-Ref<T> Lazily(Ref<T>& object) {
-    if (!object) object = Make<T>();
-    return object;
-}
-
 Integer AsInteger(const Variant& value) {
     if (const String* text = value.If<String>()) return Conversions::StringToInteger(*text);
     if (const double* number = value.If<double>()) return Integer(*number);
@@ -70,61 +64,61 @@ void Application::oPublicStaticCls(const Ref<StaticCls>& counters) {
     oPublicStaticCls_ = counters;
 }
 Ref<TasksCol> Application::xTaskCol() {
-    return Lazily(xTaskCol_);
+    return MadeOnRead(xTaskCol_);
 }
 void Application::xTaskCol(const Ref<TasksCol>& tasks) {
     xTaskCol_ = tasks;
 }
 Ref<TaskAssigmentRelationCol> Application::xTaskPeopleRelationcol() {
-    return Lazily(xTaskPeopleRelationcol_);
+    return MadeOnRead(xTaskPeopleRelationcol_);
 }
 void Application::xTaskPeopleRelationcol(const Ref<TaskAssigmentRelationCol>& relations) {
     xTaskPeopleRelationcol_ = relations;
 }
 Ref<TaskObstaclesRelationCol> Application::xTaskObstaclesRelationcol() {
-    return Lazily(xTaskObstaclesRelationcol_);
+    return MadeOnRead(xTaskObstaclesRelationcol_);
 }
 void Application::xTaskObstaclesRelationcol(const Ref<TaskObstaclesRelationCol>& relations) {
     xTaskObstaclesRelationcol_ = relations;
 }
 Ref<TaskNoteRelationCol> Application::xTaskNotesRelationcol() {
-    return Lazily(xTaskNotesRelationcol_);
+    return MadeOnRead(xTaskNotesRelationcol_);
 }
 void Application::xTaskNotesRelationcol(const Ref<TaskNoteRelationCol>& relations) {
     xTaskNotesRelationcol_ = relations;
 }
 Ref<TaskGoalRelationCol> Application::xTaskGoalRelationcol() {
-    return Lazily(xTaskGoalRelationcol_);
+    return MadeOnRead(xTaskGoalRelationcol_);
 }
 void Application::xTaskGoalRelationcol(const Ref<TaskGoalRelationCol>& relations) {
     xTaskGoalRelationcol_ = relations;
 }
 Ref<GoalsCol> Application::xGoalCol() {
-    return Lazily(xGoalCol_);
+    return MadeOnRead(xGoalCol_);
 }
 void Application::xGoalCol(const Ref<GoalsCol>& goals) {
     xGoalCol_ = goals;
 }
 Ref<obstaclesCol> Application::xObstaclesCol() {
-    return Lazily(xObstaclesCol_);
+    return MadeOnRead(xObstaclesCol_);
 }
 void Application::xObstaclesCol(const Ref<obstaclesCol>& obstacles) {
     xObstaclesCol_ = obstacles;
 }
 Ref<PeopleCol> Application::xPeopleCol() {
-    return Lazily(xPeopleCol_);
+    return MadeOnRead(xPeopleCol_);
 }
 void Application::xPeopleCol(const Ref<PeopleCol>& people) {
     xPeopleCol_ = people;
 }
 Ref<NotesCol> Application::xNoteCol() {
-    return Lazily(xNoteCol_);
+    return MadeOnRead(xNoteCol_);
 }
 void Application::xNoteCol(const Ref<NotesCol>& notes) {
     xNoteCol_ = notes;
 }
 Ref<ProjectsCls> Application::xProject() {
-    return Lazily(xProject_);
+    return MadeOnRead(xProject_);
 }
 void Application::xProject(const Ref<ProjectsCls>& project) {
     xProject_ = project;

@@ -1,5 +1,6 @@
 #pragma once
 
+#include "mrlxmlclass/runtime/In.h"
 #include "mrlxmlclass/session/StaticCls.h"
 
 namespace mrlxmlclass {
@@ -46,9 +47,5 @@ public:
 private:
     StaticCls& self_;
 };
-
-inline StaticCls::Internal In(const Ref<StaticCls>& counters) {
-    return StaticCls::Internal(*counters);
-}
 
 }  // namespace mrlxmlclass

@@ -1,5 +1,6 @@
 #pragma once
 
+#include "mrlxmlclass/runtime/In.h"
 #include "mrlxmlclass/tasks/TasksCls.h"
 #include "mrlxmlclass/xml/DateText.h"
 
@@ -95,12 +96,5 @@ private:
 
     Fields& f_;
 };
-
-inline TasksCls::Internal In(const Ref<TasksCls>& task) {
-    return TasksCls::Internal(*task);
-}
-inline TasksCls::Internal In(TasksCls& task) {
-    return TasksCls::Internal(task);
-}
 
 }  // namespace mrlxmlclass

@@ -2,6 +2,7 @@
 
 #include <span>
 
+#include "mrlxmlclass/runtime/In.h"
 #include "mrlxmlclass/runtime/Tail.h"
 #include "mrlxmlclass/session/ModuleState.h"
 #include "mrlxmlclass/tasks/TasksCls_internal.h"
@@ -61,13 +62,6 @@ public:
 private:
     TasksCol& self_;
 };
-
-inline TasksCol::Internal In(TasksCol& tasks) {
-    return TasksCol::Internal(tasks);
-}
-inline TasksCol::Internal In(const Ref<TasksCol>& tasks) {
-    return TasksCol::Internal(*tasks);
-}
 
 /// True while the host wants to hear events.
 inline bool Loud() {
