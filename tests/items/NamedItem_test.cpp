@@ -1,0 +1,134 @@
+#include "tests/items/Items.h"
+
+namespace mrlxmlclass::testing {
+namespace {
+
+TEST(GoalLink, IsRefusedWhileItsFlagIsDown) {
+    Items s;
+    const auto goal = Make<GoalsCls>();
+    const auto obstacle = Make<ObstaclesCls>();
+    EXPECT_EQ(goal->GoalLink(), "");
+    EXPECT_EQ(obstacle->ObstaclesLink(), "");
+    EXPECT_EQ(s.failures.Taken(), "GoalCls/GoalLink 1\nObstaclesCls/ObstaclesLink 1\n");
+    goal->GoalLink("plan.pdf");
+    EXPECT_EQ(goal->GoalLinkValid(), True);
+    EXPECT_EQ(goal->GoalLink(), "plan.pdf");
+    goal->GoalLinkValid(False);
+    goal->GoalLinkValid(True);
+    EXPECT_EQ(goal->GoalLink(), "");
+}
+
+TEST(GoalLink, KeepsTheLabelOfItsClassAndTellsTheReasonInFull) {
+    Items s;
+    (void)Make<GoalsCls>()->GoalLink();
+    const ErrorEntry entry = Module().g_ErrorsHandler->Log()->Error_Col()->Item(1);
+    EXPECT_EQ(entry.ClassSource(), "GoalCls");
+    EXPECT_TRUE(entry.ErrDescription().starts_with("The Property GoalLink is not valid set m_GoalLinkValid = true,"))
+        << entry.ErrDescription();
+    (void)s.failures.Taken();
+}
+
+TEST(GoalDescription, RaisesItsFlagAndLosesItsTextWithIt) {
+    Items s;
+    const auto goal = Make<GoalsCls>();
+    EXPECT_EQ(goal->GoalDescription(), "");
+    goal->GoalDescription("No accidents");
+    EXPECT_EQ(goal->sGoalDescriptionValid(), True);
+    goal->sGoalDescriptionValid(False);
+    EXPECT_EQ(goal->GoalDescription(), "");
+}
+
+TEST(TaskGoalRelation, IsMadeOnFirstReadAndRaisesTheFlag) {
+    Items s;
+    const auto goal = Make<GoalsCls>();
+    EXPECT_EQ(goal->TaskGoalRelationValid(), False);
+    const auto relations = goal->TaskGoalRelation();
+    EXPECT_EQ(goal->TaskGoalRelationValid(), True);
+    EXPECT_EQ(goal->TaskGoalRelation(), relations);
+    goal->TaskGoalRelationValid(False);
+    EXPECT_FALSE(goal->TaskGoalRelation() == relations);
+}
+
+TEST(NamedItemClone, SharesRelationsAndTasksEvenWhereThereAreNoneYet) {
+    Items s;
+    const auto goal = s.Goal("Safe", 4);
+    goal->Goalkey(2);
+    goal->GoalLink("l");
+    const auto clone = goal->Clone();
+    EXPECT_EQ(clone->GoalName(), "Safe");
+    EXPECT_EQ(clone->GoalPosition(), 4);
+    EXPECT_EQ(clone->Goalkey(), 2);
+    EXPECT_EQ(clone->GoalLink(), "l");
+    EXPECT_EQ(clone->TaskGoalRelationValid(), False);
+    EXPECT_EQ(clone->TaskGoalRelation(), goal->TaskGoalRelation());
+    EXPECT_EQ(clone->Tasks(), goal->Tasks());
+}
+
+TEST(NamedItemXml, WritesLinkDescriptionAndRelationsOnlyWhenTheirFlagsAreUp) {
+    Items s;
+    const auto goal = s.Goal("Safe", 2);
+    goal->Goalkey(7);
+    const String bare = goal->ToXml(False);
+    EXPECT_EQ(bare,
+              "<Goal><Goalkey>7</Goalkey><GoalPosition>2</GoalPosition><GoalName>Safe</GoalName></Goal>");
+    const auto read = Make<GoalsCls>();
+    EXPECT_EQ(read->FromXml(bare, s.counters), True);
+    EXPECT_EQ(read->GoalLinkValid(), False);
+    EXPECT_EQ(read->sGoalDescriptionValid(), False);
+    EXPECT_EQ(read->TaskGoalRelationValid(), False);
+    EXPECT_EQ(read->ToXml(False), bare);
+
+    goal->GoalLink("");
+    goal->GoalDescription("d");
+    goal->TaskGoalRelation()->Add("3");
+    const String full = goal->ToXml(False);
+    EXPECT_NE(full.find("<GoalDescription>d</GoalDescription><GoalTaskRelationKeys><Key>3</Key></GoalTaskRelationKeys>"),
+              String::npos)
+        << full;
+    EXPECT_EQ(read->FromXml(full, s.counters), True);
+    EXPECT_EQ(read->GoalLinkValid(), True);
+    EXPECT_EQ(read->ToXml(False), full);
+}
+
+TEST(NamedItemXml, NamesTheChildrenOfAnObstacleAsThatKindDoes) {
+    Items s;
+    const auto obstacle = Make<ObstaclesCls>();
+    obstacle->Obstacleskey(4);
+    obstacle->ObstaclesName("Rain");
+    obstacle->ObstaclesLink("l");
+    obstacle->ObstaclesDescription("d");
+    obstacle->TaskObstaclesRelation();
+    EXPECT_EQ(obstacle->ToXml(False),
+              "<Obstacle><Obstacleskey>4</Obstacleskey><ObstaclesPosition>0</ObstaclesPosition>"
+              "<ObstaclesName>Rain</ObstaclesName><ObstaclesLink>l</ObstaclesLink>"
+              "<ObstaclesDescription>d</ObstaclesDescription><ObstaclesTaskRelationKeys/></Obstacle>");
+}
+
+TEST(NamedItemXml, GivesTheCountersToTheRelationsOfAGoalOnly) {
+    Items s;
+    const auto goal = Make<GoalsCls>();
+    const auto obstacle = Make<ObstaclesCls>();
+    goal->FromXml("<Goal><GoalTaskRelationKeys><Key>3</Key></GoalTaskRelationKeys></Goal>", s.counters);
+    obstacle->FromXml("<Obstacle><ObstaclesTaskRelationKeys><Key>3</Key></ObstaclesTaskRelationKeys></Obstacle>",
+                      s.counters);
+    EXPECT_EQ(goal->TaskGoalRelation()->oPublicStaticCls, s.counters);
+    EXPECT_FALSE(obstacle->TaskObstaclesRelation()->oPublicStaticCls);
+    EXPECT_EQ(KeysOf(obstacle->TaskObstaclesRelation()), "3");
+    EXPECT_EQ(s.counters->GoalTaskRelationKeyValue(), 0);  // bare keys raise no counter
+}
+
+TEST(NamedItemXml, ReadForALibraryKeepsOnlyKeyPositionAndName) {
+    Items s;
+    const auto goal = Make<GoalsCls>();
+    EXPECT_EQ(goal->FromXml("<Goal><Goalkey>9</Goalkey><GoalName>n</GoalName><GoalLink>l</GoalLink>"
+                            "<GoalTaskRelationKeys><Key>3</Key></GoalTaskRelationKeys></Goal>",
+                            s.counters, True),
+              True);
+    EXPECT_EQ(goal->GoalName(), "n");
+    EXPECT_EQ(goal->GoalLinkValid(), False);
+    EXPECT_EQ(goal->TaskGoalRelationValid(), False);
+    EXPECT_EQ(s.counters->GoalKeyValue(), 9);
+}
+
+}  // namespace
+}  // namespace mrlxmlclass::testing

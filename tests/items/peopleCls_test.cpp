@@ -1,0 +1,148 @@
+#include "mrlxmlclass/items/peopleCls.h"
+
+#include "tests/items/Items.h"
+
+namespace mrlxmlclass::testing {
+namespace {
+
+TEST(PersonText, RaisesItsFlagAndIsEmptiedByAChangeOfIt) {
+    Items s;
+    const auto person = Make<peopleCls>();
+    EXPECT_EQ(person->PersonEmailValid(), False);
+    person->PersonEmail("a@b");
+    EXPECT_EQ(person->PersonEmailValid(), True);
+    person->PersonEmailValid(True);
+    EXPECT_EQ(person->PersonEmail(), "a@b");
+    person->PersonEmailValid(False);
+    EXPECT_EQ(person->PersonEmail(), "");
+}
+
+TEST(PersonNoteKey, IsRefusedWhileItsFlagIsDown) {
+    Items s;
+    const auto person = Make<peopleCls>();
+    EXPECT_EQ(person->PersonNoteKey(), "");
+    EXPECT_EQ(s.failures.Taken(), "peopleCls/PersonNoteKey 1\n");
+    person->PersonNoteKey("4");
+    EXPECT_EQ(person->PersonNoteKey(), "4");
+}
+
+TEST(TaskPeopleRelation, IsRefusedWhenFilledFromInsideWithItsFlagDown) {
+    Items s;
+    const auto person = Make<peopleCls>();
+    In(person).TaskPeopleRelation_Int(Make<TaskAssigmentRelationCol>());
+    EXPECT_FALSE(person->TaskPeopleRelation());
+    EXPECT_EQ(s.failures.Taken(), "peopleCls/TaskPeopleRelation 1\n");
+    person->TaskPeopleRelationValid(True);
+    EXPECT_TRUE(person->TaskPeopleRelation());
+}
+
+TEST(PersonClone, SharesTheRelationsButNotTheTasks) {
+    Items s;
+    const auto person = s.Person("Ann", 3);
+    person->personkey(5);
+    person->PersonFirstName("A");
+    person->Tasks();
+    const auto clone = person->Clone();
+    EXPECT_EQ(clone->PersonName(), "Ann");
+    EXPECT_EQ(clone->PersonFirstName(), "A");
+    EXPECT_EQ(clone->PersonPosition(), 3);
+    EXPECT_EQ(clone->TaskPeopleRelation(), person->TaskPeopleRelation());
+    EXPECT_FALSE(clone->Tasks() == person->Tasks());
+}
+
+TEST(PersonClone, KeepsTheCompanyOfACloneSetAndWrittenEvenWhenEmpty) {
+    Items s;
+    const auto person = s.Person("Ann");
+    EXPECT_EQ(person->ToXml(False).find("PersonCompany"), String::npos);
+    const auto clone = person->Clone();
+    EXPECT_EQ(clone->PersonCompanyValid(), True);
+    EXPECT_NE(clone->ToXml(False).find("<PersonCompany"), String::npos);
+}
+
+TEST(PersonXml, WritesItsChildrenInOrderAndReadsThemBack) {
+    Items s;
+    const auto person = s.Person("Ann", 2);
+    person->personkey(6);
+    person->PersonKeyChar("k");
+    person->PersonAddress("a");
+    person->PersonPhone("p");
+    person->PersonEmail("e");
+    person->PersonTitle("t");
+    person->PersonCompany("c");
+    person->PersonNoteKey("n");
+    person->TaskPeopleRelation()->Add("8");
+    const String xml = person->ToXml(False);
+    EXPECT_EQ(xml,
+              "<People><Personkey>6</Personkey><PersonPosition>2</PersonPosition><PersonKeyChar>k</PersonKeyChar>"
+              "<PersonName>Ann</PersonName><PersonAddress>a</PersonAddress><PersonPhone>p</PersonPhone>"
+              "<PersonEmail>e</PersonEmail><PersonTitle>t</PersonTitle><PersonCompany>c</PersonCompany>"
+              "<PersonNoteKey>n</PersonNoteKey><PeopleTaskRelationKeys><Key>8</Key></PeopleTaskRelationKeys></People>");
+    const auto read = Make<peopleCls>();
+    EXPECT_EQ(read->FromXml(xml, s.counters), True);
+    EXPECT_EQ(read->ToXml(False), xml);
+    EXPECT_EQ(s.counters->PersonKeyValue(), 6);
+}
+
+TEST(PersonXml, KeepsTheFirstNameOutOfTheFileInBothDirections) {
+    Items s;
+    const auto person = Make<peopleCls>();
+    EXPECT_EQ(person->FromXml("<Person><Personkey>1</Personkey><PersonName>N</PersonName>"
+                              "<PersonFirstName>F</PersonFirstName><PersonAddress>A</PersonAddress></Person>",
+                              s.counters),
+              True);
+    EXPECT_EQ(person->PersonFirstName(), "");
+    EXPECT_EQ(person->PersonAddress(), "A");
+    person->PersonFirstName("F");
+    EXPECT_EQ(person->ToXml(False).find("PersonFirstName"), String::npos);
+}
+
+TEST(PersonXml, ReadForALibraryHasNoRelations) {
+    Items s;
+    const auto person = Make<peopleCls>();
+    person->FromXml("<Person><PersonName>N</PersonName><PeopleTaskRelationKeys><Key>1</Key></PeopleTaskRelationKeys>"
+                    "</Person>",
+                    s.counters, True);
+    EXPECT_EQ(person->TaskPeopleRelationValid(), False);
+    EXPECT_FALSE(In(person).PeekRelations());
+}
+
+TEST(PersonXml, StopsAtAnElementOutOfOrderWithoutAFailure) {
+    Items s;
+    const auto person = Make<peopleCls>();
+    EXPECT_EQ(person->FromXml("<Person><PersonName>N</PersonName><PersonPosition>4</PersonPosition>"
+                              "<PersonAddress>A</PersonAddress></Person>",
+                              s.counters),
+              True);
+    EXPECT_EQ(person->PersonName(), "N");
+    EXPECT_EQ(person->PersonPosition(), 0);
+    EXPECT_EQ(person->PersonAddressValid(), False);
+}
+
+TEST(RemoveTasksRelation, KeepsTheLabelOfAnotherMember) {
+    Items s;
+    const auto person = Make<peopleCls>();
+    person->TaskPeopleRelation()->Add("1");
+    EXPECT_EQ(person->RemoveTasksRelation(1, {}), False);
+    EXPECT_EQ(s.failures.Taken(), "peopleCls/SetTasksCollection 91\n");
+}
+
+TEST(RemoveTasksRelation, HandlesTheFirstMatchAndMakesTheCopyOfTheTaskACandidate) {
+    Items s;
+    const auto project = Make<TaskAssigmentRelationCol>();
+    const auto person = Make<peopleCls>();
+    for (const char* key : {"1", "2", "3"}) {
+        const auto relation = s.Bare<TaskAssigmentRelationCls>(key);
+        relation->TaskKey(4);
+        person->TaskPeopleRelation()->AddItem(relation);
+        if (String(key) != "1") project->AddItem(relation);
+    }
+    const auto task = Make<TasksCls>();
+    task->TaskKey(4);
+    person->Tasks()->AddItem(task);
+    EXPECT_EQ(person->RemoveTasksRelation("4", project), True);
+    EXPECT_EQ(KeysOf(person->TaskPeopleRelation()), "1 3");  // 1 is gone from the project, so it is passed by
+    EXPECT_EQ(person->Tasks()->Item(4)->TaskCondidat(), False);
+}
+
+}  // namespace
+}  // namespace mrlxmlclass::testing
