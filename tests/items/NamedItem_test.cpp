@@ -69,8 +69,7 @@ TEST(NamedItemXml, WritesLinkDescriptionAndRelationsOnlyWhenTheirFlagsAreUp) {
     const auto goal = s.Goal("Safe", 2);
     goal->Goalkey(7);
     const String bare = goal->ToXml(False);
-    EXPECT_EQ(bare,
-              "<Goal><Goalkey>7</Goalkey><GoalPosition>2</GoalPosition><GoalName>Safe</GoalName></Goal>");
+    EXPECT_EQ(bare, "<Goal><Goalkey>7</Goalkey><GoalPosition>2</GoalPosition><GoalName>Safe</GoalName></Goal>");
     const auto read = Make<GoalsCls>();
     EXPECT_EQ(read->FromXml(bare, s.counters), True);
     EXPECT_EQ(read->GoalLinkValid(), False);
@@ -82,8 +81,9 @@ TEST(NamedItemXml, WritesLinkDescriptionAndRelationsOnlyWhenTheirFlagsAreUp) {
     goal->GoalDescription("d");
     goal->TaskGoalRelation()->Add("3");
     const String full = goal->ToXml(False);
-    EXPECT_NE(full.find("<GoalDescription>d</GoalDescription><GoalTaskRelationKeys><Key>3</Key></GoalTaskRelationKeys>"),
-              String::npos)
+    EXPECT_NE(
+        full.find("<GoalDescription>d</GoalDescription><GoalTaskRelationKeys><Key>3</Key></GoalTaskRelationKeys>"),
+        String::npos)
         << full;
     EXPECT_EQ(read->FromXml(full, s.counters), True);
     EXPECT_EQ(read->GoalLinkValid(), True);

@@ -69,8 +69,8 @@ TEST(SectionXml, KeepsTheLabelOfTheNotesWhenObstaclesCannotBeSaved) {
     Items s;
     const auto document = Make<dom::Document>();
     document->LoadXML("<Project/>");
-    EXPECT_FALSE(s.Master<obstaclesCol>()->ToXmlFile(s.Path("no/folder.xml"), document, False, False, False, False,
-                                                     True));
+    EXPECT_FALSE(
+        s.Master<obstaclesCol>()->ToXmlFile(s.Path("no/folder.xml"), document, False, False, False, False, True));
     EXPECT_EQ(s.failures.Taken(), "NotesCol/ToXmlFile 76\n");
 }
 
@@ -98,8 +98,9 @@ TEST(SectionXml, AFailureInARecordIsOneEntryAndEndsTheSection) {
     Items s;
     const auto goals = s.Master<GoalsCol>();
     const auto document = Make<dom::Document>();
-    document->LoadXML("<Project><Goals><Goal><Goalkey>1</Goalkey></Goal><Goal><Goalkey>x</Goalkey></Goal>"
-                      "<Goal><Goalkey>3</Goalkey></Goal></Goals></Project>");
+    document->LoadXML(
+        "<Project><Goals><Goal><Goalkey>1</Goalkey></Goal><Goal><Goalkey>x</Goalkey></Goal>"
+        "<Goal><Goalkey>3</Goalkey></Goal></Goals></Project>");
     EXPECT_EQ(goals->FromXmlFile("", True, document), document);
     EXPECT_EQ(KeysOf(goals), "1");
     EXPECT_EQ(s.failures.Taken(), "GoalsCol/FromXmlInt 13\n");
@@ -108,9 +109,10 @@ TEST(SectionXml, AFailureInARecordIsOneEntryAndEndsTheSection) {
 TEST(SectionXml, ADuplicateKeyEndsTheSection) {
     Items s;
     const auto relations = s.Master<TaskGoalRelationCol>();
-    relations->FromXml("<R><TaskGoalRelation><Key>2</Key></TaskGoalRelation>"
-                       "<TaskGoalRelation><TaskKey>1</TaskKey><Key>2</Key></TaskGoalRelation>"
-                       "<TaskGoalRelation><Key>3</Key></TaskGoalRelation></R>");
+    relations->FromXml(
+        "<R><TaskGoalRelation><Key>2</Key></TaskGoalRelation>"
+        "<TaskGoalRelation><TaskKey>1</TaskKey><Key>2</Key></TaskGoalRelation>"
+        "<TaskGoalRelation><Key>3</Key></TaskGoalRelation></R>");
     EXPECT_EQ(KeysOf(relations), "2");
     EXPECT_EQ(s.failures.Taken(), "TaskGoalRelationCol/FromXmlInt 457\n");
 }
@@ -118,8 +120,9 @@ TEST(SectionXml, ADuplicateKeyEndsTheSection) {
 TEST(SectionXml, StopsAtAnotherElementAndYieldsAtEachRecord) {
     Items s;
     const auto people = s.Master<PeopleCol>();
-    people->FromXml("<R><!-- c --><Person><Personkey>4</Personkey></Person><Person><Personkey>2</Personkey></Person>"
-                    "<Other/><Person><Personkey>9</Personkey></Person></R>");
+    people->FromXml(
+        "<R><!-- c --><Person><Personkey>4</Personkey></Person><Person><Personkey>2</Personkey></Person>"
+        "<Other/><Person><Personkey>9</Personkey></Person></R>");
     EXPECT_EQ(KeysOf(people), "4 2");
     EXPECT_GE(s.ui.yields, 3);
     EXPECT_EQ(s.counters->PersonKeyValue(), 4);
@@ -136,8 +139,9 @@ TEST(SectionXml, WithoutCountersTheFirstKeyFails) {
 TEST(SectionXml, ReadForALibraryPassesItOnToTheRecords) {
     Items s;
     const auto document = Make<dom::Document>();
-    document->LoadXML("<Project><People><Person><Personkey>1</Personkey><PeopleTaskRelationKeys><Key>1</Key>"
-                      "</PeopleTaskRelationKeys></Person></People></Project>");
+    document->LoadXML(
+        "<Project><People><Person><Personkey>1</Personkey><PeopleTaskRelationKeys><Key>1</Key>"
+        "</PeopleTaskRelationKeys></Person></People></Project>");
     const auto people = s.Master<PeopleCol>();
     people->FromXmlFile("", True, document, True);
     EXPECT_EQ(people->Item(1)->TaskPeopleRelationValid(), False);

@@ -89,9 +89,9 @@ TEST(RelationXml, WritesTheChildrenInTheOrderOfTheKind) {
 TEST(RelationXml, ReadsBackWhatItWroteAndRaisesTheCounterOfItsKind) {
     Items s;
     const auto relation = Make<TaskAssigmentRelationCls>();
-    EXPECT_EQ(relation->FromXml("<R><Key>12</Key><TaskKey>1</TaskKey><PersonKey>2</PersonKey><Description/></R>",
-                                s.counters),
-              True);
+    EXPECT_EQ(
+        relation->FromXml("<R><Key>12</Key><TaskKey>1</TaskKey><PersonKey>2</PersonKey><Description/></R>", s.counters),
+        True);
     EXPECT_EQ(relation->elementKey(), "12");
     EXPECT_EQ(relation->personkey(), 2);
     EXPECT_EQ(relation->DescriptionValid(), True);  // it stands, though it is empty

@@ -99,9 +99,10 @@ TEST(PersonXml, KeepsTheFirstNameOutOfTheFileInBothDirections) {
 TEST(PersonXml, ReadForALibraryHasNoRelations) {
     Items s;
     const auto person = Make<peopleCls>();
-    person->FromXml("<Person><PersonName>N</PersonName><PeopleTaskRelationKeys><Key>1</Key></PeopleTaskRelationKeys>"
-                    "</Person>",
-                    s.counters, True);
+    person->FromXml(
+        "<Person><PersonName>N</PersonName><PeopleTaskRelationKeys><Key>1</Key></PeopleTaskRelationKeys>"
+        "</Person>",
+        s.counters, True);
     EXPECT_EQ(person->TaskPeopleRelationValid(), False);
     EXPECT_FALSE(In(person).PeekRelations());
 }

@@ -1,0 +1,127 @@
+#include "tests/items/Items.h"
+#include "tests/support/Plan.h"
+
+namespace mrlxmlclass::testing {
+namespace {
+
+/// A plan with one task, one goal and one obstacle.
+struct GoalPlan : Plan {
+    GoalPlan() {
+        Task("Dig");
+        goals().Add()->GoalName("Dry");
+        obstacles().Add()->ObstaclesName("Rain");
+        (void)Heard();
+    }
+    GoalsCol& goals() const { return *app->xGoalCol(); }
+    obstaclesCol& obstacles() const { return *app->xObstaclesCol(); }
+    Ref<TaskGoalRelationCol> relations() const { return app->xTaskGoalRelationcol(); }
+    Integer dig() const { return Number("Dig"); }
+    Boolean AssigneGoal() { return goals().AssigneGoal("1", dig(), app->xTaskCol(), relations()); }
+    Boolean UnAssigneGoal() { return goals().UnAssigneGoal(1, dig(), app->xTaskCol(), relations()); }
+};
+
+TEST(AssigneGoal, TiesTheGoalAndTheProjectAndLeavesTheTaskToAddGoals) {
+    GoalPlan plan;
+    EXPECT_EQ(plan.AssigneGoal(), True);
+    EXPECT_EQ(plan["Dig"].GoalsAsString(), "");
+    EXPECT_EQ(plan.Heard(), "");
+    EXPECT_EQ(KeysOf(plan.relations()), "1");
+    EXPECT_EQ(plan.relations()->Item(1)->Goalkey(), 1);
+    EXPECT_EQ(plan.relations()->Item(1)->TaskKey(), plan.dig());
+    EXPECT_EQ(KeysOf(plan.goals().Item(1)->TaskGoalRelation()), "1");
+    EXPECT_EQ(plan.goals().Item(1)->Tasks()->Item(plan.dig())->TaskName(), "Dig");
+
+    plan.col().AddGoals(plan.dig(), plan.relations()->Item(1), plan.goals().Item(1));
+    EXPECT_EQ(plan["Dig"].GoalsAsString(), "Dry; ");
+    EXPECT_EQ(plan.Heard(), "GoalChange(1, Dry; )\n");
+}
+
+TEST(AssigneGoal, OfAnUnknownGoalIsRecordedOnce) {
+    GoalPlan plan;
+    EXPECT_EQ(plan.goals().AssigneGoal("8", plan.dig(), plan.app->xTaskCol(), plan.relations()), False);
+    EXPECT_EQ(plan.failures.Taken(), "GoalsCol/AssigneGoal 91\n");
+    EXPECT_EQ(plan.relations()->Count(), 0);
+}
+
+TEST(UnAssigneGoal, OfAPairWithoutARelationChangesNothing) {
+    GoalPlan plan;
+    EXPECT_EQ(plan.UnAssigneGoal(), False);
+    plan.AssigneGoal();
+    EXPECT_EQ(plan.goals().UnAssigneGoal(1, 99, plan.app->xTaskCol(), plan.relations()), False);
+    EXPECT_EQ(plan.relations()->Count(), 1);
+}
+
+TEST(UnAssigneGoal, ClearsTheGoalAndTheProjectAndKeepsTheTasksSideAndACandidate) {
+    GoalPlan plan;
+    plan.AssigneGoal();
+    plan.col().AddGoals(plan.dig(), plan.relations()->Item(1), plan.goals().Item(1));
+    (void)plan.Heard();
+    EXPECT_EQ(plan.UnAssigneGoal(), True);
+    EXPECT_EQ(plan.relations()->Count(), 0);
+    EXPECT_EQ(plan.goals().Item(1)->TaskGoalRelation()->Count(), 0);
+    EXPECT_EQ(plan.goals().Item(1)->Tasks()->Item(plan.dig())->TaskCondidat(), False);
+    EXPECT_EQ(plan["Dig"].TaskCondidat(), True);
+    EXPECT_EQ(plan["Dig"].GoalsAsString(), "Dry; ");
+    EXPECT_EQ(plan.Heard(), "");  // the goal's own list has listeners of its own
+}
+
+TEST(UnAssigneGoal, OfAnUnknownGoalIsRecordedOnce) {
+    GoalPlan plan;
+    EXPECT_EQ(plan.goals().UnAssigneGoal(9, plan.dig(), plan.app->xTaskCol(), plan.relations()), False);
+    EXPECT_EQ(plan.failures.Taken(), "GoalsCol/UnAssigneGoal 91\n");
+}
+
+TEST(UnAssigneGoal, KeepsTheFreedKeyOutOfNewRelations) {
+    GoalPlan plan;
+    plan.AssigneGoal();
+    plan.UnAssigneGoal();
+    plan.goals().Item(1)->Tasks(Ref<TasksCol>());
+    EXPECT_EQ(plan.AssigneGoal(), True);
+    EXPECT_EQ(KeysOf(plan.relations()), "2");
+}
+
+TEST(AssigneGoal, KeepsTakingTheKeyOfADeletedGoalForANewRelation) {
+    GoalPlan plan;
+    for (int i = 0; i < 2; ++i) plan.goals().Add();
+    plan.goals().Remove(3);
+    plan.AssigneGoal();
+    EXPECT_EQ(KeysOf(plan.relations()), "3");
+    EXPECT_EQ(plan.goals().Add()->Goalkey(), 4);
+}
+
+TEST(AssigneObstacles, TiesAsGoalsDoUnderLabelsOfItsOwn) {
+    GoalPlan plan;
+    const auto relations = plan.app->xTaskObstaclesRelationcol();
+    EXPECT_EQ(plan.obstacles().AssigneObstacles("1", plan.dig(), plan.app->xTaskCol(), relations), True);
+    EXPECT_EQ(relations->Item(1)->Obstaclekey(), 1);
+    EXPECT_EQ(plan.obstacles().UnAssigneObstacles("1", plan.dig(), plan.app->xTaskCol(), relations), True);
+    EXPECT_EQ(relations->Count(), 0);
+    plan.obstacles().AssigneObstacles("9", plan.dig(), plan.app->xTaskCol(), relations);
+    plan.obstacles().UnAssigneObstacles("9", plan.dig(), plan.app->xTaskCol(), relations);
+    EXPECT_EQ(plan.failures.Taken(), "ObstaclessCol/AssigneObstacles 91\nObstaclessCol/UnAssigneObstacles 91\n");
+}
+
+TEST(NamedItemRemoveTasksRelations, UntiesEveryItemAndGivesTrue) {
+    GoalPlan plan;
+    plan.goals().Add();
+    plan.AssigneGoal();
+    plan.goals().AssigneGoal("2", plan.dig(), plan.app->xTaskCol(), plan.relations());
+    EXPECT_EQ(plan.goals().RemoveTasksRelations(plan.dig(), plan.relations(), plan.app->xTaskCol()), True);
+    EXPECT_EQ(plan.relations()->Count(), 0);
+    EXPECT_EQ(plan.goals().RemoveTasksRelations(plan.dig(), plan.relations(), plan.app->xTaskCol()), True);
+}
+
+TEST(SetTasksCollectionByGoal, FillsOneGoalAndFailsForAnUnknownOne) {
+    GoalPlan plan;
+    plan.AssigneGoal();
+    plan.goals().Item(1)->Tasks(Ref<TasksCol>());
+    EXPECT_EQ(plan.goals().SetTasksCollectionByGoal(plan.relations(), plan.app->xTaskCol(), 1), True);
+    EXPECT_EQ(KeysOf(plan.goals().Item(1)->Tasks()), "1");
+    EXPECT_EQ(plan.goals().SetTasksCollectionByGoal(plan.relations(), plan.app->xTaskCol(), 9), False);
+    EXPECT_EQ(plan.obstacles().SetTasksCollectionByID(1, plan.app->xTaskObstaclesRelationcol(), plan.app->xTaskCol()),
+              True);
+    EXPECT_EQ(plan.failures.Taken(), "GoalsCol/SetTasksCollectionByGoal 91\n");
+}
+
+}  // namespace
+}  // namespace mrlxmlclass::testing

@@ -1,0 +1,171 @@
+#include "tests/items/Items.h"
+#include "tests/support/Plan.h"
+
+namespace mrlxmlclass::testing {
+namespace {
+
+/// A plan with one task and the person 1, Ann.
+struct PersonPlan : Plan {
+    PersonPlan() {
+        Task("Dig");
+        people().Add()->PersonName("Ann");
+        (void)Heard();
+    }
+    PeopleCol& people() const { return *app->xPeopleCol(); }
+    peopleCls& ann() const { return *people().Item(1); }
+    Ref<TaskAssigmentRelationCol> relations() const { return app->xTaskPeopleRelationcol(); }
+    Integer dig() const { return Number("Dig"); }
+    Boolean Assign(Boolean task = True, Boolean person = True) {
+        return people().AssignePerson("1", dig(), app->xTaskCol(), relations(), task, person);
+    }
+    Boolean UnAssign() { return people().UnAssignePerson(1, dig(), app->xTaskCol(), relations()); }
+};
+
+TEST(AssignePerson, TiesAllThreeSidesAndTellsTheHost) {
+    PersonPlan plan;
+    EXPECT_EQ(plan.Assign(), True);
+    EXPECT_EQ(plan.Heard(), "AssigmentChange(1, Ann)\n");
+    EXPECT_EQ(KeysOf(plan.relations()), "1");
+    EXPECT_EQ(KeysOf(plan["Dig"].TaskPeopleRelation()), "1");
+    EXPECT_EQ(KeysOf(plan["Dig"].TasksPeople()), "1");
+    EXPECT_EQ(KeysOf(plan.ann().TaskPeopleRelation()), "1");
+    EXPECT_EQ(KeysOf(plan.ann().Tasks()), "1");
+    EXPECT_EQ(plan.relations()->Item(1)->personkey(), 1);
+    EXPECT_EQ(plan.ann().TaskPeopleRelation()->oPublicStaticCls, plan.app->oPublicStaticCls());
+    EXPECT_EQ(plan.ann().Tasks()->oPublicStaticCls, plan.app->oPublicStaticCls());
+    EXPECT_EQ(plan["Dig"].TaskPeopleRelation()->oPublicStaticCls, plan.app->oPublicStaticCls());
+}
+
+TEST(AssignePerson, WithoutTheTaskLeavesItsListsAloneAndRaisesNothing) {
+    PersonPlan plan;
+    EXPECT_EQ(plan.Assign(False), True);
+    EXPECT_EQ(plan.Heard(), "");
+    EXPECT_EQ(plan["Dig"].TaskPeopleRelationValid(), False);
+    EXPECT_EQ(plan["Dig"].PeopleAsString(), "");
+    EXPECT_EQ(plan.relations()->Count(), 1);
+    EXPECT_EQ(plan.ann().Tasks()->Count(), 1);
+}
+
+TEST(AssignePerson, WithoutThePersonLeavesTheirListsEmpty) {
+    PersonPlan plan;
+    EXPECT_EQ(plan.Assign(True, False), True);
+    EXPECT_EQ(plan.ann().TaskPeopleRelation()->Count(), 0);
+    EXPECT_EQ(plan.ann().Tasks()->Count(), 0);
+    EXPECT_EQ(plan["Dig"].PeopleAsString(), "Ann");
+}
+
+TEST(AssignePerson, OfAnUnknownPersonIsRecordedOnce) {
+    PersonPlan plan;
+    EXPECT_EQ(plan.people().AssignePerson("7", plan.dig(), plan.app->xTaskCol(), plan.relations()), False);
+    EXPECT_EQ(plan.failures.Taken(), "PeopleCol/AssignePerson 91\n");
+}
+
+TEST(AssignePerson, WhileTheHostIsSilencedDoesAllAndTellsNothing) {
+    Plan plan;
+    plan.Silenced().Task("Dig");
+    plan.app->xPeopleCol()->Add()->PersonName("Ann");
+    plan.app->xPeopleCol()->AssignePerson("1", plan.Number("Dig"), plan.app->xTaskCol(),
+                                          plan.app->xTaskPeopleRelationcol());
+    EXPECT_EQ(plan["Dig"].PeopleAsString(), "Ann");
+    EXPECT_EQ(plan.Heard(), "");
+}
+
+TEST(UnAssignePerson, KeepsThePersonsOwnSideStale) {
+    PersonPlan plan;
+    plan.Assign();
+    (void)plan.Heard();
+    EXPECT_EQ(plan.UnAssign(), True);
+    EXPECT_EQ(plan.Heard(), "AssigmentChange(1, )\n");
+    EXPECT_EQ(plan.relations()->Count(), 0);
+    EXPECT_EQ(plan["Dig"].TaskPeopleRelation()->Count(), 0);
+    EXPECT_EQ(plan["Dig"].TasksPeople()->Count(), 0);
+    EXPECT_EQ(KeysOf(plan.ann().TaskPeopleRelation()), "1");
+    EXPECT_EQ(KeysOf(plan.ann().Tasks()), "1");
+    EXPECT_EQ(plan.ann().TaskAssigned(plan.dig(), plan.relations()), False);
+    EXPECT_EQ(FreedIn(plan.app->oPublicStaticCls(), Keys::AssigmentRelation), "1");
+    EXPECT_EQ(plan.UnAssign(), True);  // nobody knows the pair any more
+}
+
+TEST(UnAssignePerson, OfAPairThatOnlyThePersonKnowsClearsThePersonsSide) {
+    PersonPlan plan;
+    plan.Assign(False);
+    EXPECT_EQ(plan.UnAssign(), True);
+    EXPECT_EQ(plan.relations()->Count(), 0);
+    EXPECT_EQ(plan.ann().TaskPeopleRelation()->Count(), 0);
+    EXPECT_EQ(plan.col().Count(True), 1);
+}
+
+TEST(UnAssignePerson, TakesACandidateThatOnlyThePersonKnowsAway) {
+    PersonPlan plan;
+    plan.Assign(False);
+    plan.col().Remove(plan.dig(), {}, {}, {}, {}, {}, {}, False, True, True);
+    EXPECT_EQ(plan.col().Count(True), 1);
+    (void)plan.failures.Taken();
+    EXPECT_EQ(plan.UnAssign(), True);
+    EXPECT_EQ(plan.col().Count(True), 0);
+    (void)plan.failures.Taken();
+}
+
+TEST(UnAssignePerson, OfAnUnknownTaskIsRecordedOnce) {
+    PersonPlan plan;
+    EXPECT_EQ(plan.people().UnAssignePerson(1, 77, plan.app->xTaskCol(), plan.relations()), False);
+    EXPECT_EQ(plan.failures.Taken(), "PeopleCol/UnAssignePerson 91\n");
+}
+
+TEST(RemoveTasksRelations, KeepsTheCopyOfTheTaskWithAPersonWhomTheTaskKnew) {
+    PersonPlan plan;
+    plan.people().Add();
+    plan.Assign();
+    EXPECT_EQ(plan.people().RemoveTasksRelations(plan.dig(), plan.relations(), plan.app->xTaskCol()), False);
+    EXPECT_EQ(plan.relations()->Count(), 0);
+    EXPECT_EQ(plan["Dig"].PeopleAsString(), "");
+    EXPECT_EQ(plan.ann().Tasks()->Item(plan.dig())->TaskCondidat(), True);
+}
+
+TEST(RemoveTasksRelations, PassesByPeopleTheTaskDoesNotKnowUnlessForced) {
+    PersonPlan plan;
+    plan.Assign(False);
+    plan.people().RemoveTasksRelations(plan.dig(), plan.relations(), plan.app->xTaskCol());
+    EXPECT_EQ(plan.relations()->Count(), 1);
+    plan.people().RemoveTasksRelations(plan.dig(), plan.relations(), plan.app->xTaskCol(), True);
+    EXPECT_EQ(plan.relations()->Count(), 0);
+    plan.people().RemoveTasksRelations(99, plan.relations(), plan.app->xTaskCol(), True);  // no such task: nothing
+}
+
+TEST(SetTasksCollectionByID, FillsOnePerson) {
+    PersonPlan plan;
+    plan.Assign();
+    plan.ann().Tasks(Ref<TasksCol>());
+    EXPECT_EQ(plan.people().SetTasksCollectionByID(1, plan.relations(), plan.app->xTaskCol()), True);
+    EXPECT_EQ(KeysOf(plan.ann().Tasks()), "1");
+    EXPECT_EQ(plan.people().SetTasksCollectionByID(9, plan.relations(), plan.app->xTaskCol()), False);
+    EXPECT_EQ(plan.failures.Taken(), "PeopleCol/SetTasksCollectionByID 91\n");
+}
+
+TEST(AlreadyLinked, TakesAllBlanksOutOfBoth) {
+    Items s;
+    const auto people = s.Master<PeopleCol>();
+    people->Add()->PersonKeyChar("A B");
+    EXPECT_EQ(people->AlreadyLinked("AB"), True);
+    EXPECT_EQ(people->AlreadyLinked(" A B "), True);
+    EXPECT_EQ(people->AlreadyLinked("ab"), False);
+    EXPECT_EQ(people->AlreadyLinked(""), False);
+}
+
+TEST(AlreadyLinked, FindsTheSpacedKeyOfAPersonWithoutBlanks) {
+    Items s;
+    const auto people = s.Master<PeopleCol>();
+    people->Add()->PersonKeyChar("AB");
+    EXPECT_EQ(people->AlreadyLinked("A B"), True);
+}
+
+TEST(FindPersonKeys, FindsTheFirstPersonOfExactlyThatName) {
+    Items s;
+    const auto people = s.Master<PeopleCol>();
+    for (const char* name : {"Bob", "Ann", "Ann"}) people->AddItem(s.Person(name));
+    EXPECT_EQ(In(people).FindPersonKeys("Ann"), 2);
+    EXPECT_EQ(In(people).FindPersonKeys("ann"), 0);
+}
+
+}  // namespace
+}  // namespace mrlxmlclass::testing

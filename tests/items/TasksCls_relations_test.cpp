@@ -1,0 +1,282 @@
+#include "tests/items/Items.h"
+
+namespace mrlxmlclass::testing {
+namespace {
+
+Ref<TasksCls> TaskOf(Long key) {
+    auto task = Make<TasksCls>();
+    task->TaskKey(key);
+    return task;
+}
+
+TEST(TaskRelations, AreMadeOnFirstReadAndDroppedByAChangeOfTheFlag) {
+    Items s;
+    const auto task = TaskOf(1);
+    EXPECT_EQ(task->TaskGoalRelationValid(), False);
+    const auto goals = task->TaskGoalRelation();
+    EXPECT_EQ(task->TaskGoalRelationValid(), True);
+    task->TaskGoalRelationValid(False);
+    EXPECT_FALSE(task->TaskGoalRelation() == goals);
+    EXPECT_EQ(task->TaskGoalRelationValid(), True);
+    EXPECT_TRUE(task->TaskNoteRelation());
+    EXPECT_TRUE(task->TaskObstaclesRelation());
+    EXPECT_TRUE(task->TaskPeopleRelation());
+    const auto people = Make<TaskAssigmentRelationCol>();
+    task->TaskPeopleRelation(people);
+    EXPECT_EQ(task->TaskPeopleRelation(), people);
+}
+
+TEST(TaskRelations, AreRefusedWhenFilledFromInsideWithTheirFlagDown) {
+    Items s;
+    const auto task = TaskOf(1);
+    In(task).TaskGoalRelation_Int(Make<TaskGoalRelationCol>());
+    In(task).TaskObstaclesRelation_Int(Make<TaskObstaclesRelationCol>());
+    EXPECT_FALSE(task->TaskGoalRelation());
+    EXPECT_FALSE(task->TaskObstaclesRelation());
+    EXPECT_EQ(s.failures.Taken(), "TasksCls/TaskGoalRelation 1\nTasksCls/TaskObstaclesRelation 1\n");
+    In(task).TaskGoalRelationValid_Int(True);
+    EXPECT_TRUE(task->TaskGoalRelation());
+}
+
+TEST(TaskRelations, KeepTheLabelAndTheWordsOfThePeoplesRefusal) {
+    Items s;
+    const auto task = TaskOf(1);
+    In(task).TaskPoepleRelation_Int(Make<TaskAssigmentRelationCol>());
+    EXPECT_FALSE(task->TaskPeopleRelation());
+    const ErrorEntry entry = Module().g_ErrorsHandler->Log()->Error_Col()->Item(1);
+    EXPECT_TRUE(entry.ErrDescription().starts_with(
+        "The Property TaskPeopleRelationValid is not valid set m_m_TaskPeopleRelationValid = true,"));
+    EXPECT_EQ(s.failures.Taken(), "TasksCls/TaskObstaclesRelation 1\n");
+}
+
+TEST(TaskRelations, KeepTheRefusalOfTheNotesWithoutANumber) {
+    Items s;
+    const auto task = TaskOf(1);
+    In(task).TaskNoteRelation_Int(Make<TaskNoteRelationCol>());
+    EXPECT_FALSE(task->TaskNoteRelation());
+    EXPECT_EQ(s.failures.Taken(), "TasksCls/TaskNoteRelation 0\n");
+}
+
+TEST(TaskCopies, AreMadeOnFirstReadAndOnlyThePeopleAreSharedWithAClone) {
+    Items s;
+    const auto task = TaskOf(1);
+    const auto clone = task->Clone();
+    EXPECT_EQ(clone->TasksPeople(), task->TasksPeople());
+    EXPECT_FALSE(clone->TasksGoals() == task->TasksGoals());
+    EXPECT_FALSE(clone->TaskNotes() == task->TaskNotes());
+    EXPECT_FALSE(clone->TaskObstacles() == task->TaskObstacles());
+}
+
+TEST(PeopleAsString, JoinsNamesAndTakesTheCompanyForABlankName) {
+    Items s;
+    const auto task = TaskOf(1);
+    EXPECT_EQ(task->PeopleAsString(), "");
+    task->TasksPeople()->oPublicStaticCls = s.counters;
+    task->TasksPeople()->AddItem(s.Person("Ann"));
+    const auto firm = s.Person("  ");
+    firm->PersonCompany("Diggers");
+    task->TasksPeople()->AddItem(firm);
+    EXPECT_EQ(task->PeopleAsString(), "Ann, Diggers");
+}
+
+TEST(GoalsAsString, EndsEachNameWithASemicolonAndABlank) {
+    Items s;
+    const auto task = TaskOf(1);
+    task->TasksGoals(s.Master<GoalsCol>());
+    task->TasksGoals()->AddItem(s.Goal("Dry"));
+    EXPECT_EQ(task->GoalsAsString(), "Dry; ");
+    task->TaskObstacles(s.Master<obstaclesCol>());
+    for (const char* name : {"Rain", "Frost"}) task->TaskObstacles()->Add()->ObstaclesName(name);
+    EXPECT_EQ(task->ObstaclesAsString(), "Rain; Frost; ");
+}
+
+TEST(NoteAsString, JoinsTextsAndLinksWithNothingBetween) {
+    Items s;
+    const auto task = TaskOf(1);
+    EXPECT_EQ(task->HasAttachemt(), False);
+    for (const char* key : {"1", "2"}) {
+        const auto note = s.Note(String("n") + key);
+        note->NoteKey(key);
+        if (String(key) == "2") note->NoteLink("l");
+        task->TaskNotes()->AddItem(note);
+    }
+    EXPECT_EQ(task->NoteAsString(), "n1n2");
+    EXPECT_EQ(task->LinkAsString(), "l");
+    EXPECT_EQ(task->HasAttachemt(), True);
+}
+
+TEST(NoteIndex, CountsFromOneAndIsMinusOneForAnAbsentNote) {
+    Items s;
+    const auto task = TaskOf(1);
+    EXPECT_EQ(task->NoteIndex("4"), -1);
+    for (const char* key : {"4", "5"}) {
+        const auto note = s.Note(key);
+        note->NoteKey(key);
+        task->TaskNotes()->AddItem(note);
+    }
+    EXPECT_EQ(task->NoteIndex("4"), 1);
+    EXPECT_EQ(task->NoteIndex("5"), 2);
+    EXPECT_EQ(task->NoteIndex("05"), -1);
+    EXPECT_EQ(task->NoteExist("5"), True);
+    EXPECT_EQ(task->NoteExist("6"), False);
+    EXPECT_EQ(task->GetTaskNote("5")->NoteDescription(), "5");
+    EXPECT_FALSE(task->GetTaskNote("6"));
+}
+
+TEST(TaskQuestions, KeepTheLabelsOfOtherMembers) {
+    Items s;
+    const auto task = TaskOf(1);
+    In(task->TasksPeople()).File("1", {});
+    task->TaskNotes()->Add("", False, False, {}, "", {}, "", {}, "");
+    EXPECT_EQ(task->isAssigned(1), False);
+    EXPECT_EQ(task->UpdatePeopleCollection({}, {}, Variant::Null{}), False);
+    EXPECT_EQ(s.failures.Taken(), "TasksCls/isPredecessor 91\nTasksCls/SetPeopleCollection 13\n");
+}
+
+TEST(isAssigned, TakesTheKeyAsANumberOrAText) {
+    Items s;
+    const auto task = TaskOf(1);
+    task->TasksPeople(s.Master<PeopleCol>());
+    task->TasksPeople()->Add();
+    EXPECT_EQ(task->isAssigned(1), True);
+    EXPECT_EQ(task->isAssigned("1"), True);
+    EXPECT_EQ(task->isAssigned(2), False);
+}
+
+TEST(GetTaskPeopleRelation, GivesTheFirstKeyOrEmpty) {
+    Items s;
+    const auto task = TaskOf(1);
+    EXPECT_TRUE(task->GetTaskPeopleRelation(5).is_empty());
+    for (const char* key : {"8", "9"}) task->TaskPeopleRelation()->Add(key)->personkey(5);
+    EXPECT_EQ(task->GetTaskPeopleRelation("5"), Variant("8"));
+}
+
+TEST(TaskQuestionsAndTexts, MakeNoCollectionsSoThatNothingNewIsWritten) {
+    Items s;
+    const auto task = TaskOf(1);
+    const String before = task->ToXml(False);
+    (void)task->PeopleAsString();
+    (void)task->isAssigned(1);
+    (void)task->GetTaskPeopleRelation(1);
+    task->SetPeopleCollection(Make<TaskAssigmentRelationCol>(), Make<PeopleCol>());
+    task->SetGoalCollection(Make<TaskGoalRelationCol>(), Make<GoalsCol>());
+    EXPECT_EQ(task->ToXml(False), before);
+    EXPECT_FALSE(In(task).PeekPeople());
+    EXPECT_FALSE(In(task).PeekGoals());
+}
+
+TEST(RemoveTaskRelation, TakesTheKeysFromTheProjectAndLeavesTheTasksOwn) {
+    Items s;
+    const auto task = TaskOf(1);
+    Ref<TaskAssigmentRelationCol> project = s.Master<TaskAssigmentRelationCol>();
+    for (const char* key : {"1", "2", "3"}) {
+        project->Add(key);
+        if (String(key) != "2") task->TaskPeopleRelation()->Add(key);
+    }
+    EXPECT_EQ(task->RemoveTaskRelation(project), True);
+    EXPECT_EQ(KeysOf(project), "2");
+    EXPECT_EQ(KeysOf(task->TaskPeopleRelation()), "1 3");
+    EXPECT_EQ(TaskOf(2)->RemoveGoalRelation({}), True);  // nothing to take
+}
+
+TEST(RemoveObstacleRelation, RecordsAKeyThatTheProjectDoesNotHave) {
+    Items s;
+    const auto task = TaskOf(1);
+    task->TaskObstaclesRelation()->Add("4");
+    EXPECT_EQ(task->RemoveObstacleRelation(Make<TaskObstaclesRelationCol>()), True);
+    EXPECT_EQ(s.failures.Taken(), "TaskObstaclesRelationCol/Remove 5\n");
+}
+
+/// A task with bare relations 1, 2 and 3, of which the project has 1 and 3; items 11 and 13 are theirs.
+template <class Relations>
+void Fill(const Ref<Relations>& own, const Ref<Relations>& project) {
+    for (const int key : {1, 2, 3}) {
+        own->Add(std::to_string(key));
+        if (key == 2) continue;
+        const auto relation = project->Add(std::to_string(key));
+        relation->TaskKey(4);
+        if constexpr (std::same_as<Relations, TaskNoteRelationCol>) {
+            relation->NoteKey(std::to_string(10 + key));
+        } else {
+            In(relation).item_key(10 + key);
+        }
+    }
+}
+
+TEST(SetPeopleCollection, PassesByAKeyThatTheProjectDoesNotHave) {
+    Items s;
+    const auto task = TaskOf(4);
+    const auto project = Make<TaskAssigmentRelationCol>();
+    const auto people = s.Master<PeopleCol>();
+    Fill(task->TaskPeopleRelation(), project);
+    s.counters->PersonKeyValue(10);
+    for (int i = 0; i < 3; ++i) people->Add();
+    EXPECT_EQ(task->SetPeopleCollection(project, people), True);
+    EXPECT_EQ(KeysOf(task->TasksPeople()), "11 13");
+    EXPECT_EQ(KeysOf(task->TaskPeopleRelation()), "1 2 3");
+    EXPECT_EQ(task->TaskPeopleRelation()->Item(3)->personkey(), 13);
+    EXPECT_EQ(task->TaskPeopleRelation()->Item(2)->personkey(), 0);
+}
+
+TEST(SetPeopleCollection, PassesByAnotherTasksRelationAndAMissingPerson) {
+    Items s;
+    const auto task = TaskOf(4);
+    const auto project = Make<TaskAssigmentRelationCol>();
+    Fill(task->TaskPeopleRelation(), project);
+    project->Item(1)->TaskKey(5);
+    EXPECT_EQ(task->SetPeopleCollection(project, Make<PeopleCol>()), True);
+    EXPECT_FALSE(In(task).PeekPeople());
+}
+
+TEST(SetNoteCollection, PassesByAKeyThatTheProjectDoesNotHave) {
+    Items s;
+    const auto task = TaskOf(4);
+    const auto project = Make<TaskNoteRelationCol>();
+    const auto notes = s.Master<NotesCol>();
+    Fill(task->TaskNoteRelation(), project);
+    In(s.counters).Counter(Keys::Note, 10);
+    for (int i = 0; i < 3; ++i) notes->AddItem(s.Note("n"));
+    EXPECT_EQ(task->SetNoteCollection(project, notes), True);
+    EXPECT_EQ(KeysOf(task->TaskNotes()), "11 13");
+}
+
+TEST(SetGoalCollection, KeepsEndingAtAKeyThatLeadsNowhere) {
+    Items s;
+    const auto task = TaskOf(4);
+    const auto project = Make<TaskGoalRelationCol>();
+    const auto goals = s.Master<GoalsCol>();
+    Fill(task->TaskGoalRelation(), project);
+    s.counters->GoalKeyValue(10);
+    for (int i = 0; i < 3; ++i) goals->Add();
+    EXPECT_EQ(task->SetGoalCollection(project, goals), False);
+    EXPECT_EQ(KeysOf(task->TasksGoals()), "11");
+    EXPECT_EQ(s.failures.Taken(), "TaskGoalRelationCol/Item 5\nTasksCls/SetGoalCollection 91\n");
+}
+
+TEST(SetobstaclesCollection, KeepsEndingAtAMissingObstacleUnderAnotherLabel) {
+    Items s;
+    const auto task = TaskOf(4);
+    const auto project = Make<TaskObstaclesRelationCol>();
+    Fill(task->TaskObstaclesRelation(), project);
+    EXPECT_EQ(task->SetobstaclesCollection(project, Make<obstaclesCol>()), False);
+    EXPECT_EQ(s.failures.Taken(), "obstaclesCol/Item 5\nTasksCls/SetObstaclesCollection 91\n");
+}
+
+TEST(UpdatePeopleCollection, TakesTheCopyOfAPersonAnew) {
+    Items s;
+    const auto task = TaskOf(4);
+    const auto project = Make<TaskAssigmentRelationCol>();
+    const auto people = s.Master<PeopleCol>();
+    people->Add()->PersonName("Ann");
+    task->TaskPeopleRelation()->Add("1")->personkey(1);
+    project->Add("1")->personkey(1);
+    task->TasksPeople()->AddItem(people->Item(1));
+    people->Item(1)->PersonName("Anna");
+    EXPECT_EQ(task->PeopleAsString(), "Ann");
+    EXPECT_EQ(task->UpdatePeopleCollection(project, people, "2"), False);
+    EXPECT_EQ(task->UpdatePeopleCollection(project, people, "1"), True);
+    EXPECT_EQ(task->PeopleAsString(), "Anna");
+}
+
+}  // namespace
+}  // namespace mrlxmlclass::testing
