@@ -1,3 +1,5 @@
+#include <random>
+
 #include "tests/items/Items.h"
 #include "tests/support/Plan.h"
 
@@ -165,6 +167,41 @@ TEST(FindPersonKeys, FindsTheFirstPersonOfExactlyThatName) {
     for (const char* name : {"Bob", "Ann", "Ann"}) people->AddItem(s.Person(name));
     EXPECT_EQ(In(people).FindPersonKeys("Ann"), 2);
     EXPECT_EQ(In(people).FindPersonKeys("ann"), 0);
+}
+
+TEST(AssigningAtRandom, KeepsTheProjectAndTheTasksInStep) {
+    Plan plan;
+    const std::vector<String> names{"Dig", "Pour", "Frame", "Roof"};
+    for (const String& name : names) plan.Task(name);
+    const auto people = plan.app->xPeopleCol();
+    const auto project = plan.app->xTaskPeopleRelationcol();
+    const auto tasks = plan.app->xTaskCol();
+    for (int i = 0; i < 5; ++i) people->Add()->PersonName("P" + std::to_string(i));
+    std::mt19937 random(20260302);
+    std::size_t assigned = 0;
+    for (int step = 0; step < 300; ++step) {
+        SCOPED_TRACE(step);
+        const String task = names[random() % names.size()];
+        const Long person = 1 + random() % 5;
+        const bool had = static_cast<bool>(plan[task].isAssigned(person));
+        if (had) {
+            people->UnAssignePerson(person, plan.Key(task), tasks, project);
+            --assigned;
+        } else {
+            // The person's stale copy of the task is dropped first, as a host does that assigns again.
+            people->Item(person)->Tasks(Ref<TasksCol>());
+            people->Item(person)->TaskPeopleRelation(Make<TaskAssigmentRelationCol>());
+            people->AssignePerson(KeyText(person).text(), plan.Number(task), tasks, project);
+            ++assigned;
+        }
+        ASSERT_EQ(static_cast<bool>(plan[task].isAssigned(person)), !had);
+        ASSERT_EQ(project->NewEnum().size(), assigned);
+        for (const auto& entry : project->NewEnum()) {
+            const Ref<TasksCls> owner = tasks->Item(entry.item->TaskKey());
+            ASSERT_EQ(owner->GetTaskPeopleRelation(entry.item->personkey()), Variant(entry.item->elementKey()));
+        }
+    }
+    EXPECT_LE(plan.app->oPublicStaticCls()->AssigmentTaskRelationKeyValue(), 20);  // freed keys are used again
 }
 
 }  // namespace

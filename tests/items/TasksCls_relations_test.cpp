@@ -1,3 +1,4 @@
+#include "mrlxmlclass/runtime/Text.h"
 #include "tests/items/Items.h"
 
 namespace mrlxmlclass::testing {
@@ -276,6 +277,33 @@ TEST(UpdatePeopleCollection, TakesTheCopyOfAPersonAnew) {
     EXPECT_EQ(task->UpdatePeopleCollection(project, people, "2"), False);
     EXPECT_EQ(task->UpdatePeopleCollection(project, people, "1"), True);
     EXPECT_EQ(task->PeopleAsString(), "Anna");
+}
+
+TEST(TaskKeyLists, ComeBackFromTheTasksElement) {
+    Items s;
+    const auto task = TaskOf(4);
+    task->TaskPeopleRelation()->Add("8");
+    task->TaskGoalRelation()->Add("9");
+    task->TaskNoteRelation()->Add("6");
+    task->TaskObstaclesRelation()->Add("5");
+    const String xml = task->ToXml(False);
+    EXPECT_NE(xml.find("<TaskPeopleRelationKeys><tKey>8</tKey></TaskPeopleRelationKeys>"), String::npos) << xml;
+    const auto read = Make<TasksCls>();
+    EXPECT_EQ(read->FromXml(xml, s.counters), True);
+    EXPECT_EQ(KeysOf(read->TaskPeopleRelation()), "8");
+    EXPECT_EQ(KeysOf(read->TaskGoalRelation()), "9");
+    EXPECT_EQ(KeysOf(read->TaskNoteRelation()), "6");
+    EXPECT_EQ(KeysOf(read->TaskObstaclesRelation()), "5");
+}
+
+TEST(TaskKeyLists, LoadNothingFromElementsWithoutThePrefix) {
+    Items s;
+    const auto task = TaskOf(4);
+    task->TaskPeopleRelation()->Add("8");
+    const auto read = Make<TasksCls>();
+    EXPECT_EQ(read->FromXml(Replace(task->ToXml(False), "tKey>", "Key>"), s.counters), True);
+    EXPECT_EQ(read->TaskPeopleRelationValid(), True);
+    EXPECT_EQ(read->TaskPeopleRelation()->Count(), 0);
 }
 
 }  // namespace
