@@ -79,6 +79,8 @@ public:
     void Step(SourceLine where = SourceLine::Here()) {
         if (--left_ < 0) Raise(failure::kEndlessWalk, where);
     }
+    /// True once a step has failed: what is left of the walk would fail again at every step.
+    bool over() const { return left_ < 0; }
 
 private:
     std::int64_t left_;

@@ -1,3 +1,4 @@
+#include "mrlxmlclass/runtime/Walk.h"
 #include "mrlxmlclass/tasks/TasksCol_internal.h"
 
 namespace mrlxmlclass {
@@ -24,10 +25,10 @@ Integer LineBelow(TasksCol& tasks, String key) {
 }
 
 /// Steps from a task up to the top.
-Integer StepsAbove(const TasksCol& tasks, Long key) {
+Integer StepsAbove(const TasksCol& tasks, const Ref<TasksCls>& task) {
     Integer steps;
     OutlineWalk walk(tasks);
-    for (Long parent = tasks.Item(key)->ParentID(); parent != 0; parent = tasks.Item(parent)->ParentID()) {
+    for (Long parent = task->ParentID(); parent != 0; parent = tasks.Item(parent)->ParentID()) {
         walk.Step();
         ++steps;
     }
@@ -36,8 +37,9 @@ Integer StepsAbove(const TasksCol& tasks, Long key) {
 
 /// The depth that a new parent's own parent stands for.
 Integer LevelUpwards(TasksCol& tasks, Long key) {
+    const Ref<TasksCls> task = tasks.Item(key);
     // Kept: a top-level task counts its line of first children instead.
-    return tasks.Item(key)->ParentID() != 0 ? StepsAbove(tasks, key) : LineBelow(tasks, KeyText(key).text());
+    return task->ParentID() != 0 ? StepsAbove(tasks, task) : LineBelow(tasks, KeyText(key).text());
 }
 
 /// The depth that a subtree will have under a new parent; only the line of first children counts.
@@ -48,7 +50,7 @@ Integer LevelUnder(TasksCol& tasks, const String& key, const String& new_parent_
     const bool has_children = bool(tasks.isParent(key));
     if (!has_children && task->ParentID() == 0) return 0;
 
-    const Integer level = has_children ? LineBelow(tasks, key) : StepsAbove(tasks, task->ParentID());
+    const Integer level = has_children ? LineBelow(tasks, key) : StepsAbove(tasks, tasks.Item(task->ParentID()));
     if (!new_parent) return level;
     if (tasks.isParent(new_parent_key)) return level + LineBelow(tasks, new_parent_key);
     const Long above = new_parent->ParentID();
@@ -56,6 +58,35 @@ Integer LevelUnder(TasksCol& tasks, const String& key, const String& new_parent_
     if (has_children) return level + 1 + LevelUpwards(tasks, above);
     return above == task->ParentID() ? level : Integer(level + LevelUpwards(tasks, above));
 }
+
+/// The last leaf of a subtree, or its highest row. A branch that is damaged counts as 0, and its siblings go on.
+struct LastOfSubtree {
+    TasksCol& tasks;
+    Boolean keys;
+    Integer& highest;
+    OutlineWalk walk;
+
+    Walk<Integer> Of(String key) {
+        auto& result = co_await kTail.Begin("GetTaskAndSubNumber");
+        if (key.empty() || walk.over()) co_return;
+        walk.Step();
+        if (tasks.isParent(key)) {
+            const std::vector<Variant> children = tasks.GetTasksAsKeys(key)->Keys();
+            for (const Variant& child : children) {
+                auto below = Of(child.Key().text());
+                result = co_await std::move(below);
+            }
+            co_return;
+        }
+        const Ref<TasksCls> leaf = tasks.Item(key);
+        if (keys) {
+            result = leaf->TaskKey();
+        } else {
+            if (leaf->TaskPosition() > highest) highest = leaf->TaskPosition();
+            result = highest;
+        }
+    }
+};
 
 }  // namespace
 
@@ -83,8 +114,7 @@ Integer TasksCol::GetTaskNumber(Integer TaskId) {
 }
 
 Integer TasksCol::GetLevel(const String& TaskId) {
-    return kTail.Run<Integer>("GetLevel",
-                              [&](Integer& result) { result = StepsAbove(*this, Item(TaskId)->TaskKey()); });
+    return kTail.Run<Integer>("GetLevel", [&](Integer& result) { result = StepsAbove(*this, Item(TaskId)); });
 }
 
 String TasksCol::GetFirstChildKey(const String& TaskId) {
@@ -143,28 +173,8 @@ String TasksCol::GetLastParentPosKey(const String& TaskKey, const String& Shared
 
 Integer TasksCol::GetTaskAndSubNumber(const String& TaskId, Boolean keys, ByRef<Integer> oldPos) {
     return kTail.Run<Integer>("GetTaskAndSubNumber", [&](Integer& result) {
-        if (TaskId.empty()) return;
-        OutlineWalk walk(*this);
-        std::vector<String> pending{TaskId};
-        while (!pending.empty()) {
-            walk.Step();
-            const String key = std::move(pending.back());
-            pending.pop_back();
-            if (isParent(key)) {
-                const std::vector<Variant> children = GetTasksAsKeys(key)->Keys();
-                for (auto child = children.rbegin(); child != children.rend(); ++child) {
-                    pending.push_back(child->Key().text());
-                }
-                continue;
-            }
-            const Ref<TasksCls> leaf = Item(key);
-            if (keys) {
-                result = leaf->TaskKey();
-            } else {
-                if (leaf->TaskPosition() > *oldPos) *oldPos = leaf->TaskPosition();
-                result = *oldPos;
-            }
-        }
+        LastOfSubtree last{*this, keys, *oldPos, OutlineWalk(*this)};
+        result = last.Of(TaskId).Run();
     });
 }
 

@@ -24,6 +24,7 @@ void MakeWay(TasksCol& tasks, const Ref<TasksCls>& moved, Integer& old_position)
                 if (row + 1 == old_position) ++old_position;
             }
         } else if (row >= position || row >= old_position) {
+            // Kept: a move down pulls up what stands behind the new row, too.
             other.TaskPosition(row - 1);
         }
     });
@@ -34,7 +35,7 @@ void MakeWay(TasksCol& tasks, const Ref<TasksCls>& moved, Integer& old_position)
 Boolean TasksCol::AddParentTask(const Variant& p_parent_id, const Variant& p_task_id) {
     return kTail.Run<Boolean>("AddParentTask", [&](Boolean& result) {
         const Ref<TasksCls> parent = Item(p_parent_id);
-        if (!parent) return;
+        if (!parent || KeyNumber(p_parent_id.Key().text()) == 0) return;
         const String child = p_task_id.Key().text();
         if (!In(parent).Tasks()->Exists(child)) In(parent).Tasks()->Add(child, child);
         result = True;
@@ -44,13 +45,13 @@ Boolean TasksCol::AddParentTask(const Variant& p_parent_id, const Variant& p_tas
 Boolean TasksCol::RemoveParentTask(const Variant& p_parent_id, const Variant& p_task_id, Boolean p_raise) {
     return kTail.Run<Boolean>("RemoveParentTask", [&](Boolean& result) {
         const Ref<TasksCls> parent = Item(p_parent_id);
-        if (!parent) return;
+        const Long parent_number = KeyNumber(p_parent_id.Key().text());
+        if (!parent || parent_number == 0) return;
         const String child = p_task_id.Key().text();
         if (In(parent).HasChildren() && In(parent).Tasks()->Exists(child)) In(parent).Tasks()->Remove(child);
         // Kept: the caller's wish alone decides, even while the host is silenced.
         if (p_raise) {
-            Events.Raise(&TasksColEvents::IamASummary, KeyNumber(p_parent_id.Key().text()),
-                         isParent(p_parent_id.Key().text()));
+            Events.Raise(&TasksColEvents::IamASummary, parent_number, isParent(p_parent_id.Key().text()));
         }
         result = True;
     });

@@ -44,10 +44,10 @@ void ForgetDatesOf(Long key) {
 }
 
 /// Takes a task that is being deleted out of whatever relation collections and item lists are given.
-void Untie(const Ref<TasksCol>& tasks, const Ref<TasksCls>& task, Ref<TaskAssigmentRelationCol> assigments,
+void Untie(const Ref<TasksCol>& tasks, const Variant& key, Ref<TaskAssigmentRelationCol> assigments,
            const Ref<PeopleCol>& people, Ref<TaskGoalRelationCol> goal_relations, const Ref<GoalsCol>& goals,
            Ref<TaskObstaclesRelationCol> obstacle_relations, const Ref<obstaclesCol>& obstacles) {
-    const Variant key = KeyText(task->TaskKey()).text();
+    const Ref<TasksCls> task = tasks->Item(key);
     if (people) people->RemoveTasksRelations(key, assigments, tasks, True);
     if (assigments) task->RemoveTaskRelation(assigments);
     if (goals) goals->RemoveTasksRelations(key, goal_relations, tasks);
@@ -107,7 +107,7 @@ void TasksCol::Remove(const Variant& Index, ByRef<Ref<TaskAssigmentRelationCol>>
         if (!task) return;  // Kept: the flag stays up until the next task is added or removed
 
         if (ForceDelete) {
-            Untie(Ref<TasksCol>(this), task, *oTaskPeopleRelation, oPeopleCol, *oTaskGoalRelation, oGoalGoal,
+            Untie(Ref<TasksCol>(this), key.text(), *oTaskPeopleRelation, oPeopleCol, *oTaskGoalRelation, oGoalGoal,
                   *oTaskObstacleRelation, oObstacleCol);
             if (task->TaskCondidat()) {
                 if (p_arrange) {
@@ -118,7 +118,7 @@ void TasksCol::Remove(const Variant& Index, ByRef<Ref<TaskAssigmentRelationCol>>
             }
             if (!task->TaskCondidat()) candidates_ -= 1;
             RemovePhase(Variant(key.text()));
-            tasks_.Remove(key);
+            if (!tasks_.Remove(key)) Raise(failure::kUnknownKey);  // a listener was quicker
         } else {
             if (p_arrange) ArrangePositionAfterDelete(key.text());
             task->ParentID(0);
@@ -146,9 +146,8 @@ void TasksCol::RemoveRelation(const Variant& Index, ByRef<Ref<TaskAssigmentRelat
                               ByRef<Ref<TaskObstaclesRelationCol>> oTaskObstacleRelation,
                               const Ref<obstaclesCol>& oObstacleCol, Boolean ForceDelete) {
     kTail.Run("RemoveRelation", [&] {
-        const Ref<TasksCls> task = Item(Index);
-        if (!task || !ForceDelete) return;
-        Untie(Ref<TasksCol>(this), task, *oTaskPeopleRelation, oPeopleCol, *oTaskGoalRelation, oGoalGoal,
+        if (!Item(Index) || !ForceDelete) return;
+        Untie(Ref<TasksCol>(this), Index.Key().text(), *oTaskPeopleRelation, oPeopleCol, *oTaskGoalRelation, oGoalGoal,
               *oTaskObstacleRelation, oObstacleCol);
     });
 }

@@ -67,6 +67,7 @@ void TasksCol::SortArray(ByRef<Variant> aTempArray) {
     kTail.Run("SortArray", [&] {
         VariantArray* array = aTempArray->If<VariantArray>();
         if (array == nullptr) Raise(failure::kTypeMismatch);
+        for (const Variant& text : *array) text.Key();  // what is no text fails before anything has moved
         std::sort(array->begin(), array->end(),
                   [](const Variant& a, const Variant& b) { return CompareUnits(a.Key().text(), b.Key().text()) < 0; });
     });

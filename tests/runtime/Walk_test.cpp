@@ -1,0 +1,137 @@
+#include "mrlxmlclass/runtime/Walk.h"
+
+#include <gtest/gtest.h>
+
+#include <functional>
+#include <new>
+#include <stdexcept>
+
+#include "mrlxmlclass/runtime/Numbers.h"
+#include "tests/dom/SmallStack.h"
+#include "tests/support/Failures.h"
+
+namespace mrlxmlclass {
+namespace {
+
+using testing::Failures;
+
+constexpr FailureTail kTail{"Climber"};
+constexpr FailureTail kKeepingTail{"Keeper", FailureTail::Gives::SoFar};
+
+Walk<Long> Depth(int levels) {
+    auto& result = co_await kTail.Begin("Depth");
+    if (levels == 0) co_return;
+    auto below = Depth(levels - 1);
+    result = co_await std::move(below);
+    ++result;
+}
+
+/// Fails on the level `bad`, and says afterwards what came from below.
+Walk<String> Descend(int level, int bad, String& seen) {
+    auto& result = co_await kTail.Begin("Descend");
+    result = "level " + std::to_string(level);
+    if (level == bad) Raise(failure::kUnknownKey);
+    if (level == 3) co_return;
+    auto walk = Descend(level + 1, bad, seen);
+    const String below = co_await std::move(walk);
+    seen += std::to_string(level) + " got <" + below + ">\n";
+}
+
+Walk<Long> FailsWith(std::function<void()> act, const FailureTail& tail) {
+    auto& result = co_await tail.Begin("FailsWith");
+    result = 7;
+    act();
+    result = 8;
+}
+
+TEST(Walk, GivesWhatTheOutermostCallMade) {
+    const Failures failures;
+    EXPECT_EQ(Depth(0).Run(), 0);
+    EXPECT_EQ(Depth(5).Run(), 5);
+}
+
+TEST(Walk, NestsToAnyDepthOnASmallStack) {
+    dom::OnSmallStack([] {
+        const Failures failures;
+        EXPECT_EQ(Depth(200'000).Run(), 200'000);
+    });
+}
+
+TEST(Walk, EndsTheCallThatFailedAndLetsItsCallersGoOn) {
+    Failures failures;
+    String seen;
+    EXPECT_EQ(Descend(1, 3, seen).Run(), "level 1");
+    EXPECT_EQ(seen, "2 got <>\n1 got <level 2>\n");
+    EXPECT_EQ(failures.Taken(), "Climber/Descend 5\n");
+}
+
+TEST(Walk, GivesTheEmptyValueWhenTheOutermostCallFails) {
+    Failures failures;
+    String seen;
+    EXPECT_EQ(Descend(1, 1, seen).Run(), "");
+    EXPECT_EQ(failures.Taken(), "Climber/Descend 5\n");
+}
+
+TEST(Walk, GivesTheResultSoFarUnderATailThatKeepsIt) {
+    Failures failures;
+    EXPECT_EQ(FailsWith([] { Raise(failure::kOverflow); }, kKeepingTail).Run(), 7);
+    EXPECT_EQ(failures.Taken(), "Keeper/FailsWith 6\n");
+}
+
+TEST(Walk, LetsNoOtherExceptionPass) {
+    Failures failures;
+    EXPECT_EQ(FailsWith([] { throw std::bad_alloc(); }, kTail).Run(), 0);
+    EXPECT_EQ(FailsWith([] { throw std::logic_error("not ours"); }, kTail).Run(), 0);
+    EXPECT_EQ(FailsWith([] { throw 1; }, kTail).Run(), 0);
+    EXPECT_EQ(failures.Taken(), "Climber/FailsWith 7\nClimber/FailsWith 51\nClimber/FailsWith 51\n");
+}
+
+TEST(Walk, LeavesANumberSilentThatItsTailDoesNotRecord) {
+    const Failures failures;
+    static constexpr FailureTail silent{"Silent", FailureTail::Gives::Empty, failure::kUnknownKey};
+    EXPECT_EQ(FailsWith([] { Raise(failure::kUnknownKey); }, silent).Run(), 0);
+}
+
+TEST(Walk, RunsAnotherWalkInside) {
+    const Failures failures;
+    Long inner;
+    EXPECT_EQ(FailsWith([&] { inner = Depth(3).Run(); }, kTail).Run(), 8);
+    EXPECT_EQ(inner, 3);
+}
+
+TEST(Walk, DoesNothingBeforeItRuns) {
+    const Failures failures;
+    bool ran = false;
+    {
+        const auto walk = FailsWith([&] { ran = true; }, kTail);
+    }
+    EXPECT_FALSE(ran);
+}
+
+TEST(Walk, TakesItsFramesDownAsItReturns) {
+    const Failures failures;
+    struct Watched {
+        explicit Watched(int& count) : alive(count) { ++alive; }
+        ~Watched() { --alive; }
+        int& alive;
+    };
+    int alive = 0;
+    int most = 0;
+    const auto below = [&](auto&& self, int levels) -> Walk<Long> {
+        auto& result = co_await kTail.Begin("below");
+        const Watched watched(alive);
+        most = std::max(most, alive);
+        result = levels;
+        if (levels == 0) Raise(failure::kUnknownKey);
+        auto walk = self(self, levels - 1);
+        co_await std::move(walk);
+        auto again = self(self, levels > 1 ? 1 : 0);
+        if (levels == 3) co_await std::move(again);
+    };
+    static_cast<void>(below(below, 3).Run());
+    EXPECT_EQ(alive, 0);
+    EXPECT_EQ(most, 4);
+}
+
+}  // namespace
+}  // namespace mrlxmlclass
