@@ -1,0 +1,327 @@
+#include <gtest/gtest.h>
+
+#include "mrlxmlclass/tasks/TasksCol_internal.h"
+#include "tests/dom/SmallStack.h"
+#include "tests/support/Outlines.h"
+
+namespace mrlxmlclass {
+namespace {
+
+using namespace testing;
+
+constexpr int kDeep = 30'000;
+
+/// 1 House
+/// 2   Cellar
+/// 3     Dig
+/// 4     Pour
+/// 5   Roof
+/// 6 Garden
+class House : public Plan {
+public:
+    House() {
+        Task("House").Task("Cellar").Under("House").Task("Dig").Under("Cellar").Task("Pour").Under("Cellar");
+        Task("Roof").Under("House").Task("Garden");
+        for (const char* summary : {"House", "Cellar"}) (*this)[summary].TaskType(False);
+    }
+};
+
+TEST(IsParent, AsksForChildrenOnly) {
+    House plan;
+    EXPECT_TRUE(plan.col().isParent(plan.Key("Cellar")));
+    EXPECT_FALSE(plan.col().isParent(plan.Key("Dig")));
+    for (const char* key : {"", "0", "77", "abc"}) EXPECT_FALSE(plan.col().isParent(key)) << key;
+}
+
+TEST(IsParent, CountsACandidateThatStillHasChildren) {
+    House plan;
+    plan["Cellar"].TaskCondidat(False);
+    EXPECT_TRUE(plan.col().isParent(plan.Key("Cellar")));
+}
+
+TEST(Summary, IsATaskOfTheOutlineWithChildrenThatIsNoPlainRow) {
+    House plan;
+    EXPECT_TRUE(plan.col().Summary(plan.Key("Cellar")));
+    EXPECT_FALSE(plan.col().Summary(plan.Key("Garden")));
+    EXPECT_FALSE(plan.col().Summary(""));
+    plan["Cellar"].TaskType(True);
+    EXPECT_FALSE(plan.col().Summary(plan.Key("Cellar")));
+    plan["House"].TaskCondidat(False);
+    EXPECT_FALSE(plan.col().Summary(plan.Key("House")));
+}
+
+TEST(GetTaskNumber, CountsChildrenAndNotGrandchildren) {
+    House plan;
+    EXPECT_EQ(plan.col().GetTaskNumber(1), 2);
+    EXPECT_EQ(plan.col().GetTaskNumber(6), 0);
+    EXPECT_EQ(plan.col().GetTaskNumber(77), 0);
+    EXPECT_EQ(plan.failures.Taken(), "TasksCol/GetTaskNumber 91\n");
+}
+
+TEST(GetLevel, IsZeroAtTheTop) {
+    House plan;
+    EXPECT_EQ(plan.col().GetLevel(plan.Key("Garden")), 0);
+    EXPECT_EQ(plan.col().GetLevel(plan.Key("Roof")), 1);
+    EXPECT_EQ(plan.col().GetLevel(plan.Key("Dig")), 2);
+}
+
+TEST(GetLevel, RecordsATaskOrAParentThatIsNotThere) {
+    House plan;
+    EXPECT_EQ(plan.col().GetLevel("77"), 0);
+    EXPECT_EQ(plan.failures.Taken(), "TasksCol/GetLevel 91\n");
+    plan["Cellar"].ParentID(77);
+    EXPECT_EQ(plan.col().GetLevel(plan.Key("Dig")), 0);
+    EXPECT_EQ(plan.failures.Taken(), "TasksCol/GetLevel 91\n");
+}
+
+TEST(GetLevel, KnowsATaskByTheIDThatItIsFiledUnder) {
+    House plan;
+    plan.col().Add("abc");
+    EXPECT_EQ(plan.col().GetLevel("abc"), 0);
+}
+
+TEST(GetLevel, StopsInARing) {
+    Plan plan;
+    BuildRing(plan);
+    EXPECT_EQ(plan.col().GetLevel("1"), 0);
+    EXPECT_EQ(plan.failures.Taken(), "TasksCol/GetLevel 28\n");
+}
+
+TEST(GetLevel, StopsAtATaskThatIsItsOwnParent) {
+    Plan plan;
+    BuildSelfParent(plan);
+    EXPECT_EQ(plan.col().GetLevel("1"), 0);
+    EXPECT_EQ(plan.failures.Taken(), "TasksCol/GetLevel 28\n");
+}
+
+TEST(GetFirstChildKey, IsTheChildRightBehindItsParent) {
+    House plan;
+    EXPECT_EQ(plan.col().GetFirstChildKey(plan.Key("House")), plan.Key("Cellar"));
+    plan["Cellar"].TaskPosition(9);
+    EXPECT_EQ(plan.col().GetFirstChildKey(plan.Key("House")), "");
+    EXPECT_EQ(plan.col().GetFirstChildKey(plan.Key("Garden")), "");
+}
+
+TEST(GetFirstChildKey, TakesTheFirstOfTwoOnTheSameRow) {
+    House plan;
+    plan["Roof"].TaskPosition(2);
+    EXPECT_EQ(plan.col().GetFirstChildKey(plan.Key("House")), plan.Key("Cellar"));
+}
+
+TEST(GetFirstChildKey, RecordsATaskOrAChildThatIsNotThere) {
+    House plan;
+    EXPECT_EQ(plan.col().GetFirstChildKey("77"), "");
+    EXPECT_EQ(plan.failures.Taken(), "TasksCol/GetFirstChildKey 91\n");
+    plan.col().AddParentTask(plan.Key("Garden"), 77);
+    EXPECT_EQ(plan.col().GetFirstChildKey(plan.Key("Garden")), "");
+    EXPECT_EQ(plan.failures.Taken(), "TasksCol/GetFirstChildKey 91\n");
+}
+
+TEST(FirstChildInParent, IsNeverTrueAtTheTop) {
+    House plan;
+    EXPECT_TRUE(plan.col().FirstChildInParent(plan.Key("Cellar")));
+    EXPECT_TRUE(plan.col().FirstChildInParent(plan.Key("Dig")));
+    EXPECT_FALSE(plan.col().FirstChildInParent(plan.Key("Roof")));
+    EXPECT_FALSE(plan.col().FirstChildInParent(plan.Key("House")));
+    plan["Dig"].ParentID(77);
+    EXPECT_FALSE(plan.col().FirstChildInParent(plan.Key("Dig")));
+    EXPECT_EQ(plan.failures.Taken(), "TasksCol/FirstChildInParent 91\n");
+}
+
+TEST(GetTaskKeyByPosition, FindsTheFirstTaskOfARowAndACandidateAtRowZero) {
+    House plan;
+    EXPECT_EQ(plan.col().GetTaskKeyByPosition(3), plan.Key("Dig"));
+    EXPECT_EQ(plan.col().GetTaskKeyByPosition(7), "");
+    EXPECT_EQ(plan.col().GetTaskKeyByPosition(0), "");
+    plan["Garden"].TaskPosition(3);
+    EXPECT_EQ(plan.col().GetTaskKeyByPosition(3), plan.Key("Dig"));
+    plan.Task("Kept aside").Candidate();
+    EXPECT_EQ(plan.col().GetTaskKeyByPosition(0), plan.Key("Kept aside"));
+}
+
+TEST(GetFirstLevelParentPosKey, ClimbsToTheTop) {
+    House plan;
+    plan["House"].TaskPosition(11);
+    EXPECT_EQ(plan.col().GetFirstLevelParentPosKey(plan.Key("Dig"), True), "1");
+    EXPECT_EQ(plan.col().GetFirstLevelParentPosKey(plan.Key("Dig")), "11");
+    EXPECT_EQ(plan.col().GetFirstLevelParentPosKey(plan.Key("Garden")), "6");
+}
+
+TEST(GetFirstLevelParentPosKey, StopsInARingAndAtAParentThatIsNotThere) {
+    Plan plan;
+    BuildRing(plan);
+    EXPECT_EQ(plan.col().GetFirstLevelParentPosKey("2", True), "");
+    EXPECT_EQ(plan.failures.Taken(), "TasksCol/GetFirstLevelParentPosKey 28\n");
+    plan["A"].ParentID(77);
+    EXPECT_EQ(plan.col().GetFirstLevelParentPosKey("2", True), "");
+    EXPECT_EQ(plan.failures.Taken(), "TasksCol/GetFirstLevelParentPosKey 91\n");
+}
+
+TEST(GetLastParentPosKey, IsTheAncestorOnTheLevelBelowTheSharedParent) {
+    House plan;
+    EXPECT_EQ(plan.col().GetLastParentPosKey(plan.Key("Dig"), plan.Key("House"), True), plan.Key("Cellar"));
+    EXPECT_EQ(plan.col().GetLastParentPosKey(plan.Key("Dig"), plan.Key("House")), "2");
+    EXPECT_EQ(plan.col().GetLastParentPosKey(plan.Key("Dig"), plan.Key("Cellar"), True), plan.Key("Dig"));
+    EXPECT_EQ(plan.col().GetLastParentPosKey(plan.Key("Dig"), "0", True), plan.Key("House"));
+    EXPECT_EQ(plan.col().GetLastParentPosKey(plan.Key("Dig"), "", True), plan.Key("House"));
+    EXPECT_EQ(plan.col().GetLastParentPosKey("0", plan.Key("House")), "");
+}
+
+TEST(GetLastParentPosKey, ComparesTheSharedParentAsANumber) {
+    House plan;
+    EXPECT_EQ(plan.col().GetLastParentPosKey(plan.Key("Dig"), "02", True), plan.Key("Dig"));
+}
+
+TEST(GetLastParentPosKey, StopsInARing) {
+    Plan plan;
+    BuildRing(plan);
+    EXPECT_EQ(plan.col().GetLastParentPosKey("1", "77", True), "");
+    EXPECT_EQ(plan.failures.Taken(), "TasksCol/GetLastParentPosKey 28\n");
+}
+
+TEST(GetTaskAndSubNumber, GivesTheHighestRowOfASubtree) {
+    House plan;
+    Integer highest = 0;
+    EXPECT_EQ(plan.col().GetTaskAndSubNumber(plan.Key("House"), False, highest), 5);
+    EXPECT_EQ(highest, 5);
+    EXPECT_EQ(plan.col().GetTaskAndSubNumber(plan.Key("Cellar")), 4);
+    EXPECT_EQ(plan.col().GetTaskAndSubNumber(plan.Key("Garden")), 6);
+    EXPECT_EQ(plan.col().GetTaskAndSubNumber(""), 0);
+}
+
+TEST(GetTaskAndSubNumber, StartsFromTheRowThatIsHandedIn) {
+    House plan;
+    Integer highest = 9;
+    EXPECT_EQ(plan.col().GetTaskAndSubNumber(plan.Key("House"), False, highest), 9);
+    EXPECT_EQ(highest, 9);
+}
+
+TEST(GetTaskAndSubNumber, GivesTheKeyOfTheLastLeafAndNotOfTheParent) {
+    House plan;
+    EXPECT_EQ(plan.col().GetTaskAndSubNumber(plan.Key("House"), True), plan.Number("Roof"));
+    plan["Roof"].TaskPosition(0);
+    EXPECT_EQ(plan.col().GetTaskAndSubNumber(plan.Key("House"), True), plan.Number("Pour"));
+}
+
+TEST(GetTaskAndSubNumber, CountsABranchThatFailsAsNothingAndGoesOn) {
+    House plan;
+    plan.col().AddParentTask(plan.Key("Cellar"), 77);  // a second and third child that are no tasks
+    Integer highest = 0;
+    EXPECT_EQ(plan.col().GetTaskAndSubNumber(plan.Key("House"), False, highest), 5);
+    EXPECT_EQ(plan.failures.Taken(), "TasksCol/GetTasksAsKeys 91\nTasksCol/GetTaskAndSubNumber 91\n");
+    EXPECT_EQ(plan.col().GetTaskAndSubNumber("77"), 0);
+    EXPECT_EQ(plan.failures.Taken(), "TasksCol/GetTaskAndSubNumber 91\n");
+}
+
+TEST(GetTaskAndSubNumber, TellsARingOnceHoweverManyTasksHangOnIt) {
+    Plan plan;
+    BuildRing(plan);
+    for (int i = 0; i < 50; ++i) plan.Task("Leaf " + std::to_string(i)).Under("B");
+    plan.col().GetTaskAndSubNumber("1");
+    EXPECT_EQ(plan.failures.Taken(), "TasksCol/GetTaskAndSubNumber 28\n");
+}
+
+TEST(GetTaskAndSubNumber, StopsAtATaskThatIsItsOwnChild) {
+    Plan plan;
+    BuildSelfParent(plan);
+    EXPECT_EQ(plan.col().GetTaskAndSubNumber("1", True), 0);
+    EXPECT_EQ(plan.failures.Taken(), "TasksCol/GetTaskAndSubNumber 28\n");
+}
+
+TEST(CanbeLeveled, IsTrueWhileTheLineOfFirstChildrenStaysBelowTen) {
+    Plan plan;
+    BuildChain(plan, 11);
+    EXPECT_TRUE(plan.col().CanbeLeveled("2", "0")) << "nine levels below it";
+    EXPECT_FALSE(plan.col().CanbeLeveled("1", "0")) << "ten levels below it";
+    EXPECT_FALSE(plan.col().CanbeLeveled("1", ""));
+}
+
+TEST(CanbeLeveled, FollowsOnlyTheLineOfFirstChildren) {
+    Plan plan;
+    plan.Task("Top").Task("First").Under("Top").Task("Second").Under("Top");
+    String parent = "Second";
+    for (int i = 0; i < 12; ++i) {
+        const String name = "Deep " + std::to_string(i);
+        plan.Task(name).Under(parent);
+        parent = name;
+    }
+    EXPECT_TRUE(plan.col().CanbeLeveled(plan.Key("Top"), "0"));
+}
+
+TEST(CanbeLeveled, AddsTheLineOfANewParentThatHasChildren) {
+    Plan plan;
+    BuildChain(plan, 9);  // a line of eight below "1"
+    plan.Task("Leaf").Under("1").Task("Pair").Task("Child").Under("Pair");
+    EXPECT_TRUE(plan.col().CanbeLeveled(plan.Key("Pair"), "1")) << "1 + 8";
+    EXPECT_TRUE(plan.col().CanbeLeveled(plan.Key("Leaf"), "1")) << "0 + 8";
+    plan.Task("10").Under("9");
+    plan["10"].TaskPosition(10);
+    EXPECT_FALSE(plan.col().CanbeLeveled(plan.Key("Pair"), "1")) << "1 + 9";
+    EXPECT_TRUE(plan.col().CanbeLeveled(plan.Key("Leaf"), "1")) << "0 + 9";
+}
+
+TEST(CanbeLeveled, AddsTheWayUpFromALeafAsNewParent) {
+    Plan plan;
+    BuildChain(plan, 10);
+    plan.Task("Pair").Task("Child").Under("Pair").Task("Trio").Task("Middle").Under("Trio").Task("Low").Under("Middle");
+    plan["Child"].TaskPosition(12);
+    EXPECT_TRUE(plan.col().CanbeLeveled(plan.Key("Pair"), "9")) << "1 + the line of one below 9";
+    EXPECT_FALSE(plan.col().CanbeLeveled(plan.Key("Pair"), "10")) << "1 + 1 + the eight steps above 9";
+    EXPECT_TRUE(plan.col().CanbeLeveled(plan.Key("Child"), "10")) << "0 + 8";
+}
+
+TEST(CanbeLeveled, KeepsCountingTheLineBelowATopLevelTaskAsTheWayUp) {
+    Plan plan;
+    BuildChain(plan, 9);  // a line of eight below "1"
+    plan.Task("Leaf").Under("1").Task("Pair").Task("Child").Under("Pair");
+    EXPECT_FALSE(plan.col().CanbeLeveled(plan.Key("Pair"), plan.Key("Leaf"))) << "1 + 1 + 8, for a depth of two";
+    EXPECT_TRUE(plan.col().CanbeLeveled(plan.Key("Child"), plan.Key("Leaf"))) << "0 + 8";
+}
+
+TEST(CanbeLeveled, CountsALeafFromItsParentUp) {
+    Plan plan;
+    BuildChain(plan, 12);
+    EXPECT_FALSE(plan.col().CanbeLeveled("12", "")) << "ten steps above its parent";
+    EXPECT_TRUE(plan.col().CanbeLeveled("1", "77") == False);
+    plan.Task("Single");
+    EXPECT_TRUE(plan.col().CanbeLeveled(plan.Key("Single"), "11")) << "a leaf at the top counts 0, whatever the parent";
+}
+
+TEST(CanbeLeveled, AddsNothingForASiblingOrATopLevelLeafAsNewParent) {
+    Plan plan;
+    plan.Task("Top").Task("A").Under("Top").Task("B").Under("Top").Task("Alone");
+    EXPECT_TRUE(plan.col().CanbeLeveled(plan.Key("A"), plan.Key("B")));
+    EXPECT_TRUE(plan.col().CanbeLeveled(plan.Key("A"), plan.Key("Alone")));
+    EXPECT_TRUE(plan.col().CanbeLeveled(plan.Key("Top"), plan.Key("Alone")));
+    EXPECT_TRUE(plan.col().CanbeLeveled("", plan.Key("Alone")));
+    EXPECT_TRUE(plan.col().CanbeLeveled(plan.Key("A"), "77")) << "no such parent";
+}
+
+TEST(CanbeLeveled, StopsInARing) {
+    Plan plan;
+    BuildRing(plan);
+    plan["A"].TaskPosition(1);
+    plan.Task("Leaf").Under("B");
+    EXPECT_FALSE(plan.col().CanbeLeveled(plan.Key("Leaf"), "0"));
+    EXPECT_EQ(plan.failures.Taken(), "TasksCol/CanbeLeveled 28\n");
+    EXPECT_FALSE(plan.col().CanbeLeveled("77", "0"));
+    EXPECT_EQ(plan.failures.Taken(), "TasksCol/CanbeLeveled 91\n");
+}
+
+TEST(Outline, IsClimbedAndDescendedAtAnyDepthOnASmallStack) {
+    dom::OnSmallStack([] {
+        Plan plan;
+        BuildChain(plan, kDeep);
+        const String bottom = std::to_string(kDeep);
+        EXPECT_EQ(plan.col().GetLevel(bottom), kDeep - 1);
+        EXPECT_EQ(plan.col().GetFirstLevelParentPosKey(bottom, True), "1");
+        EXPECT_EQ(plan.col().GetLastParentPosKey(bottom, "1", True), "2");
+        EXPECT_EQ(plan.col().GetTaskAndSubNumber("1", True), kDeep);
+        EXPECT_EQ(plan.col().GetTaskAndSubNumber("1"), kDeep);
+        EXPECT_FALSE(plan.col().CanbeLeveled("1", "0"));
+        EXPECT_FALSE(plan.col().CanbeLeveled(bottom, ""));
+    });
+}
+
+}  // namespace
+}  // namespace mrlxmlclass
