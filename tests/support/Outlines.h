@@ -36,8 +36,8 @@ inline String Listed(const Ref<Collection>& items) {
     String list;
     for (const auto& entry : items->Snapshot()) {
         const bool is_task = entry.item.If<Ref<Counted>>() != nullptr;
-        list += (list.empty() ? "" : " ") +
-                (is_task ? entry.item.Object<TasksCls>()->TaskName() : entry.item.As<String>());
+        list +=
+            (list.empty() ? "" : " ") + (is_task ? entry.item.Object<TasksCls>()->TaskName() : entry.item.As<String>());
     }
     return list;
 }
@@ -53,8 +53,7 @@ inline String Walked(const TasksCol& tasks) {
 inline String Rows(const TasksCol& tasks) {
     String list;
     for (const auto& entry : tasks.NewEnum()) {
-        list += (list.empty() ? "" : " ") + entry.item->TaskName() +
-                std::to_string(entry.item->TaskPosition().value());
+        list += (list.empty() ? "" : " ") + entry.item->TaskName() + std::to_string(entry.item->TaskPosition().value());
     }
     return list;
 }

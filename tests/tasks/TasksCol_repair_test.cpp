@@ -1,0 +1,156 @@
+#include <gtest/gtest.h>
+
+#include "mrlxmlclass/tasks/TasksCol_internal.h"
+#include "tests/dom/SmallStack.h"
+#include "tests/support/Outlines.h"
+
+namespace mrlxmlclass {
+namespace {
+
+using namespace testing;
+
+/// Adds a task as a reader does: its parent is only a number, no list knows it yet.
+Ref<TasksCls> Read(Plan& plan, const String& name, Long parent, Long row) {
+    plan.Task(name);
+    const Ref<TasksCls> task = plan.col().Item(plan.Key(name));
+    task->ParentID(parent);
+    task->TaskPosition(row);
+    return task;
+}
+
+TEST(AddTaskParentForAll, BuildsTheListsOfChildrenAndOfPhases) {
+    Plan plan;
+    Read(plan, "Phase", 0, 1);
+    Read(plan, "A", 1, 2)->TaskType(True);
+    Read(plan, "B", 1, 3)->TaskType(True);
+    Read(plan, "Last", 0, 4);
+
+    EXPECT_FALSE(plan.col().AddTaskParentForAll()) << "nothing to repair";
+
+    EXPECT_EQ(Listed(plan.col().GetTasksAsKeys(1)), "2 3");
+    EXPECT_EQ(Listed(plan.col().Phases()), "1 4");
+    EXPECT_EQ(plan.Heard(), "");
+}
+
+TEST(AddTaskParentForAll, FindsARowThatIsMissing) {
+    Plan plan;
+    Read(plan, "A", 0, 1);
+    Read(plan, "B", 0, 2);
+    Read(plan, "C", 0, 4);
+    EXPECT_TRUE(plan.col().AddTaskParentForAll());
+    EXPECT_TRUE(In(plan.col()).FixProject());
+    EXPECT_EQ(Rows(plan.col()), "A1 B2 C3");
+}
+
+TEST(AddTaskParentForAll, FindsARowThatIsTakenTwice) {
+    Plan plan;
+    Read(plan, "A", 0, 1);
+    Read(plan, "B", 0, 1);
+    EXPECT_TRUE(plan.col().AddTaskParentForAll());
+}
+
+TEST(AddTaskParentForAll, FindsATaskWithoutARow) {
+    Plan plan;
+    Read(plan, "A", 0, 1);
+    Read(plan, "B", 0, -1);
+    EXPECT_TRUE(plan.col().AddTaskParentForAll());
+}
+
+TEST(AddTaskParentForAll, AsksForRepairWheneverThereAreCandidates) {
+    Plan plan;
+    Read(plan, "A", 0, 1);
+    plan.Task("Kept aside").Candidate();
+    EXPECT_TRUE(plan.col().AddTaskParentForAll()) << "a candidate has no row";
+}
+
+TEST(AddTaskParentForAll, CountsCandidatesRightTheSecondTimeToo) {
+    Plan plan;
+    Read(plan, "A", 0, 1);
+    plan.Task("Kept aside").Candidate();
+    plan.col().AddTaskParentForAll();
+    EXPECT_EQ(plan.col().Count(), 1);
+    plan.col().RemovePhase(Variant(1));
+    plan.col().AddTaskParentForAll();
+    EXPECT_EQ(plan.col().Count(), 1);
+}
+
+TEST(AddTaskParentForAll, GivesAParentBehindItsChildTheChildsRow) {
+    Plan plan;
+    Read(plan, "Child", 2, 1)->TaskType(True);
+    Read(plan, "Parent", 0, 2);
+    Read(plan, "Last", 0, 3);
+
+    EXPECT_TRUE(plan.col().AddTaskParentForAll());
+    In(plan.col()).FixProject();
+
+    EXPECT_EQ(plan.Drawn(), "1 Parent\n2   Child\n3 Last\n");
+    EXPECT_EQ(plan.Heard().substr(0, 12), "TaskInserted") << "making way tells a task with a name";
+}
+
+TEST(AddTaskParentForAll, EndsAtAParentThatIsNotThere) {
+    Plan plan;
+    Read(plan, "A", 0, 1);
+    Read(plan, "Orphan", 77, 2);
+    Read(plan, "Later", 1, 4);
+    EXPECT_FALSE(plan.col().AddTaskParentForAll());
+    EXPECT_EQ(plan.failures.Taken(), "TasksCol/AddTaskParentForAll 91\n");
+    EXPECT_FALSE(plan.col().isParent("1")) << "what comes behind is not read";
+}
+
+TEST(AddTaskParentForAll, FindsTheSpanOfTheOutlineAndItsHolders) {
+    Plan plan;
+    plan.Task("A").From(Tuesday).To(Wednesday);
+    plan.Task("B").From(Monday).To(Tuesday);
+    plan.Task("C").From(Wednesday).To(Friday);
+    plan.Task("Kept aside").From(Monday - 7).To(Friday + 7).Candidate();
+    plan.Task("Undated");
+    Module().g_MinDate = Module().g_MaxDate = Date();
+
+    plan.col().AddTaskParentForAll();
+
+    EXPECT_EQ(Module().g_MinDate, Date()) << "a task without a start holds the minimum";
+    EXPECT_EQ(Module().g_MinDateTaskKey, plan.Number("Undated"));
+    EXPECT_EQ(DayName(Module().g_MaxDate), DayName(Friday));
+    EXPECT_EQ(Module().g_MaxDateTaskKey, plan.Number("C"));
+}
+
+TEST(AddTaskParentForAll, SurvivesARingOfParents) {
+    Plan plan;
+    Read(plan, "A", 2, 1);
+    Read(plan, "B", 1, 2);
+    plan.col().AddTaskParentForAll();
+    EXPECT_NE(plan.failures.Taken().find(" 28\n"), String::npos);
+    EXPECT_TRUE(plan.col().isParent("1"));
+    EXPECT_TRUE(plan.col().isParent("2"));
+    plan.Heard();
+}
+
+TEST(AddTaskParentForAll, SurvivesATaskThatIsItsOwnParent) {
+    Plan plan;
+    Read(plan, "A", 1, 1);
+    EXPECT_FALSE(plan.col().AddTaskParentForAll());
+    EXPECT_TRUE(plan.col().isParent("1"));
+}
+
+TEST(AddTaskParentForAll, ReadsADeepOutlineOnASmallStack) {
+    dom::OnSmallStack([] {
+        constexpr int kDeep = 30'000;
+        Plan plan;
+        for (int i = 1; i <= kDeep; ++i) Read(plan, std::to_string(i), i - 1, i);
+        EXPECT_FALSE(plan.col().AddTaskParentForAll());
+        EXPECT_EQ(plan.col().GetLevel(std::to_string(kDeep)), kDeep - 1);
+    });
+}
+
+TEST(FixProject, NumbersTheOutlineInItsOrderAndLeavesCandidates) {
+    Plan plan;
+    Read(plan, "A", 0, 7);
+    Read(plan, "B", 0, -3);
+    plan.Task("Kept aside").Candidate();
+    Read(plan, "C", 0, 12);
+    EXPECT_TRUE(In(plan.col()).FixProject());
+    EXPECT_EQ(Rows(plan.col()), "B1 Kept aside0 A2 C3");
+}
+
+}  // namespace
+}  // namespace mrlxmlclass
