@@ -7,11 +7,11 @@
 
 namespace mrlxmlclass::dom {
 
-/// Runs something on a stack of 1 MiB, where a recursion as deep as a document would end the program.
-inline void OnSmallStack(std::function<void()> body) {
+/// Runs something on a stack of 1 MiB, or as told, where a recursion as deep as a document would end the program.
+inline void OnSmallStack(std::function<void()> body, std::size_t bytes = std::size_t{1} << 20U) {
     pthread_attr_t attributes;
     pthread_attr_init(&attributes);
-    pthread_attr_setstacksize(&attributes, std::size_t{1} << 20U);
+    pthread_attr_setstacksize(&attributes, bytes);
     pthread_t thread{};
     const auto run = [](void* what) -> void* {
         (*static_cast<std::function<void()>*>(what))();

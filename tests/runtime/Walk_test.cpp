@@ -109,7 +109,7 @@ TEST(Walk, DoesNothingBeforeItRuns) {
 }
 
 TEST(Walk, TakesItsFramesDownAsItReturns) {
-    const Failures failures;
+    Failures failures;
     struct Watched {
         explicit Watched(int& count) : alive(count) { ++alive; }
         ~Watched() { --alive; }
@@ -131,6 +131,7 @@ TEST(Walk, TakesItsFramesDownAsItReturns) {
     static_cast<void>(below(below, 3).Run());
     EXPECT_EQ(alive, 0);
     EXPECT_EQ(most, 4);
+    EXPECT_EQ(failures.Taken(), "Climber/below 5\nClimber/below 5\n");
 }
 
 }  // namespace

@@ -263,9 +263,13 @@ TEST(AdjustSummary, SurvivesAListenerThatTakesTheSummaryAway) {
         const Taker taker(plan);
         plan.col().AdjustSummary(plan.Key("Phase"));
     }
-    plan.failures.Taken();
-    EXPECT_FALSE(plan.col().Item(plan.Key("Phase")));
-    EXPECT_EQ(plan.Heard().substr(0, 40), "DurationChange(2, 2, days, False, True)\n");
+    EXPECT_EQ(plan.Heard(),
+              "DurationChange(2, 2, days, False, True)\n"
+              "TaskDurationChange(2, 2, days, False, True)\n"
+              "DateEndChange(2, 2026-03-03, False, True, days)\n"
+              "DateStartChange(2, 2026-03-02, False, True)\n")
+        << "what was measured is told to its end";
+    EXPECT_EQ(plan.failures.Taken(), "TasksCol/AdjustSummary 91\n") << "the parent has a child that is no task";
 }
 
 TEST(GetMinDate, FindsTheEarliestStartAndItsHolder) {

@@ -60,6 +60,14 @@ TEST(Phases, FollowsThePlaceWithinTheParentAndNotTheRow) {
     EXPECT_EQ(Listed(plan.col().Phases()), "3 1 2") << "the stored list is sorted anew each time";
 }
 
+TEST(Phases, KeepsTurningPhasesWithoutAPlaceWithinTheirParent) {
+    Plan plan;
+    plan.Task("A").Task("B").Task("C");
+    plan.col().SetPhases();
+    EXPECT_EQ(Listed(plan.col().Phases()), "2 3 1");
+    EXPECT_EQ(Listed(plan.col().Phases()), "2 3 1") << "the stored list stays as it was";
+}
+
 TEST(Phases, GivesAListOfItsOwn) {
     Plan plan;
     plan.Task("A");
@@ -83,7 +91,7 @@ TEST(SetPhases, TakesTheTopLevelTasksOfTheOutlineThatMayOwnChildren) {
     plan["Plain"].TaskType(True);
     plan["Kept aside"].TaskType(False);
     EXPECT_TRUE(plan.col().SetPhases().is_empty());
-    EXPECT_EQ(Listed(plan.col().Phases()), plan.Key("Phase") + " " + plan.Key("Last"));
+    EXPECT_EQ(Listed(In(plan.col()).phases()), plan.Key("Phase") + " " + plan.Key("Last"));
 }
 
 TEST(SetPhases, DiscardsTheListThatWas) {

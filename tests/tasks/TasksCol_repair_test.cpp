@@ -28,7 +28,7 @@ TEST(AddTaskParentForAll, BuildsTheListsOfChildrenAndOfPhases) {
     EXPECT_FALSE(plan.col().AddTaskParentForAll()) << "nothing to repair";
 
     EXPECT_EQ(Listed(plan.col().GetTasksAsKeys(1)), "2 3");
-    EXPECT_EQ(Listed(plan.col().Phases()), "1 4");
+    EXPECT_EQ(Listed(In(plan.col()).phases()), "1 4");
     EXPECT_EQ(plan.Heard(), "");
 }
 
