@@ -1,0 +1,20 @@
+# cmake -D expected=FILE -P compare_output.cmake -- PROGRAM [ARGUMENT...]
+# Fails unless the program ends well and prints what the file holds.
+set(command)
+set(behind_dashes OFF)
+math(EXPR last "${CMAKE_ARGC} - 1")
+foreach(place RANGE ${last})
+  if(behind_dashes)
+    list(APPEND command "${CMAKE_ARGV${place}}")
+  elseif("${CMAKE_ARGV${place}}" STREQUAL "--")
+    set(behind_dashes ON)
+  endif()
+endforeach()
+
+execute_process(COMMAND ${command} OUTPUT_VARIABLE printed ERROR_VARIABLE complaints RESULT_VARIABLE status)
+file(READ "${expected}" wanted)
+if(NOT status EQUAL 0)
+  message(FATAL_ERROR "The program ended with ${status}:\n${printed}${complaints}")
+elseif(NOT printed STREQUAL wanted)
+  message(FATAL_ERROR "Printed:\n${printed}\nExpected:\n${wanted}\n${complaints}")
+endif()
