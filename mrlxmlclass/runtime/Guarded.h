@@ -29,7 +29,7 @@ struct Guarded {
     }
     void LetInside(const Ref<T>& object) {
         cell.Set(object);
-        filled_inside = true;
+        filled_inside = static_cast<bool>(object);
     }
     void LetFlag(Boolean flag) {
         if (flag == valid) return;

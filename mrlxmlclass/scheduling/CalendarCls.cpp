@@ -41,13 +41,14 @@ Boolean CalendarCls::SetAsNonWorkingDay(ByRef<Long> NonWorkingDay) {
 Boolean CalendarCls::SetAsWorkingDay(ByRef<Long> WorkingDay) {
     return kTail.Run<Boolean>("SetAsWorkingDay", [&](Boolean& result) {
         const String weekday = Conversions::LongToString(*WorkingDay);
-        result = True;
-        if (!f_.NonWorkingDay->Exists(weekday)) return;
-        f_.NonWorkingDay->Remove(weekday);
-        for (const auto& entry : f_.ExceptionDay->Snapshot()) {
-            const Variant day = entry.key.value();
-            if (DayOf(day).weekday() == *WorkingDay) f_.ExceptionDay->Remove(day);
+        if (f_.NonWorkingDay->Exists(weekday)) {
+            f_.NonWorkingDay->Remove(weekday);
+            for (const auto& entry : f_.ExceptionDay->Snapshot()) {
+                const Variant day = entry.key.value();
+                if (DayOf(day).weekday() == *WorkingDay) f_.ExceptionDay->Remove(day);
+            }
         }
+        result = True;
     });
 }
 
@@ -88,14 +89,14 @@ Boolean CalendarCls::SetAsNonException(ByRef<Date> aDate) {
 Boolean CalendarCls::isHoliday(ByRef<Date> aDate) {
     return kTail.Run<Boolean>("isHoliday", [&](Boolean& result) {
         *aDate = aDate->day();
-        result = f_.Holiday->Exists(DayText(*aDate));
+        result = holidays_.Has(f_.Holiday, *aDate);
     });
 }
 
 Boolean CalendarCls::isExceptionDay(ByRef<Date> aDate) {
     return kTail.Run<Boolean>("isExceptionDay", [&](Boolean& result) {
         *aDate = aDate->day();
-        result = f_.ExceptionDay->Exists(*aDate) ? True : f_.ExceptionDay->Exists(DayText(*aDate));
+        result = exceptions_.Has(f_.ExceptionDay, *aDate);
     });
 }
 

@@ -3,6 +3,7 @@
 #include "mrlxmlclass/dom/Document.h"
 #include "mrlxmlclass/runtime/ByRef.h"
 #include "mrlxmlclass/runtime/Dictionary.h"
+#include "mrlxmlclass/scheduling/DaySet.h"
 
 namespace mrlxmlclass {
 
@@ -98,6 +99,8 @@ private:
         Ref<Dictionary> ExceptionDay = Make<Dictionary>();
     };
     Fields f_;
+    DaySet holidays_{DaySet::Keys::Texts};
+    DaySet exceptions_{DaySet::Keys::TextsAndDates};
 };
 
 }  // namespace mrlxmlclass

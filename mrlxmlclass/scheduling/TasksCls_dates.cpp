@@ -1,4 +1,5 @@
 #include <algorithm>
+#include <cmath>
 
 #include "mrlxmlclass/platform/Services.h"
 #include "mrlxmlclass/runtime/Tail.h"
@@ -15,7 +16,9 @@ using Gloabal::SetNextWorkingDay;
 
 constexpr FailureTail kTail{"TasksCls"};
 constexpr int kMinYear = 2000;
+constexpr int kLastYear = 9999;
 constexpr int kMostUnits = 999;
+constexpr int kMostIdleSteps = 366'000;
 
 Date NextWorkingDayFromToday() {
     return SetNextWorkingDay(Platform().clock.Today(), Integer(1), Integer(0));
@@ -35,10 +38,9 @@ Date InRange(Date date) {
 
 /// Moves by `days`, and on in the same direction while the day reached is non-working.
 void StepOverNonWorking(Date& day, Interval interval, int direction) {
-    constexpr int kMostSteps = 366'000;
     int steps = 0;
     do {
-        if (++steps > kMostSteps) Raise(failure::kEndlessWalk);
+        if (++steps > kMostIdleSteps) Raise(failure::kEndlessWalk);
         day = DateAdd(interval, direction, day);
     } while (IsNonWorkingDay(day));
 }
@@ -48,9 +50,9 @@ Date WithLag(Date start, Long lag) {
     const int direction = lag < 0 ? -1 : 1;
     Date day = SetNextWorkingDay(start, Integer(direction), Integer(0));
     // Kept: a lag of -1 is where the predecessor ends, a lag of 1 is one working day on.
-    for (std::int64_t steps = lag < 0 ? -lag - 1 : std::int64_t{lag}; steps > 0; --steps) {
-        StepOverNonWorking(day, Interval::Days, direction);
-    }
+    std::int64_t steps = lag < 0 ? -lag - 1 : std::int64_t{lag};
+    DateAdd(Interval::Days, static_cast<double>(direction * steps), day);  // fails at once where the walk would at last
+    for (; steps > 0; --steps) StepOverNonWorking(day, Interval::Days, direction);
     return day;
 }
 
@@ -91,23 +93,41 @@ void KeepMaxDateOfEnd(Date end, Long key) {
     }
 }
 
+double SecondsOf(Interval interval) {
+    return interval == Interval::Days ? 86400 : interval == Interval::Hours ? 3600 : 60;
+}
+
+/// How many intervals it takes from one moment to reach another; one at least.
+double StepsTo(Date from, Date to, Interval interval) {
+    return std::max(1.0, std::ceil(std::round((to.days() - from.days()) * 86400) / SecondsOf(interval)));
+}
+
+bool EveryDayIsWorked() {
+    return !Module().g_PublicCalendar;
+}
+
+/// WalkToEnd where every day is worked: one stride instead of many steps.
+Date StrideToEnd(Date start, Interval interval, Double duration) {
+    const double steps = std::min(std::ceil(duration) - 1, StepsTo(start, Date::Of(kLastYear, 1, 1), interval));
+    return DateAdd(interval, std::max(1.0, steps), start);
+}
+
 /// The day on which `duration` intervals are worked off, the start day counting as the first whatever it is.
 Date WalkToEnd(Date start, Interval interval, Double duration) {
-    constexpr int kMostIdleSteps = 366'000;
-    constexpr int kLastYear = 9999;
     Date current = DateAdd(interval, 1, start);
     double count = 1;
     int idle = 0;
     while (count <= duration) {
-        const Date tested = current;
-        if (IsNonWorkingDay(current)) {
-            // Hours and minutes never leave a non-working day, since the day test cuts the time off.
-            const bool stays = DateAdd(interval, 1, current).day() == tested.day() || count >= duration;
-            if (stays) Raise(failure::kOverflow);
-            if (++idle > kMostIdleSteps) Raise(failure::kEndlessWalk);
-        } else {
+        const bool worked = !IsNonWorkingDay(current);
+        // Hours and minutes never leave the day at hand, since the day test cuts the time off.
+        if (worked && interval != Interval::Days) return current;
+        if (worked) {
             ++count;
             idle = 0;
+        } else if (interval != Interval::Days || count >= duration) {
+            Raise(failure::kOverflow);  // it would stay here for good
+        } else if (++idle > kMostIdleSteps) {
+            Raise(failure::kEndlessWalk);
         }
         if (count < duration) {
             if (current.year() < kLastYear) {
@@ -226,7 +246,8 @@ Date TasksCls::SetDateWithoutWeekend(Date WeekDate, ByRef<Double> duration) {
         if (StepsPlainly(unit)) {
             result = DateAdd(interval, f_.TaskDuration.value, start);
         } else {
-            result = *duration == 1 ? start : WalkToEnd(start, interval, *duration);
+            const auto walk = EveryDayIsWorked() ? StrideToEnd : WalkToEnd;
+            result = *duration == 1 ? start : walk(start, interval, *duration);
         }
     });
 }
@@ -244,6 +265,10 @@ Date TasksCls::SetStartDateWithoutWeekend(Date WeekDate, ByRef<Double> duration)
         } else {
             // Kept: the first step may land on a non-working day, and a duration of 2 stays there.
             Date current = DateAdd(interval, -1, WeekDate);
+            if (EveryDayIsWorked()) {
+                result = DateAdd(interval, -std::max(0.0, std::ceil(*duration - 1) - 1), current);
+                return;
+            }
             for (double i = 1; *duration - 1 > i; ++i) StepOverNonWorking(current, interval, -1);
             result = current;
         }
@@ -263,6 +288,10 @@ Long TasksCls::SetDurationWithoutWeekend(Date DateStart, Date DateEnd) {
             return;
         }
         const Interval interval = *IntervalOf(unit);
+        if (EveryDayIsWorked()) {
+            result = Long(1 + StepsTo(DateStart, DateEnd, interval));
+            return;
+        }
         Long count = 1;
         for (bool arrived = false; !arrived; arrived = DateStart >= DateEnd) {
             const Date before = DateStart;
@@ -277,10 +306,11 @@ Long TasksCls::SetDurationWithoutWeekend(Date DateStart, Date DateEnd) {
 
 Boolean TasksCls::setBDatewithoutWeekend() {
     return kTail.Run<Boolean>("setBDatewithoutWeekend", [&](Boolean& result) {
-        const Date day_before = SetNextWorkingDay(f_.TaskBDate.value - 1, Integer(-1), Integer(0));
-        if (day_before == f_.TaskBDate.value - 1) return;
-        f_.TaskBDate.value = day_before;
-        TaskEDate(DateAdd(Interval::Days, f_.TaskDuration.value, day_before));
+        const Date day_before = f_.TaskBDate.value.day() - 1;
+        const Date start = SetNextWorkingDay(day_before, Integer(-1), Integer(0));
+        if (start == day_before) return;
+        f_.TaskBDate.value = start;
+        TaskEDate(DateAdd(Interval::Days, f_.TaskDuration.value, start));
         result = True;
     });
 }

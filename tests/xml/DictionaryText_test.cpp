@@ -90,5 +90,25 @@ TEST(DictionaryFromText, FailsWhenTwoSpellingsAreOneDay) {
               failure::kDuplicateKey);
 }
 
+TEST(DictionaryAsText, FailsOnAnItemThatIsNoText) {
+    TestSession session;
+    const auto odd = Make<Dictionary>();
+    odd->Add("1", Make<Dictionary>());
+    EXPECT_EQ(NumberOf([&] { CreateSucessorString(odd); }), failure::kTypeMismatch);
+    EXPECT_EQ(NumberOf([] { CreateSucessorString(Ref<Dictionary>()); }), failure::kNothing);
+}
+
+TEST(DictionaryFromText, DropsWhatFollowsASecondColon) {
+    TestSession session;
+    EXPECT_EQ(CreateSucessorString(DictionaryToString("7:8:9;1:1")), "7:8;1:1");
+}
+
+TEST(DictionaryFromText, TakesAnEmptySideButNoEmptyEntry) {
+    TestSession session;
+    EXPECT_EQ(CreateSucessorString(DictionaryToString("a:b;:")), "a:b;:");
+    EXPECT_EQ(NumberOf([] { DictionaryToString("7:7;;1:1"); }), failure::kIndexOutOfRange);
+    EXPECT_EQ(NumberOf([] { DictionaryToString(";"); }), failure::kIndexOutOfRange);
+}
+
 }  // namespace
 }  // namespace mrlxmlclass
