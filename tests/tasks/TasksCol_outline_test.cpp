@@ -282,6 +282,8 @@ TEST(CanbeLeveled, CountsALeafFromItsParentUp) {
     Plan plan;
     BuildChain(plan, 12);
     EXPECT_FALSE(plan.col().CanbeLeveled("12", "")) << "ten steps above its parent";
+    plan.Task("Leaf").Under("10");
+    EXPECT_TRUE(plan.col().CanbeLeveled(plan.Key("Leaf"), "")) << "nine steps above its parent";
     plan.Task("Single");
     EXPECT_TRUE(plan.col().CanbeLeveled(plan.Key("Single"), "11")) << "a leaf at the top counts 0, whatever the parent";
 }

@@ -136,7 +136,7 @@ TEST(SortArray, PutsUnitsAboveTheSurrogatesLast) {
 
 TEST(SortArray, LeavesAnArrayAloneThatHoldsMoreThanTexts) {
     Plan plan;
-    const VariantArray mixed{"b", True, "a"};
+    const VariantArray mixed{"b", "a", True};
     Variant array = mixed;
     plan.col().SortArray(array);
     EXPECT_EQ(array, Variant(mixed));
