@@ -5,6 +5,29 @@ namespace {
 
 constexpr auto kTail = kTasksColTail;
 
+/// Children that stand above their parents are arranged one by one, each at the cost of a walk over the plan. Only a
+/// damaged file has them; one that is damaged throughout, a ring of parents above all, must not take minutes. Rows are
+/// numbered anew in any case.
+class Arranging {
+public:
+    explicit Arranging(TasksCol& tasks) : tasks_(tasks), left_(kMostWork / (tasks.Count(True) + 1) + 1) {}
+
+    void Below(Long parent, Long child) {
+        if (left_ < 0) return;
+        if (left_-- == 0) {
+            kTail.Run("AddTaskParentForAll", [] { Raise(failure::kEndlessWalk); });
+        } else {
+            tasks_.ArrangePosition(parent, child);
+        }
+    }
+
+private:
+    static constexpr std::int64_t kMostWork = 1'000'000;  // arrangements times tasks
+
+    TasksCol& tasks_;
+    std::int64_t left_;
+};
+
 /// Widens the cached span of the project by one task of the outline.
 void WidenSpan(const TasksCls& task) {
     ModuleState& module = Module();
@@ -40,6 +63,7 @@ private:
 Boolean TasksCol::AddTaskParentForAll() {
     return kTail.Run<Boolean>("AddTaskParentForAll", [&](Boolean& needs_repair) {
         FreeRows rows(tasks_.size());
+        Arranging arranging(*this);
         candidates_ = 0;  // so that a second call counts right
         for (const auto& entry : NewEnum()) {
             const Ref<TasksCls>& task = entry.item;
@@ -48,7 +72,7 @@ Boolean TasksCol::AddTaskParentForAll() {
                 const Ref<TasksCls> parent = Item(parent_key);
                 if (task->TaskPosition() < parent->TaskPosition()) {
                     parent->TaskPosition(task->TaskPosition());
-                    ArrangePosition(parent_key, task->TaskKey());
+                    arranging.Below(parent_key, task->TaskKey());
                     needs_repair = True;
                 }
             } else if (task->TaskCondidat() && !task->TaskType()) {

@@ -132,6 +132,20 @@ TEST(AddTaskParentForAll, SurvivesATaskThatIsItsOwnParent) {
     EXPECT_TRUE(plan.col().isParent("1"));
 }
 
+TEST(AddTaskParentForAll, StopsArrangingAPlanThatIsDamagedThroughout) {
+    constexpr int kTasks = 6'000;
+    Plan plan;
+    for (int i = 1; i <= kTasks; ++i) Read(plan, "T", i % kTasks + 1, i);  // each the child of the next: a ring
+    EXPECT_TRUE(plan.col().AddTaskParentForAll());
+    EXPECT_EQ(plan.failures.Taken(), "TasksCol/AddTaskParentForAll 28\n");
+
+    In(plan.col()).FixProject();
+    Long row = 0;
+    for (const auto& entry : plan.col().NewEnum()) EXPECT_EQ(entry.item->TaskPosition(), row += 1);
+    EXPECT_EQ(row, kTasks);
+    plan.Heard();
+}
+
 TEST(AddTaskParentForAll, ReadsADeepOutlineOnASmallStack) {
     dom::OnSmallStack([] {
         constexpr int kDeep = 30'000;
