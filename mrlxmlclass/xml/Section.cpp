@@ -41,11 +41,14 @@ Ref<dom::Document> WriteSection(const SectionShape& shape, const SectionOrder& o
     return document;
 }
 
+bool IsAutosave(std::string_view file_name) {
+    return !Module().g_SourcePrima && file_name.find(kAutosaveName) != std::string_view::npos;
+}
+
 void SaveByRule(const Ref<dom::Document>& document, const String& file_name) {
     Files& files = Platform().files;
-    const bool autosave = !Module().g_SourcePrima && file_name.find(kAutosaveName) != String::npos;
     // Kept: an autosave file that this very save creates stays visible; the next section hides it.
-    if (!autosave || !files.Facts(file_name).exists) {
+    if (!IsAutosave(file_name) || !files.Facts(file_name).exists) {
         document->Save(file_name);
         return;
     }

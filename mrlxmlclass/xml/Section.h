@@ -44,8 +44,11 @@ struct SectionOrder {
 /// Adds a section to a document and saves it if asked. Gives the document, or nothing when it has no root to add to.
 Ref<dom::Document> WriteSection(const SectionShape& shape, const SectionOrder& order, const BodyWriter& write_body);
 
-/// Saves over the file. A file whose name contains "AutoSave001.prx" loses its attributes first and becomes hidden and
-/// system afterwards, if it was there before and the host is not silenced.
+/// Whether a file is an autosave: "AutoSave001.prx" stands somewhere in its path, and the host is not silenced.
+bool IsAutosave(std::string_view file_name);
+
+/// Saves over the file. An autosave loses its attributes first and becomes hidden and system afterwards, if it was there
+/// before.
 void SaveByRule(const Ref<dom::Document>& document, const String& file_name);
 
 /// A document of its own for one object: its root, named `root_name`, holds the body.
