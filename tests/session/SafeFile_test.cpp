@@ -1,0 +1,468 @@
+#include "mrlxmlclass/session/SafeFile.h"
+
+#include <gtest/gtest.h>
+#include <sys/stat.h>
+#include <sys/sysmacros.h>
+
+#include "mrlxmlclass/session/sections.h"
+#include "tests/session/SavedProject.h"
+
+namespace mrlxmlclass {
+namespace {
+
+using testing::FileCall;
+using testing::Listed;
+using testing::SavedProject;
+
+constexpr const char* kSideFile = "program/steps.xml";
+constexpr const char* kAllSections =
+    "Tasks People TaskAssigmentRelations TaskGoalRelations TaskObstaclesRelations TaskNoteRelations Goals Notes "
+    "Obstacles Calendar";
+
+/// Hands out another content than the file's.
+class TamperingFiles : public testing::ForwardingFiles {
+public:
+    explicit TamperingFiles(testing::TestPlatform& platform)
+        : ForwardingFiles(platform.faults),
+          services_{platform.clock, platform.locale, *this, platform.shell, platform.ui} {}
+
+    String Read(const String& path) override {
+        String content = ForwardingFiles::Read(path);
+        const std::size_t at = content.find(from);
+        if (at != String::npos) content.erase(at, content.find(to, at) + to.size() - at);
+        return content;
+    }
+
+    String from;  ///< what is read lacks the text from here
+    String to;    ///< to the end of this
+
+private:
+    Services services_;
+    InstalledServices installed_{services_};
+};
+
+TEST(SaveSafely, WritesWhatAPlainSaveWrites) {
+    SavedProject project;
+
+    EXPECT_EQ(SaveSafely(project.app), "");
+    const String safe = project.Read("house.prx");
+    EXPECT_EQ(project.app->SaveXml(), True);
+
+    EXPECT_EQ(project.Read("house.prx"), safe);
+    EXPECT_EQ(Listed(MissingSections(project.Path("house.prx"))), "");
+    EXPECT_EQ(project.FilesThere(), "house.prx");
+}
+
+TEST(SaveSafely, CanBeLoadedAgain) {
+    SavedProject project;
+    EXPECT_EQ(SaveSafely(project.app), "");
+
+    const auto other = Make<Application>();
+    other->xFileName(project.Path("house.prx"));
+    EXPECT_EQ(other->LoadXML(), True);
+
+    EXPECT_EQ(other->xTaskCol()->Count(), 3);
+    EXPECT_EQ(other->xTaskCol()->Item(project.Key("Walls"))->TaskName(), "Walls");
+    other->endreadonly();
+}
+
+TEST(SaveSafely, LeavesTheSessionAsItWas) {
+    SavedProject project;
+    const Ref<TasksCol> tasks = project.app->xTaskCol();
+    const Ref<CalendarCls> calendar = Module().g_PublicCalendar;
+    project.app->Dirty(True);
+
+    EXPECT_EQ(SaveSafely(project.app), "");
+
+    EXPECT_EQ(project.app->xFileName(), project.Path("house.prx"));
+    EXPECT_EQ(project.app->xTaskCol(), tasks);
+    EXPECT_EQ(Module().g_PublicCalendar, calendar);
+    EXPECT_EQ(project.app->Dirty(), True);
+}
+
+TEST(SaveSafely, KeepsTheOldFileWhicheverCallFails) {
+    SavedProject project;
+    ASSERT_EQ(SaveSafely(project.app), "");
+    int not_durable = 0;
+    int without_wizard = 0;
+    for (int nth = 1;; ++nth) {
+        SCOPED_TRACE("call " + std::to_string(nth));
+        const String before = project.Read("house.prx");
+        project.Rename("Roof", "Roof " + std::to_string(nth));
+        project.platform.faults.FailAt(nth);
+
+        const String trouble = SaveSafely(project.app);
+
+        if (!project.platform.faults.Failed()) break;
+        project.platform.faults.Heal();
+        const String after = project.Read("house.prx");
+        EXPECT_EQ(project.FilesThere(), "house.prx");
+        EXPECT_EQ(project.app->xFileName(), project.Path("house.prx"));
+        EXPECT_EQ(SaveSafely(project.app), "");
+        EXPECT_EQ(project.FilesThere(), "house.prx");
+        if (trouble.starts_with(project.Path("house.prx") + " was not saved: ")) {
+            EXPECT_EQ(after, before);
+            EXPECT_NE(project.failures.Taken(), "");
+            continue;
+        }
+        EXPECT_EQ(after, project.Read("house.prx"));
+        if (trouble.empty()) {
+            ++without_wizard;
+        } else {
+            ++not_durable;
+            EXPECT_EQ(trouble,
+                      project.Path("house.prx") + " was saved, but a power cut may still undo that (Planned failure).");
+        }
+        project.failures.Taken();
+    }
+    EXPECT_EQ(not_durable, 1);
+    EXPECT_GT(without_wizard, 0);
+}
+
+TEST(SaveSafely, KeepsTheOldFileWhicheverWriteStopsHalfway) {
+    SavedProject project;
+    ASSERT_EQ(SaveSafely(project.app, False), "");
+    const String before = project.Read("house.prx");
+    project.Rename("Roof", "Thatch");
+    int nth = 1;
+    for (;; ++nth) {
+        SCOPED_TRACE("write " + std::to_string(nth));
+        project.platform.faults.FailAt(FileCall::WriteAt, nth);
+        project.platform.faults.WriteShort();
+        const String trouble = SaveSafely(project.app, False);
+        if (!project.platform.faults.Failed()) break;
+
+        EXPECT_EQ(trouble, project.Path("house.prx") +
+                               " was not saved: the new copy beside it could not be written (Planned failure).");
+        EXPECT_EQ(project.Read("house.prx"), before);
+        EXPECT_EQ(project.FilesThere(), "house.prx");
+        EXPECT_NE(project.failures.Taken(), "");
+    }
+    EXPECT_EQ(nth, 12);
+    EXPECT_NE(project.Read("house.prx").find("Thatch"), String::npos);
+}
+
+TEST(SaveSafely, ClearsAwayWhatItHadToLeaveOnABrokenDisk) {
+    SavedProject project;
+    ASSERT_EQ(SaveSafely(project.app, False), "");
+    bool left_behind = false;
+    for (int nth = 1;; ++nth) {
+        SCOPED_TRACE("from call " + std::to_string(nth));
+        const String before = project.Read("house.prx");
+        project.Rename("Roof", "Roof " + std::to_string(nth));
+        project.platform.faults.FailAt(nth);
+        project.platform.faults.KeepFailing();
+        const String trouble = SaveSafely(project.app, False);
+        if (!project.platform.faults.Failed()) break;
+        project.platform.faults.Heal();
+
+        EXPECT_NE(trouble, "");
+        project.failures.Taken();
+        left_behind = left_behind || project.FilesThere() != "house.prx";
+        if (trouble.find(" was not saved: ") != String::npos) {
+            EXPECT_EQ(project.Read("house.prx"), before);
+        }
+        EXPECT_EQ(SaveSafely(project.app, False), "");
+        EXPECT_EQ(project.FilesThere(), "house.prx");
+    }
+    EXPECT_TRUE(left_behind);
+}
+
+TEST(SaveSafely, LeavesNothingWhereNothingWas) {
+    SavedProject project;
+    for (int nth = 1;; ++nth) {
+        SCOPED_TRACE("call " + std::to_string(nth));
+        project.platform.faults.FailAt(nth);
+        const String trouble = SaveSafely(project.app, False);
+        if (!project.platform.faults.Failed()) break;
+        project.platform.faults.Heal();
+
+        project.failures.Taken();
+        EXPECT_NE(trouble, "");
+        EXPECT_EQ(project.FilesThere(), trouble.find(" was not saved: ") != String::npos ? "" : "house.prx");
+        project.platform.files.Delete(project.Path("house.prx"));
+    }
+    EXPECT_EQ(project.FilesThere(), "house.prx");
+}
+
+TEST(SaveSafely, SaysWhatFailedForWhichPath) {
+    SavedProject project;
+    std::filesystem::create_directory(project.Path("folder"));
+    struct Row {
+        String path;
+        const char* reason;
+    };
+    for (const Row& row : {Row{project.Path("folder"), "it cannot be replaced (The path cannot be used as a file)."},
+                           Row{project.Path("none/house.prx"),
+                               "the new copy beside it could not be written (The folder was not found)."},
+                           Row{"", "it cannot be replaced (The project has no file name)."}}) {
+        project.app->xFileName(row.path);
+
+        EXPECT_EQ(SaveSafely(project.app), row.path + " was not saved: " + row.reason);
+
+        EXPECT_TRUE(project.failures.Taken().starts_with("SafeFile/SaveSafely "));
+    }
+    EXPECT_EQ(project.FilesThere(), "folder");
+    EXPECT_FALSE(project.platform.Exists(kSideFile));
+}
+
+TEST(SaveSafely, SaysThatThereIsNoProject) {
+    SavedProject project;
+
+    EXPECT_EQ(SaveSafely({}), "There is no project to save (The object is not set).");
+
+    EXPECT_EQ(project.failures.Taken(), "SafeFile/SaveSafely 91\n");
+}
+
+TEST(SaveSafely, RefusesAWriteProtectedFile) {
+    SavedProject project;
+    project.Write("house.prx", "<old/>");
+    project.platform.files.SetMode(project.Path("house.prx"), 0444);
+
+    EXPECT_EQ(SaveSafely(project.app),
+              project.Path("house.prx") + " was not saved: it cannot be replaced (Permission denied).");
+
+    EXPECT_EQ(project.Read("house.prx"), "<old/>");
+    EXPECT_EQ(project.failures.Taken(), "SafeFile/SaveSafely 70\n");
+}
+
+TEST(SaveSafely, DoesNotPutAFileInThePlaceOfADevice) {
+    SavedProject project;
+    const String path = project.Path("device");
+    // Only an administrator can make a device; anybody can make a pipe.
+    const bool device = mknod(path.c_str(), S_IFCHR | 0666, makedev(1, 7)) == 0;
+    ASSERT_TRUE(device || mkfifo(path.c_str(), 0666) == 0);
+    project.app->xFileName(path);
+
+    EXPECT_TRUE(SaveSafely(project.app).starts_with(path + " was not saved: it cannot be replaced ("));
+
+    struct stat status {};
+    ASSERT_EQ(lstat(path.c_str(), &status), 0);
+    EXPECT_FALSE(S_ISREG(status.st_mode));
+    EXPECT_EQ(project.FilesThere(), "device");
+    EXPECT_TRUE(project.failures.Taken().starts_with("SafeFile/SaveSafely "));
+}
+
+TEST(SaveSafely, KeepsModeAndAttributes) {
+    SavedProject project;
+    const String path = project.Path("house.prx");
+    project.Write("house.prx", "<old/>");
+    project.platform.files.SetMode(path, 0640);
+    project.platform.files.SetAttributes(path, file_attribute::kHidden);
+
+    EXPECT_EQ(SaveSafely(project.app), "");
+
+    EXPECT_EQ(project.Mode("house.prx"), 0640U);
+    EXPECT_EQ(project.Attributes("house.prx"), file_attribute::kHidden);
+    EXPECT_EQ(Listed(MissingSections(path)), "");
+}
+
+TEST(SaveSafely, GivesANewFileTheUsualMode) {
+    SavedProject project;
+    project.Write("usual", "");
+
+    EXPECT_EQ(SaveSafely(project.app), "");
+
+    EXPECT_EQ(project.Mode("house.prx"), project.Mode("usual"));
+    EXPECT_EQ(project.Attributes("house.prx"), 0);
+}
+
+TEST(SaveSafely, ReplacesWhatALinkLeadsTo) {
+    SavedProject project;
+    std::filesystem::create_directory(project.Path("real"));
+    project.Write("real/house.prx", "<old/>");
+    std::filesystem::create_symlink("real/house.prx", project.Path("house.prx"));
+
+    EXPECT_EQ(SaveSafely(project.app), "");
+
+    EXPECT_EQ(std::filesystem::read_symlink(project.Path("house.prx")), "real/house.prx");
+    EXPECT_EQ(Listed(MissingSections(project.Path("real/house.prx"))), "");
+    EXPECT_EQ(project.FilesThere(), "house.prx real");
+    EXPECT_EQ(SavedProject::FilesIn(project.Path("real")), "house.prx");
+}
+
+TEST(SaveSafely, KeepsTheLock) {
+    SavedProject project;
+    ASSERT_EQ(project.app->CreateLockFile(), True);
+
+    EXPECT_EQ(SaveSafely(project.app), "");
+
+    EXPECT_EQ(project.platform.files.Use(project.Path("~house.prxl")), FileUse::InUse);
+    EXPECT_EQ(project.FilesThere(), "house.prx ~house.prxl");
+    project.app->endreadonly();
+}
+
+TEST(SaveSafely, HidesAnAutosave) {
+    SavedProject project;
+    project.app->xFileName(project.Path("AutoSave001.prx"));
+
+    EXPECT_EQ(SaveSafely(project.app), "");
+    EXPECT_EQ(project.Attributes("AutoSave001.prx"), 6);
+
+    project.platform.files.SetAttributes(project.Path("AutoSave001.prx"), 7);
+    EXPECT_EQ(SaveSafely(project.app), "");
+    EXPECT_EQ(project.Attributes("AutoSave001.prx"), 6);
+    EXPECT_EQ(project.FilesThere(), "AutoSave001.prx");
+}
+
+TEST(SaveSafely, LeavesTheAutosaveOfASilencedHostVisible) {
+    SavedProject project;
+    Module().g_SourcePrima = True;
+    project.app->xFileName(project.Path("AutoSave001.prx"));
+
+    EXPECT_EQ(SaveSafely(project.app), "");
+
+    EXPECT_EQ(project.Attributes("AutoSave001.prx"), 0);
+}
+
+TEST(SaveSafely, LeavesAFileVisibleThatOnlyLiesBehindALinkInAnAutosaveFolder) {
+    SavedProject project;
+    std::filesystem::create_directory(project.Path("AutoSave001.prx"));
+    project.Write("AutoSave001.prx/house.prx", "<old/>");
+    std::filesystem::create_symlink("AutoSave001.prx/house.prx", project.Path("house.prx"));
+
+    EXPECT_EQ(SaveSafely(project.app), "");
+
+    EXPECT_EQ(project.Attributes("AutoSave001.prx/house.prx"), 0);
+}
+
+TEST(SaveSafely, NamesItsCopySoThatItIsNoAutosaveItself) {
+    SavedProject project;
+    project.app->xFileName(project.Path("AutoSave001.prx"));
+    project.platform.faults.FailAt(FileCall::Rename, 1);
+    project.platform.faults.KeepFailing();
+
+    EXPECT_NE(SaveSafely(project.app), "");
+    project.platform.faults.Heal();
+
+    EXPECT_EQ(project.FilesThere(), "~AutoSave001~.prx~");
+    project.failures.Taken();
+}
+
+TEST(SaveSafely, ReplacesACopyThatWasLeftBehind) {
+    SavedProject project;
+    project.Write("~house~.prx~", "half a project");
+    project.platform.files.SetMode(project.Path("~house~.prx~"), 0444);
+
+    EXPECT_EQ(SaveSafely(project.app), "");
+
+    EXPECT_EQ(project.FilesThere(), "house.prx");
+    EXPECT_NE(project.Mode("house.prx"), 0444U);
+}
+
+TEST(SaveSafely, ReplacesALinkInThePlaceOfItsCopy) {
+    SavedProject project;
+    project.Write("precious", "data");
+    std::filesystem::create_symlink("precious", project.Path("~house~.prx~"));
+
+    EXPECT_EQ(SaveSafely(project.app), "");
+
+    EXPECT_EQ(project.Read("precious"), "data");
+    EXPECT_EQ(project.FilesThere(), "house.prx precious");
+}
+
+TEST(SaveSafely, GoesAroundAFolderInThePlaceOfItsCopy) {
+    SavedProject project;
+    std::filesystem::create_directory(project.Path("~house~.prx~"));
+
+    EXPECT_EQ(SaveSafely(project.app), "");
+
+    EXPECT_EQ(project.FilesThere(), "house.prx ~house~.prx~");
+    EXPECT_EQ(Listed(MissingSections(project.Path("house.prx"))), "");
+}
+
+TEST(SaveSafely, StoresTheWizardStateLast) {
+    SavedProject project;
+    project.platform.faults.FailAt(FileCall::Rename, 1);
+    EXPECT_NE(SaveSafely(project.app), "");
+    EXPECT_FALSE(project.platform.Exists(kSideFile));
+    project.platform.faults.Heal();
+    project.failures.Taken();
+
+    EXPECT_EQ(SaveSafely(project.app, False), "");
+    EXPECT_FALSE(project.platform.Exists(kSideFile));
+
+    EXPECT_EQ(SaveSafely(project.app), "");
+    EXPECT_NE(project.platform.Read(kSideFile).find("PropertiesValues"), String::npos);
+}
+
+TEST(SaveSafely, DoesNotTrustACopyThatLacksSomething) {
+    SavedProject project;
+    ASSERT_EQ(SaveSafely(project.app), "");
+    const String before = project.Read("house.prx");
+    const String not_whole = project.Path("house.prx") + " was not saved: the new copy beside it is not whole (";
+    project.Rename("Roof", "Thatch");
+    struct Row {
+        const char* from;
+        const char* to;
+        const char* reason;
+    };
+    for (const Row& row : {Row{"<Task>", "</Task>", "The section Tasks holds 2 records instead of 3)."},
+                           Row{"<Goals", ">", "The section Goals is missing)."},
+                           Row{"<Calendar>", "</Calendar>", "The section Calendar is missing)."}}) {
+        TamperingFiles files(project.platform);
+        files.from = row.from;
+        files.to = row.to;
+
+        EXPECT_EQ(SaveSafely(project.app), not_whole + row.reason);
+
+        EXPECT_EQ(project.failures.Taken(), "SafeFile/SaveSafely 1\n");
+    }
+    TamperingFiles files(project.platform);
+    files.from = "</Project>";
+    files.to = ">";
+    EXPECT_TRUE(SaveSafely(project.app).starts_with(not_whole));
+    EXPECT_EQ(project.failures.Taken(), "SafeFile/SaveSafely 91\n");
+    EXPECT_EQ(project.Read("house.prx"), before);
+    EXPECT_EQ(project.FilesThere(), "house.prx");
+}
+
+TEST(MissingSections, NamesNothingOfAWholeFile) {
+    SavedProject project;
+    ASSERT_EQ(project.app->SaveXml(), True);
+
+    EXPECT_EQ(MissingSections(project.Path("house.prx"))->Count(), 0);
+    EXPECT_EQ(project.FilesThere(), "house.prx");
+}
+
+TEST(MissingSections, NamesWhatAnInterruptedSaveDidNotReach) {
+    SavedProject project;
+    String lacking = kAllSections;
+    for (std::size_t written = 0; written < kProjectSections.size(); ++written) {
+        SCOPED_TRACE(lacking);
+        project.platform.faults.FailAt(FileCall::WriteAt, static_cast<int>(written) + 2);
+        EXPECT_EQ(project.app->SaveXml(False), False);
+        project.platform.faults.Heal();
+        project.failures.Taken();
+
+        EXPECT_EQ(Listed(MissingSections(project.Path("house.prx"))), lacking);
+
+        lacking.erase(0, kProjectSections.at(written).size() + 1);
+    }
+    EXPECT_EQ(lacking, "");
+}
+
+TEST(MissingSections, NamesASectionThatIsGoneFromTheMiddle) {
+    SavedProject project;
+    project.Write("house.prx",
+                  "<Project><Tasks/><Obstacles/><Calendar/><Notes/><TaskNoteRelations/><TaskGoalRelations/>"
+                  "<TaskObstaclesRelations/><Goal><Goals/></Goal><People/></Project>");
+
+    EXPECT_EQ(Listed(MissingSections(project.Path("house.prx"))), "TaskAssigmentRelations Goals");
+}
+
+TEST(MissingSections, NamesThemAllForWhatIsNoProject) {
+    SavedProject project;
+    std::filesystem::create_directory(project.Path("folder"));
+    project.Write("cut", "<Project><Tasks></Tasks>");
+    project.Write("empty", "");
+    project.Write("page", "<html><body/></html>");
+    for (const char* name : {"folder", "cut", "empty", "page", "not there"}) {
+        SCOPED_TRACE(name);
+        EXPECT_EQ(Listed(MissingSections(project.Path(name))), kAllSections);
+    }
+    EXPECT_EQ(Listed(MissingSections("")), kAllSections);
+}
+
+}  // namespace
+}  // namespace mrlxmlclass
