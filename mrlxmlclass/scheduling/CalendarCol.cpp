@@ -1,4 +1,4 @@
-#include "mrlxmlclass/scheduling/CalendarCol.h"
+#include "mrlxmlclass/scheduling/CalendarCol_internal.h"
 
 #include "mrlxmlclass/runtime/Collection.h"
 #include "mrlxmlclass/runtime/Tail.h"
