@@ -239,9 +239,9 @@ void Application::SetPreviewSettings(const Variant& p_value) {
 
 Boolean Application::TaskRelated(const String& p_task_key) {
     return kTail.Run<Boolean>("TaskRelated", [&](Boolean& result) {
-        const KeyText key(p_task_key);
-        if (!key.is_number()) return;
-        result = mrlxmlclass::TaskRelated(key.number(), xTaskPeopleRelationcol(), xTaskGoalRelationcol(),
+        const Long key = KeyNumber(p_task_key);
+        if (key == 0 && p_task_key != "0") return;  // no number at all
+        result = mrlxmlclass::TaskRelated(key, xTaskPeopleRelationcol(), xTaskGoalRelationcol(),
                                           xTaskObstaclesRelationcol());
     });
 }

@@ -81,14 +81,12 @@ public:
     void ReadProject() { document_ = app_.xProject_->FromXmlFile(app_.xFileName_, False, document_); }
 
     void TakeLock(ByRef<Boolean>& its_read_only) {
-        Yield();
         app_.CreateLockFile();
         *its_read_only = Module().g_ReadOnly;
     }
 
     /// The dates of the file are adjusted when it names another format than the system's.
     void CompareDateFormats() {
-        dates_.system_format = Gloabal::GetSystemDateFormat();
         dates_.file_format = app_.xProject_->DateFormat();
         if (dates_.file_format.empty()) {
             app_.xProject_->DateFormat(dates_.system_format);
@@ -152,6 +150,8 @@ public:
     void Run(ByRef<Boolean>& its_read_only) {
         ReadProject();
         if (!for_lib_) {
+            dates_.system_format = Gloabal::GetSystemDateFormat();
+            Yield();
             TakeLock(its_read_only);
             CompareDateFormats();
         }
