@@ -1,0 +1,14 @@
+#pragma once
+
+#include <string>
+
+#include "mrlxmlclass/scheduling/CalendarCls.h"
+
+namespace prx {
+
+/// Working and free weekdays, holidays and exceptions, a line each.
+std::string CalendarAsText(const mrlxmlclass::CalendarCls& calendar);
+/// In one line.
+std::string CalendarAsJson(const mrlxmlclass::CalendarCls& calendar);
+
+}  // namespace prx

@@ -1,0 +1,64 @@
+#pragma once
+
+#include <CLI/CLI.hpp>
+
+#include <memory>
+#include <string>
+#include <vector>
+
+#include "prx/Host.h"
+
+namespace prx {
+
+/// One command: its constructor declares what it takes, Run does it. Each stands in a file of its own under commands/.
+class Command {
+public:
+    /// Exit statuses. A command that cannot do what it was asked to throws a Refusal instead, which is kRefused.
+    static constexpr int kDone = 0;
+    static constexpr int kFoundFaults = 1;
+    static constexpr int kRefused = 2;
+
+    virtual ~Command() = default;
+    virtual int Run(Host& host) = 0;
+    /// Whether the command line asks for this one.
+    bool chosen() const { return options_->parsed(); }
+
+protected:
+    Command(CLI::App& app, const std::string& name, const std::string& summary)
+        : options_(app.add_subcommand(name, summary)) {
+        options_->add_option("FILE", file_, "The project file")->required();
+    }
+    CLI::App& options() { return *options_; }
+    const std::string& file() const { return file_; }
+
+    /// Tells something beside the result, on the error output.
+    static void Note(const std::string& text);
+
+private:
+    CLI::App* options_;
+    std::string file_;
+};
+
+/// A command that changes the file.
+class EditCommand : public Command {
+protected:
+    EditCommand(CLI::App& app, const std::string& name, const std::string& summary) : Command(app, name, summary) {
+        options().add_flag("--force", force_, "Go on with a file that could not be read whole, and lose the rest");
+    }
+    bool force() const { return force_; }
+
+private:
+    bool force_ = false;
+};
+
+using Commands = std::vector<std::unique_ptr<Command>>;
+
+std::unique_ptr<Command> MakeNew(CLI::App& app);
+std::unique_ptr<Command> MakeShow(CLI::App& app);
+std::unique_ptr<Command> MakeAdd(CLI::App& app);
+std::unique_ptr<Command> MakeSet(CLI::App& app);
+std::unique_ptr<Command> MakeRemove(CLI::App& app);
+std::unique_ptr<Command> MakeCalendar(CLI::App& app);
+std::unique_ptr<Command> MakeCheck(CLI::App& app);
+
+}  // namespace prx

@@ -1,0 +1,127 @@
+#include "prx/Edit.h"
+
+#include <fmt/core.h>
+
+#include "mrlxmlclass/items/GoalsCol.h"
+#include "mrlxmlclass/items/PeopleCol.h"
+#include "mrlxmlclass/items/TaskAssigmentRelationCol.h"
+#include "mrlxmlclass/items/TaskGoalRelationCol.h"
+#include "mrlxmlclass/items/TaskObstaclesRelationCol.h"
+#include "mrlxmlclass/items/obstaclesCol.h"
+#include "prx/Refusal.h"
+#include "prx/Terminal.h"
+#include "prx/Values.h"
+
+namespace prx {
+
+using namespace mrlxmlclass;
+
+namespace {
+
+bool IsNumber(std::string_view text) {
+    return !text.empty() && text.find_first_not_of("0123456789") == std::string_view::npos;
+}
+
+Ref<TasksCls> OfTheOutline(Ref<TasksCls> task, const std::string& text) {
+    if (!task) throw Refusal(fmt::format("there is no task \"{}\"", Plain(text)));
+    if (!task->TaskCondidat()) throw Refusal(fmt::format("task \"{}\" does not stand in the outline", Plain(text)));
+    return task;
+}
+
+Ref<TasksCls> FindByName(const Project& project, const std::string& name) {
+    Ref<TasksCls> found;
+    for (const auto& entry : project.tasks()->NewEnum()) {
+        if (!entry.item->TaskCondidat() || entry.item->TaskName() != name) continue;
+        if (found) {
+            throw Refusal(fmt::format("there is more than one task \"{}\"; give its key or #row instead", Plain(name)));
+        }
+        found = entry.item;
+    }
+    return found;
+}
+
+/// Makes the new task a child of `parent`, which is a summary from now on.
+void PutUnder(const Project& project, TasksCls& task, TasksCls& parent) {
+    task.ParentID(parent.TaskKey());
+    task.TaskType(True);
+    parent.TaskType(False);
+    project.tasks()->AddParentTask(parent.TaskKey(), task.TaskKey());
+    if (!project.tasks()->CanbeLeveled(KeyOf(task), "")) {
+        throw Refusal("the outline cannot get any deeper than that");
+    }
+}
+
+void PutOnTop(const Project& project, TasksCls& task) {
+    task.TaskType(False);
+    project.tasks()->AddPhase(Variant(task.TaskKey()));
+}
+
+/// A new task takes its parent's start, or keeps the day that the library gave it, as a date that was set.
+void GiveFirstDates(TasksCls& task, const Ref<TasksCls>& parent) {
+    task.TaskBDate(parent && parent->TaskBDate().set() ? parent->TaskBDate() : task.TaskBDate());
+}
+
+}  // namespace
+
+Ref<TasksCls> FindTask(const Project& project, const std::string& text) {
+    if (text.starts_with('#')) {
+        constexpr int kMostRows = 32767;
+        const Long row = ReadWhole(std::string_view(text).substr(1), 1, kMostRows);
+        return OfTheOutline(project.tasks()->Item(project.tasks()->GetTaskKeyByPosition(Integer(row))), text);
+    }
+    if (IsNumber(text)) {
+        if (Ref<TasksCls> task = project.tasks()->Item(text)) return OfTheOutline(task, text);
+    }
+    return OfTheOutline(FindByName(project, text), text);
+}
+
+std::string KeyOf(const TasksCls& task) {
+    return Text(task.TaskKey());
+}
+
+Ref<TasksCls> AddTask(const Project& project, const Place& place) {
+    const Ref<TasksCol> tasks = project.tasks();
+    if (tasks->TaskCanNotBeAdd()) throw Refusal("the plan is full: it cannot take another task");
+    const Ref<TasksCls> task = tasks->Add();
+    if (!task) throw Refusal("the library could not make a new task");
+    const Long last_row = task->TaskPosition();
+
+    const Ref<TasksCls> parent = place.after ? tasks->Item(place.after->ParentID()) : place.under;
+    if (parent) {
+        PutUnder(project, *task, *parent);
+    } else {
+        PutOnTop(project, *task);
+    }
+    if (place.after) {
+        task->TaskPosition(Long(tasks->GetTaskAndSubNumber(KeyOf(*place.after)) + 1));
+        tasks->ArrangePositionAfterInsert(KeyOf(*task));
+    } else if (parent) {
+        task->TaskPosition(0);  // a row of its own would count as the end of the parent's subtree
+        tasks->ArrangePosition(Integer(parent->TaskKey()), Integer(task->TaskKey()), Integer(last_row));
+    }
+    GiveFirstDates(*task, parent);
+    return task;
+}
+
+void NameNewTask(const Project& project, const Ref<TasksCls>& task, const std::string& name) {
+    project.tasks()->ChangeName(KeyOf(*task), name, /*NewTask=*/True);
+    AdjustDatesAbove(project, *task);
+    if (task->TaskCost() != Currency(0)) AdjustCostFrom(project, *task);
+}
+
+void RemoveTask(const Project& project, const Ref<TasksCls>& task) {
+    Application& app = project.app();
+    project.tasks()->DeleteAllSubTasks(KeyOf(*task), app.xTaskPeopleRelationcol(), app.xPeopleCol(),
+                                       app.xTaskGoalRelationcol(), app.xGoalCol(), app.xTaskObstaclesRelationcol(),
+                                       app.xObstaclesCol(), /*ForceDelete=*/True, /*p_arrange=*/True);
+}
+
+void AdjustDatesAbove(const Project& project, const TasksCls& task) {
+    if (task.ParentID() != 0) project.tasks()->AdjustSummary(Text(task.ParentID()));
+}
+
+void AdjustCostFrom(const Project& project, const TasksCls& task) {
+    project.tasks()->AdjustCost(KeyOf(task));
+}
+
+}  // namespace prx

@@ -1,0 +1,34 @@
+#pragma once
+
+#include <string>
+
+#include "mrlxmlclass/tasks/TasksCol.h"
+#include "prx/Project.h"
+
+/// What a host does with the library to change a plan, step by step; every rule stays the library's.
+namespace prx {
+
+/// The task that a text on the command line means: a key, "#" and a row, or a name that only one task has. Refuses what
+/// is no task of the outline.
+mrlxmlclass::Ref<mrlxmlclass::TasksCls> FindTask(const Project& project, const std::string& text);
+/// The key as the library's operations take it.
+std::string KeyOf(const mrlxmlclass::TasksCls& task);
+
+/// Where a new task goes.
+struct Place {
+    mrlxmlclass::Ref<mrlxmlclass::TasksCls> under;  ///< last below this one
+    mrlxmlclass::Ref<mrlxmlclass::TasksCls> after;  ///< a sibling, right behind this one and all below it
+};
+/// Puts a new task without a name into the outline: at its end, as a phase, where no place is given.
+mrlxmlclass::Ref<mrlxmlclass::TasksCls> AddTask(const Project& project, const Place& place);
+/// Gives a new task its name, which is when the library's listeners hear of it, and brings its summaries up to date.
+void NameNewTask(const Project& project, const mrlxmlclass::Ref<mrlxmlclass::TasksCls>& task, const std::string& name);
+
+/// Removes a task with all below it, and whatever ties people, goals and obstacles to them.
+void RemoveTask(const Project& project, const mrlxmlclass::Ref<mrlxmlclass::TasksCls>& task);
+
+/// The summaries above a task follow its dates, and its cost.
+void AdjustDatesAbove(const Project& project, const mrlxmlclass::TasksCls& task);
+void AdjustCostFrom(const Project& project, const mrlxmlclass::TasksCls& task);
+
+}  // namespace prx

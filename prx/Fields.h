@@ -1,0 +1,28 @@
+#pragma once
+
+#include <string>
+#include <string_view>
+#include <vector>
+
+#include "prx/Project.h"
+
+namespace prx {
+
+/// One value that the command line sets: `start=2026-03-02`.
+struct Assignment {
+    std::string field;
+    std::string value;
+};
+
+/// Splits `field=value`. Refuses an unknown field and names those that there are.
+Assignment ReadAssignment(const std::string& text);
+/// The fields, for the help: a line each.
+std::string FieldHelp();
+
+/// Sets the fields of a task in an order that lets one follow from the other, whatever order they came in, and lets its
+/// summaries follow. Refuses a value that the library does not take as it stands; nothing may be saved then. Gives the
+/// notes that are worth telling: a start that was moved to a working day.
+std::vector<std::string> SetFields(const Project& project, const mrlxmlclass::Ref<mrlxmlclass::TasksCls>& task,
+                                   const std::vector<Assignment>& assignments);
+
+}  // namespace prx

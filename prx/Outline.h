@@ -1,0 +1,26 @@
+#pragma once
+
+#include <string>
+#include <vector>
+
+#include "mrlxmlclass/session/Application.h"
+#include "mrlxmlclass/tasks/TasksCol.h"
+
+namespace prx {
+
+/// A task of the outline and how deep it stands, the top being 0. Where the rows are in disorder, a task whose parent
+/// does not stand above it is drawn at the top.
+struct OutlineRow {
+    mrlxmlclass::Ref<mrlxmlclass::TasksCls> task;
+    std::size_t level = 0;
+};
+
+/// The tasks of the outline by row.
+std::vector<OutlineRow> Outline(const mrlxmlclass::Ref<mrlxmlclass::TasksCol>& tasks);
+
+/// The project's name and span, and its outline as a table with a line a task.
+std::string AsTable(mrlxmlclass::Application& app);
+/// All of it for programs: the project, its calendar and its tasks, a line each.
+std::string AsJson(mrlxmlclass::Application& app);
+
+}  // namespace prx

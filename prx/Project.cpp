@@ -1,0 +1,149 @@
+#include "prx/Project.h"
+
+#include <fmt/core.h>
+#include <fmt/ranges.h>
+
+#include <filesystem>
+
+#include "mrlxmlclass/dom/Document.h"
+#include "mrlxmlclass/session/ErrorsCls.h"
+#include "mrlxmlclass/session/ErrorsHandler.h"
+#include "mrlxmlclass/session/ModuleState.h"
+#include "mrlxmlclass/session/SafeFile.h"
+#include "prx/Inspection.h"
+#include "prx/Refusal.h"
+#include "prx/Terminal.h"
+
+namespace prx {
+
+using namespace mrlxmlclass;
+
+namespace {
+
+/// A bare name would put the lock into the root folder.
+std::string Absolute(const std::string& file) {
+    if (file.empty()) throw Refusal("the file needs a name");
+    std::error_code error;
+    const std::filesystem::path path = std::filesystem::absolute(file, error);
+    if (error) throw Refusal(fmt::format("{}: {}", Plain(file), error.message()));
+    return path.string();
+}
+
+/// About as many yields as a load of the file takes: one for each record.
+std::size_t RecordsIn(const std::string& path) {
+    if (!ErrorsGoToTerminal()) return 0;
+    constexpr std::size_t kBytesOfARecord = 700;
+    return static_cast<std::size_t>(Platform().files.Facts(path).size) / kBytesOfARecord;
+}
+
+bool IsAboutTheLock(const ErrorEntry& entry) {
+    return entry.ClassSource() == "locking" || entry.FunctionSource() == "CreateLockFile";
+}
+
+std::vector<std::string> Recorded(bool about_the_lock, std::size_t after = 0) {
+    std::vector<std::string> lines;
+    const Ref<ErrorsHandler> handler = Module().g_ErrorsHandler;
+    if (!handler) return lines;
+    const Ref<ErrorEntries> entries = handler->Log()->Error_Col();
+    for (Long n = static_cast<std::int64_t>(after) + 1; n <= entries->Count(); ++n) {
+        const ErrorEntry entry = entries->Item(n);
+        if (IsAboutTheLock(entry) != about_the_lock) continue;
+        std::string what = entry.ErrDescription();
+        what.erase(std::min(what.find(",Line: "), what.size()));
+        lines.push_back(
+            Plain(fmt::format("{} ({} in {}.{})", what, entry.ID(), entry.ClassSource(), entry.FunctionSource())));
+    }
+    return lines;
+}
+
+std::size_t CountRecorded() {
+    const Ref<ErrorsHandler> handler = Module().g_ErrorsHandler;
+    return handler ? static_cast<std::size_t>(handler->Log()->Error_Col()->Count().value()) : 0;
+}
+
+}  // namespace
+
+Project::Project(const std::string& file) : path_(Absolute(file)), session_(Make<Application>()) {
+    // Links live: without them a load and a save would drop them from the file.
+    app().Init(/*BVersion=*/True);
+    app().xFileName(path_);
+}
+
+void Project::Load(Host& host) {
+    const FileFacts facts = Platform().files.Facts(path_);
+    if (!facts.exists) throw Refusal(fmt::format("{}: there is no such file", Plain(path_)));
+    if (facts.folder) throw Refusal(fmt::format("{}: this is a folder, not a project", Plain(path_)));
+
+    Boolean read_only;
+    Boolean loaded;
+    {
+        const ProgressDuring bar(host.progress(), "Reading", RecordsIn(path_));
+        loaded = app().LoadXML(/*p_onlyTasks=*/False, /*p_for_lib=*/False, read_only);
+    }
+    read_only_ = static_cast<bool>(read_only);
+    failures_at_opening_ = CountRecorded();
+    if (loaded) return;
+    const auto document = Make<dom::Document>();
+    document->Load(path_);
+    throw Refusal(
+        fmt::format("{}: this cannot be read as a project: {}", Plain(path_),
+                    document->error_text().empty() ? "see " + host.ErrorFile() : Plain(document->error_text())));
+}
+
+Project Project::ToLook(Host& host, const std::string& file) {
+    Project project(file);
+    project.Load(host);
+    return project;
+}
+
+Project Project::ToEdit(Host& host, const std::string& file, bool force) {
+    Project project(file);
+    project.Load(host);
+    if (project.read_only_) {
+        throw Refusal(fmt::format("{}: somebody else has this project open; try again later", Plain(project.path_)));
+    }
+    if (!force) project.RefuseUnlessWhole();
+    project.tasks()->Phases();  // a list that is not there yet cannot lose a phase
+    return project;
+}
+
+Project Project::Fresh(Host& /*host*/, const std::string& file) {
+    Project project(file);
+    if (Platform().files.Facts(project.path_).exists) {
+        throw Refusal(fmt::format("{}: there is such a file already", Plain(project.path_)));
+    }
+    if (!project.app().CreateLockFile() && Module().g_ReadOnly) {
+        throw Refusal(fmt::format("{}: somebody else is at work on this project", Plain(project.path_)));
+    }
+    project.failures_at_opening_ = CountRecorded();
+    return project;
+}
+
+void Project::RefuseUnlessWhole() const {
+    const std::vector<std::string> losses = Losses(*this);
+    if (losses.empty()) return;
+    throw Refusal(
+        fmt::format("{}: this project could not be read whole, and saving it would lose the rest:\n  {}\n"
+                    "Look at it with \"prx check\"; --force goes on all the same.",
+                    Plain(path_), fmt::join(Shortened(losses), "\n  ")));
+}
+
+std::vector<std::string> Project::Failures() const {
+    return Recorded(/*about_the_lock=*/false);
+}
+
+std::vector<std::string> Project::LockFailures() const {
+    return Recorded(/*about_the_lock=*/true);
+}
+
+void Project::Save() {
+    const std::vector<std::string> failed = Recorded(/*about_the_lock=*/false, failures_at_opening_);
+    if (!failed.empty()) {
+        throw Refusal(fmt::format("the change did not go through, so nothing was saved:\n  {}",
+                                  fmt::join(Shortened(failed), "\n  ")));
+    }
+    const String problem = SaveSafely(session_.app);
+    if (!problem.empty()) throw Refusal(fmt::format("{}: not saved: {}", Plain(path_), Plain(problem)));
+}
+
+}  // namespace prx

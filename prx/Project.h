@@ -1,0 +1,62 @@
+#pragma once
+
+#include <string>
+#include <vector>
+
+#include "mrlxmlclass/session/Application.h"
+#include "mrlxmlclass/tasks/TasksCol.h"
+#include "prx/Host.h"
+
+namespace prx {
+
+/// A project file that a command works on: opened, perhaps locked, saved when the command says so, and let go of
+/// however the command ends.
+class Project {
+public:
+    /// Opens a file to read it.
+    static Project ToLook(Host& host, const std::string& file);
+    /// Opens a file to change it. Refuses one that somebody else has open and, unless `force`, one that could not be
+    /// read whole: saving it would lose the rest for good.
+    static Project ToEdit(Host& host, const std::string& file, bool force);
+    /// Starts a project under a name that no file has yet.
+    static Project Fresh(Host& host, const std::string& file);
+
+    Project(Project&&) = default;
+
+    mrlxmlclass::Application& app() const { return *session_.app; }
+    mrlxmlclass::Ref<mrlxmlclass::TasksCol> tasks() const { return session_.app->xTaskCol(); }
+    /// The whole path.
+    const std::string& path() const { return path_; }
+    /// Somebody else holds the project.
+    bool read_only() const { return read_only_; }
+
+    /// What the library recorded since the file was opened, a line each, but for troubles with the lock.
+    std::vector<std::string> Failures() const;
+    /// The same for the lock alone: a folder in which nothing can be written is no fault of the project.
+    std::vector<std::string> LockFailures() const;
+
+    /// Replaces the file, or leaves it as it is and refuses: also when the edit did not go through.
+    void Save();
+
+private:
+    /// Lets go of the lock at the end.
+    struct Session {
+        mrlxmlclass::Ref<mrlxmlclass::Application> app;
+        explicit Session(mrlxmlclass::Ref<mrlxmlclass::Application> application) : app(std::move(application)) {}
+        Session(Session&&) = default;
+        ~Session() {
+            if (app) app->endreadonly();
+        }
+    };
+
+    explicit Project(const std::string& file);
+    void Load(Host& host);
+    void RefuseUnlessWhole() const;
+
+    std::string path_;
+    Session session_;
+    bool read_only_ = false;
+    std::size_t failures_at_opening_ = 0;
+};
+
+}  // namespace prx

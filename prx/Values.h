@@ -1,0 +1,45 @@
+#pragma once
+
+#include <string_view>
+
+#include "mrlxmlclass/runtime/Currency.h"
+#include "mrlxmlclass/runtime/Date.h"
+
+/// Values as they stand on the command line and in what prx prints: the same in every locale. Reading refuses, in
+/// words, what is no such value.
+namespace prx {
+
+/// yyyy-mm-dd.
+mrlxmlclass::Date ReadDate(std::string_view text);
+/// "none" for a date that is not set.
+std::string Text(mrlxmlclass::Date date);
+
+/// A whole number between the two.
+mrlxmlclass::Long ReadWhole(std::string_view text, int lowest, int highest);
+/// Up to four decimals behind a point.
+mrlxmlclass::Currency ReadMoney(std::string_view text);
+std::string Text(mrlxmlclass::Currency amount);
+/// yes, no, true, false, 1 or 0.
+mrlxmlclass::Boolean ReadFlag(std::string_view text);
+/// "True" or "False".
+std::string Text(mrlxmlclass::Boolean flag);
+std::string Text(double number);
+std::string Text(mrlxmlclass::Long number);
+
+/// A length such as "5", "5d", "2.5 days" or "3 wks"; the unit is empty where none is named.
+struct DurationText {
+    double length = 0;
+    mrlxmlclass::String unit;
+};
+DurationText ReadDuration(std::string_view text);
+/// One of the five units, also by its first letters.
+mrlxmlclass::String ReadUnit(std::string_view text);
+
+/// A text of one line that a project can hold.
+mrlxmlclass::String ReadName(std::string_view text);
+
+/// 1 = Sunday ... 7 = Saturday, by name or its first three letters.
+mrlxmlclass::Long ReadWeekday(std::string_view text);
+std::string WeekdayName(int weekday);
+
+}  // namespace prx

@@ -1,0 +1,74 @@
+#include <fmt/core.h>
+
+#include "prx/Command.h"
+#include "prx/Edit.h"
+#include "prx/EventLog.h"
+#include "prx/Fields.h"
+#include "prx/Project.h"
+#include "prx/Values.h"
+
+namespace prx {
+namespace {
+
+class Add : public EditCommand {
+public:
+    explicit Add(CLI::App& app) : EditCommand(app, "add", "Add a task and print its key and what followed") {
+        options().add_option("NAME", name_, "Name of the task")->required();
+        auto* under = options().add_option("--under", under_, "Last below this task: a key, #row or name");
+        options().add_option("--after", after_, "Right behind this task, on its level")->excludes(under);
+        for (Option& option : fields_)
+            options().add_option(std::string("--") + option.field, option.value, option.help);
+        options().add_flag("--milestone", milestone_, "A day rather than a stretch of time");
+    }
+
+    int Run(Host& host) override {
+        const std::string name = ReadName(name_);
+        Project project = Project::ToEdit(host, file(), force());
+        const EventLog events(project.tasks());
+
+        Place place;
+        if (!under_.empty()) place.under = FindTask(project, under_);
+        if (!after_.empty()) place.after = FindTask(project, after_);
+        const auto task = AddTask(project, place);
+        std::vector<Assignment> assignments;
+        if (milestone_) assignments.push_back({"milestone", "yes"});
+        for (const Option& option : fields_) {
+            if (!option.value.empty()) assignments.push_back({option.field, option.value});
+        }
+        const std::vector<std::string> notes = SetFields(project, task, assignments);
+        NameNewTask(project, task, name);
+
+        project.Save();
+        for (const std::string& note : notes) Note(note);
+        fmt::print("Task {} added in row {}\n", Text(task->TaskKey()), Text(task->TaskPosition()));
+        events.Print();
+        return kDone;
+    }
+
+private:
+    struct Option {
+        const char* field;
+        const char* help;
+        std::string value = {};
+    };
+
+    std::string name_;
+    std::string under_;
+    std::string after_;
+    bool milestone_ = false;
+    std::array<Option, 7> fields_ = {{{"start", "First day, yyyy-mm-dd"},
+                                      {"end", "Last day, yyyy-mm-dd"},
+                                      {"duration", "Length, such as 5, \"5 days\" or 2wks"},
+                                      {"unit", "days, wks, mons, hrs or mins"},
+                                      {"done", "Percent, 0 to 100"},
+                                      {"cost", "Such as 1250 or 1250.50"},
+                                      {"colour", "A number, 0 to 16777215"}}};
+};
+
+}  // namespace
+
+std::unique_ptr<Command> MakeAdd(CLI::App& app) {
+    return std::make_unique<Add>(app);
+}
+
+}  // namespace prx
