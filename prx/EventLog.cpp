@@ -16,12 +16,12 @@ std::string Text(const String& text) {
 }
 
 std::string Text(Integer number) {
-    return Text(Long(number));
+    return prx::Text(Long(number));
 }
 
 std::string Text(const Variant& amount) {
     const Currency* cost = amount.If<Currency>();
-    return cost == nullptr ? "" : Text(*cost);
+    return cost == nullptr ? "" : prx::Text(*cost);
 }
 
 }  // namespace
