@@ -106,7 +106,7 @@ Ref<TasksCls> AddTask(const Project& project, const Place& place) {
 void NameNewTask(const Project& project, const Ref<TasksCls>& task, const std::string& name) {
     project.tasks()->ChangeName(KeyOf(*task), name, /*NewTask=*/True);
     AdjustDatesAbove(project, *task);
-    if (task->TaskCost() != Currency(0)) AdjustCostFrom(project, *task);
+    if (task->ParentID() != 0 || task->TaskCost() != Currency(0)) AdjustCostFrom(project, *task);
 }
 
 void RemoveTask(const Project& project, const Ref<TasksCls>& task) {

@@ -21,9 +21,7 @@ namespace {
 struct Setting {
     const Project& project;
     TasksCls& task;
-    std::vector<std::string> notes;
-    bool dates_changed = false;
-    bool cost_changed = false;
+    Effects effects;
 };
 
 [[noreturn]] void NotTaken(std::string_view field, std::string_view value, const std::string& instead) {
@@ -34,7 +32,7 @@ void SetUnit(Setting& setting, const std::string& value) {
     setting.task.TaskDurationUnit(ReadUnit(value));
     setting.task.TaskDurationUnitValid("True");
     setting.task.TaskDuration(setting.task.TaskDuration());  // the end follows from the new unit
-    setting.dates_changed = true;
+    setting.effects.dates_changed = true;
 }
 
 void SetMilestone(Setting& setting, const std::string& value) {
@@ -42,7 +40,7 @@ void SetMilestone(Setting& setting, const std::string& value) {
     setting.task.TaskMilstones(milestone);
     setting.task.TaskDuration(milestone ? 0 : 1);
     if (milestone) setting.task.TaskEDate(setting.task.TaskBDate());
-    setting.dates_changed = true;
+    setting.effects.dates_changed = true;
 }
 
 void SetStart(Setting& setting, const std::string& value) {
@@ -54,9 +52,10 @@ void SetStart(Setting& setting, const std::string& value) {
         if (std::abs(start.days() - wanted.days()) > kNearby) NotTaken("start", value, "the year is out of range");
     }
     if (start != wanted) {
-        setting.notes.push_back(fmt::format("{} is not a working day; the task starts on {}", value, Text(start)));
+        setting.effects.notes.push_back(
+            fmt::format("{} is not a working day; the task starts on {}", value, Text(start)));
     }
-    setting.dates_changed = true;
+    setting.effects.dates_changed = true;
 }
 
 void SetDuration(Setting& setting, const std::string& value) {
@@ -68,7 +67,7 @@ void SetDuration(Setting& setting, const std::string& value) {
             "duration", value,
             fmt::format("{} {} is the longest", Text(setting.task.TaskDuration()), setting.task.TaskDurationUnit()));
     }
-    setting.dates_changed = true;
+    setting.effects.dates_changed = true;
 }
 
 void SetEnd(Setting& setting, const std::string& value) {
@@ -81,7 +80,7 @@ void SetEnd(Setting& setting, const std::string& value) {
                  early ? fmt::format("the task starts on {}", Text(setting.task.TaskBDate()))
                        : fmt::format("the library gives {}", Text(end)));
     }
-    setting.dates_changed = true;
+    setting.effects.dates_changed = true;
 }
 
 void SetDone(Setting& setting, const std::string& value) {
@@ -93,7 +92,7 @@ void SetDone(Setting& setting, const std::string& value) {
 
 void SetCost(Setting& setting, const std::string& value) {
     setting.task.TaskCost(ReadMoney(value));
-    setting.cost_changed = true;
+    setting.effects.cost_changed = true;
 }
 
 void SetColour(Setting& setting, const std::string& value) {
@@ -169,8 +168,7 @@ std::string FieldHelp() {
     return help;
 }
 
-std::vector<std::string> SetFields(const Project& project, const Ref<TasksCls>& task,
-                                   const std::vector<Assignment>& assignments) {
+Effects SetFields(const Project& project, const Ref<TasksCls>& task, const std::vector<Assignment>& assignments) {
     Setting setting{project, *task, {}};
     const bool summary = static_cast<bool>(project.tasks()->isParent(KeyOf(*task)));
     if (ValueFor(*FindField("duration"), assignments) != nullptr &&
@@ -186,9 +184,7 @@ std::vector<std::string> SetFields(const Project& project, const Ref<TasksCls>& 
         }
         field.set(setting, *value);
     }
-    if (setting.dates_changed) AdjustDatesAbove(project, *task);
-    if (setting.cost_changed) AdjustCostFrom(project, *task);
-    return setting.notes;
+    return setting.effects;
 }
 
 }  // namespace prx

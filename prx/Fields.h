@@ -19,10 +19,16 @@ Assignment ReadAssignment(const std::string& text);
 /// The fields, for the help: a line each.
 std::string FieldHelp();
 
-/// Sets the fields of a task in an order that lets one follow from the other, whatever order they came in, and lets its
-/// summaries follow. Refuses a value that the library does not take as it stands; nothing may be saved then. Gives the
-/// notes that are worth telling: a start that was moved to a working day.
-std::vector<std::string> SetFields(const Project& project, const mrlxmlclass::Ref<mrlxmlclass::TasksCls>& task,
-                                   const std::vector<Assignment>& assignments);
+/// What setting fields leads to.
+struct Effects {
+    std::vector<std::string> notes;  ///< worth telling: a start that was moved to a working day
+    bool dates_changed = false;
+    bool cost_changed = false;
+};
+
+/// Sets the fields of a task in an order that lets one follow from the other, whatever order they came in. Refuses a
+/// value that the library does not take as it stands; nothing may be saved then.
+Effects SetFields(const Project& project, const mrlxmlclass::Ref<mrlxmlclass::TasksCls>& task,
+                  const std::vector<Assignment>& assignments);
 
 }  // namespace prx

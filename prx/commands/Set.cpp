@@ -20,9 +20,12 @@ public:
         for (const std::string& text : assignments_) assignments.push_back(ReadAssignment(text));
         Project project = Project::ToEdit(host, file(), force());
         const EventLog events(project.tasks());
-        const std::vector<std::string> notes = SetFields(project, FindTask(project, task_), assignments);
+        const auto task = FindTask(project, task_);
+        const Effects effects = SetFields(project, task, assignments);
+        if (effects.dates_changed) AdjustDatesAbove(project, *task);
+        if (effects.cost_changed) AdjustCostFrom(project, *task);
         project.Save();
-        for (const std::string& note : notes) Note(note);
+        for (const std::string& note : effects.notes) Note(note);
         events.Print();
         return kDone;
     }
