@@ -38,8 +38,8 @@ void SetUnit(Setting& setting, const std::string& value) {
 void SetMilestone(Setting& setting, const std::string& value) {
     const Boolean milestone = ReadFlag(value);
     setting.task.TaskMilstones(milestone);
-    setting.task.TaskDuration(milestone ? 0 : 1);
     if (milestone) setting.task.TaskEDate(setting.task.TaskBDate());
+    setting.task.TaskDuration(milestone ? 0 : 1);
     setting.effects.dates_changed = true;
 }
 

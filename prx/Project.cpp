@@ -6,10 +6,13 @@
 #include <filesystem>
 
 #include "mrlxmlclass/dom/Document.h"
+#include "mrlxmlclass/runtime/Tail.h"
 #include "mrlxmlclass/session/ErrorsCls.h"
 #include "mrlxmlclass/session/ErrorsHandler.h"
 #include "mrlxmlclass/session/ModuleState.h"
 #include "mrlxmlclass/session/SafeFile.h"
+#include "mrlxmlclass/xml/DateText.h"
+#include "mrlxmlclass/xml/ProjectsCls.h"
 #include "prx/Inspection.h"
 #include "prx/Refusal.h"
 #include "prx/Terminal.h"
@@ -103,6 +106,7 @@ Project Project::ToEdit(Host& host, const std::string& file, bool force) {
         throw Refusal(fmt::format("{}: somebody else has this project open; try again later", Plain(project.path_)));
     }
     if (!force) project.RefuseUnlessWhole();
+    project.KeepCreationDate();
     project.tasks()->Phases();  // a list that is not there yet cannot lose a phase
     return project;
 }
@@ -126,6 +130,18 @@ void Project::RefuseUnlessWhole() const {
         fmt::format("{}: this project could not be read whole, and saving it would lose the rest:\n  {}\n"
                     "Look at it with \"prx check\"; --force goes on all the same.",
                     Plain(path_), fmt::join(Shortened(losses), "\n  ")));
+}
+
+/// A load never takes this date back, and the next save would write none.
+void Project::KeepCreationDate() {
+    const auto document = Make<dom::Document>();
+    if (!document->Load(path_)) return;
+    const dom::Node root = document->documentElement();
+    const String format = root.selectSingleNode("DateFormat").Text();
+    const Date date = FailureTail("prx").Silent().Run<Date>("KeepCreationDate", [&](Date& result) {
+        result = ParseDate(root.selectSingleNode("ProjectCreationDate").Text(), format);
+    });
+    app().xProject()->ProjectCreationDate(date);
 }
 
 std::vector<std::string> Project::Failures() const {

@@ -52,6 +52,7 @@ private:
     explicit Project(const std::string& file);
     void Load(Host& host);
     void RefuseUnlessWhole() const;
+    void KeepCreationDate();
 
     std::string path_;
     Session session_;

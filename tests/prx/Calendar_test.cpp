@@ -1,0 +1,68 @@
+#include <gtest/gtest.h>
+
+#include "tests/prx/Prx.h"
+
+namespace prx_test {
+
+TEST(Calendar, ShowsTheUsualWeekOfANewProject) {
+    const Folder folder;
+    folder.Output({"new", "a.prx"});
+
+    EXPECT_EQ(folder.Output({"calendar", "a.prx"}),
+              "Working days: Monday, Tuesday, Wednesday, Thursday, Friday\n"
+              "Free days:    Saturday, Sunday\n"
+              "Holidays:     none\n"
+              "Exceptions:   none\n");
+}
+
+TEST(Calendar, KeepsWhatWasChanged) {
+    const Folder folder;
+    folder.Output({"new", "a.prx"});
+
+    folder.Output({"calendar", "a.prx", "--free", "fri", "--work", "Saturday", "--holiday", "2026-12-24", "--holiday",
+                   "2026-05-01", "--exception", "2026-06-21"});
+    folder.Output({"calendar", "a.prx", "--no-holiday", "2026-12-24"});
+
+    EXPECT_EQ(folder.Output({"calendar", "a.prx"}),
+              "Working days: Monday, Tuesday, Wednesday, Thursday, Saturday\n"
+              "Free days:    Friday, Sunday\n"
+              "Holidays:     2026-05-01\n"
+              "Exceptions:   2026-06-21\n");
+    EXPECT_EQ(
+        folder.Output({"calendar", "a.prx", "--no-exception", "2026-06-21", "--json"}),
+        R"({"working": ["Monday", "Tuesday", "Wednesday", "Thursday", "Saturday"], "free": ["Friday", "Sunday"], )"
+        R"("holidays": ["2026-05-01"], "exceptions": []})"
+        "\n");
+}
+
+TEST(Calendar, DecidesOnWhichDaysATaskCanStart) {
+    const Folder folder;
+    folder.Output({"new", "a.prx"});
+    folder.Output({"calendar", "a.prx", "--holiday", "2026-03-02"});
+
+    EXPECT_NE(folder.Output({"add", "a.prx", "Task", "--start", "2026-03-02"}).find("DateStartChange(1, 2026-03-03,"),
+              std::string::npos);
+}
+
+TEST(Calendar, RefusesWhatIsNoDay) {
+    const Folder folder;
+    folder.Output({"new", "a.prx"});
+    const std::string before = folder.Read("a.prx");
+
+    EXPECT_NE(folder.Refusal({"calendar", "a.prx", "--free", "someday"}), "");
+    EXPECT_NE(folder.Refusal({"calendar", "a.prx", "--free", "su"}), "");
+    EXPECT_NE(folder.Refusal({"calendar", "a.prx", "--holiday", "2026-02-30"}), "");
+
+    EXPECT_EQ(folder.Read("a.prx"), before);
+}
+
+TEST(Calendar, MayHaveNoWorkingDayAtAllWithoutHangingAnybody) {
+    const Folder folder;
+    folder.Output({"new", "a.prx"});
+    folder.Output(
+        {"calendar", "a.prx", "--free", "mon", "--free", "tue", "--free", "wed", "--free", "thu", "--free", "fri"});
+
+    EXPECT_NE(folder.Refusal({"add", "a.prx", "Task", "--start", "2026-03-02"}), "");
+}
+
+}  // namespace prx_test

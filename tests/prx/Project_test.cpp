@@ -1,0 +1,141 @@
+#include <gtest/gtest.h>
+
+#include "mrlxmlclass/platform/Services.h"
+#include "tests/prx/Prx.h"
+
+namespace prx_test {
+namespace {
+
+/// Holds a project's lock as another program that has it open does.
+class SomebodyElse {
+public:
+    SomebodyElse(const Folder& folder, const std::string& name)
+        : path_(folder.Path("~" + name + "l")), number_(mrlxmlclass::SystemServices().files.Hold(path_)) {}
+    ~SomebodyElse() { mrlxmlclass::SystemServices().files.Release(number_, path_); }
+    SomebodyElse(const SomebodyElse&) = delete;
+    SomebodyElse& operator=(const SomebodyElse&) = delete;
+
+private:
+    std::string path_;
+    mrlxmlclass::Integer number_;
+};
+
+/// Every command that changes a file.
+const std::vector<std::vector<std::string>> kEdits = {{"add", "a.prx", "X"},
+                                                      {"set", "a.prx", "1", "done=5"},
+                                                      {"remove", "a.prx", "1"},
+                                                      {"calendar", "a.prx", "--free", "mon"}};
+
+}  // namespace
+
+TEST(Project, IsNotChangedWhileSomebodyElseHasItOpen) {
+    const Folder folder;
+    folder.CopyExample("house.prx", "a.prx");
+    const std::string before = folder.Read("a.prx");
+    const SomebodyElse other(folder, "a.prx");
+
+    for (const auto& edit : kEdits) {
+        EXPECT_EQ(folder.Refusal(edit),
+                  "prx: " + folder.Path("a.prx") + ": somebody else has this project open; try again later\n");
+    }
+
+    EXPECT_EQ(folder.Read("a.prx"), before);
+    EXPECT_TRUE(folder.Has("~a.prxl"));
+}
+
+TEST(Project, CanBeLookedAtWhileSomebodyElseHasItOpen) {
+    const Folder folder;
+    folder.CopyExample("house.prx", "a.prx");
+    const SomebodyElse other(folder, "a.prx");
+
+    folder.Output({"show", "a.prx"});
+    folder.Output({"calendar", "a.prx"});
+    folder.Output({"check", "a.prx"});
+
+    EXPECT_TRUE(folder.Has("~a.prxl"));
+}
+
+TEST(Project, IsNotChangedWhenItsFileWasCutShort) {
+    const Folder folder;
+    folder.CopyExample("house.prx", "a.prx");
+    const std::string whole = folder.Read("a.prx");
+    const std::string cut = whole.substr(0, whole.find("<TaskObstaclesRelations")) + "</Project>";
+    folder.Write("a.prx", cut);
+
+    for (const auto& edit : kEdits) {
+        const std::string words = folder.Refusal(edit);
+        EXPECT_NE(words.find("the section Calendar is missing"), std::string::npos) << words;
+        EXPECT_NE(words.find("--force"), std::string::npos) << words;
+    }
+
+    EXPECT_EQ(folder.Read("a.prx"), cut);
+    EXPECT_FALSE(folder.Has("~a.prxl"));
+}
+
+TEST(Project, IsChangedByForceAndIsWholeThen) {
+    const Folder folder;
+    folder.CopyExample("house.prx", "a.prx");
+    folder.Write("a.prx", Replaced(folder.Read("a.prx"), "<Goals/>", ""));
+
+    folder.Output({"set", "a.prx", "Excavate", "done=5", "--force"});
+
+    folder.Output({"check", "a.prx"});
+}
+
+TEST(Project, IsNotChangedWhenItCouldNotBeReadWhole) {
+    const Folder folder;
+    folder.CopyExample("house.prx", "a.prx");
+    folder.Write("a.prx", Replaced(folder.Read("a.prx"), "<TaskPercentDone>60", "<TaskPercentDone>most"));
+    const std::string before = folder.Read("a.prx");
+
+    EXPECT_NE(folder.Refusal({"set", "a.prx", "1", "done=5"}).find("saving it would lose the rest"), std::string::npos);
+
+    EXPECT_EQ(folder.Read("a.prx"), before);
+}
+
+TEST(Project, KeepsEverythingThatAnEditDoesNotTouch) {
+    const Folder folder;
+    for (const char* example : {"house.prx", "festival.prx", "orchard.prx"}) {
+        folder.CopyExample(example, "a.prx");
+        const std::string before = folder.Output({"show", "--json", "a.prx"});
+        folder.Output({"add", "a.prx", "Passing through"});
+        EXPECT_NE(folder.Output({"show", "--json", "a.prx"}), before);
+        folder.Output({"remove", "a.prx", "Passing through"});
+        EXPECT_EQ(folder.Output({"show", "--json", "a.prx"}), before) << example;
+    }
+}
+
+TEST(Project, KeepsTheDayOnWhichItWasStarted) {
+    const Folder folder;
+    folder.Output({"new", "a.prx"});
+    const auto created = [&] {
+        const std::string text = folder.Read("a.prx");
+        const std::size_t at = text.find("<ProjectCreationDate>");
+        return text.substr(at, text.find("</ProjectCreationDate>") - at);
+    };
+    const std::string before = created();
+    EXPECT_EQ(before.find("1899"), std::string::npos);
+
+    folder.Output({"add", "a.prx", "Task"});
+
+    EXPECT_EQ(created(), before);
+}
+
+TEST(Project, ReadsTheSameDatesInEveryLocaleFormat) {
+    const Folder folder;
+    folder.CopyExample("house.prx", "a.prx");
+    const std::string before = folder.Output({"show", "--json", "a.prx"});
+    // The same plan as a system with another date format would have written it.
+    std::string text = folder.Read("a.prx");
+    text = Replaced(text, "<DateFormat>M/d/yyyy</DateFormat>", "<DateFormat>M-d-yyyy</DateFormat>");
+    std::string other;
+    for (std::size_t at = 0; at < text.size(); ++at) {
+        const bool in_date = text[at] == '/' && at > 0 && text[at - 1] >= '0' && text[at - 1] <= '9';
+        other += in_date ? '-' : text[at];
+    }
+    folder.Write("a.prx", other);
+
+    EXPECT_EQ(folder.Output({"show", "--json", "a.prx"}), before);
+}
+
+}  // namespace prx_test

@@ -1,0 +1,267 @@
+#include "tests/prx/Prx.h"
+
+#include <fcntl.h>
+#include <gtest/gtest.h>
+#include <spawn.h>
+#include <sys/wait.h>
+#include <unistd.h>
+
+#include <cctype>
+#include <cstdlib>
+#include <filesystem>
+#include <fstream>
+#include <sstream>
+
+namespace prx_test {
+namespace {
+
+std::string ReadFile(const std::string& path) {
+    std::ifstream file(path, std::ios::binary);
+    std::ostringstream content;
+    content << file.rdbuf();
+    return content.str();
+}
+
+/// Walks a JSON text by its grammar.
+class JsonReader {
+public:
+    explicit JsonReader(const std::string& text) : text_(text) {}
+
+    std::string Fault() {
+        if (!Value()) return "no JSON at byte " + std::to_string(at_);
+        Blanks();
+        return at_ == text_.size() ? "" : "more behind the value at byte " + std::to_string(at_);
+    }
+
+private:
+    char Next() const { return at_ < text_.size() ? text_[at_] : '\0'; }
+    void Blanks() {
+        while (at_ < text_.size() && std::string(" \n\r\t").find(text_[at_]) != std::string::npos) ++at_;
+    }
+    bool Take(char expected) {
+        Blanks();
+        if (Next() != expected) return false;
+        ++at_;
+        return true;
+    }
+    bool Word(const std::string& word) {
+        if (text_.compare(at_, word.size(), word) != 0) return false;
+        at_ += word.size();
+        return true;
+    }
+    bool Text() {
+        if (!Take('"')) return false;
+        while (at_ < text_.size() && Next() != '"') {
+            const auto byte = static_cast<unsigned char>(Next());
+            if (byte < 0x20) return false;
+            ++at_;
+            if (byte != '\\') continue;
+            const char escape = Next();
+            ++at_;
+            if (escape == 'u') {
+                for (int i = 0; i < 4; ++i, ++at_) {
+                    if (std::isxdigit(static_cast<unsigned char>(Next())) == 0) return false;
+                }
+            } else if (std::string("\"\\/bfnrt").find(escape) == std::string::npos) {
+                return false;
+            }
+        }
+        return Take('"');
+    }
+    bool Digits() {
+        const std::size_t first = at_;
+        while (std::isdigit(static_cast<unsigned char>(Next())) != 0) ++at_;
+        return at_ > first;
+    }
+    bool Number() {
+        if (Next() == '-') ++at_;
+        if (!Digits()) return false;
+        if (Next() == '.' && (++at_, !Digits())) return false;
+        if (Next() != 'e' && Next() != 'E') return true;
+        ++at_;
+        if (Next() == '+' || Next() == '-') ++at_;
+        return Digits();
+    }
+    template <class Member>
+    bool List(char open, char close, Member&& member) {
+        if (!Take(open)) return false;
+        if (Take(close)) return true;
+        do {
+            if (!member()) return false;
+        } while (Take(','));
+        return Take(close);
+    }
+    bool Value() {
+        Blanks();
+        switch (Next()) {
+            case '{':
+                return List('{', '}', [&] { return Text() && Take(':') && Value(); });
+            case '[':
+                return List('[', ']', [&] { return Value(); });
+            case '"':
+                return Text();
+            case 't':
+                return Word("true");
+            case 'f':
+                return Word("false");
+            case 'n':
+                return Word("null");
+            default:
+                return Number();
+        }
+    }
+
+    const std::string& text_;
+    std::size_t at_ = 0;
+};
+
+}  // namespace
+
+Folder::Folder() {
+    std::string name = (std::filesystem::temp_directory_path() / "prx-test-XXXXXX").string();
+    if (mkdtemp(name.data()) != nullptr) path_ = name;
+    EXPECT_FALSE(path_.empty());
+}
+
+Folder::~Folder() {
+    std::error_code ignored;
+    if (!path_.empty()) std::filesystem::remove_all(path_, ignored);
+}
+
+void Folder::Write(const std::string& name, const std::string& content) const {
+    std::ofstream file(Path(name), std::ios::binary);
+    file << content;
+}
+
+std::string Folder::Read(const std::string& name) const {
+    return ReadFile(Path(name));
+}
+
+bool Folder::Has(const std::string& name) const {
+    return std::filesystem::exists(Path(name));
+}
+
+void Folder::CopyExample(const std::string& example, const std::string& name) const {
+    const std::string content = ReadFile(std::string(MRLXMLCLASS_SOURCE_DIR) + "/examples/" + example);
+    ASSERT_FALSE(content.empty()) << example;
+    Write(name, content);
+}
+
+Result Folder::Prx(const std::vector<std::string>& arguments) const {
+    // Stopped after a time in which the slowest build answers many times over.
+    std::vector<std::string> texts = {"env",     "-C", path_,      "XDG_STATE_HOME=" + Path("state"), "LC_ALL=C.UTF-8",
+                                      "timeout", "60", PRX_PROGRAM};
+    texts.insert(texts.end(), arguments.begin(), arguments.end());
+    std::vector<char*> pointers;
+    for (std::string& text : texts) pointers.push_back(text.data());
+    pointers.push_back(nullptr);
+
+    posix_spawn_file_actions_t actions;
+    posix_spawn_file_actions_init(&actions);
+    posix_spawn_file_actions_addopen(&actions, 1, Path(".out").c_str(), O_WRONLY | O_CREAT | O_TRUNC, 0600);
+    posix_spawn_file_actions_addopen(&actions, 2, Path(".err").c_str(), O_WRONLY | O_CREAT | O_TRUNC, 0600);
+    pid_t process = 0;
+    const int error = posix_spawnp(&process, "env", &actions, nullptr, pointers.data(), environ);
+    posix_spawn_file_actions_destroy(&actions);
+    EXPECT_EQ(error, 0);
+    int status = 0;
+    waitpid(process, &status, 0);
+
+    Result result{WIFEXITED(status) ? WEXITSTATUS(status) : 128 + WTERMSIG(status), Read(".out"), Read(".err")};
+    EXPECT_LE(result.status, 2) << result.err;
+    for (const char* inside : {"terminate called", "what():", "Sanitizer", "runtime error", "std::", "Segmentation"}) {
+        EXPECT_EQ(result.err.find(inside), std::string::npos) << result.err;
+    }
+    return result;
+}
+
+std::string Folder::Output(const std::vector<std::string>& arguments) const {
+    const Result result = Prx(arguments);
+    EXPECT_EQ(result.status, 0) << result.out << result.err;
+    return result.out;
+}
+
+std::string Folder::Refusal(const std::vector<std::string>& arguments) const {
+    const Result result = Prx(arguments);
+    EXPECT_EQ(result.status, 2) << result.out << result.err;
+    EXPECT_EQ(result.out, "");
+    return result.err;
+}
+
+std::string JsonFault(const std::string& text) {
+    return JsonReader(text).Fault();
+}
+
+std::string Replaced(std::string text, const std::string& from, const std::string& to) {
+    for (std::size_t at = 0; (at = text.find(from, at)) != std::string::npos; at += to.size()) {
+        text.replace(at, from.size(), to);
+    }
+    return text;
+}
+
+TEST(Prx, NamesItsCommandsInItsHelp) {
+    const Folder folder;
+
+    const std::string help = folder.Output({"--help"});
+
+    for (const char* command : {"new", "show", "add", "set", "remove", "calendar", "check"}) {
+        EXPECT_NE(help.find(std::string("\n  ") + command), std::string::npos) << help;
+    }
+}
+
+TEST(Prx, RefusesToRunWithoutACommand) {
+    const Folder folder;
+    EXPECT_NE(folder.Refusal({}), "");
+}
+
+TEST(Prx, RefusesAnUnknownCommandAndAnUnknownOption) {
+    const Folder folder;
+    EXPECT_NE(folder.Refusal({"paint", "a.prx"}), "");
+    EXPECT_NE(folder.Refusal({"show", "--loudly", "a.prx"}), "");
+}
+
+TEST(Prx, TellsInWordsThatAFileIsNotThere) {
+    const Folder folder;
+
+    EXPECT_EQ(folder.Refusal({"show", "none.prx"}), "prx: " + folder.Path("none.prx") + ": there is no such file\n");
+    EXPECT_FALSE(folder.Has("~none.prxl"));
+}
+
+TEST(Prx, TellsThatAFolderIsNoProject) {
+    const Folder folder;
+    std::filesystem::create_directory(folder.Path("plans"));
+
+    for (const char* command : {"show", "check", "calendar"}) {
+        EXPECT_EQ(folder.Refusal({command, "plans"}),
+                  "prx: " + folder.Path("plans") + ": this is a folder, not a project\n");
+    }
+}
+
+TEST(Prx, KeepsItsOwnFilesInTheStateFolderOfTheUser) {
+    const Folder folder;
+
+    folder.Output({"new", "a.prx"});
+
+    EXPECT_TRUE(folder.Has("state/prx/SendToSupport.xml"));
+    EXPECT_TRUE(folder.Has("state/prx/steps.xml"));
+}
+
+TEST(Prx, LeavesNoLockBehind) {
+    const Folder folder;
+    folder.Output({"new", "a.prx"});
+    folder.Output({"show", "a.prx"});
+    folder.Output({"add", "a.prx", "Task"});
+    folder.Refusal({"set", "a.prx", "Task", "start=never"});
+    folder.Refusal({"remove", "a.prx", "Nobody"});
+
+    EXPECT_FALSE(folder.Has("~a.prxl"));
+}
+
+TEST(JsonFault, FindsWhatIsNoJson) {
+    EXPECT_EQ(JsonFault(R"({"a": [1, -2.5e3, "x\"\u00e4\n", true, null, {}]})"), "");
+    for (const char* text : {"", "{", "[1,]", "{\"a\" 1}", "\"\x01\"", "\"\\x\"", "nul", "01x", "[] []", "{a: 1}"}) {
+        EXPECT_NE(JsonFault(text), "") << text;
+    }
+}
+
+}  // namespace prx_test

@@ -1,0 +1,60 @@
+#include <gtest/gtest.h>
+
+#include "tests/prx/Prx.h"
+
+namespace prx_test {
+
+TEST(Remove, TakesATaskWithAllBelowIt) {
+    const Folder folder;
+    folder.CopyExample("house.prx", "a.prx");
+
+    folder.Output({"remove", "a.prx", "Shell"});
+
+    const std::string table = folder.Output({"show", "a.prx"});
+    EXPECT_NE(table.find("49 tasks"), std::string::npos) << table;
+    EXPECT_EQ(table.find("Roof trusses"), std::string::npos);
+    EXPECT_NE(table.find("24   38  Services"), std::string::npos) << table;
+    folder.Output({"check", "a.prx"});
+}
+
+TEST(Remove, PrintsEveryEvent) {
+    const Folder folder;
+    folder.Output({"new", "a.prx"});
+    folder.Output({"add", "a.prx", "Phase", "--start", "2026-03-02"});
+    folder.Output({"add", "a.prx", "Design", "--under", "1", "--start", "2026-03-02", "--duration", "5"});
+    folder.Output({"add", "a.prx", "Build", "--under", "1", "--start", "2026-03-09", "--duration", "2"});
+
+    EXPECT_EQ(folder.Output({"remove", "a.prx", "Build"}),
+              "DurationChange(1, 5, days, False, True)\n"
+              "TaskDurationChange(1, 5, days, False, True)\n"
+              "DateEndChange(1, 2026-03-06, False, True, days)\n"
+              "DateStartChange(1, 2026-03-02, False, True)\n"
+              "RoolUpCostChange(1, 0)\n"
+              "IamASummary(1, True)\n"
+              "TaskDeleted(3, 1, 3, True)\n"
+              "TaskDeleted(3, , 0, True)\n");
+}
+
+TEST(Remove, EmptiesAPlanAndFillsItAgain) {
+    const Folder folder;
+    folder.CopyExample("festival.prx", "a.prx");
+    for (int phase = 0; phase < 6; ++phase) folder.Output({"remove", "a.prx", "#1"});
+
+    EXPECT_EQ(folder.Output({"show", "a.prx"}), "Summer festival of the Lakeside School: 0 tasks\n");
+
+    folder.Output({"add", "a.prx", "Again"});
+    folder.Output({"check", "a.prx"});
+}
+
+TEST(Remove, RefusesATaskThatIsNotThere) {
+    const Folder folder;
+    folder.CopyExample("festival.prx", "a.prx");
+    const std::string before = folder.Read("a.prx");
+
+    EXPECT_EQ(folder.Refusal({"remove", "a.prx", "Fireworks"}), "prx: there is no task \"Fireworks\"\n");
+    EXPECT_NE(folder.Refusal({"remove", "a.prx", "#0"}), "");
+
+    EXPECT_EQ(folder.Read("a.prx"), before);
+}
+
+}  // namespace prx_test

@@ -1,0 +1,108 @@
+#include <gtest/gtest.h>
+
+#include "tests/prx/Prx.h"
+
+namespace prx_test {
+namespace {
+
+/// 1 Phase (2 Design: Monday to Friday of the first week of March 2026).
+class Set : public testing::Test {
+protected:
+    Set() {
+        folder_.Output({"new", "a.prx"});
+        folder_.Output({"add", "a.prx", "Phase", "--start", "2026-03-02"});
+        folder_.Output({"add", "a.prx", "Design", "--under", "1", "--start", "2026-03-02", "--duration", "5"});
+    }
+    std::string Task(const std::string& key) const {
+        const std::string json = folder_.Output({"show", "--json", "a.prx"});
+        const std::size_t at = json.find("\"key\": " + key + ",");
+        return json.substr(at, json.find('\n', at) - at);
+    }
+    void ExpectIn(const std::string& key, const std::string& member) const {
+        EXPECT_NE(Task(key).find(member), std::string::npos) << member << " in " << Task(key);
+    }
+
+    const Folder folder_;
+};
+
+}  // namespace
+
+TEST_F(Set, MovesATaskAndTheSummariesAbove) {
+    EXPECT_EQ(folder_.Output({"set", "a.prx", "Design", "start=2026-03-09"}),
+              "DurationChange(1, 5, days, False, True)\n"
+              "TaskDurationChange(1, 5, days, False, True)\n"
+              "DateEndChange(1, 2026-03-13, False, True, days)\n"
+              "DateStartChange(1, 2026-03-09, False, True)\n");
+    ExpectIn("2", R"("start": "2026-03-09", "end": "2026-03-13", "duration": 5)");
+}
+
+TEST_F(Set, TakesEveryField) {
+    folder_.Output({"set", "a.prx", "2", "name=Draft", "duration=2 wks", "done=35%", "cost=12.3456", "colour=255",
+                    "start=2026-03-03"});
+
+    ExpectIn("2", R"("name": "Draft")");
+    ExpectIn("2", R"("start": "2026-03-03", "end": "2026-03-17", "duration": 2, "unit": "wks")");
+    ExpectIn("2", R"("done": 35, "cost": 12.3456, "colour": 255)");
+    ExpectIn("1", R"("cost": 12.3456)");
+}
+
+TEST_F(Set, LetsTheDurationFollowFromTheEnd) {
+    folder_.Output({"set", "a.prx", "2", "end=2026-03-10"});
+    ExpectIn("2", R"("end": "2026-03-10", "duration": 7)");
+}
+
+TEST_F(Set, MakesAMilestoneAndATaskAgain) {
+    folder_.Output({"set", "a.prx", "2", "milestone=yes"});
+    ExpectIn("2", R"("milestone": true, "start": "2026-03-02", "end": "2026-03-02", "duration": 0)");
+
+    folder_.Output({"set", "a.prx", "2", "milestone=no"});
+    ExpectIn("2", R"("milestone": false, "start": "2026-03-02", "end": "2026-03-02", "duration": 1)");
+}
+
+TEST_F(Set, TellsThatAStartWasMovedToAWorkingDay) {
+    const Result result = folder_.Prx({"set", "a.prx", "2", "start=2026-03-07"});
+
+    EXPECT_EQ(result.status, 0);
+    EXPECT_EQ(result.err, "prx: 2026-03-07 is not a working day; the task starts on 2026-03-09\n");
+}
+
+TEST_F(Set, NamesTheFieldsWhenOneIsUnknown) {
+    EXPECT_EQ(folder_.Refusal({"set", "a.prx", "2", "color=1"}),
+              "prx: there is no field \"color\"; the fields are unit, milestone, start, duration, end, done, cost, "
+              "colour, name\n");
+    EXPECT_NE(folder_.Refusal({"set", "a.prx", "2", "start"}).find("write field=value"), std::string::npos);
+}
+
+TEST_F(Set, RefusesBadValuesAndSavesNothing) {
+    const std::string before = folder_.Read("a.prx");
+
+    for (const char* bad : {"start=3/2/2026", "start=2026-13-01", "end=",
+                            "end=2026-03-01", "duration=long",    "duration=-1",
+                            "duration=inf",   "duration=1000",    "duration=5 lightyears",
+                            "unit=parsecs",   "done=101",         "done=half",
+                            "cost=1,50",      "cost=1.23456",     "cost=99999999999999999999",
+                            "cost=",          "colour=red",       "milestone=maybe",
+                            "name=",          "start=1999-01-04", "start=2999-01-04"}) {
+        EXPECT_NE(folder_.Refusal({"set", "a.prx", "2", bad}), "") << bad;
+    }
+    EXPECT_NE(folder_.Refusal({"set", "a.prx", "2", "done=1", "done=2"}), "");
+    EXPECT_NE(folder_.Refusal({"set", "a.prx", "2", "duration=2", "end=2026-03-04"}), "");
+
+    EXPECT_EQ(folder_.Read("a.prx"), before);
+}
+
+TEST_F(Set, LeavesToASummaryWhatFollowsFromItsTasks) {
+    for (const char* field : {"start=2026-04-01", "end=2026-04-01", "duration=3", "cost=5", "milestone=yes"}) {
+        EXPECT_NE(folder_.Refusal({"set", "a.prx", "Phase", field}).find("follows from the tasks below it"),
+                  std::string::npos);
+    }
+    folder_.Output({"set", "a.prx", "Phase", "name=First phase", "done=10"});
+    ExpectIn("1", R"("name": "First phase")");
+}
+
+TEST_F(Set, TakesATaskByKeyRowOrName) {
+    for (const char* task : {"2", "#2", "Design"}) folder_.Output({"set", "a.prx", task, "done=50"});
+    EXPECT_NE(folder_.Refusal({"set", "a.prx", "design", "done=50"}), "");
+}
+
+}  // namespace prx_test

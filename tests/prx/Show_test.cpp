@@ -1,0 +1,84 @@
+#include <gtest/gtest.h>
+
+#include "tests/prx/Prx.h"
+
+namespace prx_test {
+
+TEST(Show, DrawsTheOutlineAsATable) {
+    const Folder folder;
+    folder.Output({"new", "a.prx", "--name", "Trial"});
+    folder.Output({"add", "a.prx", "Phase", "--start", "2026-03-02"});
+    folder.Output({"add", "a.prx", "Ö", "--under", "Phase", "--start", "2026-03-02", "--duration", "3d", "--done", "40",
+                   "--cost", "1250.50"});
+    folder.Output({"add", "a.prx", "Done", "--under", "Phase", "--start", "2026-03-05", "--milestone"});
+
+    EXPECT_EQ(folder.Output({"show", "a.prx"}),
+              "Trial: 3 tasks, 2026-03-02 to 2026-03-05\n"
+              "Row  Key  Name    Start       End          Duration  Done    Cost\n"
+              "  1    1  Phase   2026-03-02  2026-03-05     4 days        1250.5\n"
+              "  2    2    Ö     2026-03-02  2026-03-04     3 days   40%  1250.5\n"
+              "  3    3    Done  2026-03-05  2026-03-05  milestone\n");
+}
+
+TEST(Show, PrintsJsonThatProgramsCanRead) {
+    const Folder folder;
+    for (const char* example : {"house.prx", "festival.prx", "orchard.prx"}) {
+        folder.CopyExample(example, "a.prx");
+        const std::string json = folder.Output({"show", "--json", "a.prx"});
+        EXPECT_EQ(JsonFault(json), "") << example;
+        EXPECT_NE(json.find("\"summary\": true"), std::string::npos);
+    }
+}
+
+TEST(Show, EscapesWhatJsonCannotHold) {
+    const Folder folder;
+    folder.CopyExample("house.prx", "a.prx");
+    folder.Write("a.prx", Replaced(folder.Read("a.prx"), "<TaskName>Excavate</TaskName>",
+                                   "<TaskName>\"Ex\\cav\tate\"\n&#x85;\xF0\x9F\x8F\xA0</TaskName>"));
+
+    const std::string json = folder.Output({"show", "--json", "a.prx"});
+
+    EXPECT_EQ(JsonFault(json), "");
+    EXPECT_NE(json.find(R"("\"Ex\\cav\u0009ate\"\u000a\u0085)"), std::string::npos);
+}
+
+TEST(Show, KeepsATaskInOneLineAndTheTerminalUnsteered) {
+    const Folder folder;
+    folder.CopyExample("house.prx", "a.prx");
+    folder.Write("a.prx", Replaced(folder.Read("a.prx"), "<TaskName>Excavate</TaskName>",
+                                   "<TaskName>Ex\nca&#x9B;31mvate</TaskName>"));
+
+    const std::string table = folder.Output({"show", "a.prx"});
+
+    EXPECT_NE(table.find("Ex ca 31mvate"), std::string::npos);
+}
+
+TEST(Show, TellsOnTheErrorOutputThatSomethingIsMissing) {
+    const Folder folder;
+    folder.CopyExample("house.prx", "a.prx");
+    folder.Write("a.prx", Replaced(folder.Read("a.prx"), "<Goals/>", ""));
+
+    const Result result = folder.Prx({"show", "a.prx"});
+
+    EXPECT_EQ(result.status, 0);
+    EXPECT_NE(result.err.find("prx check"), std::string::npos);
+    EXPECT_NE(result.out.find("63 tasks"), std::string::npos);
+}
+
+TEST(Show, WritesNothingToTheFile) {
+    const Folder folder;
+    folder.CopyExample("orchard.prx", "a.prx");
+    const std::string before = folder.Read("a.prx");
+
+    folder.Output({"show", "a.prx"});
+
+    EXPECT_EQ(folder.Read("a.prx"), before);
+}
+
+TEST(Show, DrawsNoBarWhereNobodyWatches) {
+    const Folder folder;
+    folder.CopyExample("house.prx", "a.prx");
+    EXPECT_EQ(folder.Prx({"show", "a.prx"}).err, "");
+}
+
+}  // namespace prx_test
