@@ -1,5 +1,8 @@
 // Starts a plan of one phase with one task and saves it.  new_plan FILE (an absolute path)
+#include <cstdio>
+
 #include "mrlxmlclass/session/Application.h"
+#include "mrlxmlclass/session/SafeFile.h"
 #include "mrlxmlclass/tasks/TasksCol.h"
 
 using namespace mrlxmlclass;
@@ -21,7 +24,8 @@ int main(int, char** argv) {
     dig->TaskDuration(3);                                    // so it ends on Tuesday
     tasks->AdjustSummary(KeyText(phase->TaskKey()).text());  // and the phase with it
 
-    const Boolean saved = app->SaveXml();
+    const String trouble = SaveSafely(app);  // the old file stands until the new one is durable
+    std::puts(trouble.empty() ? "Saved." : trouble.c_str());
     app->endreadonly();
-    return saved ? 0 : 1;
+    return trouble.empty() ? 0 : 1;
 }
