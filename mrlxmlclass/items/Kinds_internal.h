@@ -297,8 +297,8 @@ struct RelationKind<TaskNoteRelationCls> {
 };
 
 /// Gives a new record of a kind its key: the first freed one of the kind's pool, where it has one, else the next.
-inline Integer IssueKey(const Ref<StaticCls>& counters, Keys::KeyKind counter, std::optional<Keys::KeyKind> pool) {
-    return pool ? In(counters).NextKey(counter, *pool) : In(counters).NextKey(counter);
+inline KeyText IssueKey(const Ref<StaticCls>& counters, Keys::KeyKind counter, std::optional<Keys::KeyKind> pool) {
+    return pool ? In(counters).NextKey(counter, *pool) : KeyText(Long(In(counters).NextKey(counter)));
 }
 
 }  // namespace mrlxmlclass

@@ -76,7 +76,7 @@ KeyText PlanItem<Self, Relations, FieldsOf>::Internal::FirstRelationTo(const Key
 template <class Self, class Relations, class FieldsOf>
 Boolean PlanItem<Self, Relations, FieldsOf>::Internal::IncrementID(const Ref<StaticCls>& oPublicStaticCls) {
     return kTail<Self>.template Run<Boolean>("IncrementID", [&](Boolean& result) {
-        f_.key = IssueKey(oPublicStaticCls, kRow<Self>.counter, kRow<Self>.draws_from);
+        f_.key = IssueKey(oPublicStaticCls, kRow<Self>.counter, kRow<Self>.draws_from).Number();
         result = True;
     });
 }

@@ -48,8 +48,7 @@ String Relation<Self, ItemKey, Note>::GuardedDescription() {
 template <class Self, class ItemKey, class Note>
 Boolean Relation<Self, ItemKey, Note>::Internal::IncrementID(const Ref<StaticCls>& oPublicStaticCls) {
     return kTail<Self>.template Run<Boolean>("IncrementID", [&](Boolean& result) {
-        const Long key = IssueKey(oPublicStaticCls, kRow<Self>.counter, kRow<Self>.draws_from);
-        f_.elementKey = Conversions::LongToString(key);
+        f_.elementKey = IssueKey(oPublicStaticCls, kRow<Self>.counter, kRow<Self>.draws_from).text();
         result = True;
     });
 }

@@ -193,7 +193,7 @@ Boolean TasksCls::UpdatePeopleCollection(const Ref<TaskAssigmentRelationCol>& oT
                                          const Ref<PeopleCol>& oPeopleCol, const Variant& personkey) {
     // Kept: recorded under the name of another member.
     return kTail.Run<Boolean>("SetPeopleCollection", [&](Boolean& result) {
-        const Long person = KeyNumber(personkey.Key().text());
+        const Long person = personkey.Key().Number();
         for (const auto& entry : ItemsOf(f_.TaskPeopleRelation.cell.Peek())) {
             if (entry.item->personkey() != person) continue;
             TasksPeople()->Remove(person);

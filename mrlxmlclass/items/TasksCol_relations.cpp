@@ -11,7 +11,7 @@ constexpr FailureTail kTail = kTasksColTail;
 
 /// The number that goes out with an event.
 Long NumberOf(const Variant& key) {
-    return KeyNumber(key.Key().text());
+    return key.Key().Number();
 }
 
 /// Calls one operation on every task; gives the last task's answer.

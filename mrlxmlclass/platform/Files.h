@@ -77,8 +77,8 @@ public:
     /// Creates the file if need be and holds it against other openers, in this process and in others, until it is
     /// released or the process ends. Gives the lowest free file number, from 1. Fails (70) when somebody else holds it.
     virtual Integer Hold(const String& path) = 0;
-    /// Lets go of a number; deletes the file first unless `path_to_delete` is empty. A number that is not open does
-    /// nothing, but the file still goes.
+    /// Lets go of a number; deletes the file first unless `path_to_delete` is empty or names another file by now. When
+    /// the file cannot be deleted it stays held. A number that is not open does nothing, but the file still goes.
     virtual void Release(Integer number, const String& path_to_delete) = 0;
 
     /// The folder of the running program, without a "/" at its end.

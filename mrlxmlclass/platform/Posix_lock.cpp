@@ -69,16 +69,21 @@ Integer FileNumbers::Hold(const String& path) {
 }
 
 void FileNumbers::Release(Integer number, const String& path_to_delete) {
-    Descriptor file;  // closes last
-    {
-        const std::scoped_lock guard(mutex_);
-        if (number > 0 && number <= std::ssize(held_)) {
-            file = std::move(held_[static_cast<std::size_t>(number.value() - 1)]);
+    const std::scoped_lock guard(mutex_);
+    const bool known = number > 0 && number <= std::ssize(held_);
+    Descriptor none;
+    Descriptor& file = known ? held_[static_cast<std::size_t>(number.value() - 1)] : none;
+    if (!path_to_delete.empty()) {
+        DemandAskable(path_to_delete);
+        // Deleted while it is still held, so that nobody finds it free meanwhile; when that fails the hold goes on. A
+        // file that somebody put in its place is theirs.
+        struct stat opened {};
+        const bool ours = !file || (fstat(file.number(), &opened) == 0 && StillAt(path_to_delete, opened));
+        if (ours && unlink(path_to_delete.c_str()) != 0 && errno != ENOENT && errno != ENOTDIR) {
+            RaiseFor(errno, path_to_delete);
         }
     }
-    if (path_to_delete.empty()) return;
-    DemandAskable(path_to_delete);
-    if (unlink(path_to_delete.c_str()) != 0 && errno != ENOENT && errno != ENOTDIR) RaiseFor(errno, path_to_delete);
+    file = Descriptor();
 }
 
 }  // namespace mrlxmlclass::platform

@@ -14,8 +14,8 @@ public:
     ByRef() = default;
     ByRef(T& variable) : variable_(&variable), given_(true) {}
     template <class Value>
-        requires(std::convertible_to<Value, T> && !std::same_as<std::remove_cvref_t<Value>, ByRef>)
-    ByRef(Value&& value) : own_(std::forward<Value>(value)), given_(true) {}
+    requires(std::convertible_to<Value, T> && !std::same_as<std::remove_cvref_t<Value>, ByRef>) ByRef(Value&& value)
+        : own_(std::forward<Value>(value)), given_(true) {}
 
     /// False when the caller left the parameter out.
     bool Given() const { return given_; }

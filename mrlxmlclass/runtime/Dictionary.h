@@ -13,6 +13,8 @@ public:
     DictionaryKey(const Variant& key, SourceLine where = SourceLine::Here());
 
     Variant value() const;
+    /// The text form of the key, as Variant::Key gives it.
+    KeyText Key() const { return kind_ == Kind::Text ? text_ : value().Key(); }
     /// The key as a text, where it is one.
     const KeyText* text() const { return kind_ == Kind::Text ? &text_ : nullptr; }
     static constexpr bool none() { return false; }

@@ -17,21 +17,21 @@ struct SourceLine {
 
 /// The numbers under which failures are known to hosts and stand in the error file.
 namespace failure {
-inline constexpr int kDeliberate = 1;          ///< raised on purpose, with a description of its own
-inline constexpr int kUnknownKey = 5;          ///< also any other argument that makes no sense
+inline constexpr int kDeliberate = 1;  ///< raised on purpose, with a description of its own
+inline constexpr int kUnknownKey = 5;  ///< also any other argument that makes no sense
 inline constexpr int kOverflow = 6;
 inline constexpr int kOutOfMemory = 7;
 inline constexpr int kIndexOutOfRange = 9;
-inline constexpr int kTypeMismatch = 13;       ///< also a text that is no number, date or Boolean
-inline constexpr int kEndlessWalk = 28;        ///< a walk took more steps than there can be
-inline constexpr int kInternal = 51;           ///< an exception of another library
+inline constexpr int kTypeMismatch = 13;  ///< also a text that is no number, date or Boolean
+inline constexpr int kEndlessWalk = 28;   ///< a walk took more steps than there can be
+inline constexpr int kInternal = 51;      ///< an exception of another library
 inline constexpr int kFileNotFound = 53;
-inline constexpr int kDeviceFailure = 57;      ///< a read or a write failed, the disk is full
+inline constexpr int kDeviceFailure = 57;  ///< a read or a write failed, the disk is full
 inline constexpr int kPermissionDenied = 70;
-inline constexpr int kPathAccess = 75;         ///< a folder where a file should be, and the like
+inline constexpr int kPathAccess = 75;  ///< a folder where a file should be, and the like
 inline constexpr int kPathNotFound = 76;
-inline constexpr int kNothing = 91;            ///< a reference to nothing was followed
-inline constexpr int kCannotCreate = 429;      ///< a component is missing
+inline constexpr int kNothing = 91;        ///< a reference to nothing was followed
+inline constexpr int kCannotCreate = 429;  ///< a component is missing
 inline constexpr int kDuplicateKey = 457;
 inline constexpr int kNotSorted = -2147221504;
 }  // namespace failure

@@ -62,6 +62,10 @@ String KeyText::text() const {
     return is_number() ? std::to_string(id_) : Texts().TextOf(id_);
 }
 
+Long KeyText::Number() const {
+    return is_number() ? Long(number()) : KeyNumber(text());
+}
+
 Long KeyNumber(std::string_view text) {
     text = Trim(text);
     if (text.starts_with('+') && !text.starts_with("+-")) text.remove_prefix(1);

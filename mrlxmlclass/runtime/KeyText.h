@@ -29,6 +29,8 @@ public:
     constexpr bool is_number() const { return id_ >= 0; }
     constexpr std::int32_t number() const { return id_; }
     String text() const;
+    /// The number that the text stands for; 0 for a text that is no number.
+    Long Number() const;
 
     friend constexpr bool operator==(KeyText, KeyText) = default;
 

@@ -27,8 +27,7 @@ public:
     explicit Checked(std::floating_point auto value, SourceLine where = SourceLine::Here())
         : value_(FitRounded(static_cast<double>(value), where)) {}
     template <class Other>
-        requires(!std::same_as<Other, Rep>)
-    constexpr Checked(Checked<Other> other, SourceLine where = SourceLine::Here())
+    requires(!std::same_as<Other, Rep>) constexpr Checked(Checked<Other> other, SourceLine where = SourceLine::Here())
         : value_(Fit(other.value(), where)) {}
 
     constexpr operator std::int64_t() const { return value_; }

@@ -65,8 +65,8 @@ public:
     constexpr Ref(std::nullptr_t) {}
     explicit Ref(T* object) : AnyRef(object) {}
     template <class Derived>
-        requires(std::is_same_v<T, Counted> && !std::is_same_v<Derived, Counted>)
-    Ref(const Ref<Derived>& other) : AnyRef(other) {}
+    requires(std::is_same_v<T, Counted> && !std::is_same_v<Derived, Counted>) Ref(const Ref<Derived>& other)
+        : AnyRef(other) {}
 
     T* operator->() const {
         if (object_ == nullptr) RaiseNothing();

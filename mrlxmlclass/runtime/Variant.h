@@ -47,8 +47,7 @@ public:
     Variant(std::nullptr_t) : value_(Ref<Counted>()) {}
     Variant(Ref<Counted> object) : value_(std::move(object)) {}
     template <class T>
-        requires(!std::is_same_v<T, Counted>)
-    Variant(const Ref<T>& object) : value_(Ref<Counted>(object)) {}
+    requires(!std::is_same_v<T, Counted>) Variant(const Ref<T>& object) : value_(Ref<Counted>(object)) {}
     Variant(VariantArray array) : value_(std::move(array)) {}
 
     bool is_empty() const { return std::holds_alternative<Empty>(value_); }
@@ -87,7 +86,8 @@ public:
     friend bool operator==(const Variant&, const Variant&) = default;
 
 private:
-    std::variant<Empty, Null, Missing, Boolean, Long, double, Currency, Date, String, Ref<Counted>, VariantArray> value_;
+    std::variant<Empty, Null, Missing, Boolean, Long, double, Currency, Date, String, Ref<Counted>, VariantArray>
+        value_;
 };
 
 }  // namespace mrlxmlclass

@@ -27,10 +27,10 @@ Integer StaticCls::Internal::NextKey(KeyKind counter) {
     return ++self_.counters_[counter];
 }
 
-Integer StaticCls::Internal::NextKey(KeyKind counter, KeyKind pool) {
+KeyText StaticCls::Internal::NextKey(KeyKind counter, KeyKind pool) {
     const Ref<Collection> freed = PeekPool(pool);
-    if (!freed || freed->Count() == 0) return NextKey(counter);
-    const Integer key = KeyNumber(freed->Item(1).Key().text());
+    if (!freed || freed->Count() == 0) return Long(NextKey(counter));
+    const KeyText key = freed->Item(1).Key();
     freed->Remove(1);
     return key;
 }

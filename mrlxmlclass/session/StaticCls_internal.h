@@ -28,8 +28,8 @@ public:
 
     /// The next key of a counter; past 32767 it fails (6).
     Integer NextKey(KeyKind counter);
-    /// The first key of a pool, taken out of it; the counter's next when the pool has none.
-    Integer NextKey(KeyKind counter, KeyKind pool);
+    /// The first key of a pool, taken out of it as it was freed; the counter's next when the pool has none.
+    KeyText NextKey(KeyKind counter, KeyKind pool);
     /// After reading a key from a file: no later key collides with it. A key past 32767 fails (6).
     void RaiseTo(KeyKind counter, Long key);
 

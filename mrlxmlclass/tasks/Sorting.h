@@ -2,6 +2,7 @@
 
 #include <cstddef>
 #include <numeric>
+#include <type_traits>
 #include <utility>
 #include <vector>
 
@@ -9,16 +10,21 @@ namespace mrlxmlclass {
 
 /// The places 0 to count - 1 in ascending order of `key_of(place)`, by a heap sort over the places. Equal keys have no
 /// stable order but always the same one, and files show it: the heap is what it is.
+/// Each key is asked for once, and none where there is nothing to compare.
 template <class KeyOf>
 std::vector<std::size_t> HeapOrder(std::size_t count, KeyOf&& key_of) {
     std::vector<std::size_t> places(count);
     std::iota(places.begin(), places.end(), std::size_t{0});
+    if (count < 2) return places;
+    std::vector<std::invoke_result_t<KeyOf, std::size_t>> keys;
+    keys.reserve(count);
+    for (const std::size_t place : places) keys.push_back(key_of(place));
 
     const auto sift_down = [&](std::size_t start, std::size_t length) {
         while (start < length / 2) {
             std::size_t child = 2 * start + 1;
-            if (child + 1 < length && key_of(places[child]) < key_of(places[child + 1])) ++child;
-            if (!(key_of(places[start]) < key_of(places[child]))) return;
+            if (child + 1 < length && keys[places[child]] < keys[places[child + 1]]) ++child;
+            if (!(keys[places[start]] < keys[places[child]])) return;
             std::swap(places[start], places[child]);
             start = child;
         }

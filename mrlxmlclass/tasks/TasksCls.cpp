@@ -126,7 +126,7 @@ Ref<TasksCls> TasksCls::Clone() {
 Boolean TasksCls::Internal::IncrementID(const Ref<StaticCls>& oPublicStaticCls) {
     // Kept: recorded under the name of another class.
     return kTail.As("ObstaclesCls").Run<Boolean>("IncrementID", [&](Boolean& result) {
-        f_.TaskKey = In(oPublicStaticCls).NextKey(StaticCls::Internal::Task, StaticCls::Internal::Task);
+        f_.TaskKey = In(oPublicStaticCls).NextKey(StaticCls::Internal::Task, StaticCls::Internal::Task).Number();
         result = True;
     });
 }

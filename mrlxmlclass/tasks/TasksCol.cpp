@@ -85,7 +85,7 @@ Ref<TasksCol> TasksCol::GetValidTasks() {
 Ref<TasksCol> TasksCol::GetTasks(const Variant& TaskId) {
     return kTail.Run<Ref<TasksCol>>("GetTasks", [&](Ref<TasksCol>& result) {
         result = Make<TasksCol>();
-        const Long parent = KeyNumber(TaskId.Key().text());
+        const Long parent = TaskId.Key().Number();
         for (const auto& entry : NewEnum()) {
             if (entry.item->ParentID() == parent) result->AddItem(entry.item);
         }
@@ -96,8 +96,10 @@ Ref<Dictionary> TasksCol::GetTasksAsKeys(const Variant& TaskId) {
     return kTail.Run<Ref<Dictionary>>("GetTasksAsKeys", [&](Ref<Dictionary>& result) {
         const Ref<TasksCls> task = Item(TaskId);
         if (!task) return;
-        const Ref<Dictionary> children = In(task).PeekTasks();
-        result = children ? In(*this).SortedByPosition(children) : Make<Dictionary>();
+        const std::optional<std::vector<Long>> children = In(*this).ChildrenInOrder(task);
+        if (!children) return;
+        result = Make<Dictionary>();
+        for (const Long child : *children) result->Add(child, child);
     });
 }
 

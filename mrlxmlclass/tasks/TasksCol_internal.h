@@ -1,6 +1,7 @@
 #pragma once
 
-#include <span>
+#include <optional>
+#include <vector>
 
 #include "mrlxmlclass/runtime/In.h"
 #include "mrlxmlclass/runtime/Tail.h"
@@ -33,8 +34,8 @@ public:
     void File(const KeyText& key, const Ref<TasksCls>& task);
     /// Puts the same tasks in another order.
     void PutInOrder(Store sorted);
-    /// The keys of a dictionary, as numbers, in ascending position of their tasks.
-    Ref<Dictionary> SortedByPosition(const Ref<Dictionary>& keys) const;
+    /// The keys of a task's children in ascending position. Nothing, recorded, when one of several is no task.
+    std::optional<std::vector<Long>> ChildrenInOrder(const Ref<TasksCls>& parent) const;
 
     /// Tell the host a task's dates, and its duration, as they stand, unless it is silenced. The task is taken anew for
     /// each event, since a handler may change it.

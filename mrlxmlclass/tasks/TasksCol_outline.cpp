@@ -66,25 +66,34 @@ struct LastOfSubtree {
     Integer& highest;
     OutlineWalk walk;
 
-    Walk<Integer> Of(String key) {
+    Walk<Integer> Of(KeyText key) {
         auto& result = co_await kTail.Begin("GetTaskAndSubNumber");
-        if (key.empty() || walk.over()) co_return;
+        if (walk.over()) co_return;
         walk.Step();
-        if (tasks.isParent(key)) {
-            const std::vector<Variant> children = tasks.GetTasksAsKeys(key)->Keys();
-            for (const Variant& child : children) {
-                auto below = Of(child.Key().text());
-                result = co_await std::move(below);
-            }
+        const Ref<TasksCls> task = tasks.Item(key.text());
+        if (!In(task).HasChildren()) {
+            result = OfLeaf(*task);
             co_return;
         }
-        const Ref<TasksCls> leaf = tasks.Item(key);
-        if (keys) {
-            result = leaf->TaskKey();
-        } else {
-            if (leaf->TaskPosition() > highest) highest = leaf->TaskPosition();
-            result = highest;
+        const auto children = In(tasks).ChildrenInOrder(task);
+        if (!children) Raise(failure::kNothing);
+        for (const Long child_key : *children) {
+            const Ref<TasksCls> child = In(tasks).Find(child_key);
+            if (child && !walk.over() && !In(child).HasChildren()) {
+                walk.Step();
+                result = OfLeaf(*child);
+            } else {
+                auto below = Of(KeyText(child_key));
+                result = co_await std::move(below);
+            }
         }
+    }
+
+private:
+    Integer OfLeaf(const TasksCls& leaf) const {
+        if (keys) return leaf.TaskKey();
+        if (leaf.TaskPosition() > highest) highest = leaf.TaskPosition();
+        return highest;
     }
 };
 
@@ -124,7 +133,7 @@ String TasksCol::GetFirstChildKey(const String& TaskId) {
         if (!children) return;
         for (const auto& entry : children->Snapshot()) {
             if (Item(entry.key.value())->TaskPosition() == task->TaskPosition() + 1) {
-                result = entry.key.value().Key().text();
+                result = entry.key.Key().text();
                 return;
             }
         }
@@ -174,7 +183,7 @@ String TasksCol::GetLastParentPosKey(const String& TaskKey, const String& Shared
 Integer TasksCol::GetTaskAndSubNumber(const String& TaskId, Boolean keys, ByRef<Integer> oldPos) {
     return kTail.Run<Integer>("GetTaskAndSubNumber", [&](Integer& result) {
         LastOfSubtree last{*this, keys, *oldPos, OutlineWalk(*this)};
-        result = last.Of(TaskId).Run();
+        if (!TaskId.empty()) result = last.Of(KeyText(TaskId)).Run();
     });
 }
 

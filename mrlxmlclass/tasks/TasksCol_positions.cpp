@@ -35,7 +35,7 @@ void MakeWay(TasksCol& tasks, const Ref<TasksCls>& moved, Integer& old_position)
 Boolean TasksCol::AddParentTask(const Variant& p_parent_id, const Variant& p_task_id) {
     return kTail.Run<Boolean>("AddParentTask", [&](Boolean& result) {
         const Ref<TasksCls> parent = Item(p_parent_id);
-        if (!parent || KeyNumber(p_parent_id.Key().text()) == 0) return;
+        if (!parent || p_parent_id.Key().Number() == 0) return;
         const String child = p_task_id.Key().text();
         if (!In(parent).Tasks()->Exists(child)) In(parent).Tasks()->Add(child, child);
         result = True;
@@ -45,7 +45,7 @@ Boolean TasksCol::AddParentTask(const Variant& p_parent_id, const Variant& p_tas
 Boolean TasksCol::RemoveParentTask(const Variant& p_parent_id, const Variant& p_task_id, Boolean p_raise) {
     return kTail.Run<Boolean>("RemoveParentTask", [&](Boolean& result) {
         const Ref<TasksCls> parent = Item(p_parent_id);
-        const Long parent_number = KeyNumber(p_parent_id.Key().text());
+        const Long parent_number = p_parent_id.Key().Number();
         if (!parent || parent_number == 0) return;
         const String child = p_task_id.Key().text();
         if (In(parent).HasChildren() && In(parent).Tasks()->Exists(child)) In(parent).Tasks()->Remove(child);

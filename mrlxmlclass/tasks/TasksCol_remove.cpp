@@ -116,9 +116,9 @@ void TasksCol::Remove(const Variant& Index, ByRef<Ref<TaskAssigmentRelationCol>>
                     RemoveParentTask(task->ParentID(), key.text());
                 }
             }
-            if (!task->TaskCondidat()) candidates_ -= 1;
             RemovePhase(Variant(key.text()));
-            if (!tasks_.Remove(key)) Raise(failure::kUnknownKey);  // a listener was quicker
+            if (!tasks_.Remove(key)) Raise(failure::kUnknownKey);  // a relation or a listener was quicker
+            if (!task->TaskCondidat()) candidates_ -= 1;
         } else {
             if (p_arrange) ArrangePositionAfterDelete(key.text());
             task->ParentID(0);
@@ -128,7 +128,7 @@ void TasksCol::Remove(const Variant& Index, ByRef<Ref<TaskAssigmentRelationCol>>
             task->TaskPosition(0);
         }
 
-        const Long number = KeyNumber(key.text());
+        const Long number = key.Number();
         // Kept: the real parent and row went out with the arranging; here they are "" and 0.
         if (Loud()) Events.Raise(&TasksColEvents::TaskDeleted, number, String(), Long(0), p_arrange);
         if (oPublicStaticCls && ForceDelete && !In(oPublicStaticCls).IsFree(StaticCls::Internal::Task, key)) {

@@ -79,14 +79,21 @@ void TasksCol::Internal::PutInOrder(Store sorted) {
     if (was_counted) self_.counted_.store_stamp = self_.tasks_.Stamp();
 }
 
-Ref<Dictionary> TasksCol::Internal::SortedByPosition(const Ref<Dictionary>& keys) const {
-    const auto unsorted = keys->Snapshot();
-    const auto key_at = [&](std::size_t place) { return KeyNumber(unsorted[place].key.value().Key().text()); };
-    const auto order = HeapOrder(unsorted.size(),
-                                 [&](std::size_t place) { return std::int64_t{Find(key_at(place))->TaskPosition()}; });
-    auto sorted = Make<Dictionary>();
-    for (const std::size_t place : order) sorted->Add(key_at(place), key_at(place));
-    return sorted;
+std::optional<std::vector<Long>> TasksCol::Internal::ChildrenInOrder(const Ref<TasksCls>& parent) const {
+    return kTail.Run<std::optional<std::vector<Long>>>("GetTasksAsKeys", [&](auto& result) {
+        std::vector<Long> unsorted;
+        if (const Ref<Dictionary> children = In(parent).PeekTasks()) {
+            const auto entries = children->Snapshot();
+            unsorted.reserve(entries.size());
+            for (const auto& entry : entries) unsorted.push_back(entry.key.Key().Number());
+        }
+        const auto order = HeapOrder(
+            unsorted.size(), [&](std::size_t place) { return std::int64_t{Find(unsorted[place])->TaskPosition()}; });
+        std::vector<Long> sorted;
+        sorted.reserve(order.size());
+        for (const std::size_t place : order) sorted.push_back(unsorted[place]);
+        result = std::move(sorted);
+    });
 }
 
 }  // namespace mrlxmlclass

@@ -8,6 +8,7 @@
 #include <vector>
 
 #include "mrlxmlclass/platform/Services.h"
+#include "mrlxmlclass/runtime/Tail.h"
 #include "mrlxmlclass/runtime/Text.h"
 #include "mrlxmlclass/session/ModuleState.h"
 
@@ -223,13 +224,15 @@ String FormatKey(std::string_view part) {
 
 void SetALLFormat(const String& p_cur_date_format, const String& p_sys_date_format, Ref<Dictionary>& p_sys,
                   Ref<Dictionary>& p_cur, String& p_date_spe) {
-    ModuleState& module = Module();
-    // Kept: the separators stay in force after the load; they act on texts that hold the old one only.
-    module.g_FileDateSeparator = GetSeparator(p_cur_date_format);
-    p_date_spe = module.g_FileDateSeparator;
-    p_cur = DescribeParts(p_cur_date_format, module.g_FileDateSeparator);
-    module.g_SystemDateSeparator = GetSeparator(p_sys_date_format);
-    p_sys = DescribeParts(p_sys_date_format, module.g_SystemDateSeparator);
+    FailureTail("Gloabal").Run("SetALLFormat", [&] {
+        ModuleState& module = Module();
+        // Kept: the separators stay in force after the load; they act on texts that hold the old one only.
+        module.g_FileDateSeparator = GetSeparator(p_cur_date_format);
+        p_date_spe = module.g_FileDateSeparator;
+        p_cur = DescribeParts(p_cur_date_format, module.g_FileDateSeparator);
+        module.g_SystemDateSeparator = GetSeparator(p_sys_date_format);
+        p_sys = DescribeParts(p_sys_date_format, module.g_SystemDateSeparator);
+    });
 }
 
 String ConvertDateText(const String& /*p_sys_date_format*/, const String& /*p_cur_date_format*/, const String& text,

@@ -174,10 +174,16 @@ TEST_F(HeldFile, GoesEvenIfTheNumberIsNotOpen) {
     }
 }
 
-TEST_F(HeldFile, IsClosedEvenIfItCannotBeDeleted) {
+TEST_F(HeldFile, LeavesAloneWhatSomebodyPutInItsPlace) {
     numbers.Hold(path);
-    EXPECT_EQ(NumberOf([&] { numbers.Release(1, plat.folder.path()); }), failure::kPathAccess);
-    EXPECT_EQ(Use(), FileUse::Free);
+    plat.files.Delete(path);
+    platform::FileNumbers others;
+    others.Hold(path);
+
+    numbers.Release(1, path);
+    EXPECT_EQ(Use(), FileUse::InUse) << "theirs";
+    others.Release(1, path);
+    EXPECT_EQ(Use(), FileUse::Absent);
 }
 
 TEST_F(HeldFile, IsAnotherOneAfterSomebodyDeletedIt) {

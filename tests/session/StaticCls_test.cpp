@@ -72,16 +72,16 @@ TEST(NextKey, TakesTheFirstFreedKeyFirst) {
     counters->TaskKeyValue(9);
     In(counters).Free(Keys::Task, "5");
     In(counters).Free(Keys::Task, "3");
-    EXPECT_EQ(In(counters).NextKey(Keys::Task, Keys::Task), 5);
-    EXPECT_EQ(In(counters).NextKey(Keys::Task, Keys::Task), 3);
-    EXPECT_EQ(In(counters).NextKey(Keys::Task, Keys::Task), 10);
+    EXPECT_EQ(In(counters).NextKey(Keys::Task, Keys::Task).Number(), 5);
+    EXPECT_EQ(In(counters).NextKey(Keys::Task, Keys::Task).Number(), 3);
+    EXPECT_EQ(In(counters).NextKey(Keys::Task, Keys::Task).Number(), 10);
     EXPECT_EQ(counters->TaskKeyValue(), 10);
 }
 
 TEST(NextKey, DrawsFromAPoolOfAnotherKindWhereItIsTold) {
     const auto counters = Make<StaticCls>();
     In(counters).Free(Keys::Goal, "3");
-    EXPECT_EQ(In(counters).NextKey(Keys::GoalRelation, Keys::Goal), 3);
+    EXPECT_EQ(In(counters).NextKey(Keys::GoalRelation, Keys::Goal).Number(), 3);
     EXPECT_EQ(counters->GoalTaskRelationKeyValue(), 0);
 }
 
@@ -89,7 +89,7 @@ TEST(NextKey, StillGivesFreedKeysWhenTheCounterHasReachedItsEnd) {
     const auto counters = Make<StaticCls>();
     counters->TaskKeyValue(32767);
     In(counters).Free(Keys::Task, "12");
-    EXPECT_EQ(In(counters).NextKey(Keys::Task, Keys::Task), 12);
+    EXPECT_EQ(In(counters).NextKey(Keys::Task, Keys::Task).Number(), 12);
 }
 
 TEST(RaiseTo, LiftsTheCounterAndNeverLowersIt) {
@@ -133,7 +133,7 @@ TEST(Reset, SetsAllCountersToZeroAndDropsThePools) {
     EXPECT_EQ(counters->TaskKeyValue(), 0);
     EXPECT_EQ(In(counters).Counter(Keys::NoteRelation), 0);
     EXPECT_FALSE(In(counters).PeekPool(Keys::Task));
-    EXPECT_EQ(In(counters).NextKey(Keys::Task, Keys::Task), 1);
+    EXPECT_EQ(In(counters).NextKey(Keys::Task, Keys::Task).Number(), 1);
 }
 
 TEST(KeyExist, ComparesKeysAsTexts) {
