@@ -16,8 +16,6 @@ struct DateAdjustment;
 /// stored like any other and never matches. Every operation that changes something gives True.
 class CalendarCls : public Counted {
 public:
-    CalendarCls() { init(); }
-
     Long CalendarKey() const { return f_.CalendarKey; }
     void CalendarKey(Long value) { f_.CalendarKey = value; }
     /// Values carried for the host: the library neither reads nor stores them.

@@ -15,10 +15,8 @@ using Gloabal::IsNonWorkingDay;
 using Gloabal::SetNextWorkingDay;
 
 constexpr FailureTail kTail{"TasksCls"};
-constexpr int kMinYear = 2000;
 constexpr int kLastYear = 9999;
 constexpr int kMostUnits = 999;
-constexpr int kMostIdleSteps = 366'000;
 
 Date NextWorkingDayFromToday() {
     return SetNextWorkingDay(Platform().clock.Today(), Integer(1), Integer(0));
@@ -40,7 +38,7 @@ Date InRange(Date date) {
 void StepOverNonWorking(Date& day, Interval interval, int direction) {
     int steps = 0;
     do {
-        if (++steps > kMostIdleSteps) Raise(failure::kEndlessWalk);
+        if (++steps > Gloabal::kMostDaysSearched) Raise(failure::kEndlessWalk);
         day = DateAdd(interval, direction, day);
     } while (IsNonWorkingDay(day));
 }
@@ -72,25 +70,26 @@ void KeepMinDate(Date start, Long key) {
     }
 }
 
+/// Widens the cached end of the plan; false when it reaches that far already.
+bool WidensMaxDate(Date end, Long key) {
+    ModuleState& module = Module();
+    if (module.g_MaxDate >= end && module.g_MaxDate.set()) return false;
+    module.g_MaxDate = end;
+    module.g_MaxDateTaskKey = key;
+    return true;
+}
+
 void KeepMaxDateOfStart(Date end, Long key) {
     ModuleState& module = Module();
-    if (module.g_MaxDate < end || !module.g_MaxDate.set()) {
-        module.g_MaxDate = end;
-        module.g_MaxDateTaskKey = key;
-    } else if (module.g_MaxDateTaskKey == key) {
-        module.g_MaxDate = Date();
-        module.g_MaxDateTaskKey = 0;
-    }
+    if (WidensMaxDate(end, key) || module.g_MaxDateTaskKey != key) return;
+    module.g_MaxDate = Date();
+    module.g_MaxDateTaskKey = 0;
 }
 
 void KeepMaxDateOfEnd(Date end, Long key) {
     ModuleState& module = Module();
-    if (module.g_MaxDate < end || !module.g_MaxDate.set()) {
-        module.g_MaxDate = end;
-        module.g_MaxDateTaskKey = key;
-    } else if (module.g_MaxDateTaskKey == key) {
-        module.g_MaxDate = end;  // a holder that ends earlier pulls the cache down with it
-    }
+    if (WidensMaxDate(end, key) || module.g_MaxDateTaskKey != key) return;
+    module.g_MaxDate = end;  // a holder that ends earlier pulls the cache down with it
 }
 
 double SecondsOf(Interval interval) {
@@ -126,7 +125,7 @@ Date WalkToEnd(Date start, Interval interval, Double duration) {
             idle = 0;
         } else if (interval != Interval::Days || count >= duration) {
             Raise(failure::kOverflow);  // it would stay here for good
-        } else if (++idle > kMostIdleSteps) {
+        } else if (++idle > Gloabal::kMostDaysSearched) {
             Raise(failure::kEndlessWalk);
         }
         if (count < duration) {
@@ -338,21 +337,7 @@ Boolean TasksCls::IsVaildDuration() {
 }
 
 String TasksCls::SetAddValue() {
-    const std::optional<Interval> interval = IntervalOf(f_.TaskDurationUnit);
-    if (!interval) return {};
-    switch (*interval) {
-        case Interval::Days:
-            return "d";
-        case Interval::Weeks:
-            return "ww";
-        case Interval::Months:
-            return "m";
-        case Interval::Hours:
-            return "h";
-        case Interval::Minutes:
-            return "n";
-    }
-    return {};
+    return StepLetterOf(f_.TaskDurationUnit);
 }
 
 }  // namespace mrlxmlclass

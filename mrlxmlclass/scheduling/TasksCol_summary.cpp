@@ -51,7 +51,10 @@ Long AdjustOne(TasksCol& tasks, const String& key, Boolean anew, const Ref<Tasks
     if (summary->TaskDuration() == 0 && !summary->TaskBDate().set()) summary->TaskBDate(Platform().clock.Today());
     summary->TaskLag(tasks.CalcLeadTime(key));
     summary->TaskMilstones(summary->TaskEDate() == summary->TaskBDate() && summary->TaskDuration() == 0);
-    In(tasks).TellSummary(key);
+    In(tasks).TellDuration(summary, True);
+    In(tasks).TellTaskDuration(summary, True);  // Kept: even a silenced host hears this one.
+    In(tasks).TellEnd(summary, True);
+    In(tasks).TellStart(summary, True);
     if (copies) {
         const Ref<TasksCls> copy = copies->Item(key);
         In(copy).StoreStart(summary->TaskBDate());
@@ -92,24 +95,6 @@ Variant TasksCol::AdjustSummary(ByRef<String> TaskKey, ByRef<Boolean> InitDate, 
             copies = {};
         }
     });
-}
-
-void TasksCol::Internal::TellSummary(const String& key) {
-    const Ref<TasksCls> task = self_.Item(key);
-    EventSource<TasksColEvents>& events = self_.Events;
-    const auto duration = [&](auto event) {
-        events.Raise(event, task->TaskKey(), task->TaskDuration(), task->TaskDurationUnit(), task->TaskMilstones(),
-                     True);
-    };
-    if (Loud()) duration(&TasksColEvents::DurationChange);
-    duration(&TasksColEvents::TaskDurationChange);
-    if (Loud()) {
-        events.Raise(&TasksColEvents::DateEndChange, task->TaskKey(), task->TaskEDate(), task->TaskMilstones(), True,
-                     task->TaskDurationUnit());
-    }
-    if (Loud()) {
-        events.Raise(&TasksColEvents::DateStartChange, task->TaskKey(), task->TaskBDate(), task->TaskMilstones(), True);
-    }
 }
 
 Date TasksCol::GetMinDate(ByRef<Boolean> p_force) {

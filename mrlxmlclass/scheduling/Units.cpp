@@ -1,21 +1,47 @@
 #include "mrlxmlclass/scheduling/Units.h"
 
+#include <algorithm>
+#include <iterator>
+
 #include "mrlxmlclass/runtime/Tail.h"
 #include "mrlxmlclass/xml/Conversions.h"
 
 namespace mrlxmlclass {
 
+namespace {
+
+struct DurationUnit {
+    std::string_view name;
+    Interval interval;
+    const char* letter;  // of its date step
+    bool plain;          // steps through the plain calendar
+};
+constexpr DurationUnit kUnits[] = {
+    {"days", Interval::Days, "d", false},  {"wks", Interval::Weeks, "ww", true},
+    {"hrs", Interval::Hours, "h", false},  {"mins", Interval::Minutes, "n", false},
+    {"mons", Interval::Months, "m", true},
+};
+
+const DurationUnit* UnitNamed(std::string_view name) {
+    const auto found = std::ranges::find(kUnits, name, &DurationUnit::name);
+    return found != std::end(kUnits) ? found : nullptr;
+}
+
+}  // namespace
+
 std::optional<Interval> IntervalOf(const String& unit) {
-    if (unit == "days") return Interval::Days;
-    if (unit == "wks") return Interval::Weeks;
-    if (unit == "mons") return Interval::Months;
-    if (unit == "hrs") return Interval::Hours;
-    if (unit == "mins") return Interval::Minutes;
-    return std::nullopt;
+    const DurationUnit* known = UnitNamed(unit);
+    return known != nullptr ? std::optional(known->interval) : std::nullopt;
+}
+
+String StepLetterOf(const String& unit) {
+    const DurationUnit* known = UnitNamed(unit);
+    return known != nullptr ? known->letter : "";
 }
 
 bool StepsPlainly(const String& unit) {
-    return unit == "wks" || unit == "mons";
+    const DurationUnit* known = UnitNamed(unit);
+    return known != nullptr && known->plain;
 }
 
 namespace Gloabal {

@@ -9,6 +9,8 @@ namespace mrlxmlclass {
 
 /// How far one step of a duration unit goes; nothing for a text that is no unit.
 std::optional<Interval> IntervalOf(const String& unit);
+/// The letter of the unit's date step: "d", "ww", "h", "n" or "m"; "" for a text that is no unit.
+String StepLetterOf(const String& unit);
 /// Weeks and months step through the plain calendar: no day is skipped.
 bool StepsPlainly(const String& unit);
 

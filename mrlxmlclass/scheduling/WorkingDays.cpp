@@ -8,7 +8,6 @@ namespace mrlxmlclass::Gloabal {
 namespace {
 
 constexpr FailureTail kTail{"Gloabal", FailureTail::Gives::SoFar};
-constexpr int kMostDaysSearched = 366'000;
 
 }  // namespace
 

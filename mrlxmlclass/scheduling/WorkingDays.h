@@ -6,6 +6,9 @@
 /// All working-day arithmetic goes through these three. They ask the public calendar; without one every day is worked.
 namespace mrlxmlclass::Gloabal {
 
+/// How many days a search goes through before it is endless: a calendar may have no working day at all.
+inline constexpr int kMostDaysSearched = 366'000;
+
 /// A holiday is non-working whatever else it is; an exception day turns a non-working weekday into a working day.
 /// Under a public calendar the caller's date loses its time.
 Boolean IsNonWorkingDay(ByRef<Date> date);

@@ -1,5 +1,7 @@
 #pragma once
 
+#include <cstdint>
+
 #include "mrlxmlclass/runtime/Date.h"
 #include "mrlxmlclass/runtime/Numbers.h"
 #include "mrlxmlclass/runtime/Ref.h"
@@ -26,13 +28,15 @@ struct ModuleState {
     String g_LockFileName;     ///< "" = none is held
     Boolean g_ReadOnly;
 
-    /// Moves at every store to a task's `TaskCondidat`, so that counts of candidates know when they are stale.
+    /// Moves whenever a task's `TaskCondidat` changes, so that counts of candidates know when they are stale.
     std::uint64_t candidacy_stamp = 1;
 };
 
 /// This thread's values, made at first use.
 ModuleState& Module();
 
+/// The first year that a task date may have.
+inline constexpr int kMinYear = 2000;
 /// The last year that a task date may have: ten years from the day on which it was first needed.
 Integer MaxYear();
 /// Takes it anew from today.

@@ -88,13 +88,14 @@ public:
     // --- Dates and durations ----------------------------------------------------------------------------------------
 
     /// First day; 0 = not set. The setter brings the date into range (2000 to ten years ahead), applies the lag, finds
-    /// a working day and moves the end along; a date below 2000 is told by a message. Setting 0 stores 0 and no more.
+    /// a working day and moves the end along; a date below 2000 is told by a message. Setting 0 stores 0 and raises the
+    /// flag, without any of this.
     Date TaskBDate() const { return f_.TaskBDate.value.day(); }
     void TaskBDate(Date value);
     Boolean TaskBDateValid() const { return f_.TaskBDate.valid; }
     void TaskBDateValid(Boolean flag) { f_.TaskBDate.LetFlag(flag); }
     /// Last day, included; 0 = not set. The setter refuses, silently, an end before the start and, without children,
-    /// one more than 999 units after it; otherwise the duration follows.
+    /// where an end stands already, one more than 999 units after it; otherwise the duration follows.
     Date TaskEDate() const { return f_.TaskEDate.value.day(); }
     void TaskEDate(Date value);
     Boolean TaskEDateValid() const { return f_.TaskEDate.valid; }
@@ -118,7 +119,8 @@ public:
     Boolean TaskLagValid() const { return f_.TaskLag.valid; }
     void TaskLagValid(Boolean flag) { f_.TaskLag.LetFlag(flag); }
 
-    /// The end of a task that starts on `WeekDate`, or today when that is 0, and lasts `duration` of this task's unit.
+    /// The end of a task that starts on `WeekDate`, or today when that is 0, and lasts `duration` of this task's unit;
+    /// for weeks and months the task's own duration counts, here and in the next.
     Date SetDateWithoutWeekend(Date WeekDate, ByRef<Double> duration);
     /// The start of a task that ends on `WeekDate`. Not the inverse of SetDateWithoutWeekend.
     Date SetStartDateWithoutWeekend(Date WeekDate, ByRef<Double> duration);

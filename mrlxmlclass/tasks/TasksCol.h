@@ -11,9 +11,9 @@ class peopleCls;
 /// All tasks of a project: those of the outline, and the candidates that were taken out of it but are still tied to a
 /// person, goal or obstacle. Every change to the structure of a plan goes through this one object.
 ///
-/// A task's key may be given as a number or as its decimal text. An unknown key is an ordinary answer: nothing, False
-/// or
-/// "", without any report. Refusals are a False result and nothing else.
+/// A task's key may be given as a number or as its decimal text. To `Item`, the questions and the removals an unknown
+/// key is an ordinary answer: nothing, False or "", without any report. What needs the task to do its work records its
+/// absence (91) and gives the empty result. Refusals are a False result and nothing else.
 ///
 /// Contents (each group in the file that is named)
 ///   Storage                  tasks/TasksCol.cpp
@@ -55,7 +55,7 @@ public:
     Long Count(Boolean p_all = False) const;
     Integer GetCount();
     Integer GetValidTaskNumber();
-    /// Gives nothing; see GetValidTaskNumber.
+    /// Gives nothing, and records a failure (91) when the outline has a task; see GetValidTaskNumber.
     Ref<TasksCol> GetValidTasks();
     /// Clones of the tasks whose parent that is, candidates among them; never nothing.
     Ref<TasksCol> GetTasks(const Variant& TaskId);
@@ -74,30 +74,29 @@ public:
 
     // --- Removing ---------------------------------------------------------------------------------------------------
 
-    /// Deletes a task for good (`ForceDelete`) or makes it a candidate. `p_arrange` closes the gap in the outline,
-    /// `p_sort` sorts by position. The relation collections and item lists that are given lose what ties them to the
-    /// task. Raises `TaskDeleted`; with `p_arrange` a second one, raised earlier, carries the real parent and position.
-    void Remove(const Variant& Index, ByRef<Ref<TaskAssigmentRelationCol>> oTaskPeopleRelation = {},
-                const Ref<PeopleCol>& oPeopleCol = {}, ByRef<Ref<TaskGoalRelationCol>> oTaskGoalRelation = {},
-                const Ref<GoalsCol>& oGoalGoal = {}, ByRef<Ref<TaskObstaclesRelationCol>> oTaskObstacleRelation = {},
-                const Ref<obstaclesCol>& oObstacleCol = {}, Boolean ForceDelete = False, Boolean p_sort = False,
+    /// Deletes a task for good (`ForceDelete`) or makes it a candidate. Deleting takes it out of the relation
+    /// collections and item lists that are given; a candidate keeps all that ties it. `p_arrange` closes the gap in the
+    /// outline, `p_sort` sorts by position. Raises `TaskDeleted`; with `p_arrange` a second one, raised earlier,
+    /// carries the real parent and position.
+    void Remove(const Variant& Index, ByRef<Ref<TaskAssigmentRelationCol>> oTaskPeopleRelation,
+                const Ref<PeopleCol>& oPeopleCol, ByRef<Ref<TaskGoalRelationCol>> oTaskGoalRelation,
+                const Ref<GoalsCol>& oGoalGoal, ByRef<Ref<TaskObstaclesRelationCol>> oTaskObstacleRelation,
+                const Ref<obstaclesCol>& oObstacleCol, Boolean ForceDelete = False, Boolean p_sort = False,
                 Boolean p_arrange = False);
-    /// Only unties the relations, as Remove does; the task stays.
-    void RemoveRelation(const Variant& Index, ByRef<Ref<TaskAssigmentRelationCol>> oTaskPeopleRelation = {},
-                        const Ref<PeopleCol>& oPeopleCol = {}, ByRef<Ref<TaskGoalRelationCol>> oTaskGoalRelation = {},
-                        const Ref<GoalsCol>& oGoalGoal = {},
-                        ByRef<Ref<TaskObstaclesRelationCol>> oTaskObstacleRelation = {},
-                        const Ref<obstaclesCol>& oObstacleCol = {}, Boolean ForceDelete = False);
+    /// Only unties the relations, as Remove does, and nothing without `ForceDelete`; the task stays.
+    void RemoveRelation(const Variant& Index, ByRef<Ref<TaskAssigmentRelationCol>> oTaskPeopleRelation,
+                        const Ref<PeopleCol>& oPeopleCol, ByRef<Ref<TaskGoalRelationCol>> oTaskGoalRelation,
+                        const Ref<GoalsCol>& oGoalGoal, ByRef<Ref<TaskObstaclesRelationCol>> oTaskObstacleRelation,
+                        const Ref<obstaclesCol>& oObstacleCol, Boolean ForceDelete = False);
     /// Takes the task out and touches nothing else.
     void RemoveForLib(const Variant& Index);
-    /// Removes a task with all below it, bottom up; what a relation still holds becomes a candidate. Gives the keys of
-    /// the direct children.
+    /// Removes a task with all below it, bottom up; what a relation still holds becomes a candidate, whatever
+    /// `ForceDelete` says. Gives the keys of the direct children.
     Ref<Collection> DeleteAllSubTasks(const Variant& aTaskKey, const Ref<TaskAssigmentRelationCol>& oTaskAssigRelation,
                                       const Ref<PeopleCol>& oPeopleCol,
                                       const Ref<TaskGoalRelationCol>& oTaskGoalRelation, const Ref<GoalsCol>& oGoalsCol,
                                       const Ref<TaskObstaclesRelationCol>& oTaskObstacleRelation,
-                                      const Ref<class obstaclesCol>& oobstaclesCol, Boolean ForceDelete,
-                                      Boolean p_arrange);
+                                      const Ref<obstaclesCol>& oobstaclesCol, Boolean ForceDelete, Boolean p_arrange);
 
     // --- Outline: questions -----------------------------------------------------------------------------------------
 
@@ -132,7 +131,8 @@ public:
     /// Finds a child that was just put under a parent its row behind the parent's subtree. Gives False.
     Boolean ArrangePosition(Integer ParentID, Integer TaskId, Integer oldPos = 0, Boolean InsertInPhase = False);
     /// Closes the outline around a task that leaves it; the task keeps its row and loses its parent. Raises
-    /// `IamASummary` and the costs of the parent, then `TaskDeleted`.
+    /// for the parent what AdjustSummary and AdjustCost raise while it has other children, else `RoolUpCostChange` with
+    /// 0; then `IamASummary` for it, then `TaskDeleted`.
     Boolean ArrangePositionAfterDelete(const String& TaskId);
     /// Makes way for a task that already carries its new row. Raises `TaskInserted` if the task has a name.
     Boolean ArrangePositionAfterInsert(const String& TaskId, ByRef<Integer> oldPos = {}, Integer Descending = 0,
@@ -169,6 +169,7 @@ public:
     /// Days towards that predecessor; 0 where there is no entry.
     Integer GetLeadTime(const String& thePredecessor, const Ref<Collection>& LeadCol);
     /// Measures the gap in working days to each predecessor and stores it. Gives the largest, at least 0.
+    /// Without live links, or without a start, it gives 0 and stores nothing.
     Integer CalcLeadTime(ByRef<String> TaskKey);
 
     // --- Summary dates, cost ----------------------------------------------------------------------------------------

@@ -37,12 +37,12 @@ public:
     /// The keys of a task's children in ascending position. Nothing, recorded, when one of several is no task.
     std::optional<std::vector<Long>> ChildrenInOrder(const Ref<TasksCls>& parent) const;
 
-    /// Tell the host a task's dates, and its duration, as they stand, unless it is silenced. The task is taken anew for
-    /// each event, since a handler may change it.
-    void TellDates(const String& key);
-    void TellDuration(const String& key);
-    /// Tells a summary's duration, end and start, in this order.
-    void TellSummary(const String& key);
+    /// Tell the host a task's dates and duration as they stand, unless it is silenced.
+    void TellStart(const Ref<TasksCls>& task, Boolean is_parent);
+    void TellEnd(const Ref<TasksCls>& task, Boolean is_parent);
+    void TellDuration(const Ref<TasksCls>& task, Boolean is_parent);
+    /// Whether a silenced host hears this one is the caller's matter.
+    void TellTaskDuration(const Ref<TasksCls>& task, Boolean is_parent);
 
     /// The highest row in the outline; 0 when it is empty.
     Integer GetMaxPos();
@@ -72,8 +72,8 @@ inline bool Loud() {
 /// The tail of every member of `TasksCol`: an unknown key is an ordinary answer, and silent.
 inline constexpr FailureTail kTasksColTail{"TasksCol", FailureTail::Gives::Empty, failure::kUnknownKey};
 
-/// Bounds a climb or a descent along the outline: damaged parents or children may form a ring. More steps than there
-/// are tasks fail (28).
+/// Bounds a climb or a descent along the outline: damaged parents or children may form a ring. It may take a step a task,
+/// and one to a task that is not there; more fail (28).
 class OutlineWalk {
 public:
     explicit OutlineWalk(const TasksCol& tasks) : left_(tasks.Count(True) + 1) {}

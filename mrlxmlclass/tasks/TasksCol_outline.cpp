@@ -39,7 +39,7 @@ Integer StepsAbove(const TasksCol& tasks, const Ref<TasksCls>& task) {
 Integer LevelUpwards(TasksCol& tasks, Long key) {
     const Ref<TasksCls> task = tasks.Item(key);
     // Kept: a top-level task counts its line of first children instead.
-    return task->ParentID() != 0 ? StepsAbove(tasks, task) : LineBelow(tasks, KeyText(key).text());
+    return task->ParentID() != 0 ? Integer(StepsAbove(tasks, task) + 1) : LineBelow(tasks, KeyText(key).text());
 }
 
 /// The depth that a subtree will have under a new parent; only the line of first children counts.

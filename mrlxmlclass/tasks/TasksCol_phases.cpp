@@ -53,31 +53,11 @@ Boolean TasksCol::ChangeName(const String& TaskKey, const String& NewName, Boole
         }
         Item(TaskKey)->TaskName(NewName);
         if (Loud()) Events.Raise(&TasksColEvents::TaskNameChanged, key, NewName);
-        In(*this).TellDates(TaskKey);
-        In(*this).TellDuration(TaskKey);
+        In(*this).TellStart(Item(TaskKey), isParent(TaskKey));
+        In(*this).TellEnd(Item(TaskKey), isParent(TaskKey));
+        In(*this).TellDuration(Item(TaskKey), isParent(TaskKey));
+        if (Loud()) In(*this).TellTaskDuration(Item(TaskKey), isParent(TaskKey));
     });
-}
-
-void TasksCol::Internal::TellDates(const String& key) {
-    if (Loud()) {
-        const Ref<TasksCls> task = self_.Item(key);
-        self_.Events.Raise(&TasksColEvents::DateStartChange, task->TaskKey(), task->TaskBDate(), task->TaskMilstones(),
-                           self_.isParent(key));
-    }
-    if (Loud()) {
-        const Ref<TasksCls> task = self_.Item(key);
-        self_.Events.Raise(&TasksColEvents::DateEndChange, task->TaskKey(), task->TaskEDate(), task->TaskMilstones(),
-                           self_.isParent(key), task->TaskDurationUnit());
-    }
-}
-
-void TasksCol::Internal::TellDuration(const String& key) {
-    for (const auto event : {&TasksColEvents::DurationChange, &TasksColEvents::TaskDurationChange}) {
-        if (!Loud()) continue;
-        const Ref<TasksCls> task = self_.Item(key);
-        self_.Events.Raise(event, task->TaskKey(), task->TaskDuration(), task->TaskDurationUnit(),
-                           task->TaskMilstones(), self_.isParent(key));
-    }
 }
 
 }  // namespace mrlxmlclass

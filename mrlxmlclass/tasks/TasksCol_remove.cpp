@@ -161,7 +161,7 @@ void TasksCol::RemoveForLib(const Variant& Index) {
 Ref<Collection> TasksCol::DeleteAllSubTasks(
     const Variant& aTaskKey, const Ref<TaskAssigmentRelationCol>& oTaskAssigRelation, const Ref<PeopleCol>& oPeopleCol,
     const Ref<TaskGoalRelationCol>& oTaskGoalRelation, const Ref<GoalsCol>& oGoalsCol,
-    const Ref<TaskObstaclesRelationCol>& oTaskObstacleRelation, const Ref<class obstaclesCol>& oobstaclesCol,
+    const Ref<TaskObstaclesRelationCol>& oTaskObstacleRelation, const Ref<obstaclesCol>& oobstaclesCol,
     Boolean /*ForceDelete*/, Boolean p_arrange) {
     return kTail.Run<Ref<Collection>>("DeleteAllSubTasks", [&](Ref<Collection>& result) {
         SubtreeRemoval removal{

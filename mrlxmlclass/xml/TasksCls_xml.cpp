@@ -13,7 +13,6 @@ namespace mrlxmlclass {
 namespace {
 
 constexpr FailureTail kTail{"TasksCls"};
-constexpr int kMinYear = 2000;
 constexpr const char* kPosition = "TaskPosition";
 
 /// What goes before a relation's key in the two lists that tell their keys apart from others.

@@ -253,7 +253,7 @@ TEST(CanbeLeveled, AddsTheLineOfANewParentThatHasChildren) {
     BuildChain(plan, 9);  // a line of eight below "1"
     plan.Task("Leaf").Under("1").Task("Pair").Task("Child").Under("Pair");
     EXPECT_TRUE(plan.col().CanbeLeveled(plan.Key("Pair"), "1")) << "1 + 8";
-    EXPECT_TRUE(plan.col().CanbeLeveled(plan.Key("Leaf"), "1")) << "0 + 8";
+    EXPECT_TRUE(plan.col().CanbeLeveled(plan.Key("Leaf"), "1")) << "0 + 9";
     plan.Task("10").Under("9");
     plan["10"].TaskPosition(10);
     EXPECT_FALSE(plan.col().CanbeLeveled(plan.Key("Pair"), "1")) << "1 + 9";
@@ -266,8 +266,15 @@ TEST(CanbeLeveled, AddsTheWayUpFromALeafAsNewParent) {
     plan.Task("Pair").Task("Child").Under("Pair").Task("Trio").Task("Middle").Under("Trio").Task("Low").Under("Middle");
     plan["Child"].TaskPosition(12);
     EXPECT_TRUE(plan.col().CanbeLeveled(plan.Key("Pair"), "9")) << "1 + the line of one below 9";
-    EXPECT_FALSE(plan.col().CanbeLeveled(plan.Key("Pair"), "10")) << "1 + 1 + the eight steps above 9";
-    EXPECT_TRUE(plan.col().CanbeLeveled(plan.Key("Child"), "10")) << "0 + 8";
+    EXPECT_FALSE(plan.col().CanbeLeveled(plan.Key("Pair"), "10")) << "1 + 1 + 9 for the level below 9";
+    EXPECT_TRUE(plan.col().CanbeLeveled(plan.Key("Child"), "10")) << "0 + 9";
+}
+
+TEST(CanbeLeveled, IsFalseForALeafBelowTheTenthLevel) {
+    Plan plan;
+    BuildChain(plan, 11);
+    plan.Task("Trio").Task("Low").Under("Trio");
+    EXPECT_FALSE(plan.col().CanbeLeveled(plan.Key("Low"), "11")) << "0 + 10";
 }
 
 TEST(CanbeLeveled, KeepsCountingTheLineBelowATopLevelTaskAsTheWayUp) {
@@ -275,7 +282,7 @@ TEST(CanbeLeveled, KeepsCountingTheLineBelowATopLevelTaskAsTheWayUp) {
     BuildChain(plan, 9);  // a line of eight below "1"
     plan.Task("Leaf").Under("1").Task("Pair").Task("Child").Under("Pair");
     EXPECT_FALSE(plan.col().CanbeLeveled(plan.Key("Pair"), plan.Key("Leaf"))) << "1 + 1 + 8, for a depth of two";
-    EXPECT_TRUE(plan.col().CanbeLeveled(plan.Key("Child"), plan.Key("Leaf"))) << "0 + 8";
+    EXPECT_TRUE(plan.col().CanbeLeveled(plan.Key("Child"), plan.Key("Leaf"))) << "0 + 9";
 }
 
 TEST(CanbeLeveled, CountsALeafFromItsParentUp) {

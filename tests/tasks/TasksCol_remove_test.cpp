@@ -65,7 +65,7 @@ TEST(RemoveTask, KeepsItsFlagUpAfterAnUnknownKey) {
     plan.col().SetNumberOFCondidat(False);
     EXPECT_EQ(plan.col().Count(), 3) << "the flip of a host is not counted";
 
-    plan.col().Remove(plan.Key("A"));
+    plan.col().Remove(plan.Key("A"), {}, {}, {}, {}, {}, {});
     plan.col().SetNumberOFCondidat(False);
     EXPECT_EQ(plan.col().Count(), 1) << "until the next task is removed";
 }
@@ -73,7 +73,7 @@ TEST(RemoveTask, KeepsItsFlagUpAfterAnUnknownKey) {
 TEST(RemoveTask, MakesACandidateUnlessItIsForced) {
     ThreePhases plan;
     plan["B"].ParentID(1);
-    plan.col().Remove(plan.Key("B"));
+    plan.col().Remove(plan.Key("B"), {}, {}, {}, {}, {}, {});
 
     EXPECT_EQ(plan.col().Count(True), 3);
     EXPECT_EQ(plan.col().Count(), 2);
@@ -90,14 +90,14 @@ TEST(RemoveTask, MakesACandidateUnlessItIsForced) {
 
 TEST(RemoveTask, CountsACandidateOnce) {
     ThreePhases plan;
-    plan.col().Remove(2);
-    plan.col().Remove(2);
+    plan.col().Remove(2, {}, {}, {}, {}, {}, {});
+    plan.col().Remove(2, {}, {}, {}, {}, {}, {});
     EXPECT_EQ(plan.col().Count(), 2);
 }
 
 TEST(RemoveTask, LeavesACandidateInTheListOfItsFormerParent) {
     OnePhase plan;
-    plan.col().Remove(plan.Key("Build"));
+    plan.col().Remove(plan.Key("Build"), {}, {}, {}, {}, {}, {});
     EXPECT_EQ(Listed(plan.col().GetTasksAsKeys(1)), "3 2");
 }
 
@@ -145,7 +145,7 @@ TEST(RemoveTask, ArrangesForACandidateToo) {
 
 TEST(RemoveTask, DeletesACandidateWithoutArranging) {
     ThreePhases plan;
-    plan.col().Remove(2);
+    plan.col().Remove(2, {}, {}, {}, {}, {}, {});
     plan.Heard();
     Delete(plan, 2, True);
     EXPECT_EQ(plan.Heard(), "TaskDeleted(2, , 0, True)\n");
@@ -181,7 +181,7 @@ TEST(RemoveTask, RecordsAMissingListOfPhasesAndGoesOn) {
 
 TEST(RemoveTask, LowersItsFlagWhenItFails) {
     ThreePhases plan;
-    plan.col().Remove(plan.app);
+    plan.col().Remove(plan.app, {}, {}, {}, {}, {}, {});
     EXPECT_EQ(plan.failures.Taken(), "TasksCol/Remove 13\n");
     EXPECT_FALSE(Module().g_InAddOrRemove);
 }
@@ -253,7 +253,7 @@ TEST(RemoveTask, UntiesTheRelationsThatAreGivenWhenItDeletes) {
 TEST(RemoveRelation, UntiesATaskThatStays) {
     ThreePhases plan;
     const OwnLists ties(plan, plan["B"]);
-    plan.col().RemoveRelation(2, ties.assigments, {}, ties.goals, {}, ties.obstacles);
+    plan.col().RemoveRelation(2, ties.assigments, {}, ties.goals, {}, ties.obstacles, {});
     EXPECT_EQ(ties.Left(), "111") << "only by force";
     plan.col().RemoveRelation(77, ties.assigments, {}, ties.goals, {}, ties.obstacles, {}, True);
     EXPECT_EQ(ties.Left(), "111");

@@ -203,7 +203,7 @@ TEST(TaskCanNotBeAdd, AnswersTrueFrom999TasksOnAndStopsNobody) {
     for (int i = 0; i < 999; ++i) plan.col().Add("");
     EXPECT_TRUE(plan.col().TaskCanNotBeAdd());
 
-    plan.col().Remove(5);
+    plan.col().Remove(5, {}, {}, {}, {}, {}, {});
     EXPECT_FALSE(plan.col().TaskCanNotBeAdd()) << "a candidate does not count";
     plan.Heard();
 

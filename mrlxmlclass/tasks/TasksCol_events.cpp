@@ -1,0 +1,28 @@
+#include "mrlxmlclass/tasks/TasksCol_internal.h"
+
+namespace mrlxmlclass {
+
+void TasksCol::Internal::TellStart(const Ref<TasksCls>& task, Boolean is_parent) {
+    if (!Loud()) return;
+    self_.Events.Raise(&TasksColEvents::DateStartChange, task->TaskKey(), task->TaskBDate(), task->TaskMilstones(),
+                       is_parent);
+}
+
+void TasksCol::Internal::TellEnd(const Ref<TasksCls>& task, Boolean is_parent) {
+    if (!Loud()) return;
+    self_.Events.Raise(&TasksColEvents::DateEndChange, task->TaskKey(), task->TaskEDate(), task->TaskMilstones(),
+                       is_parent, task->TaskDurationUnit());
+}
+
+void TasksCol::Internal::TellDuration(const Ref<TasksCls>& task, Boolean is_parent) {
+    if (!Loud()) return;
+    self_.Events.Raise(&TasksColEvents::DurationChange, task->TaskKey(), task->TaskDuration(), task->TaskDurationUnit(),
+                       task->TaskMilstones(), is_parent);
+}
+
+void TasksCol::Internal::TellTaskDuration(const Ref<TasksCls>& task, Boolean is_parent) {
+    self_.Events.Raise(&TasksColEvents::TaskDurationChange, task->TaskKey(), task->TaskDuration(),
+                       task->TaskDurationUnit(), task->TaskMilstones(), is_parent);
+}
+
+}  // namespace mrlxmlclass
