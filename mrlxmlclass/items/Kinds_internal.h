@@ -38,8 +38,8 @@ struct LabelOf<peopleCls> {
 };
 template <>
 struct LabelOf<GoalsCls> {
-    static constexpr const char* label = "GoalCls";
-};  // Kept: not the name of the class.
+    static constexpr const char* label = "GoalCls";  // Kept: not the name of the class.
+};
 template <>
 struct LabelOf<ObstaclesCls> {
     static constexpr const char* label = "ObstaclesCls";
@@ -74,27 +74,37 @@ struct SectionRow {
     const char* wiring = label;      ///< label of `SetTasksCollection`
     const char* assigning = label;   ///< label of the operations that assign and unassign
     const char* sorting = "SortMe";  ///< member label of `SortMe`
+    const char* assigne = nullptr;   ///< member label of the operation that assigns
+    const char* unassigne = nullptr;
 };
 template <class Col>
 struct SectionOf;
 template <>
 struct SectionOf<PeopleCol> {
-    static constexpr SectionRow row = {
-        .label = "PeopleCol", .section = "People", .element = "Person", .sorting = "Sort"};
+    static constexpr SectionRow row = {.label = "PeopleCol",
+                                       .section = "People",
+                                       .element = "Person",
+                                       .sorting = "Sort"};  // Kept: not the name of the member.
 };
 template <>
 struct SectionOf<GoalsCol> {
-    static constexpr SectionRow row = {
-        .label = "GoalsCol", .section = "Goals", .element = "Goal", .wiring = "GoalsGol"};
+    static constexpr SectionRow row = {.label = "GoalsCol",
+                                       .section = "Goals",
+                                       .element = "Goal",
+                                       .wiring = "GoalsGol",  // Kept: not the name of the class.
+                                       .assigne = "AssigneGoal",
+                                       .unassigne = "UnAssigneGoal"};
 };
 template <>
 struct SectionOf<obstaclesCol> {
     static constexpr SectionRow row = {.label = "obstaclesCol",
                                        .section = "Obstacles",
                                        .element = "Obstacle",
-                                       .lifetime = "NotesCol",
-                                       .wiring = "obstaclessGol",
-                                       .assigning = "ObstaclessCol"};
+                                       .lifetime = "NotesCol",        // Kept: the name of another class.
+                                       .wiring = "obstaclessGol",     // Kept: not the name of the class.
+                                       .assigning = "ObstaclessCol",  // Kept: nor is this one.
+                                       .assigne = "AssigneObstacles",
+                                       .unassigne = "UnAssigneObstacles"};
 };
 template <>
 struct SectionOf<NotesCol> {
@@ -169,7 +179,7 @@ struct ItemKind<ObstaclesCls> {
                                     .counter = Keys::Obstacle,
                                     .freed = Keys::Obstacle,
                                     .draws_from = std::nullopt,  // Kept: its freed keys are never used again.
-                                    .wiring = "obstaclesCls",
+                                    .wiring = "obstaclesCls",    // Kept: not the name of the class.
                                     .drops_copies = false,
                                     .wants_relation = false,
                                     .wants_task = false,

@@ -11,29 +11,18 @@ namespace {
 
 constexpr FailureTail::Gives kSoFar = FailureTail::Gives::SoFar;
 template <class Self>
-constexpr FailureTail kTail{SectionOf<Self>::row.label, kSoFar};
+constexpr SectionRow kRow = SectionOf<Self>::row;
 template <class Self>
-constexpr FailureTail kAssigningTail{SectionOf<Self>::row.assigning, kSoFar};
-
+constexpr FailureTail kTail{kRow<Self>.label, kSoFar};
 template <class Self>
-struct Members;
-template <>
-struct Members<GoalsCol> {
-    static constexpr const char* assigne = "AssigneGoal";
-    static constexpr const char* unassigne = "UnAssigneGoal";
-};
-template <>
-struct Members<obstaclesCol> {
-    static constexpr const char* assigne = "AssigneObstacles";
-    static constexpr const char* unassigne = "UnAssigneObstacles";
-};
+constexpr FailureTail kAssigningTail{kRow<Self>.assigning, kSoFar};
 
 }  // namespace
 
 template <class Self, class ItemOf, class Relations>
 Boolean NamedItemCol<Self, ItemOf, Relations>::Assigne(const String& item_key, Integer TaskKey,
                                                        const Ref<TasksCol>& oTaskCol, const Ref<Relations>& relations) {
-    return kAssigningTail<Self>.template Run<Boolean>(Members<Self>::assigne, [&](Boolean& result) {
+    return kAssigningTail<Self>.template Run<Boolean>(kRow<Self>.assigne, [&](Boolean& result) {
         const auto relation = Make<typename Relations::Held>();
         In(relation).IncrementID(this->oPublicStaticCls);
         relation->TaskKey(TaskKey);
@@ -50,12 +39,13 @@ template <class Self, class ItemOf, class Relations>
 Boolean NamedItemCol<Self, ItemOf, Relations>::UnAssigne(const Variant& item_key, const Variant& TaskKey,
                                                          const Ref<TasksCol>& /*oTaskCol*/,
                                                          const Ref<Relations>& relations) {
-    return kAssigningTail<Self>.template Run<Boolean>(Members<Self>::unassigne, [&](Boolean& result) {
+    return kAssigningTail<Self>.template Run<Boolean>(kRow<Self>.unassigne, [&](Boolean& result) {
         const Ref<ItemOf> item = In(static_cast<Self&>(*this)).Find(item_key.Key());
         const Variant key = item->FindRelationKey(TaskKey, relations);
         if (key.is_empty()) return;
         In(item).ReadRelations()->Remove(key);
-        // The copy of the task becomes a candidate of the item's own list, and stays there.
+        // Kept: the copy of the task becomes a candidate of the item's own list, and stays there. It shares its lists
+        // with the live task: where the item has a copy of the parent too, the live parent loses the child.
         item->Tasks()->Remove(TaskKey, {}, {}, {}, {}, {}, {}, /*ForceDelete=*/False, /*p_sort=*/True,
                               /*p_arrange=*/True);
         relations->Remove(key);

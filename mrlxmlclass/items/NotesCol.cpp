@@ -14,6 +14,7 @@ constexpr FailureTail kTail{"NotesCol", FailureTail::Gives::SoFar};
 Ref<NotesCls> NotesCol::Add() {
     return kTail.Run<Ref<NotesCls>>("Add", [&](Ref<NotesCls>& result) {
         const auto note = Make<NotesCls>();
+        In(note).elementName(element_name_);
         In(*this).File(note->NoteKey(), note);  // Kept: under the key "", so a second one fails.
         result = note;
     });

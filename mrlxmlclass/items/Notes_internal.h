@@ -2,6 +2,7 @@
 
 #include "mrlxmlclass/items/NotesCol.h"
 #include "mrlxmlclass/items/RecordCol_internal.h"
+#include "mrlxmlclass/items/TaskNotes.h"
 #include "mrlxmlclass/runtime/In.h"
 #include "mrlxmlclass/xml/RecordReader.h"
 #include "mrlxmlclass/xml/RecordWriter.h"
@@ -33,6 +34,20 @@ public:
 
 private:
     Fields& f_;
+};
+
+/// The library's own view of a task's notes.
+class TaskNotes::Internal {
+public:
+    explicit Internal(TaskNotes& self) : self_(self) {}
+
+    /// Puts a note last; a key that is taken fails (457).
+    void File(const KeyText& key, const Ref<NotesCls>& note) {
+        if (!self_.notes_.Append(key, note)) Raise(failure::kDuplicateKey);
+    }
+
+private:
+    TaskNotes& self_;
 };
 
 }  // namespace mrlxmlclass

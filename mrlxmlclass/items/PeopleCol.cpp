@@ -82,6 +82,7 @@ Boolean PeopleCol::RemoveTasksRelations(const Variant& TaskKey, const Ref<TaskAs
             const Ref<TasksCls> task = oTaskCol->Item(TaskKey);  // unassigning may take the task away
             if (!task || (!task->isAssigned(entry.item->personkey()) && !ForceDelete)) continue;
             UnAssignePerson(entry.item->personkey(), TaskKey, oTaskCol, TaskAssigR);
+            // Kept: it passes by what unassigning has just taken out of the project, so the person's copy goes stale.
             entry.item->RemoveTasksRelation(TaskKey, TaskAssigR);
         }
     });

@@ -17,7 +17,8 @@ public:
     using Held = Record;
     using Store = OrderedStore<KeyText, Ref<Record>>;
 
-    /// Key counters and freed keys of the session; nothing on a copy and on the lists that a task or an item holds.
+    /// Key counters and freed keys of the session. Nothing on a copy and, until some are lent, on the lists that a task
+    /// or an item holds: assigning lends them to assignments, reading a file to a goal's relations.
     Ref<StaticCls> oPublicStaticCls;
 
     Long Count() const { return records_.size(); }

@@ -1,6 +1,7 @@
 #include "mrlxmlclass/items/RelationCol.h"
 
 #include "mrlxmlclass/items/Kinds_internal.h"
+#include "mrlxmlclass/items/LeadingNumber.h"
 #include "mrlxmlclass/items/Relation_internal.h"
 #include "mrlxmlclass/runtime/Tail.h"
 #include "mrlxmlclass/tasks/TasksCol.h"
@@ -46,7 +47,7 @@ Ref<Record> RelationCol<Self, Record>::AddItem(const Ref<Record>& newProperty) {
         const Ref<Record> clone = newProperty->Clone();
         if (kRow<Record>.names_records) In(clone).elementName(this->element_name_);
         if (kRow<Record>.issues_key) {
-            const Long number = KeyNumber(clone->elementKey());
+            const Long number = LeadingNumber(clone->elementKey());
             if (kRow<Record>.numbers_key) clone->elementKey(Conversions::LongToString(number));
             if (number == 0) In(clone).IncrementID(this->oPublicStaticCls);
         }

@@ -10,11 +10,13 @@ class RelationCol : public RecordCol<Self, Record> {
 public:
     /// A new relation under `ID`, or under a key that is issued. A key that is taken is recorded and gives nothing.
     Ref<Record> Add(const String& ID = {});
-    /// Stores and gives a clone; most kinds issue a key to one whose key counts as 0.
+    /// Stores and gives a clone; most kinds issue a key to one whose key counts as 0. A key counts as the number that
+    /// its leading digits are, so that "7x" is 7 and "x" is 0.
     Ref<Record> AddItem(const Ref<Record>& newProperty);
     /// The relation under that key, or nothing.
     Ref<Record> Item(const Variant& key) const;
-    /// Takes a relation out; some kinds keep its key for a later one.
+    /// Takes a relation out. The key of an assignment is kept for a later one; that of a goal relation is kept too, but
+    /// never used again.
     void Remove(const Variant& key);
 
     /// As of the common family; `xmlDoc` receives the document that is read when it is not `loaded`.

@@ -10,7 +10,10 @@ namespace {
 
 constexpr FailureTail kTail{"TaskNotes", FailureTail::Gives::SoFar};
 
+/// Not by way of `Key`: that would hold on to every text for good.
 String TextOf(const Variant& value) {
+    if (const String* text = value.If<String>()) return *text;
+    if (const Long* number = value.If<Long>()) return Conversions::LongToString(*number);
     return value.is_missing() ? String() : value.Key().text();
 }
 
@@ -33,7 +36,7 @@ TaskNotes::TaskNotes() {
 Ref<NotesCls> TaskNotes::AddItem(const Ref<NotesCls>& newProperty) {
     return kTail.Run<Ref<NotesCls>>("AddItem", [&](Ref<NotesCls>& result) {
         const Ref<NotesCls> clone = newProperty->Clone();
-        if (!notes_.Append(In(clone).Key(), clone)) Raise(failure::kDuplicateKey);
+        In(*this).File(In(clone).Key(), clone);
         result = clone;
     });
 }
@@ -53,7 +56,7 @@ Ref<NotesCls> TaskNotes::Add(const String& elementName, const Variant& NoteObjec
         note->NoteObject(NoteObject);
         note->NoteDescription(NoteDescription);
         note->NoteKey(NoteKey);
-        if (!notes_.Append(sKey.empty() ? KeyText() : KeyText(sKey), note)) Raise(failure::kDuplicateKey);
+        In(*this).File(sKey.empty() ? KeyText() : KeyText(sKey), note);
         result = note;
     });
 }

@@ -7,7 +7,8 @@ namespace mrlxmlclass {
 
 class ErrorsHandler;
 
-/// Copies of the notes of one task, in the order in which they came. The task's file holds only their keys.
+/// Copies of the notes of one task, in the order in which they came. Of them a task's element in the file
+/// holds nothing but the keys of the relations that lead to them.
 class TaskNotes : public Counted {
 public:
     using Store = OrderedStore<KeyText, Ref<NotesCls>>;
@@ -30,6 +31,8 @@ public:
     /// By place or by key, as `Item`.
     void Remove(const Variant& Index);
     Store NewEnum() const { return notes_; }
+
+    class Internal;
 
 private:
     Store notes_;

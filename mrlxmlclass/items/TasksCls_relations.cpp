@@ -1,7 +1,7 @@
 #include "mrlxmlclass/items/Notes_internal.h"
 #include "mrlxmlclass/items/PlanItem_internal.h"
 #include "mrlxmlclass/items/Relation_internal.h"
-#include "mrlxmlclass/items/TaskNotes.h"
+#include "mrlxmlclass/runtime/Guarded.h"
 #include "mrlxmlclass/runtime/Tail.h"
 #include "mrlxmlclass/runtime/Text.h"
 #include "mrlxmlclass/tasks/TasksCls_internal.h"
@@ -15,6 +15,15 @@ constexpr FailureTail kTail{"TasksCls"};
 template <class Col>
 typename Col::Store ItemsOf(const Ref<Col>& col) {
     return col ? col->NewEnum() : typename Col::Store();
+}
+
+/// A task's relations, made on first read. While the guard holds they are refused, in the words of `refuse`.
+template <class Relations, class Refusal>
+Ref<Relations> ReadGuarded(const char* member_label, Guarded<Relations>& relations, Refusal&& refuse) {
+    return kTail.Run<Ref<Relations>>(member_label, [&](Ref<Relations>& result) {
+        result = relations.Read([] { return Make<Relations>(); });
+        if (!result) refuse();
+    });
 }
 
 /// Takes a task's relations out of the project's; the task keeps its own.
@@ -31,27 +40,23 @@ Boolean Unhook(const char* member_label, const Ref<Relations>& own, ByRef<Ref<Re
 template <class Relations, class Items, class Copies>
 Boolean ResolveAll(const char* member_label, const Ref<Relations>& own, const Ref<Relations>& project,
                    const Ref<Items>& all, Copies&& copies) {
-    return kTail.Run<Boolean>(member_label, [&](Boolean& result) {
+    return kTail.Run<Boolean>(member_label, [&](Boolean&) {
         for (const auto& entry : ItemsOf(own)) {
             const auto relation = project->Item(entry.item->elementKey());
             const auto item = all->Item(In(relation).item_key());
             if (!item) Raise(failure::kNothing);
             copies()->AddItem(item);
         }
-        result = True;
     });
 }
 
 }  // namespace
 
-// --- The task's relations
-// ---------------------------------------------------------------------------------------------
+// --- The task's relations --------------------------------------------------------------------------------------------
 
 Ref<TaskNoteRelationCol> TasksCls::TaskNoteRelation() {
-    return kTail.Run<Ref<TaskNoteRelationCol>>("TaskNoteRelation", [&](Ref<TaskNoteRelationCol>& result) {
-        result = f_.TaskNoteRelation.Read([] { return Make<TaskNoteRelationCol>(); });
-        if (!result) Raise(0, "");  // Kept: this refusal has neither a number nor words.
-    });
+    return ReadGuarded("TaskNoteRelation", f_.TaskNoteRelation,
+                       [] { Raise(0, ""); });  // Kept: this refusal has neither a number nor words.
 }
 
 void TasksCls::TaskNoteRelation(const Ref<TaskNoteRelationCol>& relations) {
@@ -59,11 +64,8 @@ void TasksCls::TaskNoteRelation(const Ref<TaskNoteRelationCol>& relations) {
 }
 
 Ref<TaskObstaclesRelationCol> TasksCls::TaskObstaclesRelation() {
-    return kTail.Run<Ref<TaskObstaclesRelationCol>>(
-        "TaskObstaclesRelation", [&](Ref<TaskObstaclesRelationCol>& result) {
-            result = f_.TaskObstaclesRelation.Read([] { return Make<TaskObstaclesRelationCol>(); });
-            if (!result) RaiseNotValid("TaskObstaclesRelation");
-        });
+    return ReadGuarded("TaskObstaclesRelation", f_.TaskObstaclesRelation,
+                       [] { RaiseNotValid("TaskObstaclesRelation"); });
 }
 
 void TasksCls::TaskObstaclesRelation(const Ref<TaskObstaclesRelationCol>& relations) {
@@ -71,10 +73,7 @@ void TasksCls::TaskObstaclesRelation(const Ref<TaskObstaclesRelationCol>& relati
 }
 
 Ref<TaskGoalRelationCol> TasksCls::TaskGoalRelation() {
-    return kTail.Run<Ref<TaskGoalRelationCol>>("TaskGoalRelation", [&](Ref<TaskGoalRelationCol>& result) {
-        result = f_.TaskGoalRelation.Read([] { return Make<TaskGoalRelationCol>(); });
-        if (!result) RaiseNotValid("TaskGoalRelation");
-    });
+    return ReadGuarded("TaskGoalRelation", f_.TaskGoalRelation, [] { RaiseNotValid("TaskGoalRelation"); });
 }
 
 void TasksCls::TaskGoalRelation(const Ref<TaskGoalRelationCol>& relations) {
@@ -83,13 +82,10 @@ void TasksCls::TaskGoalRelation(const Ref<TaskGoalRelationCol>& relations) {
 
 Ref<TaskAssigmentRelationCol> TasksCls::TaskPeopleRelation() {
     // Kept: recorded under the name of another property, and in words of its own.
-    return kTail.Run<Ref<TaskAssigmentRelationCol>>(
-        "TaskObstaclesRelation", [&](Ref<TaskAssigmentRelationCol>& result) {
-            result = f_.TaskPeopleRelation.Read([] { return Make<TaskAssigmentRelationCol>(); });
-            if (result) return;
-            Raise(failure::kDeliberate,
-                  "The Property TaskPeopleRelationValid is not valid set m_m_TaskPeopleRelationValid = true");
-        });
+    return ReadGuarded("TaskObstaclesRelation", f_.TaskPeopleRelation, [] {
+        Raise(failure::kDeliberate,
+              "The Property TaskPeopleRelationValid is not valid set m_m_TaskPeopleRelationValid = true");
+    });
 }
 
 void TasksCls::TaskPeopleRelation(const Ref<TaskAssigmentRelationCol>& relations) {
@@ -108,8 +104,7 @@ Boolean TasksCls::RemoveObstacleRelation(ByRef<Ref<TaskObstaclesRelationCol>> oT
     return Unhook("RemoveObstacleRelation", f_.TaskObstaclesRelation.cell.Peek(), oTaskObstacleRelation);
 }
 
-// --- Copies of the items
-// ----------------------------------------------------------------------------------------------
+// --- Copies of the items ---------------------------------------------------------------------------------------------
 
 Ref<PeopleCol> TasksCls::TasksPeople() {
     return kTail.Run<Ref<PeopleCol>>("TasksPeople", [&](Ref<PeopleCol>& result) {
@@ -147,17 +142,17 @@ void TasksCls::TaskObstacles(const Ref<obstaclesCol>& obstacles) {
     f_.TaskObstacles = obstacles;
 }
 
-// --- Resolving keys after a load
-// --------------------------------------------------------------------------------------
+// --- Resolving keys after a load -------------------------------------------------------------------------------------
+
+// Kept: of these four none sets its result, done or not they give False.
 
 Boolean TasksCls::SetNoteCollection(const Ref<TaskNoteRelationCol>& oTaskNoteRelationCol,
                                     const Ref<class NotesCol>& NotesCol) {
-    return kTail.Run<Boolean>("SetNoteCollection", [&](Boolean& result) {
+    return kTail.Run<Boolean>("SetNoteCollection", [&](Boolean&) {
         for (const auto& entry : ItemsOf(f_.TaskNoteRelation.cell.Peek())) {
             const Ref<TaskNoteRelationCls> relation = In(oTaskNoteRelationCol).Find(entry.item->elementKey());
             if (relation) TaskNotes()->AddItem(NotesCol->Item(relation->NoteKey()));
         }
-        result = True;
     });
 }
 
@@ -176,7 +171,7 @@ Boolean TasksCls::SetobstaclesCollection(const Ref<TaskObstaclesRelationCol>& oT
 
 Boolean TasksCls::SetPeopleCollection(const Ref<TaskAssigmentRelationCol>& oTaskPeopleRelationcol,
                                       const Ref<PeopleCol>& oPeopleCol) {
-    return kTail.Run<Boolean>("SetPeopleCollection", [&](Boolean& result) {
+    return kTail.Run<Boolean>("SetPeopleCollection", [&](Boolean&) {
         for (const auto& entry : ItemsOf(f_.TaskPeopleRelation.cell.Peek())) {
             const Ref<TaskAssigmentRelationCls> relation = oTaskPeopleRelationcol->Item(entry.item->elementKey());
             if (!relation || relation->TaskKey() != f_.TaskKey) continue;
@@ -185,7 +180,6 @@ Boolean TasksCls::SetPeopleCollection(const Ref<TaskAssigmentRelationCol>& oTask
             entry.item->personkey(relation->personkey());
             TasksPeople()->AddItem(person);
         }
-        result = True;
     });
 }
 
@@ -204,15 +198,16 @@ Boolean TasksCls::UpdatePeopleCollection(const Ref<TaskAssigmentRelationCol>& oT
     });
 }
 
-// --- Questions and texts
-// ----------------------------------------------------------------------------------------------
+// --- Questions and texts ---------------------------------------------------------------------------------------------
 
 Boolean TasksCls::isAssigned(const Variant& personkey) {
     // Kept: recorded under the name of another member.
     return kTail.Run<Boolean>("isPredecessor", [&](Boolean& result) {
         const KeyText wanted = personkey.Key();
         for (const auto& entry : ItemsOf(f_.TasksPeople.Peek())) {
-            if (KeyText(entry.item->personkey()) == wanted) result = True;
+            if (!(KeyText(entry.item->personkey()) == wanted)) continue;
+            result = True;
+            return;
         }
     });
 }
@@ -248,7 +243,9 @@ Boolean TasksCls::NoteExist(const String& p_key) {
 Ref<NotesCls> TasksCls::GetTaskNote(const String& p_key) {
     return kTail.Run<Ref<NotesCls>>("GetTaskNote", [&](Ref<NotesCls>& result) {
         for (const auto& entry : ItemsOf(f_.TaskNotes)) {
-            if (!result && entry.item->NoteKey() == p_key) result = entry.item;
+            if (entry.item->NoteKey() != p_key) continue;
+            result = entry.item;
+            return;
         }
     });
 }
@@ -281,7 +278,9 @@ Boolean TasksCls::HasAttachemt() {
     // Kept: recorded under the name of another member.
     return kTail.Run<Boolean>("NoteAsString", [&](Boolean& result) {
         for (const auto& entry : ItemsOf(f_.TaskNotes)) {
-            if (!entry.item->NoteLink().empty()) result = True;
+            if (entry.item->NoteLink().empty()) continue;
+            result = True;
+            return;
         }
     });
 }

@@ -1,7 +1,7 @@
+#include "mrlxmlclass/items/Kinds_internal.h"
 #include "mrlxmlclass/items/Notes_internal.h"
 #include "mrlxmlclass/items/PlanItem_internal.h"
 #include "mrlxmlclass/items/Relation_internal.h"
-#include "mrlxmlclass/items/TaskNotes.h"
 #include "mrlxmlclass/tasks/TasksCol_internal.h"
 
 namespace mrlxmlclass {
@@ -14,6 +14,58 @@ Long NumberOf(const Variant& key) {
     return key.Key().Number();
 }
 
+/// The task's side of one kind of items: its relations, its copies, and the text and the event that tell of a change.
+template <class Relations, class Copies>
+struct Side {
+    Ref<Relations> (TasksCls::*relations)();
+    Ref<Copies> (TasksCls::*copies)();
+    String (TasksCls::*text)();
+    void (TasksColEvents::*changed)(Long, const String&);
+    bool lends_counters = false;  ///< the task's relations receive the project's counters, where they have none
+
+    void Tell(TasksCol& tasks, const Variant& key, TasksCls& task) const {
+        if (Loud()) tasks.Events.Raise(changed, NumberOf(key), (task.*text)());
+    }
+};
+constexpr Side<TaskAssigmentRelationCol, PeopleCol> kPeople{&TasksCls::TaskPeopleRelation, &TasksCls::TasksPeople,
+                                                            &TasksCls::PeopleAsString, &TasksColEvents::AssigmentChange,
+                                                            /*lends_counters=*/true};
+constexpr Side<TaskGoalRelationCol, GoalsCol> kGoals{&TasksCls::TaskGoalRelation, &TasksCls::TasksGoals,
+                                                     &TasksCls::GoalsAsString, &TasksColEvents::GoalChange};
+constexpr Side<TaskObstaclesRelationCol, obstaclesCol> kObstacles{
+    &TasksCls::TaskObstaclesRelation, &TasksCls::TaskObstacles, &TasksCls::ObstaclesAsString,
+    &TasksColEvents::ObstaclesChange};
+constexpr Side<TaskNoteRelationCol, TaskNotes> kNotes{&TasksCls::TaskNoteRelation, &TasksCls::TaskNotes,
+                                                      &TasksCls::NoteAsString, &TasksColEvents::NoteChange};
+
+/// Adds a relation and an item to a task's lists. An unknown task fails.
+template <class Relations, class Copies, class Item>
+void Tie(TasksCol& tasks, const Side<Relations, Copies>& side, const Variant& key,
+         const Ref<typename Relations::Held>& relation, const Ref<Item>& item) {
+    const Ref<TasksCls> task = tasks.Item(key);
+    const Ref<Relations> relations = (*task.*side.relations)();
+    relations->AddItem(relation);
+    // Kept: lent after adding, so that a task's first relation cannot be issued a key.
+    if (side.lends_counters && !relations->oPublicStaticCls) relations->oPublicStaticCls = tasks.oPublicStaticCls;
+    (*task.*side.copies)()->AddItem(item);
+    side.Tell(tasks, key, *task);
+}
+
+/// Takes a relation and an item out of a task's lists. An unknown task fails.
+template <class Relations, class Copies>
+void Untie(TasksCol& tasks, const Side<Relations, Copies>& side, const Variant& key, const Variant& relation,
+           const Variant& item) {
+    const Ref<TasksCls> task = tasks.Item(key);
+    const Ref<Relations> relations = (*task.*side.relations)();
+    if constexpr (RelationKind<typename Relations::Held>::row.removal == RelationRemoval::Raises) {
+        In(relations).RemoveOrRaise(relation.Key());
+    } else {
+        relations->Remove(relation);
+    }
+    (*task.*side.copies)()->Remove(item);
+    side.Tell(tasks, key, *task);
+}
+
 /// Calls one operation on every task; gives the last task's answer.
 template <class Operation>
 Boolean OnEveryTask(const char* member_label, const TasksCol& tasks, Operation&& operation) {
@@ -24,84 +76,45 @@ Boolean OnEveryTask(const char* member_label, const TasksCol& tasks, Operation&&
 
 }  // namespace
 
-// Of all these only AddNote gives True, whatever happens.
+// Kept: of all these only AddNote gives True, whatever happens.
 
 Boolean TasksCol::AddAssigment(const Variant& TaskKey, const Ref<TaskAssigmentRelationCls>& OTPR,
                                const Ref<peopleCls>& oPerson) {
-    return kTail.Run<Boolean>("AddAssigment", [&](Boolean&) {
-        const Ref<TasksCls> task = Item(TaskKey);
-        const Ref<TaskAssigmentRelationCol> relations = task->TaskPeopleRelation();
-        relations->AddItem(OTPR);
-        if (!relations->oPublicStaticCls) relations->oPublicStaticCls = oPublicStaticCls;
-        task->TasksPeople()->AddItem(oPerson);
-        if (Loud()) Events.Raise(&TasksColEvents::AssigmentChange, NumberOf(TaskKey), task->PeopleAsString());
-    });
+    return kTail.Run<Boolean>("AddAssigment", [&](Boolean&) { Tie(*this, kPeople, TaskKey, OTPR, oPerson); });
 }
 
 Boolean TasksCol::AddGoals(const Variant& TaskKey, const Ref<TaskGoalRelationCls>& OTGR, const Ref<GoalsCls>& oGoal) {
-    return kTail.Run<Boolean>("AddGoals", [&](Boolean&) {
-        const Ref<TasksCls> task = Item(TaskKey);
-        task->TaskGoalRelation()->AddItem(OTGR);
-        task->TasksGoals()->AddItem(oGoal);
-        if (Loud()) Events.Raise(&TasksColEvents::GoalChange, NumberOf(TaskKey), task->GoalsAsString());
-    });
+    return kTail.Run<Boolean>("AddGoals", [&](Boolean&) { Tie(*this, kGoals, TaskKey, OTGR, oGoal); });
 }
 
 Boolean TasksCol::AddObstacles(const Variant& TaskKey, const Ref<TaskObstaclesRelationCls>& OTGR,
                                const Ref<ObstaclesCls>& oObstacle) {
-    return kTail.Run<Boolean>("AddObstacles", [&](Boolean&) {
-        const Ref<TasksCls> task = Item(TaskKey);
-        task->TaskObstaclesRelation()->AddItem(OTGR);
-        task->TaskObstacles()->AddItem(oObstacle);
-        if (Loud()) Events.Raise(&TasksColEvents::ObstaclesChange, NumberOf(TaskKey), task->ObstaclesAsString());
-    });
+    return kTail.Run<Boolean>("AddObstacles", [&](Boolean&) { Tie(*this, kObstacles, TaskKey, OTGR, oObstacle); });
 }
 
 Boolean TasksCol::AddNote(const Variant& TaskKey, const Ref<TaskNoteRelationCls>& OTNR, const Ref<NotesCls>& Note) {
     return kTail.Run<Boolean>("AddNote", [&](Boolean& result) {
-        const Ref<TasksCls> task = Item(TaskKey);
-        task->TaskNoteRelation()->AddItem(OTNR);
-        task->TaskNotes()->AddItem(Note);
-        if (Loud()) Events.Raise(&TasksColEvents::NoteChange, NumberOf(TaskKey), task->NoteAsString());
+        Tie(*this, kNotes, TaskKey, OTNR, Note);
         result = True;
     });
 }
 
 Boolean TasksCol::RemoveAssigment(const Variant& TaskKey, const Variant& OTPRK, const Variant& oPersonkey) {
-    return kTail.Run<Boolean>("RemoveAssigment", [&](Boolean&) {
-        const Ref<TasksCls> task = Item(TaskKey);
-        task->TaskPeopleRelation()->Remove(OTPRK);
-        task->TasksPeople()->Remove(oPersonkey);
-        if (Loud()) Events.Raise(&TasksColEvents::AssigmentChange, NumberOf(TaskKey), task->PeopleAsString());
-    });
+    return kTail.Run<Boolean>("RemoveAssigment", [&](Boolean&) { Untie(*this, kPeople, TaskKey, OTPRK, oPersonkey); });
 }
 
 Boolean TasksCol::RemoveAssigendGoals(const Variant& TaskKey, const Variant& OTGRK, const Variant& oGoalkey) {
-    return kTail.Run<Boolean>("RemoveAssigendGoals", [&](Boolean&) {
-        const Ref<TasksCls> task = Item(TaskKey);
-        task->TaskGoalRelation()->Remove(OTGRK);
-        task->TasksGoals()->Remove(oGoalkey);
-        if (Loud()) Events.Raise(&TasksColEvents::GoalChange, NumberOf(TaskKey), task->GoalsAsString());
-    });
+    return kTail.Run<Boolean>("RemoveAssigendGoals", [&](Boolean&) { Untie(*this, kGoals, TaskKey, OTGRK, oGoalkey); });
 }
 
 Boolean TasksCol::RemoveAssigendObstacles(const Variant& TaskKey, const Variant& OTGRK, const Variant& oObstacleskey) {
     return kTail.Run<Boolean>("RemoveAssigendObstacles", [&](Boolean&) {
-        const Ref<TasksCls> task = Item(TaskKey);
-        if (!task) return;
-        task->TaskObstaclesRelation()->Remove(OTGRK);
-        task->TaskObstacles()->Remove(oObstacleskey);
-        if (Loud()) Events.Raise(&TasksColEvents::ObstaclesChange, NumberOf(TaskKey), task->ObstaclesAsString());
+        if (Item(TaskKey)) Untie(*this, kObstacles, TaskKey, OTGRK, oObstacleskey);  // the one that asks first
     });
 }
 
 Boolean TasksCol::RemoveNote(const Variant& TaskKey, const Variant& OTNK, const Variant& NoteKey) {
-    return kTail.Run<Boolean>("RemoveNote", [&](Boolean&) {
-        const Ref<TasksCls> task = Item(TaskKey);
-        In(task->TaskNoteRelation()).RemoveOrRaise(OTNK.Key());
-        task->TaskNotes()->Remove(NoteKey);
-        if (Loud()) Events.Raise(&TasksColEvents::NoteChange, NumberOf(TaskKey), task->NoteAsString());
-    });
+    return kTail.Run<Boolean>("RemoveNote", [&](Boolean&) { Untie(*this, kNotes, TaskKey, OTNK, NoteKey); });
 }
 
 Boolean TasksCol::UpdatePeopleCollection(const Ref<TaskAssigmentRelationCol>& oTaskPeopleRelationcol,

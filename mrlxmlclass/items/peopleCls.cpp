@@ -44,6 +44,8 @@ Boolean peopleCls::RemoveTasksRelation(const Variant& aTaskKey,
         const KeyText key = In(*this).FirstRelationTo(aTaskKey.Key(), oTaskPeopleRelationcol);
         if (!key.none()) {
             TaskPeopleRelation()->Remove(key.text());
+            // Kept: the copy becomes a candidate and stays. It shares its lists with the live task: where the person
+            // has a copy of the parent too, the live parent loses the child.
             Tasks()->Remove(aTaskKey, {}, {}, {}, {}, {}, {}, /*ForceDelete=*/False, /*p_sort=*/True,
                             /*p_arrange=*/True);
         }

@@ -187,7 +187,9 @@ public:
     Ref<obstaclesCol> TaskObstacles();
     void TaskObstacles(const Ref<obstaclesCol>& obstacles);
 
-    /// Resolve the task's relation keys through the project's relations and items, after a load.
+    /// Resolve the task's relation keys through the project's relations and items, after a load. A person that is
+    /// not there is passed by, and so is a note, which is recorded; a goal or an obstacle that is not there is recorded
+    /// and ends it. Give False, whatever happens.
     Boolean SetNoteCollection(const Ref<TaskNoteRelationCol>& oTaskNoteRelationCol,
                               const Ref<class NotesCol>& NotesCol);
     Boolean SetGoalCollection(const Ref<TaskGoalRelationCol>& oTaskGoalRelationcol, const Ref<GoalsCol>& oGoalCol);
@@ -195,7 +197,8 @@ public:
                                 const Ref<PeopleCol>& oPeopleCol);
     Boolean SetobstaclesCollection(const Ref<TaskObstaclesRelationCol>& oTaskobstaclesRelationcol,
                                    const Ref<obstaclesCol>& oobstaclesCol);
-    /// Takes the copy of a person anew from the master list; False when the task has no such person.
+    /// Takes the copy of a person anew from the master list; False when the task has no such person. Without the
+    /// relation or the person in the project the copy is gone, and that is recorded.
     Boolean UpdatePeopleCollection(const Ref<TaskAssigmentRelationCol>& oTaskPeopleRelationcol,
                                    const Ref<PeopleCol>& oPeopleCol, const Variant& personkey);
     /// Take the task's relations out of a master collection; the task keeps its own.

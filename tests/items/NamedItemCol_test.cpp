@@ -43,6 +43,15 @@ TEST(AssigneGoal, OfAnUnknownGoalIsRecordedOnce) {
     EXPECT_EQ(plan.relations()->Count(), 0);
 }
 
+TEST(AssigneGoal, OfAnUnknownTaskTiesTheRestAndRecordsIt) {
+    GoalPlan plan;
+    EXPECT_EQ(plan.goals().AssigneGoal("1", 77, plan.app->xTaskCol(), plan.relations()), True);
+    EXPECT_EQ(KeysOf(plan.relations()), "1");
+    EXPECT_EQ(KeysOf(plan.goals().Item(1)->TaskGoalRelation()), "1");
+    EXPECT_EQ(plan.goals().Item(1)->Tasks()->Count(True), 0);
+    EXPECT_EQ(plan.failures.Taken(), "TasksCol/AddItem 91\n");
+}
+
 TEST(UnAssigneGoal, OfAPairWithoutARelationChangesNothing) {
     GoalPlan plan;
     EXPECT_EQ(plan.UnAssigneGoal(), False);
@@ -63,6 +72,25 @@ TEST(UnAssigneGoal, ClearsTheGoalAndTheProjectAndKeepsTheTasksSideAndACandidate)
     EXPECT_EQ(plan["Dig"].TaskCondidat(), True);
     EXPECT_EQ(plan["Dig"].GoalsAsString(), "Dry; ");
     EXPECT_EQ(plan.Heard(), "");  // the goal's own list has listeners of its own
+}
+
+TEST(UnAssigneGoal, KeepsTakingTheChildFromTheLiveParentWhereTheGoalHasACopyOfThatToo) {
+    GoalPlan plan;
+    plan.Task("Phase").Task("Pour").Under("Phase").Task("Frame").Under("Phase");
+    const auto assigne = [&](const char* name) {
+        plan.goals().AssigneGoal("1", plan.Number(name), plan.app->xTaskCol(), plan.relations());
+    };
+    const auto unassigne = [&](const char* name) {
+        return plan.goals().UnAssigneGoal(1, plan.Number(name), plan.app->xTaskCol(), plan.relations());
+    };
+    assigne("Pour");
+    EXPECT_EQ(unassigne("Pour"), True);
+    EXPECT_EQ(plan.col().GetTasksAsKeys(plan.Key("Phase"))->Count(), 2);  // the goal had no copy of the parent
+    assigne("Phase");
+    assigne("Frame");
+    EXPECT_EQ(unassigne("Frame"), True);
+    EXPECT_EQ(plan.col().GetTasksAsKeys(plan.Key("Phase"))->Count(), 1);
+    EXPECT_EQ(plan["Frame"].ParentID(), plan.Number("Phase"));  // the live child still names it
 }
 
 TEST(UnAssigneGoal, OfAnUnknownGoalIsRecordedOnce) {
@@ -89,7 +117,7 @@ TEST(AssigneGoal, KeepsTakingTheKeyOfADeletedGoalForANewRelation) {
     EXPECT_EQ(plan.goals().Add()->Goalkey(), 4);
 }
 
-TEST(AssigneObstacles, TiesAsGoalsDoUnderLabelsOfItsOwn) {
+TEST(AssigneObstacles, TiesAsGoalsDoAndKeepsLabelsOfItsOwn) {
     GoalPlan plan;
     const auto relations = plan.app->xTaskObstaclesRelationcol();
     EXPECT_EQ(plan.obstacles().AssigneObstacles("1", plan.dig(), plan.app->xTaskCol(), relations), True);

@@ -6,7 +6,9 @@ namespace {
 TEST(NotesAdd, KeepsFilingUnderTheEmptyKeySoThatASecondFails) {
     Items s;
     const auto notes = s.Master<NotesCol>();
-    EXPECT_TRUE(notes->Add());
+    const auto note = notes->Add();
+    ASSERT_TRUE(note);
+    EXPECT_EQ(In(note).elementName(), "Note");
     EXPECT_FALSE(notes->Add());
     EXPECT_EQ(notes->Count(), 1);
     EXPECT_EQ(s.failures.Taken(), "NotesCol/Add 457\n");
@@ -77,7 +79,7 @@ TEST(NotesRemove, KeepsFailingWithoutAKey) {
     EXPECT_EQ(s.failures.Taken(), "NotesCol/Remove 5\n");
 }
 
-TEST(NotesRemove, NeverLetsAKeyBeIssuedAgain) {
+TEST(NotesRemove, NeverLetsAKeyBeIssuedAgainWithinASession) {
     Items s;
     const auto notes = s.Master<NotesCol>();
     notes->AddItem(s.Note("a"));
@@ -86,6 +88,23 @@ TEST(NotesRemove, NeverLetsAKeyBeIssuedAgain) {
     const auto again = s.Master<NotesCol>();
     again->FromXml(notes->ToXml());
     EXPECT_EQ(again->AddItem(s.Note("c"))->NoteKey(), "3");
+}
+
+TEST(NotesRemove, LeavesTheHighestKeyInTheFileToDecideAfterAReload) {
+    String file;
+    {
+        Items s;
+        const auto notes = s.Master<NotesCol>();
+        for (int i = 0; i < 4; ++i) notes->AddItem(s.Note("t"));
+        notes->Remove(1, "4");
+        notes->Remove(1, "2");
+        file = notes->ToXml();
+    }
+    Items s;
+    const auto notes = s.Master<NotesCol>();
+    notes->FromXml(file);
+    EXPECT_EQ(KeysOf(notes), "1 3");
+    EXPECT_EQ(notes->AddItem(s.Note("c"))->NoteKey(), "4");
 }
 
 }  // namespace

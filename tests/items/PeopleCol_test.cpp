@@ -62,6 +62,16 @@ TEST(AssignePerson, OfAnUnknownPersonIsRecordedOnce) {
     EXPECT_EQ(plan.failures.Taken(), "PeopleCol/AssignePerson 91\n");
 }
 
+TEST(AssignePerson, OfAnUnknownTaskTiesTheRestAndRecordsIt) {
+    PersonPlan plan;
+    EXPECT_EQ(plan.people().AssignePerson("1", 77, plan.app->xTaskCol(), plan.relations()), True);
+    EXPECT_EQ(KeysOf(plan.relations()), "1");
+    EXPECT_EQ(KeysOf(plan.ann().TaskPeopleRelation()), "1");
+    EXPECT_EQ(plan.ann().Tasks()->Count(True), 0);
+    EXPECT_EQ(plan.Heard(), "");
+    EXPECT_EQ(plan.failures.Taken(), "TasksCol/AddAssigment 91\nTasksCol/AddItem 91\n");
+}
+
 TEST(AssignePerson, WhileTheHostIsSilencedDoesAllAndTellsNothing) {
     Plan plan;
     plan.Silenced().Task("Dig");

@@ -85,6 +85,17 @@ TEST(ItemRemove, GivesTheFreedKeyToTheNextPerson) {
     EXPECT_EQ(people->Add()->personkey(), 7);
 }
 
+TEST(ItemRemove, GivesAKeyPastTheCounterBackAsItWas) {
+    Items s;
+    const auto people = s.Master<PeopleCol>();
+    const auto ann = s.Person("Ann");
+    ann->personkey(40000);
+    people->AddItem(ann);
+    people->Remove(40000);
+    EXPECT_EQ(people->Add()->personkey(), 40000);
+    EXPECT_EQ(KeysOf(people), "40000");
+}
+
 TEST(ItemRemove, IsSilentWhateverHappensAndFreesAKeyOnce) {
     Items s;
     const auto people = s.Master<PeopleCol>();

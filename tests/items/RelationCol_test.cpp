@@ -35,10 +35,20 @@ TEST(RelationAddItem, OfAnAssignmentWithKeyZeroIssuesANewOneToTheClone) {
 TEST(RelationAddItem, NumbersTheKeyOfAGoalRelationOnly) {
     Items s;
     EXPECT_EQ(s.Master<TaskGoalRelationCol>()->AddItem(s.Bare<TaskGoalRelationCls>("07"))->elementKey(), "7");
+    EXPECT_EQ(s.Master<TaskGoalRelationCol>()->AddItem(s.Bare<TaskGoalRelationCls>("7x"))->elementKey(), "7");
     EXPECT_EQ(s.Master<TaskGoalRelationCol>()->AddItem(s.Bare<TaskGoalRelationCls>("x"))->elementKey(), "1");
     EXPECT_EQ(s.Master<TaskAssigmentRelationCol>()->AddItem(s.Bare<TaskAssigmentRelationCls>("07"))->elementKey(),
               "07");
     EXPECT_EQ(s.Master<TaskNoteRelationCol>()->AddItem(s.Bare<TaskNoteRelationCls>(""))->elementKey(), "1");
+}
+
+TEST(RelationAddItem, TakesAKeyForOneWhenDigitsLead) {
+    Items s;
+    EXPECT_EQ(s.Master<TaskAssigmentRelationCol>()->AddItem(s.Bare<TaskAssigmentRelationCls>("7x"))->elementKey(),
+              "7x");
+    EXPECT_EQ(s.Master<TaskAssigmentRelationCol>()->AddItem(s.Bare<TaskAssigmentRelationCls>("x7"))->elementKey(), "1");
+    EXPECT_EQ(s.Master<TaskNoteRelationCol>()->AddItem(s.Bare<TaskNoteRelationCls>("7x"))->elementKey(), "7x");
+    EXPECT_EQ(s.Master<TaskNoteRelationCol>()->AddItem(s.Bare<TaskNoteRelationCls>("0x"))->elementKey(), "1");
 }
 
 TEST(RelationAddItem, FilesAnObstacleRelationAsItStandsEvenWithoutAKey) {
@@ -95,6 +105,17 @@ TEST(RelationRemove, OfAnAssignmentFromTheTaskThenTheProjectFreesTheKeyOnce) {
     project->Remove("4");
     EXPECT_EQ(FreedIn(s.counters, Keys::AssigmentRelation), "4");
     EXPECT_EQ(project->Add()->elementKey(), "4");
+}
+
+TEST(RelationRemove, OfAnAssignmentGivesItsKeyBackToTheLetter) {
+    Items s;
+    const auto project = s.Master<TaskAssigmentRelationCol>();
+    for (const char* key : {"07", "40000"}) {
+        project->Add(key);
+        project->Remove(key);
+        EXPECT_EQ(project->Add()->elementKey(), key);
+    }
+    EXPECT_EQ(KeysOf(project), "07 40000");
 }
 
 TEST(RelationRemove, KeepsFreeingAnAssignmentBeforeItIsGone) {

@@ -42,6 +42,16 @@ TEST(TaskNotesAdd, WithoutAKeyFilesByPlaceAlone) {
     EXPECT_EQ(s.failures.Taken(), "TaskNotes/Item 5\n");
 }
 
+TEST(TaskNotesAdd, TakesTextsNumbersAndWhatIsLeftOutForATextAndFailsAtTheRest) {
+    Items s;
+    const auto notes = Make<TaskNotes>();
+    for (const Variant& text : {Variant("t"), Variant(-3), Variant(), Variant(Variant::Missing{})}) {
+        EXPECT_TRUE(notes->Add("N", False, False, text, "", text, "", text, "4"));
+    }
+    EXPECT_FALSE(notes->Add("N", False, False, {}, "", Variant::Null{}, "", {}, "4"));
+    EXPECT_EQ(s.failures.Taken(), "TaskNotes/Add 13\n");
+}
+
 TEST(TaskNotesRemove, GoesByPlaceOrByKeyAndRecordsAMiss) {
     Items s;
     const auto notes = Make<TaskNotes>();

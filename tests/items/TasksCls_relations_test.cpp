@@ -39,7 +39,7 @@ TEST(TaskRelations, AreRefusedWhenFilledFromInsideWithTheirFlagDown) {
     EXPECT_TRUE(task->TaskGoalRelation());
 }
 
-TEST(TaskRelations, KeepTheLabelAndTheWordsOfThePeoplesRefusal) {
+TEST(TaskRelations, KeepsTheLabelAndTheWordsOfThePeoplesRefusal) {
     Items s;
     const auto task = TaskOf(1);
     In(task).TaskPoepleRelation_Int(Make<TaskAssigmentRelationCol>());
@@ -50,7 +50,7 @@ TEST(TaskRelations, KeepTheLabelAndTheWordsOfThePeoplesRefusal) {
     EXPECT_EQ(s.failures.Taken(), "TasksCls/TaskObstaclesRelation 1\n");
 }
 
-TEST(TaskRelations, KeepTheRefusalOfTheNotesWithoutANumber) {
+TEST(TaskRelations, KeepsTheRefusalOfTheNotesWithoutANumber) {
     Items s;
     const auto task = TaskOf(1);
     In(task).TaskNoteRelation_Int(Make<TaskNoteRelationCol>());
@@ -124,14 +124,16 @@ TEST(NoteIndex, CountsFromOneAndIsMinusOneForAnAbsentNote) {
     EXPECT_FALSE(task->GetTaskNote("6"));
 }
 
-TEST(TaskQuestions, KeepTheLabelsOfOtherMembers) {
+TEST(TaskQuestions, KeepsTheLabelsOfOtherMembers) {
     Items s;
     const auto task = TaskOf(1);
     In(task->TasksPeople()).File("1", {});
-    task->TaskNotes()->Add("", False, False, {}, "", {}, "", {}, "");
+    In(task->TaskNotes()).File("1", {});
+    EXPECT_EQ(task->HasAttachemt(), False);
     EXPECT_EQ(task->isAssigned(1), False);
     EXPECT_EQ(task->UpdatePeopleCollection({}, {}, Variant::Null{}), False);
-    EXPECT_EQ(s.failures.Taken(), "TasksCls/isPredecessor 91\nTasksCls/SetPeopleCollection 13\n");
+    EXPECT_EQ(s.failures.Taken(),
+              "TasksCls/NoteAsString 91\nTasksCls/isPredecessor 91\nTasksCls/SetPeopleCollection 13\n");
 }
 
 TEST(isAssigned, TakesTheKeyAsANumberOrAText) {
@@ -212,7 +214,7 @@ TEST(SetPeopleCollection, PassesByAKeyThatTheProjectDoesNotHave) {
     Fill(task->TaskPeopleRelation(), project);
     s.counters->PersonKeyValue(10);
     for (int i = 0; i < 3; ++i) people->Add();
-    EXPECT_EQ(task->SetPeopleCollection(project, people), True);
+    task->SetPeopleCollection(project, people);
     EXPECT_EQ(KeysOf(task->TasksPeople()), "11 13");
     EXPECT_EQ(KeysOf(task->TaskPeopleRelation()), "1 2 3");
     EXPECT_EQ(task->TaskPeopleRelation()->Item(3)->personkey(), 13);
@@ -225,7 +227,7 @@ TEST(SetPeopleCollection, PassesByAnotherTasksRelationAndAMissingPerson) {
     const auto project = Make<TaskAssigmentRelationCol>();
     Fill(task->TaskPeopleRelation(), project);
     project->Item(1)->TaskKey(5);
-    EXPECT_EQ(task->SetPeopleCollection(project, Make<PeopleCol>()), True);
+    task->SetPeopleCollection(project, Make<PeopleCol>());
     EXPECT_FALSE(In(task).PeekPeople());
 }
 
@@ -237,8 +239,48 @@ TEST(SetNoteCollection, PassesByAKeyThatTheProjectDoesNotHave) {
     Fill(task->TaskNoteRelation(), project);
     In(s.counters).Counter(Keys::Note, 10);
     for (int i = 0; i < 3; ++i) notes->AddItem(s.Note("n"));
-    EXPECT_EQ(task->SetNoteCollection(project, notes), True);
+    task->SetNoteCollection(project, notes);
     EXPECT_EQ(KeysOf(task->TaskNotes()), "11 13");
+}
+
+TEST(SetNoteCollection, RecordsARelationThatLeadsToNoNoteAndGoesOn) {
+    Items s;
+    const auto task = TaskOf(4);
+    const auto project = Make<TaskNoteRelationCol>();
+    const auto notes = s.Master<NotesCol>();
+    Fill(task->TaskNoteRelation(), project);
+    In(s.counters).Counter(Keys::Note, 12);
+    notes->AddItem(s.Note("the note 13"));
+    task->SetNoteCollection(project, notes);
+    EXPECT_EQ(KeysOf(task->TaskNotes()), "13");
+    EXPECT_EQ(s.failures.Taken(), "NotesCol/Item 5\nTaskNotes/AddItem 91\n");
+}
+
+TEST(SetItemCollections, KeepsGivingFalseWhenAllWentWell) {
+    Items s;
+    const auto task = TaskOf(4);
+    const auto goals = s.Master<GoalsCol>();
+    const auto obstacles = s.Master<obstaclesCol>();
+    const auto people = s.Master<PeopleCol>();
+    const auto notes = s.Master<NotesCol>();
+    goals->Add();
+    obstacles->Add();
+    people->Add();
+    notes->AddItem(s.Note("n"));
+    const auto tied = [](const auto& own, const auto& item_key) {
+        const auto relation = own->Add("1");
+        relation->TaskKey(4);
+        In(relation).item_key(item_key);
+        return own->Clone();  // the project's, with the same relation
+    };
+    EXPECT_EQ(task->SetGoalCollection(tied(task->TaskGoalRelation(), 1), goals), False);
+    EXPECT_EQ(task->SetobstaclesCollection(tied(task->TaskObstaclesRelation(), 1), obstacles), False);
+    EXPECT_EQ(task->SetPeopleCollection(tied(task->TaskPeopleRelation(), 1), people), False);
+    EXPECT_EQ(task->SetNoteCollection(tied(task->TaskNoteRelation(), "1"), notes), False);
+    EXPECT_EQ(KeysOf(task->TasksGoals()), "1");
+    EXPECT_EQ(KeysOf(task->TaskObstacles()), "1");
+    EXPECT_EQ(KeysOf(task->TasksPeople()), "1");
+    EXPECT_EQ(KeysOf(task->TaskNotes()), "1");
 }
 
 TEST(SetGoalCollection, KeepsEndingAtAKeyThatLeadsNowhere) {
@@ -277,6 +319,32 @@ TEST(UpdatePeopleCollection, TakesTheCopyOfAPersonAnew) {
     EXPECT_EQ(task->UpdatePeopleCollection(project, people, "2"), False);
     EXPECT_EQ(task->UpdatePeopleCollection(project, people, "1"), True);
     EXPECT_EQ(task->PeopleAsString(), "Anna");
+}
+
+TEST(UpdatePeopleCollection, LosesTheCopyOfAPersonWhomTheProjectLost) {
+    Items s;
+    const auto task = TaskOf(4);
+    const auto project = Make<TaskAssigmentRelationCol>();
+    task->TaskPeopleRelation()->Add("1")->personkey(1);
+    project->Add("1")->personkey(1);
+    const auto ann = s.Person("Ann");
+    ann->personkey(1);
+    task->TasksPeople()->AddItem(ann);
+    EXPECT_EQ(task->UpdatePeopleCollection(project, Make<PeopleCol>(), 1), True);  // it was the task's person
+    EXPECT_EQ(task->TasksPeople()->Count(), 0);
+    EXPECT_EQ(s.failures.Taken(), "PeopleCol/Item 5\nPeopleCol/AddItem 91\n");
+}
+
+TEST(UpdatePeopleCollection, LosesTheCopyAndFailsWhereTheProjectLostTheRelation) {
+    Items s;
+    const auto task = TaskOf(4);
+    const auto people = s.Master<PeopleCol>();
+    people->Add()->PersonName("Ann");
+    task->TaskPeopleRelation()->Add("1")->personkey(1);
+    task->TasksPeople()->AddItem(people->Item(1));
+    EXPECT_EQ(task->UpdatePeopleCollection(Make<TaskAssigmentRelationCol>(), people, 1), False);
+    EXPECT_EQ(task->TasksPeople()->Count(), 0);
+    EXPECT_EQ(s.failures.Taken(), "TasksCls/SetPeopleCollection 91\n");
 }
 
 TEST(TaskKeyLists, ComeBackFromTheTasksElement) {

@@ -43,7 +43,7 @@ TEST(AddAssigment, KeepsFailingToIssueTheFirstKeyOfATask) {
     EXPECT_EQ(plan.failures.Taken(), "TaskAssigmentRelationCls/IncrementID 91\n");
 }
 
-TEST(AddNote, IsTheOneThatGivesTrue) {
+TEST(AddNote, KeepsBeingTheOneThatGivesTrue) {
     Plan plan;
     plan.Task("Dig");
     (void)plan.Heard();
@@ -88,6 +88,27 @@ TEST(RelationOperations, WhileTheHostIsSilencedChangeAllAndTellNothing) {
     plan.col().RemoveNote(1, "3", "7");
     EXPECT_EQ(plan["Dig"].NoteAsString(), "");
     EXPECT_EQ(plan["Dig"].PeopleAsString(), "Ann");
+
+    const auto goal = plan.app->xGoalCol()->Add();
+    const auto obstacle = plan.app->xObstaclesCol()->Add();
+    goal->GoalName("Dry");
+    obstacle->ObstaclesName("Rain");
+    plan.col().AddGoals(1, Keyed<TaskGoalRelationCls>("3"), goal);
+    plan.col().AddObstacles(1, Keyed<TaskObstaclesRelationCls>("3"), obstacle);
+    EXPECT_EQ(plan["Dig"].GoalsAsString(), "Dry; ");
+    EXPECT_EQ(plan["Dig"].ObstaclesAsString(), "Rain; ");
+    plan.col().RemoveAssigendGoals(1, "3", 1);
+    plan.col().RemoveAssigendObstacles(1, "3", 1);
+    EXPECT_EQ(plan["Dig"].GoalsAsString(), "");
+    EXPECT_EQ(plan["Dig"].ObstaclesAsString(), "");
+
+    plan.app->xPeopleCol()->Add()->PersonName("Anna");
+    plan["Dig"].TaskPeopleRelation()->Item(3)->personkey(1);
+    const auto project = plan["Dig"].TaskPeopleRelation()->Clone();
+    EXPECT_EQ(plan.col().UpdatePeopleCollection(project, plan.app->xPeopleCol(), 1), True);
+    EXPECT_EQ(plan["Dig"].PeopleAsString(), "Anna");
+    plan.col().RemoveAssigment(1, "3", 1);
+    EXPECT_EQ(plan["Dig"].PeopleAsString(), "");
     EXPECT_EQ(plan.Heard(), "");
 }
 
@@ -131,16 +152,20 @@ TEST(UpdatePeopleCollectionOfAll, RaisesOneEventForEachTaskThatHasThePerson) {
     EXPECT_EQ(plan["Pour"].PeopleAsString(), "");
 }
 
-TEST(SetCollections, GiveTheLastTasksAnswerAndGoOnPastAFailure) {
+TEST(SetCollections, KeepsGivingFalseAndGoingOnPastAFailure) {
     Plan plan;
     plan.Task("Dig").Task("Pour");
     plan["Dig"].TaskGoalRelation()->Add("9");
+    plan["Pour"].TaskGoalRelation()->Add("3");
+    plan.app->xTaskGoalRelationcol()->Add("3")->Goalkey(plan.app->xGoalCol()->Add()->Goalkey());
     const auto tasks = plan.app->xTaskCol();
-    EXPECT_EQ(In(tasks).SetGoalCollection(plan.app->xTaskGoalRelationcol(), plan.app->xGoalCol()), True);
+    EXPECT_EQ(In(tasks).SetGoalCollection(plan.app->xTaskGoalRelationcol(), plan.app->xGoalCol()), False);
+    EXPECT_EQ(KeysOf(plan["Pour"].TasksGoals()), "1");
     EXPECT_EQ(plan.failures.Taken(), "TaskGoalRelationCol/Item 5\nTasksCls/SetGoalCollection 91\n");
-    EXPECT_EQ(In(tasks).SetPeopleCollection(plan.app->xTaskPeopleRelationcol(), plan.app->xPeopleCol()), True);
-    EXPECT_EQ(In(tasks).SetNoteCollection(plan.app->xTaskNotesRelationcol(), plan.app->xNoteCol()), True);
-    EXPECT_EQ(In(tasks).SetobstaclesCollection(plan.app->xTaskObstaclesRelationcol(), plan.app->xObstaclesCol()), True);
+    EXPECT_EQ(In(tasks).SetPeopleCollection(plan.app->xTaskPeopleRelationcol(), plan.app->xPeopleCol()), False);
+    EXPECT_EQ(In(tasks).SetNoteCollection(plan.app->xTaskNotesRelationcol(), plan.app->xNoteCol()), False);
+    EXPECT_EQ(In(tasks).SetobstaclesCollection(plan.app->xTaskObstaclesRelationcol(), plan.app->xObstaclesCol()),
+              False);
 }
 
 TEST(RemoveATask, KeepsReportingEachObstacleRelationThatIsTakenTwice) {

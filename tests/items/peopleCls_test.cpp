@@ -1,6 +1,7 @@
 #include "mrlxmlclass/items/peopleCls.h"
 
 #include "tests/items/Items.h"
+#include "tests/support/Plan.h"
 
 namespace mrlxmlclass::testing {
 namespace {
@@ -143,6 +144,20 @@ TEST(RemoveTasksRelation, HandlesTheFirstMatchAndMakesTheCopyOfTheTaskACandidate
     EXPECT_EQ(person->RemoveTasksRelation("4", project), True);
     EXPECT_EQ(KeysOf(person->TaskPeopleRelation()), "1 3");  // 1 is gone from the project, so it is passed by
     EXPECT_EQ(person->Tasks()->Item(4)->TaskCondidat(), False);
+}
+
+TEST(RemoveTasksRelation, KeepsTakingTheChildFromTheLiveParentWhereThePersonHasACopyOfThatToo) {
+    Plan plan;
+    plan.Task("Phase").Task("Dig").Under("Phase");
+    const auto project = plan.app->xTaskPeopleRelationcol();
+    const auto ann = plan.app->xPeopleCol()->Add();
+    for (const char* name : {"Phase", "Dig"}) {
+        plan.app->xPeopleCol()->AssignePerson("1", plan.Number(name), plan.app->xTaskCol(), project);
+    }
+    ASSERT_EQ(plan.col().GetTasksAsKeys(plan.Key("Phase"))->Count(), 1);
+    EXPECT_EQ(ann->RemoveTasksRelation(plan.Key("Dig"), project), True);
+    EXPECT_EQ(plan.col().GetTasksAsKeys(plan.Key("Phase"))->Count(), 0);
+    EXPECT_EQ(plan["Dig"].ParentID(), plan.Number("Phase"));  // the live child still names it
 }
 
 }  // namespace
