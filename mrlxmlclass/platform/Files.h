@@ -14,6 +14,8 @@ struct FileFacts {
     bool folder = false;
     bool writable = false;   ///< some write bit of its mode is set
     std::uint32_t mode = 0;  ///< the permission bits
+    std::uint32_t owner = 0;
+    std::uint32_t group = 0;
     std::uint64_t device = 0;
     std::uint64_t number = 0;  ///< of the file on its device
     std::uint64_t size = 0;
@@ -63,6 +65,8 @@ public:
     /// Deletes a file; one that is not there is no failure.
     virtual void Delete(const String& path) = 0;
     virtual void SetMode(const String& path, std::uint32_t mode) = 0;
+    /// Gives the file to the owner and group of another, as far as this process may.
+    virtual void SetOwner(const String& path, const FileFacts& like) = 0;
     /// Makes the folder's entries durable.
     virtual void SyncFolder(const String& folder) = 0;
     /// The path with every link followed; the path itself where that cannot be told.

@@ -80,6 +80,8 @@ FileFacts FactsOf(const struct stat& status) {
     facts.folder = S_ISDIR(status.st_mode);
     facts.writable = (status.st_mode & 0222) != 0;
     facts.mode = status.st_mode & 07777;
+    facts.owner = status.st_uid;
+    facts.group = status.st_gid;
     facts.device = status.st_dev;
     facts.number = status.st_ino;
     facts.size = static_cast<std::uint64_t>(status.st_size);

@@ -111,6 +111,11 @@ public:
         if (chmod(path.c_str(), static_cast<mode_t>(mode & 07777)) != 0) RaiseFor(errno, path);
     }
 
+    void SetOwner(const String& path, const FileFacts& like) override {
+        DemandAskable(path);
+        if (chown(path.c_str(), like.owner, like.group) != 0 && errno != EPERM) RaiseFor(errno, path);
+    }
+
     void SyncFolder(const String& folder) override {
         const String path = folder.empty() ? "." : folder;
         DemandAskable(path);

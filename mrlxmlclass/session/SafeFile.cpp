@@ -121,7 +121,9 @@ public:
         Files& files = Platform().files;
         files.Delete(path_);
         files.Create(path_)->Close();
-        if (target.old.exists) files.SetMode(path_, target.mode());
+        if (!target.old.exists) return;
+        files.SetOwner(path_, target.old);
+        files.SetMode(path_, target.mode());
     }
 
     /// Brings all of it onto the disk.

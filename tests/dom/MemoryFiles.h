@@ -9,7 +9,7 @@
 namespace mrlxmlclass::dom {
 
 /// Files that live in memory. They count what is written and fail where they are told to.
-class MemoryFiles : public testing::ForwardingFiles {
+class MemoryFiles : public ForwardingFiles {
 public:
     MemoryFiles() : ForwardingFiles(SystemServices().files) {}
 
@@ -70,6 +70,10 @@ public:
     void SetMode(const String& path, std::uint32_t mode) override {
         files.at(path).facts.mode = mode;
         files.at(path).facts.writable = (mode & 0222U) != 0;
+    }
+    void SetOwner(const String& path, const FileFacts& like) override {
+        files.at(path).facts.owner = like.owner;
+        files.at(path).facts.group = like.group;
     }
 
 private:

@@ -108,6 +108,17 @@ TEST(OutputFile, FailsWhenTheFileMayNotGrowThatFar) {
     EXPECT_EQ(plat.Read("a").size(), 1000u);  // what fitted was written first
 }
 
+TEST(SetOwner, GivesAFileToTheOwnerOfAnother) {
+    TestPlatform plat;
+    plat.Write("a", "");
+    FileFacts like = plat.files.Facts(plat.Path("a"));
+    like.owner += 7;
+    const bool may = getuid() == 0;  // nobody else gives files away
+    plat.files.SetOwner(plat.Path("a"), like);
+    EXPECT_EQ(plat.files.Facts(plat.Path("a")).owner, may ? like.owner : getuid());
+    EXPECT_EQ(NumberOf([&] { plat.files.SetOwner(plat.Path("none"), like); }), failure::kFileNotFound);
+}
+
 TEST(Facts, TellsWhatIsAtThePath) {
     TestPlatform plat;
     plat.Write("a", "12345");

@@ -12,7 +12,6 @@
 namespace mrlxmlclass {
 namespace {
 
-using testing::ForwardingFiles;
 using testing::TestSession;
 
 constexpr FailureTail kTail{"SomeCls"};

@@ -113,7 +113,7 @@ TEST(SaveSafely, LeavesAWholeFileWheneverItIsKilled) {
 }
 
 /// Ends the process instead of the n-th call that changes something on the disk, or halfway through it.
-class DeadlyFiles : public testing::ForwardingFiles {
+class DeadlyFiles : public ForwardingFiles {
 public:
     DeadlyFiles(testing::TestPlatform& platform, int nth)
         : ForwardingFiles(platform.files),

@@ -20,7 +20,7 @@ constexpr const char* kAllSections =
     "Obstacles Calendar";
 
 /// Hands out another content than the file's.
-class TamperingFiles : public testing::ForwardingFiles {
+class TamperingFiles : public ForwardingFiles {
 public:
     explicit TamperingFiles(testing::TestPlatform& platform)
         : ForwardingFiles(platform.faults),

@@ -107,6 +107,11 @@ void FaultyFiles::SetMode(const String& path, std::uint32_t mode) {
     files_.SetMode(path, mode);
 }
 
+void FaultyFiles::SetOwner(const String& path, const FileFacts& like) {
+    Pass(FileCall::SetOwner);
+    files_.SetOwner(path, like);
+}
+
 void FaultyFiles::SyncFolder(const String& folder) {
     Pass(FileCall::SyncFolder);
     files_.SyncFolder(folder);

@@ -4,36 +4,9 @@
 #include <memory>
 #include <optional>
 
-#include "mrlxmlclass/platform/Files.h"
+#include "mrlxmlclass/platform/ForwardingFiles.h"
 
 namespace mrlxmlclass::testing {
-
-/// Hands every call on to other files; a base to override single calls of.
-class ForwardingFiles : public Files {
-public:
-    explicit ForwardingFiles(Files& files) : files_(files) {}
-
-    FileFacts Facts(const String& path) override { return files_.Facts(path); }
-    String Read(const String& path) override { return files_.Read(path); }
-    std::unique_ptr<OutputFile> Create(const String& path) override { return files_.Create(path); }
-    std::unique_ptr<OutputFile> Open(const String& path) override { return files_.Open(path); }
-    void Rename(const String& from, const String& to) override { files_.Rename(from, to); }
-    void Delete(const String& path) override { files_.Delete(path); }
-    void SetMode(const String& path, std::uint32_t mode) override { files_.SetMode(path, mode); }
-    void SyncFolder(const String& folder) override { files_.SyncFolder(folder); }
-    String Resolve(const String& path) override { return files_.Resolve(path); }
-    Integer Attributes(const String& path) override { return files_.Attributes(path); }
-    void SetAttributes(const String& path, Integer value) override { files_.SetAttributes(path, value); }
-    FileUse Use(const String& path) override { return files_.Use(path); }
-    Integer Hold(const String& path) override { return files_.Hold(path); }
-    void Release(Integer number, const String& path) override { files_.Release(number, path); }
-    String ProgramFolder() override { return files_.ProgramFolder(); }
-    String StateFolder() override { return files_.StateFolder(); }
-    String SpecialFolder(Long number) override { return files_.SpecialFolder(number); }
-
-protected:
-    Files& files_;
-};
 
 /// The calls that can fail.
 enum class FileCall {
@@ -44,6 +17,7 @@ enum class FileCall {
     Rename,
     Delete,
     SetMode,
+    SetOwner,
     SyncFolder,
     SetAttributes,
     Hold,
@@ -103,6 +77,7 @@ public:
     void Rename(const String& from, const String& to) override;
     void Delete(const String& path) override;
     void SetMode(const String& path, std::uint32_t mode) override;
+    void SetOwner(const String& path, const FileFacts& like) override;
     void SyncFolder(const String& folder) override;
     void SetAttributes(const String& path, Integer value) override;
     Integer Hold(const String& path) override;
