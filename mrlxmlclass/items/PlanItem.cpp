@@ -25,7 +25,7 @@ Ref<TasksCol> PlanItem<Self, Relations, FieldsOf>::Tasks() {
 template <class Self, class Relations, class FieldsOf>
 Boolean PlanItem<Self, Relations, FieldsOf>::SetTasksCollection(const Ref<Relations>& oTaskRelationcol,
                                                                 const Ref<TasksCol>& TaskCol) {
-    constexpr ItemRow row = kRow<Self>;
+    constexpr const ItemRow& row = kRow<Self>;
     return kTail<Self>.As(row.wiring).template Run<Boolean>("SetTasksCollection", [&](Boolean& result) {
         if (row.drops_copies) {
             f_.Tasks.Set({});

@@ -28,7 +28,8 @@ String ProgramOnPath(const String& name) {
     const char* path = std::getenv("PATH");
     for (const String& folder : Split(path == nullptr ? "/usr/local/bin:/usr/bin:/bin" : path, ":")) {
         if (!folder.starts_with('/')) continue;
-        const String program = folder + "/" + name;
+        String program = folder;
+        program.append("/").append(name);
         struct stat status {};
         if (stat(program.c_str(), &status) == 0 && S_ISREG(status.st_mode) && access(program.c_str(), X_OK) == 0) {
             return program;

@@ -268,7 +268,8 @@ Date TasksCls::SetStartDateWithoutWeekend(Date WeekDate, ByRef<Double> duration)
                 result = DateAdd(interval, -std::max(0.0, std::ceil(*duration - 1) - 1), current);
                 return;
             }
-            for (double i = 1; *duration - 1 > i; ++i) StepOverNonWorking(current, interval, -1);
+            double taken = 1;
+            while (*duration - 1 > taken++) StepOverNonWorking(current, interval, -1);
             result = current;
         }
     });

@@ -12,14 +12,14 @@ namespace {
 
 struct DurationUnit {
     std::string_view name;
-    Interval interval;
     const char* letter;  // of its date step
-    bool plain;          // steps through the plain calendar
+    Interval interval;
+    bool plain;  // steps through the plain calendar
 };
 constexpr DurationUnit kUnits[] = {
-    {"days", Interval::Days, "d", false},  {"wks", Interval::Weeks, "ww", true},
-    {"hrs", Interval::Hours, "h", false},  {"mins", Interval::Minutes, "n", false},
-    {"mons", Interval::Months, "m", true},
+    {"days", "d", Interval::Days, false},  {"wks", "ww", Interval::Weeks, true},
+    {"hrs", "h", Interval::Hours, false},  {"mins", "n", Interval::Minutes, false},
+    {"mons", "m", Interval::Months, true},
 };
 
 const DurationUnit* UnitNamed(std::string_view name) {
