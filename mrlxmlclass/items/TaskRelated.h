@@ -17,7 +17,7 @@ bool HoldsTask(const Ref<Relations>& relations, Long task_key) {
                        [&](const auto& entry) { return entry.item->TaskKey() == task_key; });
 }
 
-/// True when an assignment, else a goal relation, else an obstacle relation holds the task. Notes hold none.
+/// True when an assignment, else a goal relation, else an obstacle relation holds the task. Kept: notes do not count.
 inline bool TaskRelated(Long task_key, const Ref<TaskAssigmentRelationCol>& assigments,
                         const Ref<TaskGoalRelationCol>& goals, const Ref<TaskObstaclesRelationCol>& obstacles) {
     return HoldsTask(assigments, task_key) || HoldsTask(goals, task_key) || HoldsTask(obstacles, task_key);

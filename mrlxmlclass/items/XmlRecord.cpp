@@ -19,9 +19,8 @@ Ref<dom::Document> DocumentOf(Self& record, Boolean header, Boolean unicode) {
 }
 
 template <class Self>
-void ReadRoot(Self& record, const Ref<dom::Document>& document, const Reading& reading) {
-    const dom::Node root = RootOf(document);
-    In(record).FromXmlInt(root, FirstElementIn(root), reading);
+void ReadRecord(Self& record, const Ref<dom::Document>& document, const Reading& reading) {
+    ReadRoot(document, [&](dom::Node root, dom::Node first) { In(record).FromXmlInt(root, first, reading); });
 }
 
 }  // namespace
@@ -52,7 +51,7 @@ void XmlRecord<Self>::ToXmlInt(const Ref<dom::Document>& xmlDoc, dom::Node xmlEl
 template <class Self>
 Boolean XmlRecord<Self>::ReadFile(const String& FileName, const Ref<StaticCls>& oPublicStaticCls, Boolean p_for_lib) {
     return kTail<Self>.template Run<Boolean>("FromXmlFile", [&](Boolean& result) {
-        ReadRoot(static_cast<Self&>(*this), DocumentOfFile(FileName), {oPublicStaticCls, p_for_lib});
+        ReadRecord(static_cast<Self&>(*this), DocumentOfFile(FileName), {oPublicStaticCls, p_for_lib});
         result = True;
     });
 }
@@ -60,7 +59,7 @@ Boolean XmlRecord<Self>::ReadFile(const String& FileName, const Ref<StaticCls>& 
 template <class Self>
 Boolean XmlRecord<Self>::ReadText(const String& xmlIn, const Ref<StaticCls>& oPublicStaticCls, Boolean p_for_lib) {
     return kTail<Self>.template Run<Boolean>("FromXml", [&](Boolean& result) {
-        ReadRoot(static_cast<Self&>(*this), DocumentOfText(xmlIn), {oPublicStaticCls, p_for_lib});
+        ReadRecord(static_cast<Self&>(*this), DocumentOfText(xmlIn), {oPublicStaticCls, p_for_lib});
         result = True;
     });
 }

@@ -33,8 +33,6 @@ const char* DescriptionOf(int number) {
             return "The component cannot be created";
         case failure::kDuplicateKey:
             return "The key is there already";
-        case failure::kNotSorted:
-            return "Collection is not sorted!";
         default:
             return "Failure";
     }

@@ -33,7 +33,6 @@ inline constexpr int kPathNotFound = 76;
 inline constexpr int kNothing = 91;        ///< a reference to nothing was followed
 inline constexpr int kCannotCreate = 429;  ///< a component is missing
 inline constexpr int kDuplicateKey = 457;
-inline constexpr int kNotSorted = -2147221504;
 }  // namespace failure
 
 /// A failure on its way to the tail of the member that it ends (runtime/Tail.h).

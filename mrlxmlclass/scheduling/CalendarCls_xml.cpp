@@ -59,9 +59,7 @@ Ref<dom::Document> CalendarCls::FromXmlFile(const String& FileName, Boolean load
 
 Boolean CalendarCls::FromXml(const String& xmlIn) {
     return kTail.Run<Boolean>("FromXml", [&](Boolean& result) {
-        const Ref<dom::Document> document = DocumentOfText(xmlIn);
-        const dom::Node root = RootOf(document);
-        In(*this).FromXmlInt(root, FirstElementIn(root));
+        ReadRoot(DocumentOfText(xmlIn), [&](dom::Node root, dom::Node first) { In(*this).FromXmlInt(root, first); });
         result = True;
     });
 }

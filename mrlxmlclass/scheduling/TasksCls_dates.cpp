@@ -196,7 +196,7 @@ void TasksCls::TaskEDate(Date value) {
             } else if (value == start && !changed) {
                 TaskDuration(f_.TaskMilstones ? 0 : 1);
             } else if (!start.set()) {
-                start = value;
+                start = value;  // Kept: without its flag
                 if (f_.TaskDuration.value == 0) TaskDuration(1);
                 start = end;
             } else if (f_.TaskMilstones) {

@@ -1,3 +1,4 @@
+#include <algorithm>
 #include <cstdlib>
 
 #include "mrlxmlclass/scheduling/WorkingDays.h"
@@ -8,26 +9,16 @@ namespace {
 
 constexpr auto kTail = kTasksColTail;
 
-/// The non-working days among `from` and the `days` days behind it, up to `last` at the most.
-Integer NonWorkingAmong(Date from, std::int64_t days, Date last) {
-    Integer count;
-    for (std::int64_t i = 0; i <= days; ++i) {
-        const Date day = from + static_cast<double>(i);
-        if (day > last) break;
-        if (Gloabal::IsNonWorkingDay(Date(day))) ++count;
-    }
-    return count;
-}
-
 /// The gap in working days between a predecessor's end and a start: 0 on the next working day, -1 on the end itself.
 /// `lag` is the difference in calendar days.
 Integer WorkingGap(Date start, Date predecessor_end, Integer lag) {
     lag -= 1;
     if (start > predecessor_end) {
-        return lag - NonWorkingAmong(predecessor_end, lag, predecessor_end + static_cast<double>(lag.value()));
+        return lag - Gloabal::NonWorkingDaysFrom(predecessor_end, predecessor_end + static_cast<double>(lag.value()));
     }
     const std::int64_t size = std::abs(std::int64_t{lag});
-    const Integer gap = -(size - NonWorkingAmong(start, size, predecessor_end));
+    const Integer gap =
+        -(size - Gloabal::NonWorkingDaysFrom(start, std::min(start + static_cast<double>(size), predecessor_end)));
     return gap == 0 ? Integer(-1) : gap;  // an overlap stays an overlap
 }
 

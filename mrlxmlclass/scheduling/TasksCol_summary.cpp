@@ -24,13 +24,7 @@ void WidenOverChildren(TasksCol& tasks, const Ref<TasksCls>& summary, const Ref<
 
 /// The non-working days behind `from` up to `to`, in whichever direction that lies.
 Integer NonWorkingBehind(Date from, Date to) {
-    Integer count;
-    const double step = to > from ? 1 : -1;
-    for (Date day = from; day != to;) {
-        day += step;
-        if (Gloabal::IsNonWorkingDay(Date(day))) ++count;
-    }
-    return count;
+    return to > from ? Gloabal::NonWorkingDaysFrom(from + 1, to) : Gloabal::NonWorkingDaysFrom(to, from - 1);
 }
 
 void StoreWorkingDuration(const Ref<TasksCls>& summary) {

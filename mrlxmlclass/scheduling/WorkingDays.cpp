@@ -22,12 +22,16 @@ Boolean IsNonWorkingDay(ByRef<Date> date) {
 }
 
 Integer NumberOFNonWorkingDay(Date a, Date b) {
-    return kTail.Run<Integer>("NumberOFNonWorkingDay", [&](Integer& result) {
-        const Date last = std::max(a, b);
-        for (Date day = std::min(a, b); day <= last; day += 1) {
-            if (IsNonWorkingDay(Date(day))) ++result;
-        }
-    });
+    return kTail.Run<Integer>("NumberOFNonWorkingDay",
+                              [&](Integer& result) { result = NonWorkingDaysFrom(std::min(a, b), std::max(a, b)); });
+}
+
+Integer NonWorkingDaysFrom(Date first, Date last) {
+    Integer count;
+    for (Date day = first; day <= last; day += 1) {
+        if (IsNonWorkingDay(Date(day))) ++count;
+    }
+    return count;
 }
 
 Date SetNextWorkingDay(Date date, ByRef<Integer> p_step, ByRef<Integer> p_days) {

@@ -16,6 +16,10 @@ Boolean IsNonWorkingDay(ByRef<Date> date);
 /// The non-working days between two dates, both included, whichever is the later.
 Integer NumberOFNonWorkingDay(Date a, Date b);
 
+/// The non-working days from `first` to `last`, both included; none when `last` comes before. Failures are the
+/// caller's.
+Integer NonWorkingDaysFrom(Date first, Date last);
+
 /// The first working day from `date` on, `p_step` days at a time; 0 for no date. When more than `p_days` days were
 /// skipped (0: never mind), goes on from there by that many days and the non-working ones among them. A calendar
 /// without any working day fails (28) after 366,000 days and gives the date back.

@@ -93,8 +93,8 @@ public:
     void xFileName(const String& path) { xFileName_ = path; }
     /// Writes the project straight over `xFileName`, section by section, and with `p_persit` the wizard's state beside
     /// the program. True when all was written. After a failure the file ends with the last section that could be
-    /// written; the objects in memory are untouched. A name with "AutoSave001.prx" in it makes a hidden file of one
-    /// that is already there. Hosts that want the old file to survive a failure use session/SafeFile.h.
+    /// written; the objects in memory are untouched. A file whose name holds "AutoSave001.prx" ends hidden,
+    /// unless the host is silenced. Hosts that want the old file to survive a failure use session/SafeFile.h.
     Boolean SaveXml(Boolean p_persit = True);
     /// Discards the graph and reads `xFileName`. True tells only that the file is well-formed: what could not be read
     /// of it stands in the error file. `p_onlyTasks` stops behind the tasks; `p_for_lib` reads a reduced record without

@@ -27,7 +27,7 @@ ErrorsHandler::ErrorsHandler()
     : log_(Make<ErrorsCls>()), ErrFileName_(Platform().files.ProgramFolder() + "/SendToSupport.xml") {}
 
 ErrorsHandler::~ErrorsHandler() {
-    // Written even without an entry: every run leaves its file.
+    // Kept: written even without an entry, so that every run leaves its file.
     kTail.Silent().Run("Terminate", [&] { log_->ToXmlFile(ErrFileName_); });
 }
 

@@ -94,8 +94,9 @@ public:
     void TaskBDate(Date value);
     Boolean TaskBDateValid() const { return f_.TaskBDate.valid; }
     void TaskBDateValid(Boolean flag) { f_.TaskBDate.LetFlag(flag); }
-    /// Last day, included; 0 = not set. The setter refuses, silently, an end before the start and, without children,
-    /// where an end stands already, one more than 999 units after it; otherwise the duration follows.
+    /// Last day, included; 0 = not set. The setter refuses, silently, an end before the start (the end then follows
+    /// from the duration again) and, without children, where an end stands already, one more than 999 units after it;
+    /// otherwise the duration follows.
     Date TaskEDate() const { return f_.TaskEDate.value.day(); }
     void TaskEDate(Date value);
     Boolean TaskEDateValid() const { return f_.TaskEDate.valid; }

@@ -11,9 +11,10 @@ class peopleCls;
 /// All tasks of a project: those of the outline, and the candidates that were taken out of it but are still tied to a
 /// person, goal or obstacle. Every change to the structure of a plan goes through this one object.
 ///
-/// A task's key may be given as a number or as its decimal text. To `Item`, the questions and the removals an unknown
-/// key is an ordinary answer: nothing, False or "", without any report. What needs the task to do its work records its
-/// absence (91) and gives the empty result. Refusals are a False result and nothing else.
+/// A task's key may be given as a number or as its decimal text. To `Item`, `isParent`, `Summary`, `GetTasksAsKeys` and
+/// to what removes or files a single task an unknown key is an ordinary answer: nothing or False, without any report.
+/// The others need the task: its absence is recorded (91) and gives the empty result. Refusals are a False result and
+/// nothing else.
 ///
 /// Contents (each group in the file that is named)
 ///   Storage                  tasks/TasksCol.cpp

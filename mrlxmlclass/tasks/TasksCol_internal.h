@@ -72,8 +72,8 @@ inline bool Loud() {
 /// The tail of every member of `TasksCol`: an unknown key is an ordinary answer, and silent.
 inline constexpr FailureTail kTasksColTail{"TasksCol", FailureTail::Gives::Empty, failure::kUnknownKey};
 
-/// Bounds a climb or a descent along the outline: damaged parents or children may form a ring. It may take a step a task,
-/// and one to a task that is not there; more fail (28).
+/// Bounds a climb or a descent along the outline: damaged parents or children may form a ring. It may take a step a
+/// task, and one to a task that is not there; more fail (28).
 class OutlineWalk {
 public:
     explicit OutlineWalk(const TasksCol& tasks) : left_(tasks.Count(True) + 1) {}

@@ -71,29 +71,19 @@ struct LastOfSubtree {
         if (walk.over()) co_return;
         walk.Step();
         const Ref<TasksCls> task = tasks.Item(key.text());
-        if (!In(task).HasChildren()) {
-            result = OfLeaf(*task);
-            co_return;
-        }
-        const auto children = In(tasks).ChildrenInOrder(task);
-        if (!children) Raise(failure::kNothing);
-        for (const Long child_key : *children) {
-            const Ref<TasksCls> child = In(tasks).Find(child_key);
-            if (child && !walk.over() && !In(child).HasChildren()) {
-                walk.Step();
-                result = OfLeaf(*child);
-            } else {
-                auto below = Of(KeyText(child_key));
+        if (In(task).HasChildren()) {
+            const auto children = In(tasks).ChildrenInOrder(task);
+            if (!children) Raise(failure::kNothing);
+            for (const Long child : *children) {
+                auto below = Of(KeyText(child));
                 result = co_await std::move(below);
             }
+        } else if (keys) {
+            result = task->TaskKey();
+        } else {
+            if (task->TaskPosition() > highest) highest = task->TaskPosition();
+            result = highest;
         }
-    }
-
-private:
-    Integer OfLeaf(const TasksCls& leaf) const {
-        if (keys) return leaf.TaskKey();
-        if (leaf.TaskPosition() > highest) highest = leaf.TaskPosition();
-        return highest;
     }
 };
 

@@ -4,6 +4,8 @@ namespace mrlxmlclass {
 namespace {
 
 constexpr auto kTail = kTasksColTail;
+/// What was found damaged before a failure stays found.
+constexpr FailureTail kFindingTail{"TasksCol", FailureTail::Gives::SoFar, failure::kUnknownKey};
 
 /// Children that stand above their parents are arranged one by one, each at the cost of a walk over the plan. Only a
 /// damaged file has them; one that is damaged throughout, a ring of parents above all, must not take minutes. Rows are
@@ -61,7 +63,7 @@ private:
 }  // namespace
 
 Boolean TasksCol::AddTaskParentForAll() {
-    return kTail.Run<Boolean>("AddTaskParentForAll", [&](Boolean& needs_repair) {
+    return kFindingTail.Run<Boolean>("AddTaskParentForAll", [&](Boolean& needs_repair) {
         FreeRows rows(tasks_.size());
         Arranging arranging(*this);
         candidates_ = 0;  // so that a second call counts right

@@ -3,6 +3,7 @@
 #include "mrlxmlclass/runtime/Text.h"
 #include "mrlxmlclass/tasks/Sorting.h"
 #include "mrlxmlclass/tasks/TasksCol_internal.h"
+#include "mrlxmlclass/xml/Conversions.h"
 
 namespace mrlxmlclass {
 namespace {
@@ -11,9 +12,11 @@ constexpr auto kTail = kTasksColTail;
 
 /// Left out, the argument counts as False.
 bool ByPosition(const Variant& byPos) {
+    if (byPos.is_missing() || byPos.is_empty()) return false;
     if (const Boolean* flag = byPos.If<Boolean>()) return bool(*flag);
     if (const Long* number = byPos.If<Long>()) return *number != 0;
-    return false;
+    if (const double* number = byPos.If<double>()) return *number != 0;
+    return bool(Conversions::StringToBoolean(byPos.As<String>()));
 }
 
 TasksCol::Store Sorted(const TasksCol::Store& tasks, bool by_position) {
@@ -87,8 +90,11 @@ std::optional<std::vector<Long>> TasksCol::Internal::ChildrenInOrder(const Ref<T
             unsorted.reserve(entries.size());
             for (const auto& entry : entries) unsorted.push_back(entry.key.Key().Number());
         }
-        const auto order = HeapOrder(
-            unsorted.size(), [&](std::size_t place) { return std::int64_t{Find(unsorted[place])->TaskPosition()}; });
+        const auto order = HeapOrder(unsorted.size(), [&](std::size_t place) {
+            // A task without a key is never found.
+            const Ref<TasksCls> child = unsorted[place] != 0 ? Find(unsorted[place]) : Ref<TasksCls>();
+            return std::int64_t{child->TaskPosition()};
+        });
         std::vector<Long> sorted;
         sorted.reserve(order.size());
         for (const std::size_t place : order) sorted.push_back(unsorted[place]);

@@ -62,7 +62,7 @@ Boolean SaveObject(const Ref<Steps>& object, ByRef<String> file_name) {
         if (!document->Load(path)) document = NewSideFile(kMember, path);
         Drop(*file_name, kDropped);
         Drop(*file_name, kDroppedAtSaveOnly);
-        // Kept: a file without a declaration is left as it is; the root is looked for behind one.
+        // Kept: a file in which the root stands alone, without a declaration, is left as it is.
         if (document->node().childCount() < 2) return;
 
         const dom::Node root = document->documentElement();

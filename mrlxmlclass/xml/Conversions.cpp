@@ -40,6 +40,7 @@ Boolean StringToBoolean(std::string_view text) {
 }
 
 String BooleanToString(Boolean value) {
+    // Kept: any other True than the full one is written as "false".
     return value.full() ? "true" : "false";
 }
 
@@ -92,7 +93,7 @@ dom::Node MoveNextSiblingElement(dom::Node node) {
 dom::Node CreateParentNode(const Ref<dom::Document>& xmlDoc, std::string_view name) {
     const dom::Node root = xmlDoc->documentElement();
     if (!root || name == "Project") return root;
-    return xmlDoc->AppendElement(root, name);
+    return xmlDoc->AppendElement(root, name);  // Kept: a second one when there is one already
 }
 
 String CreateSucessorString(const Ref<Collection>& col) {

@@ -25,10 +25,7 @@ ProjectsCls::ProjectsCls() {
 
 Long ProjectsCls::ProjectOwnerIdentifier() const {
     return kTail.Run<Long>("ProjectOwnerIdentifier", [&](Long& result) {
-        if (!f_.ProjectOwnerIdentifier.valid) {
-            Raise(failure::kDeliberate,
-                  "The Property ProjectOwnerIdentifier is not valid set m_ProjectOwnerIdentifierValid = true");
-        }
+        if (!f_.ProjectOwnerIdentifier.valid) RaiseNotValid("ProjectOwnerIdentifier");
         result = f_.ProjectOwnerIdentifier.value;
     });
 }
@@ -49,16 +46,13 @@ Ref<dom::Document> ProjectsCls::ToXmlFile(const String& FileName, const Ref<dom:
     // Kept: this one member signs as "Projectcls".
     return kTail.As("Projectcls").Run<Ref<dom::Document>>("ToXmlFile", [&](Ref<dom::Document>& result) {
         result = WriteSection({"Project", f_.elementName, Declaration::Plain},
-                              {FileName, xmlDoc, includeDocHeader, unicode, FileExist, Save},
-                              [&](const Ref<dom::Document>& document, dom::Node root) { ToXmlInt(document, root); });
+                              {FileName, xmlDoc, includeDocHeader, unicode, FileExist, Save}, BodyOf(*this));
     });
 }
 
 String ProjectsCls::ToXml(Boolean includeDocHeader, Boolean /*useNamespace*/, Boolean unicode) {
     return kTail.Run<String>("ToXml", [&](String& result) {
-        result = NewDocument(f_.elementName, includeDocHeader, unicode,
-                             [&](const Ref<dom::Document>& document, dom::Node root) { ToXmlInt(document, root); })
-                     ->xml();
+        result = NewDocument(f_.elementName, includeDocHeader, unicode, BodyOf(*this))->xml();
     });
 }
 
@@ -83,17 +77,14 @@ void ProjectsCls::ToXmlInt(const Ref<dom::Document>& xmlDoc, dom::Node xmlElm) {
 Ref<dom::Document> ProjectsCls::FromXmlFile(const String& FileName, Boolean loaded, ByRef<Ref<dom::Document>> xmlDoc) {
     return kTail.Run<Ref<dom::Document>>("FromXmlFile", [&](Ref<dom::Document>& result) {
         const Ref<dom::Document> document = DocumentToRead(FileName, loaded, xmlDoc);
-        const dom::Node root = RootOf(document);
-        FromXmlInt(root, FirstElementIn(root));
+        ReadRoot(document, [&](dom::Node root, dom::Node first) { FromXmlInt(root, first); });
         result = document;
     });
 }
 
 Boolean ProjectsCls::FromXml(const String& xmlIn) {
     return kTail.Run<Boolean>("FromXml", [&](Boolean& result) {
-        const Ref<dom::Document> document = DocumentOfText(xmlIn);
-        const dom::Node root = RootOf(document);
-        FromXmlInt(root, FirstElementIn(root));
+        ReadRoot(DocumentOfText(xmlIn), [&](dom::Node root, dom::Node first) { FromXmlInt(root, first); });
         result = True;
     });
 }
@@ -106,6 +97,7 @@ dom::Node ProjectsCls::FromXmlInt(dom::Node xmlParent, dom::Node xmlChild) {
         in.Read("ProjectID", f_.ProjectID);
         in.Read("ProjectName", f_.ProjectName);
         in.Skip("ProjectCreationDate");  // Kept: stepped over, so the date is 0 after every load.
+        // Kept: the two lines are read as they stand; day and month of another format are not put in order.
         in.Read("ProjectStartLine", f_.ProjectStartLine);
         in.Read("ProjectDeadLine", f_.ProjectDeadLine);
         if (in.Read("ProjectDescription", f_.ProjectDescription)) WithCarriageReturns(f_.ProjectDescription.value);

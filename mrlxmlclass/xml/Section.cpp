@@ -37,6 +37,7 @@ Ref<dom::Document> WriteSection(const SectionShape& shape, const SectionOrder& o
     const dom::Node section = Conversions::CreateParentNode(document, shape.name);
     if (!section) return {};
     write_body(document, section);
+    // Kept: any other True than the full one does not save.
     if (order.save.full()) SaveByRule(document, order.file_name);
     return document;
 }

@@ -2,6 +2,7 @@
 
 #include <functional>
 #include <string_view>
+#include <utility>
 
 #include "mrlxmlclass/runtime/ByRef.h"
 #include "mrlxmlclass/xml/Conversions.h"
@@ -47,8 +48,8 @@ Ref<dom::Document> WriteSection(const SectionShape& shape, const SectionOrder& o
 /// Whether a file is an autosave: "AutoSave001.prx" stands somewhere in its path, and the host is not silenced.
 bool IsAutosave(std::string_view file_name);
 
-/// Saves over the file. An autosave loses its attributes first and becomes hidden and system afterwards, if it was there
-/// before.
+/// Saves over the file. An autosave loses its attributes first and becomes hidden and system afterwards, if it was
+/// there before.
 void SaveByRule(const Ref<dom::Document>& document, const String& file_name);
 
 /// A document of its own for one object: its root, named `root_name`, holds the body.
@@ -64,6 +65,12 @@ Ref<dom::Document> DocumentOfText(std::string_view text);
 dom::Node RootOf(const Ref<dom::Document>& document);
 /// The first element under a node.
 dom::Node FirstElementIn(dom::Node node);
+/// Calls `read(root, first)` with the root of a document and the first element under it; fails as RootOf does.
+template <class Read>
+void ReadRoot(const Ref<dom::Document>& document, Read&& read) {
+    const dom::Node root = RootOf(document);
+    std::forward<Read>(read)(root, FirstElementIn(root));
+}
 
 /// Walks the elements of a collection from `child` on while they bear `item_name`, yielding to the host at each; gives
 /// the node at which it stopped. `read(item)` reads one and files it.

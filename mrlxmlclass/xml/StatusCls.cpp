@@ -27,8 +27,7 @@ Ref<StatusCls> StatusCls::Clone() {
 }
 
 Ref<dom::Document> StatusCls::Written(Boolean includeDocHeader, Boolean unicode) {
-    return NewDocument(f_.elementName, includeDocHeader, unicode,
-                       [&](const Ref<dom::Document>& document, dom::Node root) { ToXmlInt(document, root); });
+    return NewDocument(f_.elementName, includeDocHeader, unicode, BodyOf(*this));
 }
 
 void StatusCls::ToXmlFile(const String& FileName, Boolean includeDocHeader, Boolean /*useNamespace*/, Boolean unicode) {
@@ -54,18 +53,14 @@ void StatusCls::ToXmlInt(const Ref<dom::Document>& xmlDoc, dom::Node xmlElm) {
 
 Boolean StatusCls::FromXmlFile(const String& FileName) {
     return kTail.Run<Boolean>("FromXmlFile", [&](Boolean& result) {
-        const Ref<dom::Document> document = DocumentOfFile(FileName);
-        const dom::Node root = RootOf(document);
-        FromXmlInt(root, FirstElementIn(root));
+        ReadRoot(DocumentOfFile(FileName), [&](dom::Node root, dom::Node first) { FromXmlInt(root, first); });
         result = True;
     });
 }
 
 Boolean StatusCls::FromXml(const String& xmlIn) {
     return kTail.Run<Boolean>("FromXml", [&](Boolean& result) {
-        const Ref<dom::Document> document = DocumentOfText(xmlIn);
-        const dom::Node root = RootOf(document);
-        FromXmlInt(root, FirstElementIn(root));
+        ReadRoot(DocumentOfText(xmlIn), [&](dom::Node root, dom::Node first) { FromXmlInt(root, first); });
         result = True;
     });
 }

@@ -26,8 +26,7 @@ Ref<SynchronisationCls> SynchronisationCls::Clone() {
 }
 
 Ref<dom::Document> SynchronisationCls::Written(Boolean includeDocHeader, Boolean unicode) {
-    return NewDocument(f_.elementName, includeDocHeader, unicode,
-                       [&](const Ref<dom::Document>& document, dom::Node root) { ToXmlInt(document, root); });
+    return NewDocument(f_.elementName, includeDocHeader, unicode, BodyOf(*this));
 }
 
 void SynchronisationCls::ToXmlFile(const String& FileName, Boolean includeDocHeader, Boolean /*useNamespace*/,
@@ -53,18 +52,14 @@ void SynchronisationCls::ToXmlInt(const Ref<dom::Document>& xmlDoc, dom::Node xm
 
 Boolean SynchronisationCls::FromXmlFile(const String& FileName) {
     return kTail.Run<Boolean>("FromXmlFile", [&](Boolean& result) {
-        const Ref<dom::Document> document = DocumentOfFile(FileName);
-        const dom::Node root = RootOf(document);
-        FromXmlInt(root, FirstElementIn(root));
+        ReadRoot(DocumentOfFile(FileName), [&](dom::Node root, dom::Node first) { FromXmlInt(root, first); });
         result = True;
     });
 }
 
 Boolean SynchronisationCls::FromXml(const String& xmlIn) {
     return kTail.Run<Boolean>("FromXml", [&](Boolean& result) {
-        const Ref<dom::Document> document = DocumentOfText(xmlIn);
-        const dom::Node root = RootOf(document);
-        FromXmlInt(root, FirstElementIn(root));
+        ReadRoot(DocumentOfText(xmlIn), [&](dom::Node root, dom::Node first) { FromXmlInt(root, first); });
         result = True;
     });
 }

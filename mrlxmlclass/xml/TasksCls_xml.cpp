@@ -109,18 +109,17 @@ void TasksCls::ToXmlInt(const Ref<dom::Document>& xmlDoc, dom::Node xmlElm) {
 
 Boolean TasksCls::FromXmlFile(const String& FileName, const Ref<StaticCls>& oPublicStaticCls) {
     return kTail.Run<Boolean>("FromXmlFile", [&](Boolean& result) {
-        const Ref<dom::Document> document = DocumentOfFile(FileName);
-        const dom::Node root = RootOf(document);
-        In(*this).FromXmlInt(root, FirstElementIn(root), oPublicStaticCls);
+        ReadRoot(DocumentOfFile(FileName),
+                 [&](dom::Node root, dom::Node first) { In(*this).FromXmlInt(root, first, oPublicStaticCls); });
         result = True;
     });
 }
 
 Boolean TasksCls::FromXml(const String& xmlIn, const Ref<StaticCls>& oPublicStaticCls, Boolean p_for_lib) {
     return kTail.Run<Boolean>("FromXml", [&](Boolean& result) {
-        const Ref<dom::Document> document = DocumentOfText(xmlIn);
-        const dom::Node root = RootOf(document);
-        In(*this).FromXmlInt(root, FirstElementIn(root), oPublicStaticCls, p_for_lib);
+        ReadRoot(DocumentOfText(xmlIn), [&](dom::Node root, dom::Node first) {
+            In(*this).FromXmlInt(root, first, oPublicStaticCls, p_for_lib);
+        });
         result = True;
     });
 }

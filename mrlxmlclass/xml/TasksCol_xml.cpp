@@ -30,6 +30,7 @@ Ref<dom::Document> TasksCol::ToXmlFile(const String& FileName, const Ref<dom::Do
 }
 
 String TasksCol::ToXml(Boolean includeDocHeader, Boolean /*useNamespace*/, Boolean unicode) {
+    // Kept: this one and FromXml sign as a task does, FromXmlFile as the goals do.
     return kTail.As("TasksCls").Run<String>("ToXml", [&](String& result) {
         result = NewDocument(element_name_, includeDocHeader, unicode, BodyOf(*this))->xml();
     });

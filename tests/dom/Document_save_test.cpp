@@ -2,7 +2,7 @@
 
 #include "mrlxmlclass/dom/Document.h"
 #include "tests/dom/MemoryFiles.h"
-#include "tests/support/FailureNumber.h"
+#include "tests/support/NumberOf.h"
 #include "tests/support/TestPlatform.h"
 
 namespace mrlxmlclass::dom {
@@ -68,7 +68,7 @@ TEST(Save, FailsForAnEncodingThatIsNotKnown) {
     Document doc;
     ASSERT_TRUE(doc.LoadXML("<?xml version=\"1.0\" encoding=\"koi8-r\" ?><a/>"));
     disk.Put("/p.prx", "old");
-    EXPECT_EQ(FailureNumber([&] { doc.Save("/p.prx"); }), failure::kUnknownKey);
+    EXPECT_EQ(NumberOf([&] { doc.Save("/p.prx"); }), failure::kUnknownKey);
     EXPECT_EQ(disk.At("/p.prx"), "old");
 }
 
@@ -76,19 +76,19 @@ TEST(Save, PassesOnWhatTheSystemRefuses) {
     MemoryDisk disk;
     Document doc;
     doc.AppendRoot("a");
-    EXPECT_EQ(FailureNumber([&] { doc.Save(""); }), failure::kPathAccess);
+    EXPECT_EQ(NumberOf([&] { doc.Save(""); }), failure::kPathAccess);
     disk.PutFolder("/folder");
-    EXPECT_EQ(FailureNumber([&] { doc.Save("/folder"); }), failure::kPathAccess);
+    EXPECT_EQ(NumberOf([&] { doc.Save("/folder"); }), failure::kPathAccess);
     disk.Put("/p.prx", "old");
     disk.SetMode("/p.prx", 0444);
-    EXPECT_EQ(FailureNumber([&] { doc.Save("/p.prx"); }), failure::kPermissionDenied);
+    EXPECT_EQ(NumberOf([&] { doc.Save("/p.prx"); }), failure::kPermissionDenied);
     EXPECT_EQ(disk.At("/p.prx"), "old");
     disk.SetMode("/p.prx", 0644);
     disk.refused_closing = failure::kDeviceFailure;
-    EXPECT_EQ(FailureNumber([&] { doc.Save("/p.prx"); }), failure::kDeviceFailure);
+    EXPECT_EQ(NumberOf([&] { doc.Save("/p.prx"); }), failure::kDeviceFailure);
     disk.refused_closing.reset();
     disk.room = 2;
-    EXPECT_EQ(FailureNumber([&] { doc.Save("/p.prx"); }), failure::kDeviceFailure);
+    EXPECT_EQ(NumberOf([&] { doc.Save("/p.prx"); }), failure::kDeviceFailure);
     disk.room.reset();
     doc.Save("/p.prx");
     EXPECT_EQ(disk.At("/p.prx"), "<a/>");
@@ -258,7 +258,7 @@ TEST(GrowingSave, FailsAtAFileThatBecameReadOnly) {
     const String before = it.disk.At("/p.prx");
     it.disk.SetMode("/p.prx", 0444);
     it.Add(1);
-    EXPECT_EQ(FailureNumber([&] { it.doc.Save("/p.prx"); }), failure::kPermissionDenied);
+    EXPECT_EQ(NumberOf([&] { it.doc.Save("/p.prx"); }), failure::kPermissionDenied);
     EXPECT_EQ(it.disk.At("/p.prx"), before);
     it.disk.SetMode("/p.prx", 0644);
     it.doc.Save("/p.prx");
@@ -273,7 +273,7 @@ TEST(GrowingSave, LeavesTheFileOfTheLastSaveWhenTheDiskIsFull) {
         const String before = it.disk.At("/p.prx");
         it.Add(1);
         it.disk.room = room;
-        EXPECT_EQ(FailureNumber([&] { it.doc.Save("/p.prx"); }), failure::kDeviceFailure);
+        EXPECT_EQ(NumberOf([&] { it.doc.Save("/p.prx"); }), failure::kDeviceFailure);
         EXPECT_EQ(it.disk.At("/p.prx"), before);
         it.disk.room.reset();
         it.doc.Save("/p.prx");
@@ -287,7 +287,7 @@ TEST(GrowingSave, WritesWholeAfterACloseThatFailed) {
     it.doc.Save("/p.prx");
     it.Add(1);
     it.disk.refused_closing = failure::kDeviceFailure;
-    EXPECT_EQ(FailureNumber([&] { it.doc.Save("/p.prx"); }), failure::kDeviceFailure);
+    EXPECT_EQ(NumberOf([&] { it.doc.Save("/p.prx"); }), failure::kDeviceFailure);
     it.disk.refused_closing.reset();
     it.doc.Save("/p.prx");
     EXPECT_EQ(it.disk.At("/p.prx"), it.Plain());
@@ -339,7 +339,7 @@ TEST(GrowingSave, LeavesTheSameBytesOnARealDisk) {
     doc.Save(path);
     EXPECT_EQ(platform.Read("p.prx"), doc.xml());
     platform.files.SetMode(path, 0444);
-    EXPECT_EQ(FailureNumber([&] { doc.Save(path); }), failure::kPermissionDenied);
+    EXPECT_EQ(NumberOf([&] { doc.Save(path); }), failure::kPermissionDenied);
     EXPECT_EQ(platform.Read("p.prx"), doc.xml());
 }
 
@@ -355,7 +355,7 @@ TEST(GrowingSave, LeavesAWholeFileWhicheverCallFails) {
         doc.AppendText(doc.documentElement(), "Section", "y");
         platform.faults.FailAt(nth, failure::kDeviceFailure);
         platform.faults.WriteShort();
-        const int number = FailureNumber([&] { doc.Save(path); });
+        const int number = NumberOf([&] { doc.Save(path); });
         if (number == 0) {
             EXPECT_GT(nth, 4);  // facts, open, write, facts of what is open, close
             break;

@@ -4,7 +4,7 @@
 
 #include "tests/dom/MemoryFiles.h"
 #include "tests/dom/SmallStack.h"
-#include "tests/support/FailureNumber.h"
+#include "tests/support/NumberOf.h"
 
 namespace mrlxmlclass::dom {
 namespace {
@@ -137,7 +137,7 @@ TEST(AppendElement, RefusesANameThatXmlDoesNotAllow) {
     Document doc;
     const Node root = doc.AppendRoot("Root");
     for (const char* name : {"", "1a", "a b", "a/b", "a<", "a&", "\xFF"}) {
-        EXPECT_EQ(FailureNumber([&] { doc.AppendElement(root, name); }), failure::kUnknownKey) << name;
+        EXPECT_EQ(NumberOf([&] { doc.AppendElement(root, name); }), failure::kUnknownKey) << name;
     }
     EXPECT_EQ(doc.xml(), "<Root/>");
 }
@@ -147,17 +147,17 @@ TEST(AppendElement, FailsWhereNothingCanBeAppended) {
     Document other;
     const Node root = doc.AppendRoot("Root");
     const Node text = doc.AppendText(root, "Name", "x").firstChild();
-    EXPECT_EQ(FailureNumber([&] { doc.AppendElement({}, "a"); }), failure::kNothing);
-    EXPECT_EQ(FailureNumber([&] { doc.AppendElement(text, "a"); }), failure::kUnknownKey);
-    EXPECT_EQ(FailureNumber([&] { other.AppendElement(root, "a"); }), failure::kUnknownKey);
-    EXPECT_EQ(FailureNumber([&] { doc.SetText(text, "a"); }), failure::kUnknownKey);
-    EXPECT_EQ(FailureNumber([&] { doc.SetAttribute({}, "a", "b"); }), failure::kNothing);
+    EXPECT_EQ(NumberOf([&] { doc.AppendElement({}, "a"); }), failure::kNothing);
+    EXPECT_EQ(NumberOf([&] { doc.AppendElement(text, "a"); }), failure::kUnknownKey);
+    EXPECT_EQ(NumberOf([&] { other.AppendElement(root, "a"); }), failure::kUnknownKey);
+    EXPECT_EQ(NumberOf([&] { doc.SetText(text, "a"); }), failure::kUnknownKey);
+    EXPECT_EQ(NumberOf([&] { doc.SetAttribute({}, "a", "b"); }), failure::kNothing);
 }
 
 TEST(AppendRoot, IsRefusedASecondTime) {
     Document doc;
     doc.AppendRoot("Root");
-    EXPECT_EQ(FailureNumber([&] { doc.AppendRoot("Root"); }), failure::kUnknownKey);
+    EXPECT_EQ(NumberOf([&] { doc.AppendRoot("Root"); }), failure::kUnknownKey);
     EXPECT_EQ(doc.xml(), "<Root/>");
 }
 
@@ -211,7 +211,7 @@ TEST(SetAttribute, AddsOrChanges) {
     doc.SetAttribute(root, "scheduler", "true");
     doc.SetAttribute(root, "note", "a\r\n<\"&\x02");
     EXPECT_EQ(doc.xml(), "<Tasks scheduler=\"true\" note=\"a&#10;&lt;&quot;&amp;\"/>");
-    EXPECT_EQ(FailureNumber([&] { doc.SetAttribute(root, "a b", ""); }), failure::kUnknownKey);
+    EXPECT_EQ(NumberOf([&] { doc.SetAttribute(root, "a b", ""); }), failure::kUnknownKey);
 }
 
 TEST(AppendProcessingInstruction, PutsTheDeclarationFirst) {
@@ -222,15 +222,15 @@ TEST(AppendProcessingInstruction, PutsTheDeclarationFirst) {
     EXPECT_EQ(doc.xml(), "<?xml version='1.0'?><Persisting/><?p q?>");
     EXPECT_EQ(doc.node().childNodes(0).nodeType(), 7);
     EXPECT_EQ(doc.node().childNodes(1).baseName(), "Persisting");
-    EXPECT_EQ(FailureNumber([&] { doc.AppendProcessingInstruction("xml", "version='1.0'"); }), failure::kUnknownKey);
+    EXPECT_EQ(NumberOf([&] { doc.AppendProcessingInstruction("xml", "version='1.0'"); }), failure::kUnknownKey);
 }
 
 TEST(AppendProcessingInstruction, RefusesWhatWouldSpoilTheDocument) {
     Document doc;
-    EXPECT_EQ(FailureNumber([&] { doc.AppendProcessingInstruction("xml", "encoding='utf-8'"); }), failure::kUnknownKey);
-    EXPECT_EQ(FailureNumber([&] { doc.AppendProcessingInstruction("p", "x?><?y z"); }), failure::kUnknownKey);
-    EXPECT_EQ(FailureNumber([&] { doc.AppendProcessingInstruction("p q", ""); }), failure::kUnknownKey);
-    EXPECT_EQ(FailureNumber([&] { doc.AppendProcessingInstruction("", ""); }), failure::kUnknownKey);
+    EXPECT_EQ(NumberOf([&] { doc.AppendProcessingInstruction("xml", "encoding='utf-8'"); }), failure::kUnknownKey);
+    EXPECT_EQ(NumberOf([&] { doc.AppendProcessingInstruction("p", "x?><?y z"); }), failure::kUnknownKey);
+    EXPECT_EQ(NumberOf([&] { doc.AppendProcessingInstruction("p q", ""); }), failure::kUnknownKey);
+    EXPECT_EQ(NumberOf([&] { doc.AppendProcessingInstruction("", ""); }), failure::kUnknownKey);
     EXPECT_EQ(doc.xml(), "");
 }
 
@@ -242,9 +242,9 @@ TEST(AppendCopy, TakesANodeOfAnotherDocument) {
     doc.AppendCopy(root, source.documentElement().firstChild());
     EXPECT_EQ(doc.xml(), "<a b=\"1\"><c>x</c><c>x</c></a>");
     EXPECT_EQ(source.xml(), "<a b=\"1\"><c>x</c></a>");
-    EXPECT_EQ(FailureNumber([&] { doc.AppendCopy(doc.node(), source.documentElement()); }), failure::kUnknownKey);
-    EXPECT_EQ(FailureNumber([&] { doc.AppendCopy(root, source.node()); }), failure::kUnknownKey);
-    EXPECT_EQ(FailureNumber([&] { doc.AppendCopy(root, {}); }), failure::kNothing);
+    EXPECT_EQ(NumberOf([&] { doc.AppendCopy(doc.node(), source.documentElement()); }), failure::kUnknownKey);
+    EXPECT_EQ(NumberOf([&] { doc.AppendCopy(root, source.node()); }), failure::kUnknownKey);
+    EXPECT_EQ(NumberOf([&] { doc.AppendCopy(root, {}); }), failure::kNothing);
 }
 
 TEST(AppendCopy, OfItsOwnParentEnds) {
@@ -263,7 +263,7 @@ TEST(ReplaceWithCopy, StandsInThePlaceOfTheOld) {
     const Node fresh = doc.ReplaceWithCopy(root, source.documentElement(), root.childNodes(1));
     EXPECT_EQ(fresh.Text(), "new");
     EXPECT_EQ(doc.xml(), "<a><b>1</b><n>new</n><d/></a>");
-    EXPECT_EQ(FailureNumber([&] { doc.ReplaceWithCopy(fresh, source.documentElement(), root.firstChild()); }),
+    EXPECT_EQ(NumberOf([&] { doc.ReplaceWithCopy(fresh, source.documentElement(), root.firstChild()); }),
               failure::kUnknownKey);
     doc.ReplaceWithCopy(doc.node(), source.documentElement(), root);
     EXPECT_EQ(doc.xml(), "<n>new</n>");

@@ -2,7 +2,7 @@
 
 #include <gtest/gtest.h>
 
-#include "tests/support/FailureNumber.h"
+#include "tests/support/NumberOf.h"
 
 namespace mrlxmlclass::dom {
 namespace {
@@ -71,7 +71,7 @@ TEST(Encode, WritesAReferenceForWhatEightBitsLack) {
 }
 
 TEST(Encode, FailsForAnUnknownEncoding) {
-    EXPECT_EQ(FailureNumber([] { Encode("<a/>", Encoding::Unknown); }), failure::kUnknownKey);
+    EXPECT_EQ(NumberOf([] { Encode("<a/>", Encoding::Unknown); }), failure::kUnknownKey);
 }
 
 }  // namespace

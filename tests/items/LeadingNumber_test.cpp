@@ -1,6 +1,6 @@
 #include "mrlxmlclass/items/LeadingNumber.h"
 
-#include "tests/support/FailureNumber.h"
+#include "tests/support/NumberOf.h"
 #include "tests/support/Printing.h"
 
 namespace mrlxmlclass::testing {
@@ -20,7 +20,7 @@ TEST(LeadingNumber, IsWhatTheLeadingDigitsSay) {
 }
 
 TEST(LeadingNumber, BeyondALongFails) {
-    EXPECT_EQ(FailureNumber([] { (void)LeadingNumber("2147483648x"); }), 6);
+    EXPECT_EQ(NumberOf([] { (void)LeadingNumber("2147483648x"); }), 6);
 }
 
 }  // namespace

@@ -51,7 +51,8 @@ TEST(Attributes, StandAsTheTextThatFileServersUse) {
     TestPlatform plat;
     plat.Write("a", "text");
     plat.files.SetAttributes(plat.Path("a"), 6);
-    if (Stored(plat.Path("a")) == "none") GTEST_SKIP() << "no extended attributes in the temporary folder";
+    EXPECT_EQ(plat.files.Attributes(plat.Path("a")), 6);
+    if (Stored(plat.Path("a")) == "none") return;  // a folder without extended attributes: kept in memory instead
     EXPECT_EQ(Stored(plat.Path("a")), "0x6");
     plat.files.SetAttributes(plat.Path("a"), 0);
     EXPECT_EQ(Stored(plat.Path("a")), "none");

@@ -2,7 +2,7 @@
 
 #include <gtest/gtest.h>
 
-#include "tests/support/FailureNumber.h"
+#include "tests/support/NumberOf.h"
 
 namespace mrlxmlclass {
 namespace {
@@ -17,8 +17,8 @@ String Drawn(const Collection& collection) {
 TEST(Collection, IsEmptyAtFirst) {
     const Collection collection;
     EXPECT_EQ(collection.Count(), 0);
-    EXPECT_EQ(FailureNumber([&] { collection.Item(1); }), failure::kIndexOutOfRange);
-    EXPECT_EQ(FailureNumber([&] { collection.Item("a"); }), failure::kUnknownKey);
+    EXPECT_EQ(NumberOf([&] { collection.Item(1); }), failure::kIndexOutOfRange);
+    EXPECT_EQ(NumberOf([&] { collection.Item("a"); }), failure::kUnknownKey);
 }
 
 TEST(Collection, TakesANumberAsAPlaceAndATextAsAKey) {
@@ -35,17 +35,17 @@ TEST(Collection, RoundsAFractionalPlaceHalfToEven) {
     for (const char* item : {"a", "b", "c"}) collection.Add(item);
     EXPECT_EQ(collection.Item(1.5), Variant("b"));
     EXPECT_EQ(collection.Item(2.5), Variant("b"));
-    EXPECT_EQ(FailureNumber([&] { collection.Item(0.5); }), failure::kIndexOutOfRange);
-    EXPECT_EQ(FailureNumber([&] { collection.Item(1e300); }), failure::kOverflow);
+    EXPECT_EQ(NumberOf([&] { collection.Item(0.5); }), failure::kIndexOutOfRange);
+    EXPECT_EQ(NumberOf([&] { collection.Item(1e300); }), failure::kOverflow);
 }
 
 TEST(Collection, FailsOutsideItsPlaces) {
     Collection collection;
     collection.Add("a");
     for (const int place : {0, -1, 2, INT32_MAX, INT32_MIN}) {
-        EXPECT_EQ(FailureNumber([&] { collection.Item(place); }), failure::kIndexOutOfRange) << place;
-        EXPECT_EQ(FailureNumber([&] { collection.Remove(place); }), failure::kIndexOutOfRange) << place;
-        EXPECT_EQ(FailureNumber([&] { collection.Add("b", "b", place); }), failure::kIndexOutOfRange) << place;
+        EXPECT_EQ(NumberOf([&] { collection.Item(place); }), failure::kIndexOutOfRange) << place;
+        EXPECT_EQ(NumberOf([&] { collection.Remove(place); }), failure::kIndexOutOfRange) << place;
+        EXPECT_EQ(NumberOf([&] { collection.Add("b", "b", place); }), failure::kIndexOutOfRange) << place;
     }
     EXPECT_EQ(collection.Count(), 1);
     EXPECT_FALSE(collection.Has("b"));
@@ -55,14 +55,14 @@ TEST(Collection, FailsOnAPlaceOfAnotherKind) {
     Collection collection;
     collection.Add("a");
     for (const Variant& index : {Variant(), Variant(True), Variant(Date(1)), Variant(Variant::Missing{})}) {
-        EXPECT_EQ(FailureNumber([&] { collection.Item(index); }), failure::kTypeMismatch);
+        EXPECT_EQ(NumberOf([&] { collection.Item(index); }), failure::kTypeMismatch);
     }
 }
 
 TEST(Collection, FailsOnAKeyThatIsTaken) {
     Collection collection;
     collection.Add("a", "1");
-    EXPECT_EQ(FailureNumber([&] { collection.Add("b", "1"); }), failure::kDuplicateKey);
+    EXPECT_EQ(NumberOf([&] { collection.Add("b", "1"); }), failure::kDuplicateKey);
     collection.Add("c", "01");
     EXPECT_EQ(Drawn(collection), "ac");
 }
@@ -80,7 +80,7 @@ TEST(Collection, TakesTheEmptyTextAsAKeyLikeAnyOther) {
     collection.Add("a", "");
     EXPECT_TRUE(collection.Has(""));
     EXPECT_EQ(collection.Item(""), Variant("a"));
-    EXPECT_EQ(FailureNumber([&] { collection.Add("b", ""); }), failure::kDuplicateKey);
+    EXPECT_EQ(NumberOf([&] { collection.Add("b", ""); }), failure::kDuplicateKey);
 }
 
 TEST(Collection, AddsBeforeAPlaceOrAKey) {
@@ -89,7 +89,7 @@ TEST(Collection, AddsBeforeAPlaceOrAKey) {
     collection.Add("a", "a", 1);
     collection.Add("b", "b", "c");
     EXPECT_EQ(Drawn(collection), "abc");
-    EXPECT_EQ(FailureNumber([&] { collection.Add("d", "d", "unknown"); }), failure::kUnknownKey);
+    EXPECT_EQ(NumberOf([&] { collection.Add("d", "d", "unknown"); }), failure::kUnknownKey);
     EXPECT_EQ(Drawn(collection), "abc");
 }
 
@@ -99,7 +99,7 @@ TEST(Collection, RemovesByPlaceAndByKey) {
     collection.Remove(2);
     collection.Remove("d");
     EXPECT_EQ(Drawn(collection), "ac");
-    EXPECT_EQ(FailureNumber([&] { collection.Remove("b"); }), failure::kUnknownKey);
+    EXPECT_EQ(NumberOf([&] { collection.Remove("b"); }), failure::kUnknownKey);
     EXPECT_EQ(collection.Item("c"), Variant("c"));
 }
 

@@ -5,7 +5,7 @@
 #include <limits>
 #include <type_traits>
 
-#include "tests/support/FailureNumber.h"
+#include "tests/support/NumberOf.h"
 
 namespace mrlxmlclass {
 namespace {
@@ -35,12 +35,12 @@ TEST(Currency, RoundsHalfToEvenAtTheFourthDecimal) {
 TEST(Currency, FailsBeyondItsRange) {
     EXPECT_EQ(Currency(kMost / 10000).ten_thousandths(), kMost / 10000 * 10000);
     EXPECT_EQ(Currency(kLeast / 10000).ten_thousandths(), kLeast / 10000 * 10000);
-    EXPECT_EQ(FailureNumber([] { Currency{kMost / 10000 + 1}; }), failure::kOverflow);
-    EXPECT_EQ(FailureNumber([] { Currency{kLeast / 10000 - 1}; }), failure::kOverflow);
-    EXPECT_EQ(FailureNumber([] { Currency{UINT64_MAX}; }), failure::kOverflow);
+    EXPECT_EQ(NumberOf([] { Currency{kMost / 10000 + 1}; }), failure::kOverflow);
+    EXPECT_EQ(NumberOf([] { Currency{kLeast / 10000 - 1}; }), failure::kOverflow);
+    EXPECT_EQ(NumberOf([] { Currency{UINT64_MAX}; }), failure::kOverflow);
     for (const double units : {922337203685477.5808, -922337203685478.0, 1e300, std::numeric_limits<double>::infinity(),
                                std::numeric_limits<double>::quiet_NaN()}) {
-        EXPECT_EQ(FailureNumber([&] { Currency{units}; }), failure::kOverflow) << units;
+        EXPECT_EQ(NumberOf([&] { Currency{units}; }), failure::kOverflow) << units;
     }
 }
 
@@ -54,9 +54,9 @@ TEST(Currency, FailsWhenASumLeavesTheRange) {
     const Currency least = Currency::OfTenThousandths(kLeast);
     const Currency step = Currency::OfTenThousandths(1);
     EXPECT_EQ((most - step + step), most);
-    EXPECT_EQ(FailureNumber([&] { most + step; }), failure::kOverflow);
-    EXPECT_EQ(FailureNumber([&] { least - step; }), failure::kOverflow);
-    EXPECT_EQ(FailureNumber([&] { Currency(0) - least; }), failure::kOverflow);
+    EXPECT_EQ(NumberOf([&] { most + step; }), failure::kOverflow);
+    EXPECT_EQ(NumberOf([&] { least - step; }), failure::kOverflow);
+    EXPECT_EQ(NumberOf([&] { Currency(0) - least; }), failure::kOverflow);
     EXPECT_EQ(most + least, Currency::OfTenThousandths(-1));
 }
 

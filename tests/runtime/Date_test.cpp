@@ -4,7 +4,7 @@
 
 #include <limits>
 
-#include "tests/support/FailureNumber.h"
+#include "tests/support/NumberOf.h"
 
 namespace mrlxmlclass {
 namespace {
@@ -47,7 +47,7 @@ TEST(Date, TakesOnlyDaysThatTheCalendarHas) {
           Row{2024, 1, 32}, Row{2024, -1, 1}, Row{2024, 1, -1}, Row{99, 12, 31}, Row{10000, 1, 1}, Row{-2024, 1, 1},
           Row{65536 + 2024, 1, 1}, Row{2024, 257, 1}, Row{2024, 1, 257}, Row{2024, 1, 256 + 31}, Row{2024, -255, 1}}) {
         SCOPED_TRACE(testing::Message() << row.year << "-" << row.month << "-" << row.day);
-        EXPECT_EQ(FailureNumber([&] { Date::Of(row.year, row.month, row.day); }), failure::kTypeMismatch);
+        EXPECT_EQ(NumberOf([&] { Date::Of(row.year, row.month, row.day); }), failure::kTypeMismatch);
     }
 }
 
@@ -83,21 +83,21 @@ TEST(Date, FailsWhenAMomentOutsideTheCalendarIsAskedForItsParts) {
     for (const double days : {-657435.0, 2958466.0, 1e300, -1e300, std::numeric_limits<double>::infinity(),
                               std::numeric_limits<double>::quiet_NaN()}) {
         SCOPED_TRACE(days);
-        EXPECT_EQ(FailureNumber([&] { Date(days).year(); }), failure::kOverflow);
-        EXPECT_EQ(FailureNumber([&] { Date(days).month(); }), failure::kOverflow);
-        EXPECT_EQ(FailureNumber([&] { Date(days).day_of_month(); }), failure::kOverflow);
-        EXPECT_EQ(FailureNumber([&] { Date(days).weekday(); }), failure::kOverflow);
+        EXPECT_EQ(NumberOf([&] { Date(days).year(); }), failure::kOverflow);
+        EXPECT_EQ(NumberOf([&] { Date(days).month(); }), failure::kOverflow);
+        EXPECT_EQ(NumberOf([&] { Date(days).day_of_month(); }), failure::kOverflow);
+        EXPECT_EQ(NumberOf([&] { Date(days).weekday(); }), failure::kOverflow);
     }
 }
 
 TEST(Date, FailsWhenArithmeticLeavesTheCalendar) {
     EXPECT_EQ((kLast - 1) + 1, kLast);
     EXPECT_EQ((kFirst + 1) - 1, kFirst);
-    EXPECT_EQ(FailureNumber([] { kLast + 1; }), failure::kOverflow);
-    EXPECT_EQ(FailureNumber([] { kFirst - 0.25; }), failure::kOverflow);
-    EXPECT_EQ(FailureNumber([] { Date() + std::numeric_limits<double>::quiet_NaN(); }), failure::kOverflow);
+    EXPECT_EQ(NumberOf([] { kLast + 1; }), failure::kOverflow);
+    EXPECT_EQ(NumberOf([] { kFirst - 0.25; }), failure::kOverflow);
+    EXPECT_EQ(NumberOf([] { Date() + std::numeric_limits<double>::quiet_NaN(); }), failure::kOverflow);
     Date date = kLast;
-    EXPECT_EQ(FailureNumber([&] { date += 1; }), failure::kOverflow);
+    EXPECT_EQ(NumberOf([&] { date += 1; }), failure::kOverflow);
     EXPECT_EQ(date, kLast);
     EXPECT_EQ(date += -1, Date::Of(9999, 12, 30));
 }
@@ -108,7 +108,7 @@ TEST(DaysBetween, LeavesTheTimesOut) {
     EXPECT_EQ(DaysBetween(Date(10.1), Date(10.9)), 0);
     EXPECT_EQ(DaysBetween(Date(-1.5), Date(1.5)), 3);
     EXPECT_EQ(DaysBetween(kFirst, kLast), 3615899);
-    EXPECT_EQ(FailureNumber([] { DaysBetween(Date(-1e10), Date(1e10)); }), failure::kOverflow);
+    EXPECT_EQ(NumberOf([] { DaysBetween(Date(-1e10), Date(1e10)); }), failure::kOverflow);
 }
 
 TEST(DateAdd, StepsWholeDaysAndWeeks) {
@@ -116,8 +116,8 @@ TEST(DateAdd, StepsWholeDaysAndWeeks) {
     EXPECT_EQ(DateAdd(Interval::Days, 3, monday), monday + 3);
     EXPECT_EQ(DateAdd(Interval::Days, -3, monday + kNoon), monday - 3 + kNoon);
     EXPECT_EQ(DateAdd(Interval::Weeks, 2, monday), monday + 14);
-    EXPECT_EQ(FailureNumber([] { DateAdd(Interval::Days, 1, kLast); }), failure::kOverflow);
-    EXPECT_EQ(FailureNumber([] { DateAdd(Interval::Weeks, -1, kFirst + 6); }), failure::kOverflow);
+    EXPECT_EQ(NumberOf([] { DateAdd(Interval::Days, 1, kLast); }), failure::kOverflow);
+    EXPECT_EQ(NumberOf([] { DateAdd(Interval::Weeks, -1, kFirst + 6); }), failure::kOverflow);
 }
 
 TEST(DateAdd, RoundsAFractionalCountHalfToEven) {
@@ -154,11 +154,11 @@ TEST(DateAdd, KeepsTheTimeOverMonths) {
 
 TEST(DateAdd, KeepsMonthsInsideTheCalendar) {
     EXPECT_EQ(DateAdd(Interval::Months, 12 * 9900 - 1, kFirst), Date::Of(9999, 12, 1));
-    EXPECT_EQ(FailureNumber([] { DateAdd(Interval::Months, 12 * 9900, kFirst); }), failure::kOverflow);
-    EXPECT_EQ(FailureNumber([] { DateAdd(Interval::Months, -1, kFirst + 30); }), failure::kOverflow);
-    EXPECT_EQ(FailureNumber([] { DateAdd(Interval::Months, 1, kLast); }), failure::kOverflow);
-    EXPECT_EQ(FailureNumber([] { DateAdd(Interval::Months, 3e9, Date()); }), failure::kOverflow);
-    EXPECT_EQ(FailureNumber([] { DateAdd(Interval::Months, -2147483648.0, Date()); }), failure::kOverflow);
+    EXPECT_EQ(NumberOf([] { DateAdd(Interval::Months, 12 * 9900, kFirst); }), failure::kOverflow);
+    EXPECT_EQ(NumberOf([] { DateAdd(Interval::Months, -1, kFirst + 30); }), failure::kOverflow);
+    EXPECT_EQ(NumberOf([] { DateAdd(Interval::Months, 1, kLast); }), failure::kOverflow);
+    EXPECT_EQ(NumberOf([] { DateAdd(Interval::Months, 3e9, Date()); }), failure::kOverflow);
+    EXPECT_EQ(NumberOf([] { DateAdd(Interval::Months, -2147483648.0, Date()); }), failure::kOverflow);
 }
 
 TEST(DateAdd, AddsHoursAndMinutesInWholeSeconds) {
@@ -171,12 +171,12 @@ TEST(DateAdd, AddsHoursAndMinutesInWholeSeconds) {
     EXPECT_EQ(DateAdd(Interval::Hours, 24, day + 1.0 / 3), day + 4.0 / 3);
     EXPECT_EQ(DateAdd(Interval::Hours, 0.5, day), DateAdd(Interval::Minutes, 30, day));
     EXPECT_EQ(DateAdd(Interval::Hours, -12, Date()), Date(-0.5));
-    EXPECT_EQ(FailureNumber([] { DateAdd(Interval::Hours, 24, kLast); }), failure::kOverflow);
-    EXPECT_EQ(FailureNumber([] { DateAdd(Interval::Minutes, 1e308, kLast); }), failure::kOverflow);
+    EXPECT_EQ(NumberOf([] { DateAdd(Interval::Hours, 24, kLast); }), failure::kOverflow);
+    EXPECT_EQ(NumberOf([] { DateAdd(Interval::Minutes, 1e308, kLast); }), failure::kOverflow);
 }
 
 TEST(DateAdd, RefusesAnIntervalThatIsNone) {
-    EXPECT_EQ(FailureNumber([] { DateAdd(static_cast<Interval>(99), 1, kFirst); }), failure::kUnknownKey);
+    EXPECT_EQ(NumberOf([] { DateAdd(static_cast<Interval>(99), 1, kFirst); }), failure::kUnknownKey);
 }
 
 TEST(WithYear, KeepsDayMonthAndTime) {
@@ -186,8 +186,8 @@ TEST(WithYear, KeepsDayMonthAndTime) {
 }
 
 TEST(WithYear, FailsOn29FebruaryWhereTheYearHasNone) {
-    EXPECT_EQ(FailureNumber([] { WithYear(Date::Of(2024, 2, 29), 2025); }), failure::kTypeMismatch);
-    EXPECT_EQ(FailureNumber([] { WithYear(Date::Of(2024, 3, 1), 99); }), failure::kTypeMismatch);
+    EXPECT_EQ(NumberOf([] { WithYear(Date::Of(2024, 2, 29), 2025); }), failure::kTypeMismatch);
+    EXPECT_EQ(NumberOf([] { WithYear(Date::Of(2024, 3, 1), 99); }), failure::kTypeMismatch);
 }
 
 }  // namespace

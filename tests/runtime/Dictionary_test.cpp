@@ -4,7 +4,7 @@
 
 #include <limits>
 
-#include "tests/support/FailureNumber.h"
+#include "tests/support/NumberOf.h"
 
 namespace mrlxmlclass {
 namespace {
@@ -39,7 +39,7 @@ TEST(Dictionary, TakesWholeNumbersOfOneValueAsOneKey) {
     EXPECT_FALSE(dictionary.Exists(Date(5)));
     dictionary.Add(0.0, "zero");
     EXPECT_TRUE(dictionary.Exists(-0.0));
-    EXPECT_EQ(FailureNumber([&] { dictionary.Add(0, "zero"); }), failure::kDuplicateKey);
+    EXPECT_EQ(NumberOf([&] { dictionary.Add(0, "zero"); }), failure::kDuplicateKey);
 }
 
 TEST(Dictionary, GivesItsNumberKeysBackAsLongsWhereTheyFit) {
@@ -53,7 +53,7 @@ TEST(Dictionary, GivesItsNumberKeysBackAsLongsWhereTheyFit) {
 TEST(Dictionary, FailsOnAKeyThatIsThereAlready) {
     Dictionary dictionary;
     dictionary.Add("a", 1);
-    EXPECT_EQ(FailureNumber([&] { dictionary.Add("a", 2); }), failure::kDuplicateKey);
+    EXPECT_EQ(NumberOf([&] { dictionary.Add("a", 2); }), failure::kDuplicateKey);
     EXPECT_EQ(dictionary.Item("a"), Variant(1));
     EXPECT_EQ(dictionary.Count(), 1);
 }
@@ -61,8 +61,8 @@ TEST(Dictionary, FailsOnAKeyThatIsThereAlready) {
 TEST(Dictionary, FailsOnAnUnknownKey) {
     Dictionary dictionary;
     dictionary.Add("1", 1);
-    EXPECT_EQ(FailureNumber([&] { dictionary.Item(1); }), failure::kUnknownKey);
-    EXPECT_EQ(FailureNumber([&] { dictionary.Remove(1); }), failure::kUnknownKey);
+    EXPECT_EQ(NumberOf([&] { dictionary.Item(1); }), failure::kUnknownKey);
+    EXPECT_EQ(NumberOf([&] { dictionary.Remove(1); }), failure::kUnknownKey);
     EXPECT_FALSE(dictionary.Exists("2"));
     EXPECT_EQ(dictionary.Count(), 1);
 }
@@ -70,8 +70,8 @@ TEST(Dictionary, FailsOnAnUnknownKey) {
 TEST(Dictionary, FailsOnAKeyOfAKindThatIsNone) {
     Dictionary dictionary;
     for (const Variant& key : {Variant(Variant::Null{}), Variant(Variant::Missing{}), Variant(VariantArray{})}) {
-        EXPECT_EQ(FailureNumber([&] { dictionary.Add(key, 1); }), failure::kUnknownKey);
-        EXPECT_EQ(FailureNumber([&] { dictionary.Exists(key); }), failure::kUnknownKey);
+        EXPECT_EQ(NumberOf([&] { dictionary.Add(key, 1); }), failure::kUnknownKey);
+        EXPECT_EQ(NumberOf([&] { dictionary.Exists(key); }), failure::kUnknownKey);
     }
     EXPECT_EQ(dictionary.Count(), 0);
 }

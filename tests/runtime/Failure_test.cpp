@@ -48,7 +48,7 @@ TEST(Raise, DescribesEveryNumberInItsOwnWords) {
                            failure::kIndexOutOfRange, failure::kTypeMismatch,  failure::kEndlessWalk,
                            failure::kFileNotFound,    failure::kDeviceFailure, failure::kPermissionDenied,
                            failure::kPathAccess,      failure::kPathNotFound,  failure::kNothing,
-                           failure::kCannotCreate,    failure::kDuplicateKey,  failure::kNotSorted};
+                           failure::kCannotCreate,    failure::kDuplicateKey};
     for (const int number : numbers) {
         const Failure failed = Raised(number);
         EXPECT_EQ(failed.number(), number);

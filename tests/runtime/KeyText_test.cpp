@@ -7,7 +7,7 @@
 #include <unordered_set>
 #include <vector>
 
-#include "tests/support/FailureNumber.h"
+#include "tests/support/NumberOf.h"
 
 namespace mrlxmlclass {
 namespace {
@@ -54,7 +54,7 @@ TEST(KeyText, OfANumberIsThatOfItsDecimalText) {
     EXPECT_EQ(KeyText(Long(INT32_MIN)), KeyText("-2147483648"));
     EXPECT_EQ(KeyText(Long(INT32_MIN)).text(), "-2147483648");
     EXPECT_EQ(KeyText(Integer(7)), KeyText("7"));
-    EXPECT_EQ(FailureNumber([] { KeyText{std::int64_t{INT32_MAX} + 1}; }), failure::kOverflow);
+    EXPECT_EQ(NumberOf([] { KeyText{std::int64_t{INT32_MAX} + 1}; }), failure::kOverflow);
 }
 
 TEST(KeyText, TakesALiteralZeroAsANumber) {

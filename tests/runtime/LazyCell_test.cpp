@@ -4,7 +4,7 @@
 
 #include <functional>
 
-#include "tests/support/FailureNumber.h"
+#include "tests/support/NumberOf.h"
 
 namespace mrlxmlclass {
 namespace {
@@ -114,7 +114,7 @@ TEST(LazyCell, HoldsTheNewObjectWhenTheFormerDies) {
 TEST(LazyCell, StaysEmptyWhenTheMakingFails) {
     LazyCell<Notes> cell;
     const auto fail = []() -> Ref<Notes> { Raise(failure::kOutOfMemory); };
-    EXPECT_EQ(FailureNumber([&] { cell.ReadOr(fail); }), failure::kOutOfMemory);
+    EXPECT_EQ(NumberOf([&] { cell.ReadOr(fail); }), failure::kOutOfMemory);
     EXPECT_FALSE(cell.Peek());
     EXPECT_TRUE(cell.ReadOr(MakeNotes));
 }

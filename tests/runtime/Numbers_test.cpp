@@ -5,7 +5,7 @@
 #include <limits>
 #include <type_traits>
 
-#include "tests/support/FailureNumber.h"
+#include "tests/support/NumberOf.h"
 
 namespace mrlxmlclass {
 namespace {
@@ -50,19 +50,19 @@ TEST(RoundHalfToEven, LeavesWhatIsNoNumber) {
 TEST(Integer, HoldsSixteenBitsAndFailsBeyond) {
     EXPECT_EQ(Integer(32767), 32767);
     EXPECT_EQ(Integer(-32768), -32768);
-    EXPECT_EQ(FailureNumber([] { Integer{32768}; }), failure::kOverflow);
-    EXPECT_EQ(FailureNumber([] { Integer{-32769}; }), failure::kOverflow);
-    EXPECT_EQ(FailureNumber([] { Integer{65536 + 5}; }), failure::kOverflow);
-    EXPECT_EQ(FailureNumber([] { Integer{Long(40000)}; }), failure::kOverflow);
+    EXPECT_EQ(NumberOf([] { Integer{32768}; }), failure::kOverflow);
+    EXPECT_EQ(NumberOf([] { Integer{-32769}; }), failure::kOverflow);
+    EXPECT_EQ(NumberOf([] { Integer{65536 + 5}; }), failure::kOverflow);
+    EXPECT_EQ(NumberOf([] { Integer{Long(40000)}; }), failure::kOverflow);
 }
 
 TEST(Long, HoldsThirtyTwoBitsAndFailsBeyond) {
     EXPECT_EQ(Long(INT32_MAX), INT32_MAX);
     EXPECT_EQ(Long(INT32_MIN), INT32_MIN);
-    EXPECT_EQ(FailureNumber([] { Long{std::int64_t{INT32_MAX} + 1}; }), failure::kOverflow);
-    EXPECT_EQ(FailureNumber([] { Long{std::int64_t{INT32_MIN} - 1}; }), failure::kOverflow);
-    EXPECT_EQ(FailureNumber([] { Long{UINT32_MAX}; }), failure::kOverflow);
-    EXPECT_EQ(FailureNumber([] { Long{UINT64_MAX}; }), failure::kOverflow);
+    EXPECT_EQ(NumberOf([] { Long{std::int64_t{INT32_MAX} + 1}; }), failure::kOverflow);
+    EXPECT_EQ(NumberOf([] { Long{std::int64_t{INT32_MIN} - 1}; }), failure::kOverflow);
+    EXPECT_EQ(NumberOf([] { Long{UINT32_MAX}; }), failure::kOverflow);
+    EXPECT_EQ(NumberOf([] { Long{UINT64_MAX}; }), failure::kOverflow);
 }
 
 TEST(Long, RoundsAFractionHalfToEvenBeforeItChecks) {
@@ -70,14 +70,14 @@ TEST(Long, RoundsAFractionHalfToEvenBeforeItChecks) {
     EXPECT_EQ(Long(-3.5), -4);
     EXPECT_EQ(Long(2147483647.4), INT32_MAX);
     EXPECT_EQ(Long(-2147483648.5), INT32_MIN);
-    EXPECT_EQ(FailureNumber([] { Long(2147483647.5); }), failure::kOverflow);
-    EXPECT_EQ(FailureNumber([] { Integer(32767.5); }), failure::kOverflow);
+    EXPECT_EQ(NumberOf([] { Long(2147483647.5); }), failure::kOverflow);
+    EXPECT_EQ(NumberOf([] { Integer(32767.5); }), failure::kOverflow);
     EXPECT_EQ(Integer(32767.4F - 0.4F), 32767);
 }
 
 TEST(Long, FailsOnWhatIsNoNumber) {
     for (const double value : {kNan, kInfinity, -kInfinity, 1e300, -1e300, 9.3e18}) {
-        EXPECT_EQ(FailureNumber([&] { Long{value}; }), failure::kOverflow) << value;
+        EXPECT_EQ(NumberOf([&] { Long{value}; }), failure::kOverflow) << value;
     }
 }
 
@@ -85,15 +85,15 @@ TEST(Long, CountsInSixtyFourBitsUntilItIsStored) {
     const Long most = INT32_MAX;
     EXPECT_EQ(most * most - most * most + 1, 1);
     EXPECT_EQ(Long((most + most) / 2), most);
-    EXPECT_EQ(FailureNumber([&] { Long{most + 1}; }), failure::kOverflow);
+    EXPECT_EQ(NumberOf([&] { Long{most + 1}; }), failure::kOverflow);
 }
 
 TEST(Long, ChecksWhenItAddsToItself) {
     Long value = INT32_MAX - 1;
     EXPECT_EQ(++value, INT32_MAX);
-    EXPECT_EQ(FailureNumber([&] { ++value; }), failure::kOverflow);
-    EXPECT_EQ(FailureNumber([&] { value += INT64_MAX; }), failure::kOverflow);
-    EXPECT_EQ(FailureNumber([&] { value -= INT64_MIN; }), failure::kOverflow);
+    EXPECT_EQ(NumberOf([&] { ++value; }), failure::kOverflow);
+    EXPECT_EQ(NumberOf([&] { value += INT64_MAX; }), failure::kOverflow);
+    EXPECT_EQ(NumberOf([&] { value -= INT64_MIN; }), failure::kOverflow);
     EXPECT_EQ(value, INT32_MAX);
     value -= INT32_MAX;
     value -= -5;

@@ -2,7 +2,7 @@
 
 #include <gtest/gtest.h>
 
-#include "tests/support/FailureNumber.h"
+#include "tests/support/NumberOf.h"
 
 namespace mrlxmlclass {
 namespace {
@@ -70,8 +70,8 @@ TEST(Ref, LeavesNothingBehindWhenMovedFrom) {
 
 TEST(Ref, FailsWhenNothingIsFollowed) {
     const Ref<Watched> nothing;
-    EXPECT_EQ(FailureNumber([&] { nothing->mark = 1; }), failure::kNothing);
-    EXPECT_EQ(FailureNumber([&] { (*nothing).mark = 1; }), failure::kNothing);
+    EXPECT_EQ(NumberOf([&] { nothing->mark = 1; }), failure::kNothing);
+    EXPECT_EQ(NumberOf([&] { (*nothing).mark = 1; }), failure::kNothing);
     EXPECT_EQ(nothing.get(), nullptr);
     EXPECT_FALSE(nothing);
 }

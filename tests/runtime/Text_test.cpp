@@ -2,7 +2,7 @@
 
 #include <gtest/gtest.h>
 
-#include "tests/support/FailureNumber.h"
+#include "tests/support/NumberOf.h"
 
 namespace mrlxmlclass {
 namespace {
@@ -69,7 +69,7 @@ TEST(Mid, DropsAPairThatEitherCutWouldHalve) {
 }
 
 TEST(Mid, FailsAtTheStartZero) {
-    EXPECT_EQ(FailureNumber([] { Mid("abc", 0); }), failure::kUnknownKey);
+    EXPECT_EQ(NumberOf([] { Mid("abc", 0); }), failure::kUnknownKey);
 }
 
 TEST(CompareUnits, OrdersByUnits) {

@@ -4,7 +4,7 @@
 
 #include <limits>
 
-#include "tests/support/FailureNumber.h"
+#include "tests/support/NumberOf.h"
 
 namespace mrlxmlclass {
 namespace {
@@ -18,7 +18,7 @@ TEST(Variant, TakesWholeNumbersAsLongs) {
     EXPECT_NE(Variant(std::size_t{5}).If<Long>(), nullptr);
     EXPECT_NE(Variant(Integer(5)).If<Long>(), nullptr);
     EXPECT_EQ(Variant(Integer(5)), Variant(Long(5)));
-    EXPECT_EQ(FailureNumber([] { Variant{std::int64_t{INT32_MAX} + 1}; }), failure::kOverflow);
+    EXPECT_EQ(NumberOf([] { Variant{std::int64_t{INT32_MAX} + 1}; }), failure::kOverflow);
 }
 
 TEST(Variant, TakesLiteralsAsTexts) {
@@ -51,10 +51,10 @@ TEST(Variant, TakesATruthValueAsABoolean) {
 
 TEST(Variant, GivesItsValueAsThatVeryKindAlone) {
     EXPECT_EQ(Variant(5).As<Long>(), 5);
-    EXPECT_EQ(FailureNumber([] { Variant(5).As<String>(); }), failure::kTypeMismatch);
-    EXPECT_EQ(FailureNumber([] { Variant("5").As<Long>(); }), failure::kTypeMismatch);
-    EXPECT_EQ(FailureNumber([] { Variant(5.0).As<Long>(); }), failure::kTypeMismatch);
-    EXPECT_EQ(FailureNumber([] { Variant().As<Long>(); }), failure::kTypeMismatch);
+    EXPECT_EQ(NumberOf([] { Variant(5).As<String>(); }), failure::kTypeMismatch);
+    EXPECT_EQ(NumberOf([] { Variant("5").As<Long>(); }), failure::kTypeMismatch);
+    EXPECT_EQ(NumberOf([] { Variant(5.0).As<Long>(); }), failure::kTypeMismatch);
+    EXPECT_EQ(NumberOf([] { Variant().As<Long>(); }), failure::kTypeMismatch);
     EXPECT_EQ(Variant(5).If<double>(), nullptr);
 }
 
@@ -68,9 +68,9 @@ TEST(Variant, GivesAnObjectAsItsClass) {
     const Ref<Person> person = Make<Person>();
     EXPECT_EQ(Variant(person).Object<Person>(), person);
     EXPECT_EQ(Variant(person).Object<Counted>(), person);
-    EXPECT_EQ(FailureNumber([&] { Variant(person).Object<Goal>(); }), failure::kTypeMismatch);
-    EXPECT_EQ(FailureNumber([] { Variant(5).Object<Goal>(); }), failure::kTypeMismatch);
-    EXPECT_EQ(FailureNumber([] { Variant(Variant::Null{}).Object<Goal>(); }), failure::kTypeMismatch);
+    EXPECT_EQ(NumberOf([&] { Variant(person).Object<Goal>(); }), failure::kTypeMismatch);
+    EXPECT_EQ(NumberOf([] { Variant(5).Object<Goal>(); }), failure::kTypeMismatch);
+    EXPECT_EQ(NumberOf([] { Variant(Variant::Null{}).Object<Goal>(); }), failure::kTypeMismatch);
 }
 
 TEST(Variant, LetsNothingStayNothing) {
@@ -111,9 +111,9 @@ TEST(VariantKey, FailsOnWhatIsNoKey) {
     for (const Variant& value :
          {Variant(5.5), Variant(True), Variant(Date(5)), Variant(Variant::Null{}), Variant(Variant::Missing{}),
           Variant(Make<Person>()), Variant(VariantArray{}), Variant(std::numeric_limits<double>::quiet_NaN())}) {
-        EXPECT_EQ(FailureNumber([&] { value.Key(); }), failure::kTypeMismatch);
+        EXPECT_EQ(NumberOf([&] { value.Key(); }), failure::kTypeMismatch);
     }
-    EXPECT_EQ(FailureNumber([] { Variant(3e9).Key(); }), failure::kOverflow);
+    EXPECT_EQ(NumberOf([] { Variant(3e9).Key(); }), failure::kOverflow);
 }
 
 }  // namespace

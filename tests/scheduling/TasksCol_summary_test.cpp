@@ -160,7 +160,7 @@ TEST(AdjustSummary, MovesACopyOfTheFirstSummaryAlong) {
     EXPECT_EQ(Span(*copies->Item(plan.Key("House"))), "- - 0");
 }
 
-TEST(AdjustSummary, TellsASilencedHostTheDurationAlone) {
+TEST(AdjustSummary, KeepsTellingASilencedHostTheDuration) {
     Plan plan;
     plan.Silenced().Task("Phase");
     Child(plan, "Design", Monday, Tuesday);

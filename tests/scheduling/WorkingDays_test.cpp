@@ -12,6 +12,7 @@ namespace {
 
 using namespace testing;
 using Gloabal::IsNonWorkingDay;
+using Gloabal::NonWorkingDaysFrom;
 using Gloabal::NumberOFNonWorkingDay;
 using Gloabal::SetNextWorkingDay;
 
@@ -193,6 +194,13 @@ TEST(WorkingDays, AgreeWithCountingOnFingers) {
             EXPECT_EQ(SetNextWorkingDay(day, -1, 0), plain.Next(day, -1)) << DayName(day);
         }
     }
+}
+
+TEST(NonWorkingDaysFrom, CountsForwardOnly) {
+    CalendarSession session;
+    EXPECT_EQ(NonWorkingDaysFrom(Friday, Monday + 7), 2);
+    EXPECT_EQ(NonWorkingDaysFrom(Sunday, Sunday), 1);
+    EXPECT_EQ(NonWorkingDaysFrom(Monday + 7, Friday), 0);
 }
 
 }  // namespace

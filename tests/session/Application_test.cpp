@@ -364,6 +364,12 @@ TEST(PreviewSettings, AreThoseOfTheProject) {
     EXPECT_EQ(plan.app->GetPreviewSettings(), 7);
     plan.app->SetPreviewSettings(2.5);
     EXPECT_EQ(plan.app->GetPreviewSettings(), 2) << "half to even";
+    plan.app->SetPreviewSettings(Currency(8));
+    EXPECT_EQ(plan.app->GetPreviewSettings(), 8);
+    plan.app->SetPreviewSettings(Date(9));
+    EXPECT_EQ(plan.app->GetPreviewSettings(), 9);
+    plan.app->SetPreviewSettings(Variant());
+    EXPECT_EQ(plan.app->GetPreviewSettings(), 0);
     plan.app->SetPreviewSettings(True);
     EXPECT_EQ(plan.app->GetPreviewSettings(), -1);
 }

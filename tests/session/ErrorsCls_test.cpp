@@ -7,7 +7,6 @@
 namespace mrlxmlclass {
 namespace {
 
-using testing::NumberOf;
 using testing::TestSession;
 
 void AddEntry(const Ref<ErrorsCls>& log, const String& text) {

@@ -8,7 +8,6 @@
 namespace mrlxmlclass {
 namespace {
 
-using testing::NumberOf;
 using testing::TestSession;
 using Keys = StaticCls::Internal;
 

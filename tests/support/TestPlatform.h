@@ -7,6 +7,7 @@
 
 #include "mrlxmlclass/platform/Services.h"
 #include "tests/support/FaultyFiles.h"
+#include "tests/support/NumberOf.h"
 #include "tests/support/Printing.h"
 
 namespace mrlxmlclass::testing {
@@ -130,16 +131,5 @@ private:
     String name_;
     std::optional<String> before_;
 };
-
-/// The number of the failure that `call` ends with; 0 when it ends well.
-template <class Call>
-int NumberOf(Call&& call) {
-    try {
-        call();
-    } catch (const Failure& failed) {
-        return failed.number();
-    }
-    return 0;
-}
 
 }  // namespace mrlxmlclass::testing

@@ -213,6 +213,20 @@ TEST(GetTaskAndSubNumber, CountsABranchThatFailsAsNothingAndGoesOn) {
     EXPECT_EQ(plan.failures.Taken(), "TasksCol/GetTaskAndSubNumber 91\n");
 }
 
+TEST(GetTaskAndSubNumber, CountsALeafBeyondTheRangeAsNothingAndGoesOn) {
+    Plan plan;
+    plan.Task("Phase").Task("Near").Under("Phase");
+    plan["Near"].TaskPosition(3);
+    const auto far = Make<TasksCls>();
+    far->TaskKey(40000);
+    far->TaskPosition(2);
+    plan.col().AddItem(far);
+    plan.col().AddParentTask(1, 40000);
+
+    EXPECT_EQ(plan.col().GetTaskAndSubNumber("1", True), 2);
+    EXPECT_EQ(plan.failures.Taken(), "TasksCol/GetTaskAndSubNumber 6\n");
+}
+
 TEST(GetTaskAndSubNumber, TellsARingOnceHoweverManyTasksHangOnIt) {
     Plan plan;
     BuildRing(plan);

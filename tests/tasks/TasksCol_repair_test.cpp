@@ -97,6 +97,16 @@ TEST(AddTaskParentForAll, EndsAtAParentThatIsNotThere) {
     EXPECT_FALSE(plan.col().isParent("1")) << "what comes behind is not read";
 }
 
+TEST(AddTaskParentForAll, RemembersTheDamageThatItFoundBeforeItEnded) {
+    Plan plan;
+    Read(plan, "A", 2, 1);  // above its parent
+    Read(plan, "B", 0, 2);
+    Read(plan, "Orphan", 77, 3);
+    EXPECT_TRUE(plan.col().AddTaskParentForAll());
+    EXPECT_EQ(plan.failures.Taken(), "TasksCol/AddTaskParentForAll 91\n");
+    plan.Heard();
+}
+
 TEST(AddTaskParentForAll, FindsTheSpanOfTheOutlineAndItsHolders) {
     Plan plan;
     plan.Task("A").From(Tuesday).To(Wednesday);

@@ -146,5 +146,17 @@ TEST(SortArray, LeavesAnArrayAloneThatHoldsMoreThanTexts) {
     EXPECT_EQ(plan.failures.Taken(), "TasksCol/SortArray 13\n");
 }
 
+TEST(SortMe, TakesItsArgumentAsATruthValueOfAnyKind) {
+    Plan plan;
+    plan.Task("A").Task("B");
+    plan["A"].TaskPosition(2);
+    plan["B"].TaskPosition(1);
+    for (const Variant& yes : {Variant(True), Variant(-1), Variant(1.5), Variant("True")}) {
+        EXPECT_EQ(plan.col().SortMe(yes)->Item(1).Object<TasksCls>()->TaskName(), "B");
+    }
+    EXPECT_FALSE(plan.col().SortMe("up"));
+    EXPECT_EQ(plan.failures.Taken(), "TasksCol/SortMe 1\n");
+}
+
 }  // namespace
 }  // namespace mrlxmlclass

@@ -257,6 +257,15 @@ TEST(GetTasksAsKeys, GivesNothingForAnUnknownTaskAndNoKeyForALeaf) {
     EXPECT_EQ(plan.col().GetTasksAsKeys("1")->Count(), 0);
 }
 
+TEST(GetTasksAsKeys, NeverFindsAChildWithoutAKey) {
+    Plan plan;
+    plan.Task("Phase").Task("Design").Under("Phase");
+    In(plan.col()).File("0", Make<TasksCls>());
+    plan.col().AddParentTask(1, 0);
+    EXPECT_FALSE(plan.col().GetTasksAsKeys(1));
+    EXPECT_EQ(plan.failures.Taken(), "TasksCol/GetTasksAsKeys 91\n");
+}
+
 TEST(GetTasksAsKeys, RecordsAChildThatIsNoTask) {
     Plan plan;
     plan.Task("Phase").Task("A").Under("Phase");

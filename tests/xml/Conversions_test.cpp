@@ -9,7 +9,6 @@ namespace mrlxmlclass {
 namespace {
 
 using namespace Conversions;
-using testing::NumberOf;
 using testing::TestSession;
 
 Ref<dom::Document> Parsed(std::string_view xml) {

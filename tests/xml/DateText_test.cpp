@@ -8,7 +8,6 @@
 namespace mrlxmlclass {
 namespace {
 
-using testing::NumberOf;
 using testing::TestSession;
 
 constexpr double kHalfPastTwo = 14.5 / 24;

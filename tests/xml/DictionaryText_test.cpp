@@ -10,7 +10,6 @@ namespace {
 
 using Conversions::CreateSucessorString;
 using Conversions::DictionaryToString;
-using testing::NumberOf;
 using testing::TestSession;
 
 /// What a load hands down for a file of another date format.

@@ -7,7 +7,6 @@
 namespace mrlxmlclass {
 namespace {
 
-using testing::NumberOf;
 
 const LocaleSettings kPoint{"M/d/yyyy", ".", ","};
 const LocaleSettings kComma{"dd.MM.yyyy", ",", "."};

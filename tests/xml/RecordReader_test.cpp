@@ -8,7 +8,6 @@
 namespace mrlxmlclass {
 namespace {
 
-using testing::NumberOf;
 using testing::TestSession;
 
 /// A record of three fields and the reader over it.

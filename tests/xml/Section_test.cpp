@@ -7,7 +7,6 @@
 namespace mrlxmlclass {
 namespace {
 
-using testing::NumberOf;
 using testing::TestSession;
 
 void WriteMark(const Ref<dom::Document>& document, dom::Node parent) {

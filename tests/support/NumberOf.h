@@ -8,7 +8,7 @@ namespace mrlxmlclass {
 
 /// The number under which `act()` fails, or 0 when it does not.
 template <class Act>
-int FailureNumber(Act&& act) {
+int NumberOf(Act&& act) {
     try {
         std::forward<Act>(act)();
     } catch (const Failure& failed) {
