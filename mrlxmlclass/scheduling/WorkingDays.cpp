@@ -9,6 +9,13 @@ namespace {
 
 constexpr FailureTail kTail{"Gloabal", FailureTail::Gives::SoFar};
 
+/// Adds the non-working days from `first` to `last` to a count.
+void CountNonWorking(Date first, Date last, Integer& count) {
+    for (Date day = first; day <= last; day += 1) {
+        if (IsNonWorkingDay(Date(day))) ++count;
+    }
+}
+
 }  // namespace
 
 Boolean IsNonWorkingDay(ByRef<Date> date) {
@@ -23,14 +30,12 @@ Boolean IsNonWorkingDay(ByRef<Date> date) {
 
 Integer NumberOFNonWorkingDay(Date a, Date b) {
     return kTail.Run<Integer>("NumberOFNonWorkingDay",
-                              [&](Integer& result) { result = NonWorkingDaysFrom(std::min(a, b), std::max(a, b)); });
+                              [&](Integer& result) { CountNonWorking(std::min(a, b), std::max(a, b), result); });
 }
 
 Integer NonWorkingDaysFrom(Date first, Date last) {
     Integer count;
-    for (Date day = first; day <= last; day += 1) {
-        if (IsNonWorkingDay(Date(day))) ++count;
-    }
+    CountNonWorking(first, last, count);
     return count;
 }
 
