@@ -21,7 +21,9 @@ String Joined(const Ref<Collection>& col) {
     for (const auto& entry : col->Snapshot()) {
         if (!first) text += ';';
         first = false;
-        text += entry.item.Key().text();
+        // A text as it stands: taken as a key it would be interned for good.
+        const String* piece = entry.item.If<String>();
+        text += piece != nullptr ? *piece : entry.item.Key().text();
     }
     return text;
 }
