@@ -5,6 +5,7 @@
 #include <string_view>
 
 #include "mrlxmlclass/session/StaticCls_internal.h"
+#include "mrlxmlclass/xml/XmlRecord_internal.h"
 
 namespace mrlxmlclass {
 
@@ -29,9 +30,6 @@ class peopleCls;
 
 using Keys = StaticCls::Internal;
 
-/// The label under which the failures of a record stand in the error file.
-template <class Record>
-struct LabelOf;
 template <>
 struct LabelOf<peopleCls> {
     static constexpr const char* label = "peopleCls";

@@ -5,6 +5,7 @@
 #include "mrlxmlclass/items/Relation_internal.h"
 #include "mrlxmlclass/runtime/Tail.h"
 #include "mrlxmlclass/tasks/TasksCol.h"
+#include "mrlxmlclass/xml/XmlRecord_members_internal.h"
 
 namespace mrlxmlclass {
 namespace {
@@ -72,6 +73,8 @@ dom::Node NamedItem<Self, Relations>::Internal::FromXmlInt(dom::Node xmlParent, 
     return in.position();
 }
 
+template class XmlRecord<GoalsCls>;
+template class XmlRecord<ObstaclesCls>;
 template class NamedItem<GoalsCls, TaskGoalRelationCol>;
 template class NamedItem<ObstaclesCls, TaskObstaclesRelationCol>;
 

@@ -5,6 +5,7 @@
 #include "mrlxmlclass/items/Kinds_internal.h"
 #include "mrlxmlclass/items/Notes_internal.h"
 #include "mrlxmlclass/runtime/Tail.h"
+#include "mrlxmlclass/xml/XmlRecord_members_internal.h"
 
 namespace mrlxmlclass {
 namespace {
@@ -62,5 +63,7 @@ dom::Node NotesCls::Internal::FromXmlInt(dom::Node xmlParent, dom::Node xmlChild
     in.Read("NoteObject", f_.NoteObject);
     return in.position();
 }
+
+template class XmlRecord<NotesCls>;
 
 }  // namespace mrlxmlclass

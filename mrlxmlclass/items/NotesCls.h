@@ -1,7 +1,7 @@
 #pragma once
 
-#include "mrlxmlclass/items/XmlRecord.h"
 #include "mrlxmlclass/runtime/Flagged.h"
+#include "mrlxmlclass/xml/XmlRecord.h"
 
 namespace mrlxmlclass {
 

@@ -1,9 +1,9 @@
 #pragma once
 
-#include "mrlxmlclass/items/XmlRecord.h"
 #include "mrlxmlclass/runtime/Flagged.h"
 #include "mrlxmlclass/runtime/Guarded.h"
 #include "mrlxmlclass/runtime/Variant.h"
+#include "mrlxmlclass/xml/XmlRecord.h"
 
 namespace mrlxmlclass {
 

@@ -8,6 +8,7 @@
 #include "mrlxmlclass/tasks/Sorting.h"
 #include "mrlxmlclass/xml/RecordReader.h"
 #include "mrlxmlclass/xml/RecordWriter.h"
+#include "mrlxmlclass/xml/XmlRecord_internal.h"
 
 namespace mrlxmlclass {
 

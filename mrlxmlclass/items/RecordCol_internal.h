@@ -4,12 +4,6 @@
 
 namespace mrlxmlclass {
 
-/// What a record's reader is given beside the elements.
-struct Reading {
-    const Ref<StaticCls>& counters;
-    Boolean for_lib;
-};
-
 /// The library's own view of a collection.
 template <class Self, class Record>
 class RecordCol<Self, Record>::Internal {

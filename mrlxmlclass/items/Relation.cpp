@@ -3,6 +3,7 @@
 #include "mrlxmlclass/items/Kinds_internal.h"
 #include "mrlxmlclass/items/Relation_internal.h"
 #include "mrlxmlclass/runtime/Tail.h"
+#include "mrlxmlclass/xml/XmlRecord_members_internal.h"
 
 namespace mrlxmlclass {
 namespace {
@@ -100,6 +101,10 @@ dom::Node Relation<Self, ItemKey, Note>::Internal::FromXmlInt(dom::Node xmlParen
     return in.position();
 }
 
+template class XmlRecord<TaskGoalRelationCls>;
+template class XmlRecord<TaskObstaclesRelationCls>;
+template class XmlRecord<TaskAssigmentRelationCls>;
+template class XmlRecord<TaskNoteRelationCls>;
 template class Relation<TaskGoalRelationCls, Long, String>;
 template class Relation<TaskObstaclesRelationCls, Long, String>;
 template class Relation<TaskAssigmentRelationCls, Long, Flagged<String>>;

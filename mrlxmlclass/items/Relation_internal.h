@@ -10,6 +10,7 @@
 #include "mrlxmlclass/runtime/In.h"
 #include "mrlxmlclass/xml/RecordReader.h"
 #include "mrlxmlclass/xml/RecordWriter.h"
+#include "mrlxmlclass/xml/XmlRecord_internal.h"
 
 namespace mrlxmlclass {
 

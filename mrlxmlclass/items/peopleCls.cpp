@@ -5,6 +5,7 @@
 #include "mrlxmlclass/items/Relation_internal.h"
 #include "mrlxmlclass/runtime/Tail.h"
 #include "mrlxmlclass/tasks/TasksCol.h"
+#include "mrlxmlclass/xml/XmlRecord_members_internal.h"
 
 namespace mrlxmlclass {
 namespace {
@@ -85,5 +86,7 @@ dom::Node peopleCls::Internal::FromXmlInt(dom::Node xmlParent, dom::Node xmlChil
     ReadRelationKeys(in, reading);
     return in.position();
 }
+
+template class XmlRecord<peopleCls>;
 
 }  // namespace mrlxmlclass

@@ -1,12 +1,11 @@
 #pragma once
 
-#include "mrlxmlclass/dom/Document.h"
-#include "mrlxmlclass/runtime/Numbers.h"
+#include "mrlxmlclass/xml/XmlRecord.h"
 
 namespace mrlxmlclass {
 
 /// A small record of its own file; no project file holds one.
-class StatusCls : public Counted {
+class StatusCls : public XmlRecord<StatusCls> {
 public:
     StatusCls();
 
@@ -17,20 +16,13 @@ public:
 
     Ref<StatusCls> Clone();
 
-    /// Writes a new file that holds this record alone.
-    void ToXmlFile(const String& FileName, Boolean includeDocHeader = True, Boolean useNamespace = False,
-                   Boolean unicode = False);
-    /// `useNamespace` puts the root into a default namespace; nowhere else does it do anything.
-    String ToXml(Boolean includeDocHeader = True, Boolean useNamespace = False, Boolean unicode = False);
-    void ToXmlInt(const Ref<dom::Document>& xmlDoc, dom::Node xmlElm);
     /// Both give False when the file or the text cannot be read; the fields that came before the bad one stay.
-    Boolean FromXmlFile(const String& FileName);
-    Boolean FromXml(const String& xmlIn);
+    Boolean FromXmlFile(const String& FileName) { return ReadFile(FileName); }
+    Boolean FromXml(const String& xmlIn) { return ReadText(xmlIn); }
+
+    class Internal;
 
 private:
-    Ref<dom::Document> Written(Boolean includeDocHeader, Boolean unicode);
-    dom::Node FromXmlInt(dom::Node xmlParent, dom::Node xmlChild);
-
     struct Fields {
         Long StatusDone;
         Long StatusInProgress;

@@ -3,7 +3,7 @@
 namespace mrlxmlclass::testing {
 namespace {
 
-TEST(RecordXml, CarriesTheDeclarationThatIsAskedFor) {
+TEST(XmlRecord, CarriesTheDeclarationThatIsAskedFor) {
     Items s;
     const auto note = s.Note("t");
     note->NoteKey("1");
@@ -12,7 +12,7 @@ TEST(RecordXml, CarriesTheDeclarationThatIsAskedFor) {
     EXPECT_TRUE(note->ToXml(False).starts_with("<Notes>"));
 }
 
-TEST(RecordXml, SavesADocumentOfItsOwnAndReadsItBack) {
+TEST(XmlRecord, SavesADocumentOfItsOwnAndReadsItBack) {
     Items s;
     const auto person = s.Person("Ann");
     person->personkey(3);
@@ -23,7 +23,7 @@ TEST(RecordXml, SavesADocumentOfItsOwnAndReadsItBack) {
     EXPECT_EQ(s.counters->PersonKeyValue(), 3);
 }
 
-TEST(RecordXml, RecordsWhatGoesWrongUnderItsOwnLabels) {
+TEST(XmlRecord, RecordsWhatGoesWrongUnderItsOwnLabels) {
     Items s;
     const auto goal = Make<GoalsCls>();
     goal->ToXmlFile(s.Path("no/folder.xml"));
@@ -32,13 +32,13 @@ TEST(RecordXml, RecordsWhatGoesWrongUnderItsOwnLabels) {
     EXPECT_EQ(s.failures.Taken(), "GoalCls/ToXmlFile 76\nGoalCls/FromXmlFile 91\nGoalCls/FromXml 91\n");
 }
 
-TEST(RecordXml, WritesNothingUnderNothing) {
+TEST(XmlRecord, WritesNothingUnderNothing) {
     Items s;
     s.Note("t")->ToXmlInt(Make<dom::Document>(), {});
     s.Person("p")->ToXmlInt({}, {});
 }
 
-TEST(RecordXml, TakesTheNameOfTheElementThatIsRead) {
+TEST(XmlRecord, TakesTheNameOfTheElementThatIsRead) {
     Items s;
     const auto person = Make<peopleCls>();
     person->FromXml("<x:Somebody xmlns:x=\"u\"/>", s.counters);
