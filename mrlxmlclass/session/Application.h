@@ -33,8 +33,9 @@ public:
 /// properties named `x...`; a getter that is told to be lazy makes an empty object where there is none.
 ///
 /// A host creates it, calls `Init`, then either fills the collections, sets `xFileName` and calls `CreateLockFile`, or
-/// sets `xFileName` and calls `LoadXML`. Both `Init` and `LoadXML` make a new graph, so listeners subscribe again.
-/// `endreadonly` comes before the next file and before the end.
+/// sets `xFileName` and calls `LoadXML`. Both `Init` and `LoadXML` make a new graph, so whoever listens
+/// to `xTaskCol` subscribes again; the session's own `Events` keep their listeners. `endreadonly` comes before the next
+/// file and before the end.
 ///
 /// No failure ever reaches the host as an exception: it is recorded in the error file, and the member gives the empty
 /// value of its type.
@@ -140,6 +141,8 @@ public:
     Boolean Report();
 
     EventSource<ApplicationEvents> Events;
+
+    class Internal;
 
 private:
     ~Application() override;

@@ -9,7 +9,7 @@
 #include "mrlxmlclass/platform/Services.h"
 #include "mrlxmlclass/runtime/Tail.h"
 #include "mrlxmlclass/scheduling/CalendarCls.h"
-#include "mrlxmlclass/session/Application.h"
+#include "mrlxmlclass/session/Application_internal.h"
 #include "mrlxmlclass/session/locking.h"
 #include "mrlxmlclass/tasks/TasksCol_internal.h"
 #include "mrlxmlclass/wizard/Persist.h"
@@ -45,16 +45,8 @@ Boolean Application::SaveXml(Boolean p_persit) {
             document = xProject_->ToXmlFile(xFileName_, document, /*includeDocHeader=*/True, /*useNamespace=*/False,
                                             /*unicode=*/True, /*FileExist=*/False, /*Save=*/True);
         }
-        WriteSectionOf(xTaskCol_, xFileName_, document);
-        WriteSectionOf(xPeopleCol_, xFileName_, document);
-        WriteSectionOf(xTaskPeopleRelationcol_, xFileName_, document);
-        WriteSectionOf(xTaskGoalRelationcol_, xFileName_, document);
-        WriteSectionOf(xTaskObstaclesRelationcol_, xFileName_, document);
-        WriteSectionOf(xTaskNotesRelationcol_, xFileName_, document);
-        WriteSectionOf(xGoalCol(), xFileName_, document);
-        WriteSectionOf(xNoteCol(), xFileName_, document);
-        WriteSectionOf(xObstaclesCol(), xFileName_, document);
-        WriteSectionOf(xCalendar_, xFileName_, document);
+        Internal::EachSection(
+            [&](std::string_view /*name*/, const auto& held) { WriteSectionOf(held(*this), xFileName_, document); });
         if (p_persit) Persist::SaveObject(xStep_, String(xFileName_));
         result = IsWellFormed(document);
     });

@@ -1,5 +1,7 @@
 #include "mrlxmlclass/session/SafeFile.h"
 
+#include <optional>
+
 #include "mrlxmlclass/items/GoalsCol.h"
 #include "mrlxmlclass/items/NotesCol.h"
 #include "mrlxmlclass/items/PeopleCol.h"
@@ -10,11 +12,11 @@
 #include "mrlxmlclass/items/obstaclesCol.h"
 #include "mrlxmlclass/platform/Services.h"
 #include "mrlxmlclass/runtime/Tail.h"
-#include "mrlxmlclass/session/Application.h"
+#include "mrlxmlclass/scheduling/CalendarCls.h"
+#include "mrlxmlclass/session/Application_internal.h"
 #include "mrlxmlclass/session/ErrorsCls.h"
 #include "mrlxmlclass/session/ErrorsHandler.h"
 #include "mrlxmlclass/session/ModuleState.h"
-#include "mrlxmlclass/session/sections.h"
 #include "mrlxmlclass/tasks/TasksCol.h"
 #include "mrlxmlclass/wizard/Persist.h"
 #include "mrlxmlclass/xml/Section.h"
@@ -162,37 +164,30 @@ void WriteCopy(Application& project, const String& path) {
     if (!saved) Raise(failure::kDeviceFailure, failures.Last());
 }
 
-constexpr int kNotCounted = -1;
-
-/// How many records each section must hold; the calendar is a single one.
-std::array<Long, kProjectSections.size()> RecordsInMemory(Application& project) {
-    return {
-        project.xTaskCol()->Count(/*p_all=*/True),
-        project.xPeopleCol()->Count(),
-        project.xTaskPeopleRelationcol()->Count(),
-        project.xTaskGoalRelationcol()->Count(),
-        project.xTaskObstaclesRelationcol()->Count(),
-        project.xTaskNotesRelationcol()->Count(),
-        project.xGoalCol()->Count(),
-        project.xNoteCol()->Count(),
-        project.xObstaclesCol()->Count(),
-        kNotCounted,
-    };
+/// How many records a section must hold; nothing of one that is a single record.
+std::optional<Long> RecordsOf(const TasksCol& tasks) {
+    return tasks.Count(/*p_all=*/True);
+}
+std::optional<Long> RecordsOf(const CalendarCls& /*calendar*/) {
+    return std::nullopt;
+}
+template <class Col>
+std::optional<Long> RecordsOf(const Col& records) {
+    return records.Count();
 }
 
 void DemandWhole(Application& project, const String& path) {
     const Ref<dom::Document> document = DocumentOfFile(path);
     const dom::Node root = RootOf(document);
-    const auto records = RecordsInMemory(project);
-    for (std::size_t place = 0; place < kProjectSections.size(); ++place) {
-        const String name(kProjectSections[place]);
+    Application::Internal::EachSection([&](const String& name, const auto& held) {
         const dom::Node section = root.selectSingleNode(name);
         if (!section) Raise(failure::kDeliberate, "The section " + name + " is missing");
         const Long count = section.childCount();
-        if (records[place] == kNotCounted || records[place] == count) continue;
+        const std::optional<Long> records = RecordsOf(*held(project));
+        if (!records || *records == count) return;
         Raise(failure::kDeliberate, "The section " + name + " holds " + std::to_string(count.value()) +
-                                        " records instead of " + std::to_string(records[place].value()));
-    }
+                                        " records instead of " + std::to_string(records->value()));
+    });
 }
 
 void SyncFolderOf(const String& path) {
@@ -240,9 +235,9 @@ Ref<Collection> MissingSections(const String& path) {
         result = Make<Collection>();
         const Ref<dom::Document> document = DocumentOfFile(path);
         const dom::Node root = document->documentElement();
-        for (const std::string_view name : kProjectSections) {
-            if (!root.selectSingleNode(name)) result->Add(String(name));
-        }
+        Application::Internal::EachSection([&](const String& name, const auto& /*held*/) {
+            if (!root.selectSingleNode(name)) result->Add(name);
+        });
     });
 }
 

@@ -1,12 +1,12 @@
 #include <gtest/gtest.h>
 
 #include "mrlxmlclass/session/SafeFile.h"
-#include "mrlxmlclass/session/sections.h"
 #include "tests/session/SavedProject.h"
 
 namespace mrlxmlclass {
 namespace {
 
+using testing::kSections;
 using testing::Listed;
 using testing::SavedProject;
 
@@ -30,7 +30,7 @@ constexpr std::array kWriters{
 /// The file as it stands when that many writes of a save succeeded.
 String AfterWrites(const String& whole, std::size_t writes) {
     if (writes == 0) return {};  // the old content goes before the first write
-    const String next = "<" + String(kProjectSections.at(writes - 1));
+    const String next = "<" + String(kSections.at(writes - 1));
     return whole.substr(0,
                         std::min(whole.find(next + ">"), std::min(whole.find(next + "/>"), whole.find(next + " ")))) +
            "</Project>";

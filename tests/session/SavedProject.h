@@ -3,7 +3,9 @@
 #include <gtest/gtest.h>
 
 #include <algorithm>
+#include <array>
 #include <filesystem>
+#include <string_view>
 #include <vector>
 
 #include "mrlxmlclass/dom/Document.h"
@@ -19,6 +21,30 @@ inline String Listed(const Ref<Collection>& texts) {
     for (const auto& entry : texts->Snapshot()) {
         if (!list.empty()) list += " ";
         list += entry.item.As<String>();
+    }
+    return list;
+}
+
+/// The sections of a whole project file in the order in which they are written.
+inline constexpr std::array<std::string_view, 10> kSections{
+    "Tasks",
+    "People",
+    "TaskAssigmentRelations",
+    "TaskGoalRelations",
+    "TaskObstaclesRelations",
+    "TaskNoteRelations",
+    "Goals",
+    "Notes",
+    "Obstacles",
+    "Calendar",
+};
+
+/// Their names from one on, a blank between them.
+inline String SectionsFrom(std::size_t first) {
+    String list;
+    for (std::size_t place = first; place < kSections.size(); ++place) {
+        if (!list.empty()) list += " ";
+        list += kSections.at(place);
     }
     return list;
 }
