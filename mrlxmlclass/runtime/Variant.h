@@ -79,6 +79,10 @@ public:
         return Ref<T>(typed);
     }
 
+    /// The value as a number, as far as no locale has a say: any kind of number, a truth value as 0 or its raw bits, a
+    /// moment as its days, Empty as 0. Anything else fails (13), texts too.
+    Double Number(SourceLine where = SourceLine::Here()) const;
+
     /// The key that this value is in text form: texts and whole numbers are keys, Empty is the key "", anything else
     /// fails (13), and so does a number beyond a Long (6).
     KeyText Key(SourceLine where = SourceLine::Here()) const;

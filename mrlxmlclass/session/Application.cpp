@@ -22,13 +22,8 @@ namespace {
 constexpr FailureTail kTail{"Application"};
 
 Integer AsInteger(const Variant& value) {
-    if (const String* text = value.If<String>()) return Conversions::StringToInteger(*text);
-    if (const double* number = value.If<double>()) return Integer(*number);
-    if (const Boolean* flag = value.If<Boolean>()) return flag->raw();
-    if (const Currency* amount = value.If<Currency>()) return Integer(amount->ToDouble());
-    if (const Date* date = value.If<Date>()) return Integer(date->days());
-    if (value.is_empty()) return 0;
-    return value.As<Long>();
+    const String* text = value.If<String>();
+    return text != nullptr ? Conversions::StringToInteger(*text) : Integer(value.Number());
 }
 
 /// A new collection that issues its keys from these counters.

@@ -97,6 +97,24 @@ TEST(Variant, HoldsArraysOfItsKind) {
     EXPECT_EQ(nested, Variant(VariantArray{1, "two", VariantArray{3.0}}));
 }
 
+TEST(VariantNumber, IsTheValueOfEveryKindThatIsANumber) {
+    EXPECT_EQ(Variant(5).Number(), 5);
+    EXPECT_EQ(Variant(INT32_MIN).Number(), INT32_MIN);
+    EXPECT_EQ(Variant(2.5).Number(), 2.5);
+    EXPECT_EQ(Variant(True).Number(), -1);
+    EXPECT_EQ(Variant(Boolean::Raw(7)).Number(), 7);
+    EXPECT_EQ(Variant(Currency(2.5)).Number(), 2.5);
+    EXPECT_EQ(Variant(Date(2.5)).Number(), 2.5);
+    EXPECT_EQ(Variant().Number(), 0);
+}
+
+TEST(VariantNumber, FailsOnWhatIsNone) {
+    for (const Variant& value : {Variant("5"), Variant(""), Variant(Variant::Null{}), Variant(Variant::Missing{}),
+                                 Variant(nullptr), Variant(Make<Person>()), Variant(VariantArray{})}) {
+        EXPECT_EQ(NumberOf([&] { value.Number(); }), failure::kTypeMismatch);
+    }
+}
+
 TEST(VariantKey, IsTheTextForm) {
     EXPECT_EQ(Variant(5).Key(), KeyText("5"));
     EXPECT_EQ(Variant("05").Key(), KeyText("05"));
