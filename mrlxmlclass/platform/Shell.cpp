@@ -2,14 +2,13 @@
 
 #include <algorithm>
 
+#include "mrlxmlclass/runtime/Text.h"
+
 namespace mrlxmlclass {
 namespace {
 
 bool IsLetter(char c) {
     return (c >= 'a' && c <= 'z') || (c >= 'A' && c <= 'Z');
-}
-bool IsDigit(char c) {
-    return c >= '0' && c <= '9';
 }
 
 }  // namespace

@@ -19,7 +19,6 @@ constexpr int kFirstYear = 100;
 constexpr int kLastYear = 9999;
 constexpr double kFirstDay = (sys_days{year{kFirstYear} / 1 / 1} - kDayZero).count();
 constexpr double kEnd = (sys_days{year{kLastYear + 1} / 1 / 1} - kDayZero).count();
-constexpr double kSecondsADay = 86400;
 
 Date InRange(double days, SourceLine where) {
     if (!(days >= kFirstDay && days < kEnd)) Raise(failure::kOverflow, where);
@@ -49,7 +48,8 @@ Date AddMonths(Date date, double count, SourceLine where) {
     const year_month_day civil = CivilOf(date);
     const std::int64_t index = std::int64_t{static_cast<int>(civil.year())} * 12 +
                                (static_cast<unsigned>(civil.month()) - 1) + std::int64_t{months};
-    if (index < std::int64_t{kFirstYear} * 12 || index >= std::int64_t{kLastYear + 1} * 12) Raise(failure::kOverflow, where);
+    if (index < std::int64_t{kFirstYear} * 12 || index >= std::int64_t{kLastYear + 1} * 12)
+        Raise(failure::kOverflow, where);
     const year to_year{static_cast<int>(index / 12)};
     const month to_month{static_cast<unsigned>(index % 12 + 1)};
     const day month_end = (to_year / to_month / last).day();

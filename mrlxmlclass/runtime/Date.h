@@ -42,6 +42,8 @@ private:
 /// Calendar days from `from` to `to`: the difference of the two date parts.
 Long DaysBetween(Date from, Date to, SourceLine where = SourceLine::Here());
 
+inline constexpr int kSecondsADay = 86400;
+
 /// How far a date steps. Days and weeks are plain; a month keeps the day, clipped to the month's end.
 enum class Interval { Days, Weeks, Months, Hours, Minutes };
 

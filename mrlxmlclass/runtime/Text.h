@@ -18,6 +18,11 @@ String Mid(std::string_view text, std::size_t start, std::size_t units = static_
 /// Compares unit by unit, as a binary comparison of 16-bit texts does: below 0, 0, above 0.
 int CompareUnits(std::string_view a, std::string_view b);
 
+/// "0" to "9".
+constexpr bool IsDigit(char c) {
+    return c >= '0' && c <= '9';
+}
+
 /// Without the blanks around.
 std::string_view Trim(std::string_view text);
 /// ASCII letters to lower case; all else stays.

@@ -16,12 +16,7 @@ namespace mrlxmlclass {
 namespace {
 
 constexpr std::string_view kDateSeparators = "/-. ";
-constexpr int kSecondsADay = 86400;
 constexpr std::size_t kLongestFormat = 15;
-
-constexpr bool IsDigit(char c) {
-    return c >= '0' && c <= '9';
-}
 
 void AppendNumber(String& to, int number, std::size_t width) {
     const String digits = std::to_string(number);

@@ -12,10 +12,6 @@ namespace {
 
 constexpr std::size_t kDecimals = 4;  // of a Currency
 
-constexpr bool IsDigit(char c) {
-    return c >= '0' && c <= '9';
-}
-
 /// Reads a number from the front of a text, piece by piece.
 class NumberScanner {
 public:

@@ -18,6 +18,14 @@ String Smiling(const String& before, const String& behind) {
     return before + kSmile + behind;
 }
 
+TEST(IsDigit, TakesTheTenDigitsAlone) {
+    for (int code = 0; code < 256; ++code) {
+        EXPECT_EQ(IsDigit(static_cast<char>(code)),
+                  std::string_view("0123456789").find(static_cast<char>(code)) != std::string_view::npos)
+            << code;
+    }
+}
+
 TEST(Length, CountsSixteenBitUnits) {
     EXPECT_EQ(Length(""), 0U);
     EXPECT_EQ(Length("abc"), 3U);
