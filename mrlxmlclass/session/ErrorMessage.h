@@ -4,12 +4,15 @@
 
 namespace mrlxmlclass {
 
-/// Shows a message when a failure of one class is recorded. The library subscribes none: a host that wants its user to
-/// hear of failures at once makes one for each class that matters and adds it to the shared log's `Events`.
+/// Shows a message whenever a log records a failure of one class, as long as this object lives. The library makes none:
+/// a host that wants its user to hear of failures at once makes one for each class that matters.
 class ErrorMessage : public ErrorsHandlerEvents {
 public:
-    ErrorMessage(Ref<ErrorsHandler> log, String class_label)
-        : log_(std::move(log)), class_label_(std::move(class_label)) {}
+    /// Nothing as a log: never shows anything.
+    ErrorMessage(Ref<ErrorsHandler> log, String class_label);
+    ~ErrorMessage() override;
+    ErrorMessage(const ErrorMessage&) = delete;  // the log knows it by its address
+    ErrorMessage& operator=(const ErrorMessage&) = delete;
 
     void RaiseErrors(const String& ClassSource, const String& FunctionSource) override;
 
