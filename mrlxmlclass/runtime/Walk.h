@@ -7,12 +7,15 @@
 
 namespace mrlxmlclass {
 
+/// The tail of a call that failed before it opened its own.
+inline constexpr FailureTail kUnopenedTail{"Walk"};
+
 /// What a suspended call of a walk keeps; the callers form the chain that a stack would.
 struct PendingCall {
     std::coroutine_handle<> self;
     PendingCall* caller = nullptr;
     PendingCall** running = nullptr;  ///< the driver's variable: the call to resume next
-    FailureTail::Opening opening;
+    FailureTail::Opening opening = kUnopenedTail.Begin("Begin");
 
     std::suspend_always initial_suspend() noexcept { return {}; }
     void return_void() noexcept {}

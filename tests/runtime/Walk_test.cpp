@@ -86,6 +86,18 @@ TEST(Walk, LetsNoOtherExceptionPass) {
     EXPECT_EQ(failures.Taken(), "Climber/FailsWith 7\nClimber/FailsWith 51\nClimber/FailsWith 51\n");
 }
 
+TEST(Walk, RecordsAsItsOwnWhatFailsBeforeATailIsOpen) {
+    Failures failures;
+    const auto late = [](bool fail) -> Walk<Long> {
+        if (fail) Raise(failure::kUnknownKey);
+        auto& result = co_await kTail.Begin("late");
+        result = 7;
+    };
+    EXPECT_EQ(late(false).Run(), 7);
+    EXPECT_EQ(late(true).Run(), 0);
+    EXPECT_EQ(failures.Taken(), "Walk/Begin 5\n");
+}
+
 TEST(Walk, LeavesANumberSilentThatItsTailDoesNotRecord) {
     const Failures failures;
     static constexpr FailureTail silent{"Silent", FailureTail::Gives::Empty, failure::kUnknownKey};
