@@ -122,6 +122,7 @@ void Application::xProject(const Ref<ProjectsCls>& project) {
     xProject_ = project;
 }
 void Application::xPhases(const Ref<TasksCol>& phases) {
+    // Kept: never read, since each reading makes the phases anew.
     xPhases_ = phases;
 }
 void Application::xCalendar(const Ref<CalendarCls>& calendar) {
@@ -207,6 +208,7 @@ Date Application::MinDate() {
     return kTail.Run<Date>("MinDate", [&](Date& result) { result = xTaskCol()->GetMinDate(); });
 }
 
+// Kept: unlike MaxDate it leaves the cached day alone.
 void Application::MinDate(Date date) {
     kTail.Run("MinDate", [&] {
         if (Loud()) Events.Raise(&ApplicationEvents::MinDateChange, date);
@@ -217,6 +219,7 @@ Date Application::MaxDate() {
     return kTail.Run<Date>("MaxDate", [&](Date& result) { result = In(xTaskCol()).GetMaxDate(); });
 }
 
+// Kept: whatever the date, the next reading counts anew.
 void Application::MaxDate(Date /*date*/) {
     Module().g_MaxDate = Date();
 }

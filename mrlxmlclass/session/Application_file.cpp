@@ -37,6 +37,7 @@ Boolean IsWellFormed(const Ref<dom::Document>& document) {
 }  // namespace
 
 Boolean Application::SaveXml(Boolean p_persit) {
+    // Kept: not the name of the member.
     return kTail.Run<Boolean>("Save", [&](Boolean& result) {
         auto document = Make<dom::Document>();
         EnsureErrorsHandler();

@@ -100,6 +100,8 @@ TEST(LoadXML, FindsTheSpanOfThePlan) {
     Module().g_MinDate = Monday - 1000;
     Module().g_MaxDate = Monday + 2000;
     ASSERT_EQ(plan.Load("p.prx", True), True);
+    EXPECT_EQ(DayName(Module().g_MinDate), DayName(Monday));
+    EXPECT_EQ(Module().g_MinDateTaskKey, plan.Number("House")) << "the first that starts then";
     EXPECT_EQ(Module().g_MaxDate, plan["Garden"].TaskEDate());
     EXPECT_EQ(Module().g_MaxDateTaskKey, plan.Number("Garden"));
 }

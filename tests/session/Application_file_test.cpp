@@ -206,6 +206,12 @@ TEST(SaveXml, RecordsTheSectionAndItselfWhenTheFileCannotBeWritten) {
     }
 }
 
+TEST(SaveXml, KeepsSigningItsFailuresAsSave) {
+    Plan plan;
+    EXPECT_EQ(plan.app->SaveXml(False), False);
+    EXPECT_TRUE(plan.failures.Taken().ends_with("Application/Save 91\n"));
+}
+
 TEST(SaveXml, WithoutAFileNameFailsAndStoresNoState) {
     Plan plan;
     EXPECT_EQ(plan.app->SaveXml(), False);

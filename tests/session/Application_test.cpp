@@ -274,7 +274,7 @@ TEST(xPhases, HoldsClonesOfTheTopRowsThatMayHaveChildrenInTheOrderOfTheirRows) {
     EXPECT_FALSE(phases->oPublicStaticCls);
 }
 
-TEST(xPhases, NeverGivesBackWhatItWasSetTo) {
+TEST(xPhases, KeepsNothingOfWhatItWasSetTo) {
     Plan plan;
     const auto set = Make<TasksCol>();
     plan.app->xPhases(set);
@@ -286,6 +286,15 @@ TEST(MinDate, GivesTheTasksFirstDayWhateverWasSet) {
     plan.Task("A").From(Tuesday).Lasting(2);
     plan.app->MinDate(Monday - 300);
     EXPECT_EQ(plan.app->MinDate(), Tuesday);
+}
+
+TEST(MinDate, KeepsTheCachedDayWhenItIsSet) {
+    Plan plan;
+    plan.Task("A").From(Tuesday).Lasting(2);
+    Module().g_MinDate = Monday;
+    plan.app->MinDate(Friday);
+    EXPECT_EQ(DayName(Module().g_MinDate), DayName(Monday));
+    EXPECT_EQ(DayName(plan.app->MinDate()), DayName(Monday)) << "not counted anew";
 }
 
 TEST(MinDate, TellsTheHostWhenItIsSetUnlessItIsSilenced) {
@@ -300,7 +309,7 @@ TEST(MinDate, TellsTheHostWhenItIsSetUnlessItIsSilenced) {
     plan.app->Events.Remove(log);
 }
 
-TEST(MaxDate, CountsAnewAfterItWasSet) {
+TEST(MaxDate, KeepsNothingOfWhatItWasSetToButCountsAnew) {
     Plan plan;
     plan.Task("A").From(Tuesday).Lasting(2);
     Module().g_MaxDate = Friday;
