@@ -186,7 +186,7 @@ TEST_F(HeldFile, LeavesAloneWhatSomebodyPutInItsPlace) {
     EXPECT_EQ(Use(), FileUse::Absent);
 }
 
-TEST_F(HeldFile, IsAnotherOneAfterSomebodyDeletedIt) {
+TEST_F(HeldFile, CanBeHeldAnewAfterSomebodyDeletedIt) {
     numbers.Hold(path);
     plat.files.Delete(path);
     EXPECT_EQ(Use(), FileUse::Absent);

@@ -68,6 +68,11 @@ TEST(RemoveTask, KeepsItsFlagUpAfterAnUnknownKey) {
     plan.col().Remove(plan.Key("A"), {}, {}, {}, {}, {}, {});
     plan.col().SetNumberOFCondidat(False);
     EXPECT_EQ(plan.col().Count(), 1) << "until the next task is removed";
+
+    plan.col().Remove(77, {}, {}, {}, {}, {}, {}, True);
+    plan.col().AddItem(Make<TasksCls>());
+    plan.col().SetNumberOFCondidat(False);
+    EXPECT_EQ(plan.col().Count(), 1) << "or added, which makes two that count";
 }
 
 TEST(RemoveTask, MakesACandidateUnlessItIsForced) {
