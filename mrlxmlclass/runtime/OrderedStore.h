@@ -28,6 +28,7 @@ public:
 
     OrderedStore() = default;
     OrderedStore(const OrderedStore&) = default;
+    OrderedStore(OrderedStore&& other) noexcept : body_(std::move(other.body_)), stamp_(other.stamp_++) {}
     /// Takes over the other's items; the stamp goes on from this store's own, so that no stamp ever comes twice.
     OrderedStore& operator=(OrderedStore other) noexcept {
         ++stamp_;

@@ -201,8 +201,19 @@ TEST(OrderedStore, NeverShowsAStampTwice) {
     store.Remove("1"), changed();
     store.Clear(), changed();
     store = Store(), changed();
+    store.Append("4", 4), changed();
+    const Store moved = std::move(store);
+    changed();
+}
+
+TEST(OrderedStore, HandsItsItemsOverWhenItIsMoved) {
+    Store store = Counting(20);
+    const int* item = store.Find("3");
     Store moved = std::move(store);
-    EXPECT_TRUE(moved.empty());
+    EXPECT_TRUE(store.empty());
+    EXPECT_EQ(moved.Find("3"), item) << "the very same";
+    moved.Replace(3, 77);
+    EXPECT_EQ(moved.Find("3"), item) << "and nobody else's, so that a change need not copy";
 }
 
 /// Does something when it dies.
