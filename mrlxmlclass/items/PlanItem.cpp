@@ -25,9 +25,8 @@ Ref<TasksCol> PlanItem<Self, Relations, FieldsOf>::Tasks() {
 template <class Self, class Relations, class FieldsOf>
 Boolean PlanItem<Self, Relations, FieldsOf>::SetTasksCollection(const Ref<Relations>& oTaskRelationcol,
                                                                 const Ref<TasksCol>& TaskCol) {
-    constexpr const ItemRow& row = kRow<Self>;
-    return kTail<Self>.As(row.wiring).template Run<Boolean>("SetTasksCollection", [&](Boolean& result) {
-        if (row.drops_copies) {
+    return kTail<Self>.As(kRow<Self>.wiring).template Run<Boolean>("SetTasksCollection", [&](Boolean& result) {
+        if constexpr (kRow<Self>.drops_copies) {
             f_.Tasks.Set({});
         } else {
             In(Tasks()).RemoveALL();
@@ -35,9 +34,9 @@ Boolean PlanItem<Self, Relations, FieldsOf>::SetTasksCollection(const Ref<Relati
         if (const Ref<Relations> own = Internal(*this).PeekRelations()) {
             for (const auto& entry : own->NewEnum()) {
                 const auto relation = oTaskRelationcol->Item(entry.item->elementKey());
-                if (row.wants_relation && !relation) continue;
+                if (kRow<Self>.wants_relation && !relation) continue;
                 const Ref<TasksCls> task = TaskCol->Item(relation->TaskKey());
-                if (row.wants_task && !task) continue;
+                if (kRow<Self>.wants_task && !task) continue;
                 Tasks()->AddItem(task);
             }
         }

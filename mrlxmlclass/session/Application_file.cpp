@@ -39,7 +39,7 @@ Boolean IsWellFormed(const Ref<dom::Document>& document) {
 Boolean Application::SaveXml(Boolean p_persit) {
     // Kept: not the name of the member.
     return kTail.Run<Boolean>("Save", [&](Boolean& result) {
-        auto document = Make<dom::Document>();
+        Ref<dom::Document> document;  // the first section makes it
         EnsureErrorsHandler();
         if (xProject_) {
             xProject_->DateFormat(Gloabal::GetSystemDateFormat());

@@ -70,6 +70,16 @@ TEST(SaveXml, WritesTheFileOnceForEachOfItsElevenSections) {
     EXPECT_EQ(plan.platform.Read("p.prx").find("<Calendar>"), String::npos);
 }
 
+TEST(SaveXml, WritesNothingWithoutAProjectsRecord) {
+    Plan plan;
+    plan.app->xFileName(plan.platform.Path("p.prx"));
+    plan.Task("A");
+    plan.app->xProject({});
+    EXPECT_EQ(plan.app->SaveXml(), False);
+    EXPECT_EQ(plan.failures.Taken(), "Application/Save 91\n");
+    EXPECT_FALSE(plan.platform.Exists("p.prx"));
+}
+
 TEST(SaveXml, MakesTheGoalsNotesAndObstaclesButNoOtherCollectionThatIsMissing) {
     Plan plan;
     plan.app->xFileName(plan.platform.Path("p.prx"));
