@@ -66,12 +66,17 @@ Long KeyText::Number() const {
     return is_number() ? Long(number()) : KeyNumber(text());
 }
 
-Long KeyNumber(std::string_view text) {
+std::optional<Long> WholeNumberIn(std::string_view text) {
     text = Trim(text);
     if (text.starts_with('+') && !text.starts_with("+-")) text.remove_prefix(1);
     std::int32_t number = 0;
     const auto [end, error] = std::from_chars(text.data(), text.data() + text.size(), number);
-    return error == std::errc{} && end == text.data() + text.size() ? Long(number) : Long(0);
+    if (error != std::errc{} || end != text.data() + text.size()) return std::nullopt;
+    return number;
+}
+
+Long KeyNumber(std::string_view text) {
+    return WholeNumberIn(text).value_or(Long(0));
 }
 
 }  // namespace mrlxmlclass

@@ -3,6 +3,7 @@
 #include <cstddef>
 #include <cstdint>
 #include <functional>
+#include <optional>
 #include <string_view>
 
 #include "mrlxmlclass/runtime/Numbers.h"
@@ -40,6 +41,9 @@ private:
     std::int32_t id_ = kNoKey;
 };
 
+/// The whole number that a text is, blanks around it and a sign allowed; nothing for any other text and for a number
+/// beyond a Long.
+std::optional<Long> WholeNumberIn(std::string_view text);
 /// The number that a key's text stands for; a text that is no number, and the empty text, count as 0.
 Long KeyNumber(std::string_view text);
 

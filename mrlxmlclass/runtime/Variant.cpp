@@ -1,7 +1,5 @@
 #include "mrlxmlclass/runtime/Variant.h"
 
-#include <cmath>
-
 namespace mrlxmlclass {
 
 Double Variant::Number(SourceLine where) const {
@@ -13,14 +11,21 @@ Double Variant::Number(SourceLine where) const {
     return As<Long>(where).value();
 }
 
+String Variant::Text(SourceLine where) const {
+    if (const String* text = If<String>()) return *text;
+    if (const Long* number = If<Long>()) return std::to_string(number->value());
+    if (const Boolean* flag = If<Boolean>()) return *flag ? "True" : "False";
+    if (const double* number = If<double>()) return TextInLocale(*number);
+    if (const Currency* amount = If<Currency>()) return TextInLocale(*amount);
+    if (const Date* date = If<Date>()) return TextInLocale(*date);
+    if (is_empty()) return {};
+    Raise(failure::kTypeMismatch, where);
+}
+
 KeyText Variant::Key(SourceLine where) const {
     if (const String* text = If<String>()) return KeyText(*text);
     if (const Long* number = If<Long>()) return KeyText(*number);
-    if (const double* number = If<double>(); number != nullptr && std::floor(*number) == *number) {
-        return KeyText(Long(*number, where));
-    }
-    if (is_empty()) return KeyText("");
-    Raise(failure::kTypeMismatch, where);
+    return KeyText(Text(where));
 }
 
 }  // namespace mrlxmlclass

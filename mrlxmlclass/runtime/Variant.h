@@ -83,8 +83,10 @@ public:
     /// moment as its days, Empty as 0. Anything else fails (13), texts too.
     Double Number(SourceLine where = SourceLine::Here()) const;
 
-    /// The key that this value is in text form: texts and whole numbers are keys, Empty is the key "", anything else
-    /// fails (13), and so does a number beyond a Long (6).
+    /// The value as text: a number, an amount and a moment in the form of the locale, a truth value as "True" or
+    /// "False", Empty as "". Anything else fails (13).
+    String Text(SourceLine where = SourceLine::Here()) const;
+    /// The key that this value is in text form.
     KeyText Key(SourceLine where = SourceLine::Here()) const;
 
     friend bool operator==(const Variant&, const Variant&) = default;
@@ -93,5 +95,11 @@ private:
     std::variant<Empty, Null, Missing, Boolean, Long, double, Currency, Date, String, Ref<Counted>, VariantArray>
         value_;
 };
+
+/// The text of a fraction, an amount or a moment in the form of the locale. The xml floor, which knows locales, defines
+/// it.
+String TextInLocale(Double value);
+String TextInLocale(Currency value);
+String TextInLocale(Date value);
 
 }  // namespace mrlxmlclass

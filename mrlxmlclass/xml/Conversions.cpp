@@ -21,9 +21,7 @@ String Joined(const Ref<Collection>& col) {
     for (const auto& entry : col->Snapshot()) {
         if (!first) text += ';';
         first = false;
-        // A text as it stands: taken as a key it would be interned for good.
-        const String* piece = entry.item.If<String>();
-        text += piece != nullptr ? *piece : entry.item.Key().text();
+        text += entry.item.Text();  // taken as a key it would be interned for good
     }
     return text;
 }
@@ -125,3 +123,17 @@ Boolean isCurrency(std::string_view text) {
 }
 
 }  // namespace mrlxmlclass::Conversions
+
+namespace mrlxmlclass {
+
+String TextInLocale(Double value) {
+    return Conversions::DoubleToString(value);
+}
+String TextInLocale(Currency value) {
+    return Conversions::CurrencyToString(value);
+}
+String TextInLocale(Date value) {
+    return Conversions::DateToString(value);
+}
+
+}  // namespace mrlxmlclass

@@ -8,12 +8,6 @@
 namespace mrlxmlclass::Conversions {
 namespace {
 
-/// A key or item as text; a host may have filed dates or numbers.
-String SideText(const Variant& side) {
-    if (const Date* date = side.If<Date>()) return DateToString(*date);
-    return side.Key().text();
-}
-
 Ref<Dictionary> Filled(const String& text, const std::function<String(const String&)>& convert) {
     auto dictionary = Make<Dictionary>();
     for (const String& entry : Split(text, ";")) {
@@ -30,7 +24,7 @@ String CreateSucessorString(const Ref<Dictionary>& dictionary) {
     String text;
     for (const auto& entry : dictionary->Snapshot()) {
         if (!text.empty()) text += ';';
-        text += SideText(entry.key.value()) + ":" + SideText(entry.item);
+        text += entry.key.value().Text() + ":" + entry.item.Text();  // a host may have filed dates or numbers
     }
     return text;
 }

@@ -104,6 +104,14 @@ TEST(KeyNumber, ReadsWholeNumbers) {
     }
 }
 
+TEST(WholeNumberIn, TellsAZeroFromWhatIsNoNumber) {
+    for (const char* text : {"0", "00", "+0", "-0", " 0 "}) EXPECT_EQ(WholeNumberIn(text), Long(0)) << text;
+    for (const char* text : {"", " ", "+", "a", "0a", "1.5", "2147483648"}) {
+        EXPECT_EQ(WholeNumberIn(text), std::nullopt) << text;
+    }
+    EXPECT_EQ(WholeNumberIn(" 05"), Long(5));
+}
+
 TEST(KeyNumber, CountsWhatIsNoNumberAsZero) {
     for (const char* text : {"", " ", "+", "-", "+-5", "-+5", "++5", "--5", "+ 5", "5a", "a5", "5 5", "2147483648",
                              "1e3", "0x10", "inf"}) {

@@ -4,7 +4,7 @@
 
 #include <limits>
 
-#include "tests/support/NumberOf.h"
+#include "tests/support/TestPlatform.h"
 
 namespace mrlxmlclass {
 namespace {
@@ -125,13 +125,28 @@ TEST(VariantKey, IsTheTextForm) {
     EXPECT_EQ(Variant("").Key(), KeyText(""));
 }
 
-TEST(VariantKey, FailsOnWhatIsNoKey) {
-    for (const Variant& value :
-         {Variant(5.5), Variant(True), Variant(Date(5)), Variant(Variant::Null{}), Variant(Variant::Missing{}),
-          Variant(Make<Person>()), Variant(VariantArray{}), Variant(std::numeric_limits<double>::quiet_NaN())}) {
+TEST(VariantKey, IsTheTextFormOfTheLocale) {
+    mrlxmlclass::testing::TestPlatform platform;
+    EXPECT_EQ(Variant(5.5).Key(), KeyText("5.5"));
+    EXPECT_EQ(Variant(3e9).Key(), KeyText("3000000000"));
+    EXPECT_EQ(Variant(Currency(5)).Key(), KeyText("5"));
+    EXPECT_EQ(Variant(True).Key(), KeyText("True"));
+    EXPECT_EQ(Variant(Boolean::Raw(1)).Key(), KeyText("True"));
+    EXPECT_EQ(Variant(False).Key(), KeyText("False"));
+    EXPECT_EQ(Variant(Date::Of(2026, 3, 2)).Key(), KeyText("3/2/2026"));
+    platform.locale.Use("dd.MM.yyyy", ",");
+    EXPECT_EQ(Variant(5.5).Text(), "5,5");
+    EXPECT_EQ(Variant(Currency(5.25)).Text(), "5,25");
+    EXPECT_EQ(Variant(Date::Of(2026, 3, 2)).Text(), "02.03.2026");
+}
+
+TEST(VariantKey, FailsOnWhatHasNoText) {
+    for (const Variant& value : {Variant(Variant::Null{}), Variant(Variant::Missing{}), Variant(nullptr),
+                                 Variant(Make<Person>()), Variant(VariantArray{})}) {
         EXPECT_EQ(NumberOf([&] { value.Key(); }), failure::kTypeMismatch);
+        EXPECT_EQ(NumberOf([&] { value.Text(); }), failure::kTypeMismatch);
     }
-    EXPECT_EQ(NumberOf([] { Variant(3e9).Key(); }), failure::kOverflow);
+    EXPECT_EQ(NumberOf([] { Variant(std::numeric_limits<double>::quiet_NaN()).Key(); }), failure::kOverflow);
 }
 
 }  // namespace

@@ -155,7 +155,7 @@ TEST(KeyExist, FindsNothingInAPoolThatIsEmptyOrMissing) {
 
 TEST(KeyExist, RecordsAnArgumentThatIsNoKey) {
     TestSession session;
-    EXPECT_EQ(Make<StaticCls>()->KeyExist(Make<Collection>(), Date(1)), False);
+    EXPECT_EQ(Make<StaticCls>()->KeyExist(Make<Collection>(), Variant::Null{}), False);
     EXPECT_EQ(session.failures.Taken(), "StaticCls/KeyExist 13\n");
 }
 

@@ -173,7 +173,7 @@ TEST(IsPredecessor, RecordsAKeyThatIsNone) {
     task->TaskPredecessor()->Add("5", "5");
     task->TaskSuccessor()->Add("5", "5");
     EXPECT_EQ(task->isPredecessor(Variant(Variant::Null{})), False);
-    EXPECT_EQ(task->isSucesser(Monday), False);
+    EXPECT_EQ(task->isSucesser(Variant(VariantArray{})), False);
     EXPECT_EQ(session.failures.Taken(), "TasksCls/isPredecessor 13\nTasksCls/isSucesser 13\n");
 }
 

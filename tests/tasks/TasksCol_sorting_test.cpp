@@ -134,9 +134,21 @@ TEST(SortArray, PutsUnitsAboveTheSurrogatesLast) {
     EXPECT_EQ(array, Variant(VariantArray{"\xF0\x9F\x98\x80", "\xEF\xBF\xBD"}));
 }
 
-TEST(SortArray, LeavesAnArrayAloneThatHoldsMoreThanTexts) {
+TEST(SortArray, SortsWhateverHasATextByIt) {
     Plan plan;
-    const VariantArray mixed{"b", "a", True};
+    const auto dictionary = Make<Dictionary>();
+    for (const Variant& key : {Variant(Date::Of(2026, 3, 2)), Variant("a"), Variant(2.5), Variant(True), Variant(10)}) {
+        dictionary->Add(key, key);
+    }
+    Variant array;
+    plan.col().BuildArray(dictionary, array);
+    plan.col().SortArray(array);
+    EXPECT_EQ(array, Variant(VariantArray{10, 2.5, Date::Of(2026, 3, 2), True, "a"}));
+}
+
+TEST(SortArray, LeavesAnArrayAloneThatHoldsWhatHasNoText) {
+    Plan plan;
+    const VariantArray mixed{"b", "a", Variant::Null{}};
     Variant array = mixed;
     plan.col().SortArray(array);
     EXPECT_EQ(array, Variant(mixed));
