@@ -65,11 +65,12 @@ public:
     /// Deletes a file; one that is not there is no failure.
     virtual void Delete(const String& path) = 0;
     virtual void SetMode(const String& path, std::uint32_t mode) = 0;
-    /// Gives the file to the owner and group of another, as far as this process may.
+    /// Gives the file to the owner and group of another, each of the two as far as this process may.
     virtual void SetOwner(const String& path, const FileFacts& like) = 0;
     /// Makes the folder's entries durable.
     virtual void SyncFolder(const String& folder) = 0;
-    /// The path with every link followed; the path itself where that cannot be told.
+    /// The path with every link followed, also that to a file which is not there yet; the path itself where that cannot
+    /// be told.
     virtual String Resolve(const String& path) = 0;
 
     /// The sum of the file_attribute values; 0 when the file is not there.
@@ -81,8 +82,9 @@ public:
     /// Creates the file if need be and holds it against other openers, in this process and in others, until it is
     /// released or the process ends. Gives the lowest free file number, from 1. Fails (70) when somebody else holds it.
     virtual Integer Hold(const String& path) = 0;
-    /// Lets go of a number; deletes the file first unless `path_to_delete` is empty or names another file by now. When
-    /// the file cannot be deleted it stays held. A number that is not open does nothing, but the file still goes.
+    /// Lets go of a number; deletes the file first unless `path_to_delete` is empty or names another file by now. A
+    /// file that cannot be deleted is let go all the same. A number that holds nothing, or by now another path, does
+    /// nothing, but the file still goes.
     virtual void Release(Integer number, const String& path_to_delete) = 0;
 
     /// The folder of the running program, without a "/" at its end.

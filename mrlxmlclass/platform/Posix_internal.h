@@ -81,8 +81,13 @@ public:
     void Release(Integer number, const String& path_to_delete);
 
 private:
+    struct Held {
+        Descriptor file;
+        String path;
+    };
+
     std::mutex mutex_;
-    std::vector<Descriptor> held_;  // number 1 stands first; an empty one is free
+    std::vector<Held> held_;  // number 1 stands first; one without a file is free
 };
 
 FileUse UseOf(const String& path);

@@ -21,13 +21,22 @@ bool StillAt(const String& path, const struct stat& opened) {
     return stat(path.c_str(), &there) == 0 && there.st_dev == opened.st_dev && there.st_ino == opened.st_ino;
 }
 
+/// Opens a file for everybody to hold, making it if need be: what a dead holder leaves must not keep others out.
+Descriptor OpenForAll(const String& path) {
+    Descriptor file = OpenPath(path, O_RDWR);
+    if (file || errno != ENOENT) return file;
+    file = OpenPath(path, O_RDWR | O_CREAT, 0666);
+    if (file) fchmod(file.number(), 0666);  // also what this user denies to new files
+    return file;
+}
+
 // A lock of the open file, not of the process: it conflicts inside the process too, and closing some other
 // descriptor of the file does not drop it.
 Descriptor OpenHeld(const String& path) {
     DemandAskable(path);
     constexpr int kTries = 100;
     for (int tried = 0; tried < kTries; ++tried) {
-        Descriptor file = OpenPath(path, O_RDWR | O_CREAT, 0666);
+        Descriptor file = OpenForAll(path);
         struct stat opened {};
         if (!file || fstat(file.number(), &opened) != 0) RaiseFor(errno, path);
         if (!S_ISREG(opened.st_mode)) Raise(failure::kPathAccess);
@@ -58,32 +67,30 @@ FileUse UseOf(const String& path) {
 Integer FileNumbers::Hold(const String& path) {
     Descriptor file = OpenHeld(path);
     const std::scoped_lock guard(mutex_);
-    auto place = std::ranges::find_if(held_, [](const Descriptor& held) { return !held; });
+    auto place = std::ranges::find_if(held_, [](const Held& held) { return !held.file; });
     const Integer number = place - held_.begin() + 1;
-    if (place == held_.end()) {
-        held_.push_back(std::move(file));
-    } else {
-        *place = std::move(file);
-    }
+    if (place == held_.end()) place = held_.emplace(place);
+    *place = {std::move(file), path};
     return number;
 }
 
 void FileNumbers::Release(Integer number, const String& path_to_delete) {
     const std::scoped_lock guard(mutex_);
     const bool known = number > 0 && number <= std::ssize(held_);
-    Descriptor none;
-    Descriptor& file = known ? held_[static_cast<std::size_t>(number.value() - 1)] : none;
-    if (!path_to_delete.empty()) {
-        DemandAskable(path_to_delete);
-        // Deleted while it is still held, so that nobody finds it free meanwhile; when that fails the hold goes on. A
-        // file that somebody put in its place is theirs.
-        struct stat opened {};
-        const bool ours = !file || (fstat(file.number(), &opened) == 0 && StillAt(path_to_delete, opened));
-        if (ours && unlink(path_to_delete.c_str()) != 0 && errno != ENOENT && errno != ENOTDIR) {
-            RaiseFor(errno, path_to_delete);
-        }
+    Held none;
+    Held& held = known ? held_[static_cast<std::size_t>(number.value() - 1)] : none;
+    const bool ours = path_to_delete.empty() || held.path == path_to_delete;
+    const Held released = ours ? std::exchange(held, {}) : Held();  // closed at the end, whatever comes
+    if (path_to_delete.empty()) return;
+    DemandAskable(path_to_delete);
+    // Deleted while it is still held, so that nobody finds it free meanwhile. A file that somebody put in its place is
+    // theirs.
+    struct stat opened {};
+    const bool replaced =
+        released.file && !(fstat(released.file.number(), &opened) == 0 && StillAt(path_to_delete, opened));
+    if (!replaced && unlink(path_to_delete.c_str()) != 0 && errno != ENOENT && errno != ENOTDIR) {
+        RaiseFor(errno, path_to_delete);
     }
-    file = Descriptor();
 }
 
 }  // namespace mrlxmlclass::platform

@@ -4,22 +4,12 @@
 #include <sys/wait.h>
 #include <unistd.h>
 
-#include <functional>
-
 #include "mrlxmlclass/platform/Posix_internal.h"
+#include "tests/support/OtherProcess.h"
 #include "tests/support/TestPlatform.h"
 
 namespace mrlxmlclass::testing {
 namespace {
-
-/// What `body` gives in another process.
-int InAnotherProcess(const std::function<int()>& body) {
-    const pid_t child = fork();
-    if (child == 0) _exit(body());
-    int status = 0;
-    waitpid(child, &status, 0);
-    return WIFEXITED(status) ? WEXITSTATUS(status) : -1;
-}
 
 /// A process that holds a file until it is killed.
 class Holder {
@@ -106,6 +96,26 @@ TEST_F(HeldFile, IsFreeWhenItIsALeftover) {
     EXPECT_EQ(NumberOfHold(), 0);
 }
 
+TEST_F(HeldFile, CanBeHeldByEverybodyOnceItsHolderIsGone) {
+    const mode_t before = umask(022);
+    {
+        const Holder holder(path);
+        ASSERT_TRUE(holder.holds());
+    }
+    umask(before);
+    EXPECT_EQ(plat.files.Facts(path).mode, 0666u);
+    if (!MayBecomeAnybody()) return;
+    ASSERT_EQ(chmod(plat.folder.path().c_str(), 0755), 0);
+    EXPECT_EQ(AsUser({5003, 5002, 5002}, [&] { return NumberOfHold(); }), 0);
+}
+
+TEST_F(HeldFile, LeavesTheRightsOfAFileAloneThatWasThere) {
+    plat.Write("~a.prxl", "");
+    plat.files.SetMode(path, 0600);
+    numbers.Hold(path);
+    EXPECT_EQ(plat.files.Facts(path).mode, 0600u);
+}
+
 TEST_F(HeldFile, StaysHeldWhoeverReadsOrTestsIt) {
     numbers.Hold(path);
     for (int round = 0; round < 3; ++round) EXPECT_EQ(Use(), FileUse::InUse);
@@ -163,6 +173,30 @@ TEST_F(HeldFile, GoesWithItsRelease) {
     numbers.Hold(path);
     numbers.Release(1, "");
     EXPECT_EQ(Use(), FileUse::Free);
+}
+
+TEST_F(HeldFile, IsLetGoEvenIfItCannotBeDeleted) {
+    const auto holds_on = [&] {
+        numbers.Hold(path);
+        chmod(plat.folder.path().c_str(), 0555);
+        const auto failed = [&] { return NumberOf([&] { numbers.Release(1, path); }) == failure::kPermissionDenied; };
+        if (!failed()) return 1;
+        if (Use() != FileUse::Free) return 2;
+        numbers.Hold(plat.Path("real") + "/other");  // takes the number
+        if (!failed()) return 3;
+        if (plat.files.Use(plat.Path("real") + "/other") != FileUse::InUse) return 4;
+        chmod(plat.folder.path().c_str(), 0755);
+        numbers.Release(1, path);
+        return Use() == FileUse::Absent ? 0 : 5;
+    };
+    ASSERT_EQ(mkdir(plat.Path("real").c_str(), 0777), 0);
+    if (MayBecomeAnybody()) {
+        ASSERT_EQ(chown(plat.folder.path().c_str(), 5003, 5002), 0);
+        ASSERT_EQ(chown(plat.Path("real").c_str(), 5003, 5002), 0);
+        EXPECT_EQ(AsUser({5003, 5002, 5002}, holds_on), 0);
+    } else {
+        EXPECT_EQ(InAnotherProcess(holds_on), 0);
+    }
 }
 
 TEST_F(HeldFile, GoesEvenIfTheNumberIsNotOpen) {
