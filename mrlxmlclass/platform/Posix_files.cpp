@@ -2,6 +2,7 @@
 #include <unistd.h>
 
 #include <array>
+#include <climits>
 #include <cstdio>
 #include <cstdlib>
 
@@ -56,6 +57,28 @@ Descriptor OpenForWriting(const String& path, int flags) {
     if (S_ISFIFO(status.st_mode)) Raise(failure::kPathAccess);
     if ((status.st_mode & 0222) == 0) Raise(failure::kPermissionDenied);  // an administrator could write all the same
     return file;
+}
+
+/// What a link points to, from where the path itself counts; "" when the path is no link.
+String PointedTo(const String& path) {
+    std::array<char, PATH_MAX> target{};
+    const ssize_t length = readlink(path.c_str(), target.data(), target.size());
+    if (length <= 0) return {};
+    const std::string_view to(target.data(), static_cast<std::size_t>(length));
+    const std::size_t folder = to.starts_with('/') ? 0 : path.rfind('/') + 1;  // without a "/": 0
+    return path.substr(0, folder).append(to);
+}
+
+/// Where a chain of links ends, though nothing is there yet; the path itself when the chain has no end.
+String EndOfLinks(const String& path) {
+    constexpr int kMostLinks = 40;  // as many as the system follows
+    String place = path;
+    for (int followed = 0; followed <= kMostLinks; ++followed) {
+        const String next = PointedTo(place);
+        if (next.empty()) return place;
+        place = next;
+    }
+    return path;
 }
 
 class PosixFiles final : public Files {
@@ -113,7 +136,11 @@ public:
 
     void SetOwner(const String& path, const FileFacts& like) override {
         DemandAskable(path);
-        if (chown(path.c_str(), like.owner, like.group) != 0 && errno != EPERM) RaiseFor(errno, path);
+        if (chown(path.c_str(), like.owner, like.group) == 0) return;
+        // Where the owner is not this process's to give, the group may be all the same.
+        constexpr auto kSameOwner = static_cast<uid_t>(-1);
+        if (errno == EPERM && chown(path.c_str(), kSameOwner, like.group) == 0) return;
+        if (errno != EPERM) RaiseFor(errno, path);
     }
 
     void SyncFolder(const String& folder) override {
@@ -129,7 +156,7 @@ public:
     String Resolve(const String& path) override {
         if (!Askable(path)) return path;
         const std::unique_ptr<char, void (*)(void*)> resolved(realpath(path.c_str(), nullptr), std::free);
-        return resolved ? String(resolved.get()) : path;
+        return resolved ? String(resolved.get()) : EndOfLinks(path);
     }
 
     Integer Attributes(const String& path) override { return attributes_.Get(path); }

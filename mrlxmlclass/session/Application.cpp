@@ -40,6 +40,7 @@ Application::Application() {
     TakeMaxYear();
 }
 
+// Kept: no lock is let go; without `endreadonly` it is held as long as the process lives.
 Application::~Application() {
     xTaskCol_ = {};
     xTaskPeopleRelationcol_ = {};
@@ -148,6 +149,7 @@ Ref<TasksCol> Application::xPhases() {
 
 void Application::Init(Boolean BVersion, Boolean p_source_prima, Boolean p_for_lib, Boolean p_set_calendar,
                        const String& p_error_file_name) {
+    const Ref<Application> self(this);  // a listener may let go of it
     kTail.Run("Init", [&] {
         ModuleState& module = Module();
         module.g_MaxDate = Date();
@@ -210,6 +212,7 @@ Date Application::MinDate() {
 
 // Kept: unlike MaxDate it leaves the cached day alone.
 void Application::MinDate(Date date) {
+    const Ref<Application> self(this);  // a listener may let go of it
     kTail.Run("MinDate", [&] {
         if (Loud()) Events.Raise(&ApplicationEvents::MinDateChange, date);
     });
@@ -227,7 +230,7 @@ void Application::MaxDate(Date /*date*/) {
 Boolean Application::SetPublicCalendar() {
     Module().g_PublicCalendar = xCalendar_;
     Dirty_ = True;
-    return False;
+    return False;  // Kept: the work is done all the same.
 }
 
 Integer Application::GetPreviewSettings() {
@@ -240,9 +243,9 @@ void Application::SetPreviewSettings(const Variant& p_value) {
 
 Boolean Application::TaskRelated(const String& p_task_key) {
     return kTail.Run<Boolean>("TaskRelated", [&](Boolean& result) {
-        const Long key = KeyNumber(p_task_key);
-        if (key == 0 && p_task_key != "0") return;  // no number at all
-        result = mrlxmlclass::TaskRelated(key, xTaskPeopleRelationcol(), xTaskGoalRelationcol(),
+        const std::optional<Long> key = WholeNumberIn(p_task_key);
+        if (!key) return;
+        result = mrlxmlclass::TaskRelated(*key, xTaskPeopleRelationcol(), xTaskGoalRelationcol(),
                                           xTaskObstaclesRelationcol());
     });
 }

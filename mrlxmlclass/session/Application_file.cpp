@@ -22,6 +22,7 @@ namespace {
 constexpr FailureTail kTail{"Application"};
 
 /// Adds one section to the document and saves; without an object the document stays as it is.
+// Kept: each save goes straight over the old file, and a failing one leaves it cut.
 template <class Section>
 void WriteSectionOf(const Ref<Section>& section, const String& file_name, Ref<dom::Document>& document) {
     if (!section) return;
@@ -37,6 +38,7 @@ Boolean IsWellFormed(const Ref<dom::Document>& document) {
 }  // namespace
 
 Boolean Application::SaveXml(Boolean p_persit) {
+    const Ref<Application> self(this);  // a listener may let go of it
     // Kept: not the name of the member.
     return kTail.Run<Boolean>("Save", [&](Boolean& result) {
         Ref<dom::Document> document;  // the first section makes it
@@ -179,6 +181,7 @@ private:
 
 Boolean Application::LoadXML(Boolean p_onlyTasks, Boolean p_for_lib, ByRef<Boolean> p_its_read_only,
                              const String& p_errFileName) {
+    const Ref<Application> self(this);  // a listener, or whoever hears a yield, may let go of it
     return kTail.Run<Boolean>("LoadXML", [&](Boolean& result) {
         Loading loading(*this, p_onlyTasks, p_for_lib);
         loading.StartAnew(p_errFileName);

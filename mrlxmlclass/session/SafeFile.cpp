@@ -68,7 +68,12 @@ struct Target {
     FileFacts old;
     bool autosave = false;
 
-    std::uint32_t mode() const { return autosave ? old.mode | 0200U : old.mode; }
+    /// For a file of that group: where it is not the old file's, it gets no right but everybody's.
+    std::uint32_t ModeFor(std::uint32_t group) const {
+        const std::uint32_t mode = autosave ? old.mode | 0200U : old.mode;
+        const std::uint32_t everybodys = (mode & 07U) << 3U;
+        return group == old.group ? mode : mode & (~070U | everybodys);
+    }
     Integer attributes() const {
         if (autosave) return file_attribute::kHidden + file_attribute::kSystem;
         return Platform().files.Attributes(path);
@@ -125,7 +130,7 @@ public:
         files.Create(path_)->Close();
         if (!target.old.exists) return;
         files.SetOwner(path_, target.old);
-        files.SetMode(path_, target.mode());
+        files.SetMode(path_, target.ModeFor(files.Facts(path_).group));
     }
 
     /// Brings all of it onto the disk.
@@ -219,13 +224,14 @@ void Replace(Application& project, const String& file_name, String& trouble) {
 }  // namespace
 
 String SaveSafely(const Ref<Application>& application, Boolean persist) {
+    const Ref<Application> project = application;  // a listener may let go of the caller's
     const NewFailures failures;
     const String trouble = kTail.Run<String>("SaveSafely", [&](String& result) {
         result = "There is no project to save";
-        const String file_name = application->xFileName();
-        Replace(*application, file_name, result);
+        const String file_name = project->xFileName();
+        Replace(*project, file_name, result);
         result = String();
-        if (persist) Persist::SaveObject(application->xStep(), String(file_name));
+        if (persist) Persist::SaveObject(project->xStep(), String(file_name));
     });
     return trouble.empty() ? trouble : trouble + " (" + failures.Last() + ").";
 }

@@ -12,8 +12,9 @@ class Application;
 /// exception says so itself: the new file stands, but the system could not promise that a power cut leaves it there.
 ///
 /// The project goes into a copy in the same folder, which is checked (well-formed, every section there, no record cut
-/// short, as many records as in memory), brought onto the disk and put in the place of the original, whose owner, mode
-/// and attributes it takes over. A link stays a link and its target is replaced; other hard links keep the old file. An
+/// short, as many records as in memory), brought onto the disk and put in the place of the original, whose owner,
+/// group, mode and attributes it takes over; where the group may not be given, the file's new group gets no right but
+/// those of everybody. A link stays a link and its target is replaced, or made; other hard links keep the old file. An
 /// autosave name ends hidden, the lock stays held. A file that `SaveXml` could not write over is refused, such as a
 /// write-protected one. The wizard's state is written last, unless `persist` is False; what goes wrong there stands in
 /// the error file only. A copy that a dead process left behind is gone after the next save.

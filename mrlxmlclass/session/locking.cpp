@@ -55,6 +55,7 @@ Boolean CreateLockFile(const String& p_file) {
 }
 
 Boolean FileCanBeOveriwrite(const String& p_file) {
+    // Kept: contrary to its name, True while somebody has the project open.
     return kTail.Run<Boolean>("FileCanBeOveriwrite",
                               [&](Boolean& result) { result = IsFileInUse(LockFileOf(p_file)) == kInUse; });
 }

@@ -6,6 +6,7 @@
 #include <sys/wait.h>
 #include <unistd.h>
 
+#include "tests/support/OtherProcess.h"
 #include "tests/support/TestPlatform.h"
 
 namespace mrlxmlclass::testing {
@@ -119,6 +120,25 @@ TEST(SetOwner, GivesAFileToTheOwnerOfAnother) {
     EXPECT_EQ(NumberOf([&] { plat.files.SetOwner(plat.Path("none"), like); }), failure::kFileNotFound);
 }
 
+TEST(SetOwner, GivesTheGroupAloneWhereTheOwnerIsNotItsToGive) {
+    if (!MayBecomeAnybody()) GTEST_SKIP() << "only an administrator can become another user";
+    constexpr User kUser{5003, 5002, 5001};
+    TestPlatform plat;
+    plat.Write("a", "");
+    ASSERT_EQ(chown(plat.Path("a").c_str(), kUser.user, kUser.group), 0);
+    ASSERT_EQ(chmod(plat.folder.path().c_str(), 0755), 0);
+    FileFacts like = plat.files.Facts(plat.Path("a"));
+    like.owner = 5004;
+    const auto group_after = [&](gid_t group) {
+        like.group = group;
+        EXPECT_EQ(AsUser(kUser, [&] { return NumberOf([&] { plat.files.SetOwner(plat.Path("a"), like); }); }), 0);
+        EXPECT_EQ(plat.files.Facts(plat.Path("a")).owner, kUser.user);
+        return plat.files.Facts(plat.Path("a")).group;
+    };
+    EXPECT_EQ(group_after(kUser.member_of), kUser.member_of);
+    EXPECT_EQ(group_after(5009), kUser.member_of) << "not of its groups";
+}
+
 TEST(Facts, TellsWhatIsAtThePath) {
     TestPlatform plat;
     plat.Write("a", "12345");
@@ -215,6 +235,26 @@ TEST(Resolve, FollowsEveryLink) {
     EXPECT_EQ(FileNameOf(plat.files.Resolve(plat.Path("c"))), "a");
     EXPECT_EQ(plat.files.Resolve(plat.Path("absent")), plat.Path("absent"));
     EXPECT_EQ(plat.files.Resolve(""), "");
+}
+
+TEST(Resolve, FollowsLinksToAFileThatIsNotThereYet) {
+    TestPlatform plat;
+    ASSERT_EQ(mkdir(plat.Path("real").c_str(), 0700), 0);
+    ASSERT_EQ(symlink("real", plat.Path("folder").c_str()), 0);
+    ASSERT_EQ(symlink("../absent", plat.Path("real/up").c_str()), 0);
+    ASSERT_EQ(symlink("folder/up", plat.Path("first").c_str()), 0);
+    ASSERT_EQ(symlink("/no/such/folder/a", plat.Path("far").c_str()), 0);
+    EXPECT_EQ(plat.files.Resolve(plat.Path("far")), "/no/such/folder/a");
+
+    WriteWhole(plat.files, plat.files.Resolve(plat.Path("first")), "new");
+    EXPECT_EQ(plat.Read("absent"), "new");
+}
+
+TEST(Resolve, GivesThePathItselfWhenItsLinksHaveNoEnd) {
+    TestPlatform plat;
+    ASSERT_EQ(symlink("b", plat.Path("a").c_str()), 0);
+    ASSERT_EQ(symlink("a", plat.Path("b").c_str()), 0);
+    EXPECT_EQ(plat.files.Resolve(plat.Path("a")), plat.Path("a"));
 }
 
 }  // namespace

@@ -1,6 +1,8 @@
 #include <gtest/gtest.h>
 
 #include "mrlxmlclass/session/SafeFile.h"
+#include "mrlxmlclass/xml/ProjectsCls.h"
+#include "tests/session/LettingGo.h"
 #include "tests/session/SavedProject.h"
 
 namespace mrlxmlclass {
@@ -36,7 +38,7 @@ String AfterWrites(const String& whole, std::size_t writes) {
            "</Project>";
 }
 
-TEST(SaveXml, LeavesWhatWasWrittenBeforeTheWriteThatFails) {
+TEST(SaveXml, KeepsOnlyWhatWasWrittenBeforeTheWriteThatFails) {
     SavedProject project;
     for (std::size_t nth = 1; nth <= kWriters.size(); ++nth) {
         for (const bool halfway : {false, true}) {
@@ -60,6 +62,30 @@ TEST(SaveXml, LeavesWhatWasWrittenBeforeTheWriteThatFails) {
             EXPECT_EQ(left, AfterWrites(project.Read("house.prx"), nth - 1));
         }
     }
+}
+
+TEST(SaveXml, OutlivesAListenerThatLetsGoOfTheSession) {
+    SavedProject project;
+    auto other = Make<Application>();
+    other->Init();
+    other->xFileName(project.Path("other.prx"));
+    const testing::LettingGo listener(other);
+    project.platform.faults.FailAt(testing::FileCall::WriteAt, 1);
+
+    EXPECT_EQ(other->SaveXml(), False);
+
+    EXPECT_TRUE(listener.alive_when_told);
+    EXPECT_EQ(project.failures.Taken(), "Projectcls/ToXmlFile 57\nApplication/Save 91\n");
+}
+
+TEST(SaveXml, TellsThatTheRootsNameIsNone) {
+    SavedProject project;
+    project.app->xProject()->elementName("1");
+
+    EXPECT_EQ(project.app->SaveXml(), False);
+
+    EXPECT_EQ(project.failures.Taken(), "Projectcls/ToXmlFile 5\nApplication/Save 91\n");
+    EXPECT_FALSE(project.platform.Exists("plans/house.prx"));
 }
 
 TEST(SaveXml, WritesNoTwelfthTime) {

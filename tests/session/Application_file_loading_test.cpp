@@ -7,6 +7,7 @@
 #include "mrlxmlclass/session/ErrorsHandler.h"
 #include "mrlxmlclass/session/StaticCls.h"
 #include "mrlxmlclass/xml/ProjectsCls.h"
+#include "tests/session/LettingGo.h"
 #include "tests/support/WholeProject.h"
 
 namespace mrlxmlclass {
@@ -210,6 +211,34 @@ TEST(LoadXML, GoesOnWhenAHandlerFails) {
     plan.platform.ui.on_yield = [] { Raise(failure::kOverflow); };
     EXPECT_EQ(plan.Load("p.prx"), True);
     EXPECT_EQ(plan.app->xPeopleCol()->Count(), 1);
+}
+
+TEST(LoadXML, OutlivesAHostThatLetsGoOfTheSessionMeanwhile) {
+    WholeProject plan;
+    ASSERT_EQ(plan.SaveAs("p.prx"), True);
+    auto other = Make<Application>();
+    other->xFileName(plan.platform.Path("p.prx"));
+    bool alive = false;
+    plan.platform.ui.on_yield = [&] {
+        if (!other) return;
+        other = {};
+        alive = SessionLives();
+    };
+    EXPECT_EQ(other->LoadXML(), True);
+    EXPECT_TRUE(alive);
+    EXPECT_FALSE(SessionLives()) << "it went when the load was over";
+    plan.app->endreadonly();
+}
+
+TEST(LoadXML, OutlivesAListenerThatLetsGoOfTheSession) {
+    WholeProject plan;
+    auto other = Make<Application>();
+    other->xFileName(plan.platform.Path("absent.prx"));
+    const LettingGo listener(other);
+    EXPECT_EQ(other->LoadXML(), False);
+    EXPECT_TRUE(listener.alive_when_told);
+    EXPECT_TRUE(plan.failures.Taken().ends_with("Application/LoadXML 91\n"));
+    plan.app->endreadonly();
 }
 
 // --- What cannot be read --------------------------------------------------------------------------------------------

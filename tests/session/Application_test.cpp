@@ -15,6 +15,7 @@
 #include "mrlxmlclass/session/StaticCls_internal.h"
 #include "mrlxmlclass/wizard/Steps.h"
 #include "mrlxmlclass/xml/ProjectsCls.h"
+#include "tests/session/LettingGo.h"
 #include "tests/support/Plan.h"
 
 namespace mrlxmlclass {
@@ -309,6 +310,24 @@ TEST(MinDate, TellsTheHostWhenItIsSetUnlessItIsSilenced) {
     plan.app->Events.Remove(log);
 }
 
+TEST(MinDate, OutlivesAListenerThatLetsGoOfTheSession) {
+    struct Listener : ApplicationEvents {
+        explicit Listener(Ref<Application>& held) : session(held) { session->Events.Add(*this); }
+        void MinDateChange(Date) override {
+            session = {};
+            alive = SessionLives();
+        }
+        Ref<Application>& session;
+        bool alive = false;
+    };
+    const Plan plan;
+    auto other = Make<Application>();
+    const Listener listener(other);
+    other->MinDate(Friday);
+    EXPECT_TRUE(listener.alive);
+    EXPECT_FALSE(SessionLives()) << "it went when its listeners were told";
+}
+
 TEST(MaxDate, KeepsNothingOfWhatItWasSetToButCountsAnew) {
     Plan plan;
     plan.Task("A").From(Tuesday).Lasting(2);
@@ -324,7 +343,7 @@ TEST(Report, GivesFalse) {
     EXPECT_EQ(plan.app->Report(), False);
 }
 
-TEST(SetPublicCalendar, GivesFalseAndLeavesTheSessionDirty) {
+TEST(SetPublicCalendar, KeepsGivingFalseAlthoughItsWorkIsDone) {
     Plan plan;
     const auto calendar = Make<CalendarCls>();
     plan.app->xCalendar(calendar);
@@ -359,7 +378,7 @@ TEST(TaskRelated, ComparesNumbersAndKnowsNoTextThatIsNone) {
     Relate(plan.app->xTaskPeopleRelationcol(), plan.Number("A"));
     Relate(plan.app->xTaskPeopleRelationcol(), 0);
     EXPECT_EQ(plan.app->TaskRelated("01"), True);
-    EXPECT_EQ(plan.app->TaskRelated("0"), True);
+    for (const char* zero : {"0", "00", " 0", "+0", "-0"}) EXPECT_EQ(plan.app->TaskRelated(zero), True) << zero;
     EXPECT_EQ(plan.app->TaskRelated(""), False);
     EXPECT_EQ(plan.app->TaskRelated("A"), False);
 }
@@ -397,6 +416,17 @@ TEST(ApplicationCreateLockFile, OfASessionWithoutAFileNameDoesNothing) {
     EXPECT_EQ(plan.app->CreateLockFile(), False);
     EXPECT_EQ(Module().g_ReadOnly, False);
     EXPECT_EQ(plan.app->endreadonly(), True) << "even without a lock";
+}
+
+TEST(ApplicationCreateLockFile, KeepsItsLockBeyondTheEndOfTheSession) {
+    Plan plan;
+    auto other = Make<Application>();
+    other->xFileName(plan.platform.Path("p.prx"));
+    ASSERT_EQ(other->CreateLockFile(), True);
+    other = {};
+    EXPECT_EQ(plan.app->IsFileInUse(plan.platform.Path("p.prx")), True);
+    EXPECT_EQ(plan.app->endreadonly(), True) << "any session of the thread can end it";
+    EXPECT_FALSE(plan.platform.Exists("~p.prxl"));
 }
 
 TEST(ApplicationIsFileInUse, IsFalseForTheSessionsOwnFileWithoutTouchingTheDisk) {

@@ -4,7 +4,11 @@
 #include <sys/stat.h>
 #include <sys/sysmacros.h>
 
+#include <sstream>
+
+#include "tests/session/LettingGo.h"
 #include "tests/session/SavedProject.h"
+#include "tests/support/OtherProcess.h"
 
 namespace mrlxmlclass {
 namespace {
@@ -97,6 +101,61 @@ TEST(SaveSafely, SaysWhatFailedForWhichPath) {
     }
     EXPECT_EQ(project.FilesThere(), "folder");
     EXPECT_FALSE(project.platform.Exists(kSideFile));
+}
+
+/// Saves as a user in whose folder the project lies; gives owner, group and mode of the file afterwards.
+String SavedBy(SavedProject& project, const testing::User& who) {
+    const String folder = project.platform.Path("plans");
+    EXPECT_EQ(chmod(project.platform.folder.path().c_str(), 0755), 0);
+    EXPECT_EQ(chmod(folder.c_str(), 0777), 0);
+    EXPECT_EQ(testing::AsUser(who, [&] { return SaveSafely(project.app, /*persist=*/False).empty() ? 0 : 1; }), 0);
+    const FileFacts saved = project.platform.files.Facts(project.Path("house.prx"));
+    std::ostringstream words;
+    words << saved.owner << " " << saved.group << " " << std::oct << saved.mode;
+    return words.str();
+}
+
+TEST(SaveSafely, LeavesTheFileToItsGroupWhoeverSaves) {
+    if (!testing::MayBecomeAnybody()) GTEST_SKIP() << "only an administrator can become another user";
+    SavedProject project;
+    project.Write("house.prx", "<old/>");
+    project.platform.files.SetMode(project.Path("house.prx"), 0660);
+    ASSERT_EQ(chown(project.Path("house.prx").c_str(), 5004, 5001), 0);
+
+    EXPECT_EQ(SavedBy(project, {.user = 5003, .group = 5002, .member_of = 5001}), "5003 5001 660");
+}
+
+TEST(SaveSafely, GivesAnotherGroupNoRightButThatOfEverybody) {
+    if (!testing::MayBecomeAnybody()) GTEST_SKIP() << "only an administrator can become another user";
+    struct Row {
+        std::uint32_t mode;
+        const char* saved;
+    };
+    for (const Row& row : {Row{0660, "5003 5002 600"}, Row{0664, "5003 5002 644"}, Row{0606, "5003 5002 606"},
+                           Row{0666, "5003 5002 666"}}) {
+        SCOPED_TRACE(row.saved);
+        SavedProject project;
+        project.Write("house.prx", "<old/>");
+        project.platform.files.SetMode(project.Path("house.prx"), row.mode);
+        ASSERT_EQ(chown(project.Path("house.prx").c_str(), 5003, 5001), 0);
+
+        EXPECT_EQ(SavedBy(project, {.user = 5003, .group = 5002, .member_of = 5002}), row.saved);
+    }
+}
+
+TEST(SaveSafely, OutlivesAListenerThatLetsGoOfTheSession) {
+    SavedProject project;
+    auto other = Make<Application>();
+    other->Init();
+    other->xFileName(project.Path("other.prx"));
+    testing::LettingGo listener(other);
+    project.platform.faults.FailAt(FileCall::WriteAt, 1);
+
+    EXPECT_NE(SaveSafely(other), "");
+
+    EXPECT_TRUE(listener.alive_when_told);
+    EXPECT_FALSE(other);
+    EXPECT_TRUE(project.failures.Taken().ends_with("SafeFile/SaveSafely 57\n"));
 }
 
 TEST(SaveSafely, SaysThatThereIsNoProject) {
@@ -206,6 +265,30 @@ TEST(SaveSafely, LeavesTheAutosaveOfASilencedHostVisible) {
     EXPECT_EQ(SaveSafely(project.app), "");
 
     EXPECT_EQ(project.Attributes("AutoSave001.prx"), 0);
+}
+
+TEST(SaveSafely, MakesTheFileThatALinkPointsToWhereThereIsNone) {
+    SavedProject project;
+    std::filesystem::create_directory(project.Path("real"));
+    std::filesystem::create_symlink("real/house.prx", project.Path("house.prx"));
+
+    EXPECT_EQ(SaveSafely(project.app), "");
+
+    EXPECT_EQ(std::filesystem::read_symlink(project.Path("house.prx")), "real/house.prx");
+    EXPECT_EQ(Listed(MissingSections(project.Path("real/house.prx"))), "");
+    EXPECT_EQ(project.FilesThere(), "house.prx real");
+}
+
+TEST(SaveSafely, LeavesALinkAloneThatPointsToNoFolder) {
+    SavedProject project;
+    std::filesystem::create_symlink("none/house.prx", project.Path("house.prx"));
+
+    EXPECT_EQ(SaveSafely(project.app),
+              project.Path("house.prx") +
+                  " was not saved: the new copy beside it could not be written (The folder was not found).");
+
+    EXPECT_EQ(std::filesystem::read_symlink(project.Path("house.prx")), "none/house.prx");
+    EXPECT_EQ(project.failures.Taken(), "SafeFile/SaveSafely 76\n");
 }
 
 TEST(SaveSafely, LeavesAFileVisibleThatOnlyLiesBehindALinkInAnAutosaveFolder) {

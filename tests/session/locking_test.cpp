@@ -145,7 +145,7 @@ TEST_F(CreateLockFile, KeepsAnEarlierLockHeldWhenAnotherIsTaken) {
     EXPECT_EQ(locking::IsFileInUse(lock_file), -1);
 }
 
-TEST_F(FileCanBeOveriwrite, IsTrueWhileSomebodyHasTheProjectOpen) {
+TEST_F(FileCanBeOveriwrite, KeepsBeingTrueWhileSomebodyHasTheProjectOpen) {
     HoldBySomebodyElse("p.prx");
     EXPECT_EQ(locking::FileCanBeOveriwrite(project), True);
 }
