@@ -42,7 +42,7 @@ constexpr Range kNameStarts[] = {
 };
 
 bool StartsName(char32_t c) {
-    if (c < 0x80) return (c >= 'a' && c <= 'z') || (c >= 'A' && c <= 'Z') || c == '_' || c == ':';
+    if (c < 0x80) return (c >= 'a' && c <= 'z') || (c >= 'A' && c <= 'Z') || c == '_';
     return std::any_of(std::begin(kNameStarts), std::end(kNameStarts),
                        [c](Range range) { return c >= range.first && c <= range.last; });
 }
@@ -50,6 +50,15 @@ bool StartsName(char32_t c) {
 bool ContinuesName(char32_t c) {
     return StartsName(c) || (c >= '0' && c <= '9') || c == '-' || c == '.' || c == 0xB7 || (c >= 0x300 && c <= 0x36F) ||
            c == 0x203F || c == 0x2040;
+}
+
+bool IsPlainName(std::string_view text) {
+    std::size_t at = 0;
+    if (text.empty() || !StartsName(NextCharacter(text, at))) return false;
+    while (at < text.size()) {
+        if (!ContinuesName(NextCharacter(text, at))) return false;
+    }
+    return true;
 }
 
 }  // namespace
@@ -128,12 +137,9 @@ String Cleaned(std::string_view text) {
 }
 
 bool IsName(std::string_view text) {
-    std::size_t at = 0;
-    if (text.empty() || !StartsName(NextCharacter(text, at))) return false;
-    while (at < text.size()) {
-        if (!ContinuesName(NextCharacter(text, at))) return false;
-    }
-    return true;
+    const std::size_t colon = text.find(':');
+    if (colon == kNone) return IsPlainName(text);
+    return IsPlainName(text.substr(0, colon)) && IsPlainName(text.substr(colon + 1));
 }
 
 }  // namespace mrlxmlclass::dom

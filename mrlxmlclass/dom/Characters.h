@@ -22,7 +22,8 @@ std::size_t FirstForbidden(std::string_view text);
 /// The text as a document holds it: line ends are line feeds, and whatever it may not hold is left out.
 String Cleaned(std::string_view text);
 
-/// Whether the text can name an element or an attribute.
+/// Whether the text can name an element or an attribute. A colon stands between a prefix and what can be a name without
+/// it, since such a name is what a document is read and written by.
 bool IsName(std::string_view text);
 
 }  // namespace mrlxmlclass::dom

@@ -12,13 +12,15 @@
 namespace mrlxmlclass::dom {
 namespace {
 
-// What a byte can be. Those of longer characters count as letters, and a name with such is looked at again.
+// What a byte can be. Colons and the bytes of longer characters count as letters, and a name with such is looked at
+// again.
 constexpr std::uint8_t kBlank = 1;
 constexpr std::uint8_t kNameStart = 2;
 constexpr std::uint8_t kNamePart = 4;
 constexpr std::uint8_t kLong = 8;    ///< of a character of several bytes
 constexpr std::uint8_t kText = 16;   ///< nothing to look at in text
 constexpr std::uint8_t kValue = 32;  ///< nothing to look at in the value of an attribute
+constexpr std::uint8_t kColon = 64;
 
 constexpr std::array<std::uint8_t, 256> MakeKinds() {
     std::array<std::uint8_t, 256> kinds{};
@@ -30,6 +32,7 @@ constexpr std::array<std::uint8_t, 256> MakeKinds() {
         if (letter) kinds[n] |= kNameStart;
         if (letter || holds("0123456789-.", byte)) kinds[n] |= kNamePart;
         if (n >= 0x80) kinds[n] |= kLong;
+        if (byte == ':') kinds[n] |= kColon;
         if (!holds("<&]", byte)) kinds[n] |= kText;
         if (!holds("<&\"'", byte)) kinds[n] |= kValue;
     }
@@ -174,7 +177,7 @@ private:
         std::uint8_t all = 0;
         for (std::uint8_t kind = KindOf(*at_); (kind & kNamePart) != 0; kind = KindOf(*++at_)) all |= kind;
         const std::string_view name(before, static_cast<std::size_t>(at_ - before));
-        if ((all & kLong) == 0 || IsName(name)) return name;
+        if ((all & (kLong | kColon)) == 0 || IsName(name)) return name;
         at_ = before;
         return {};
     }

@@ -22,7 +22,8 @@ std::string_view DeclarationText(Declaration declaration, Boolean unicode) {
 }
 
 void Seed(const Ref<dom::Document>& document, std::string_view root_name, std::string_view declaration) {
-    document->LoadXML(String(declaration).append("<").append(root_name).append("/>"));
+    if (document->LoadXML(String(declaration).append("<").append(root_name).append("/>"))) return;
+    Raise(failure::kUnknownKey, "\"" + String(root_name) + "\" cannot name an element");
 }
 
 }  // namespace

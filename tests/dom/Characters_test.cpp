@@ -78,7 +78,8 @@ TEST(IsName, TakesWhatXmlTakes) {
                              "\xE4\xB8\xAD", "a\xC2\xB7"}) {
         EXPECT_TRUE(IsName(name)) << name;
     }
-    for (const char* name : {"", "1a", "-a", ".a", "a b", "a>", "a\n", "a&b", "\xC3\x97", "a\xFF", "\xC2\xB7"}) {
+    for (const char* name : {"", "1a", "-a", ".a", "a b", "a>", "a\n", "a&b", "\xC3\x97", "a\xFF", "\xC2\xB7", ":",
+                             ":a", "a:", "a:1", "a:b:c", "1:a"}) {
         EXPECT_FALSE(IsName(name)) << name;
     }
 }

@@ -49,7 +49,7 @@ TEST(WriteSection, SeedsADocumentOfItsOwnWithTheElementNameAndADeclaration) {
               "<?xml version=\"1.0\" encoding=\"utf-16\" ?><Person><People><Mark>x</Mark></People></Person>");
 }
 
-TEST(WriteSection, SeedsThePlainAndTheMissingDeclarationWhateverTheEncoding) {
+TEST(WriteSection, KeepsThePlainAndTheMissingDeclarationWhateverTheEncoding) {
     TestSession session;
     Order order = To("");
     order.header = True;
@@ -98,6 +98,18 @@ TEST(WriteSection, KeepsNotSavingForATrueThatIsNotFull) {
     order.save = True;
     EXPECT_TRUE(WriteSection({"People", "Person"}, order, WriteMark));
     EXPECT_TRUE(session.Exists("a.prx"));
+}
+
+TEST(WriteSection, FailsWhereNoElementCanHaveTheName) {
+    TestSession session;
+    Order order = To(session.Path("a.prx"));
+    order.header = True;
+    order.save = True;
+    for (const char* name : {"", "1", "a b", "x:1"}) {
+        EXPECT_EQ(NumberOf([&] { WriteSection({"Project", name}, order, WriteMark); }), failure::kUnknownKey) << name;
+        EXPECT_EQ(NumberOf([&] { NewDocument(name, True, False, WriteMark); }), failure::kUnknownKey) << name;
+    }
+    EXPECT_FALSE(session.Exists("a.prx"));
 }
 
 TEST(WriteSection, PassesOnAFailureToSave) {
