@@ -70,20 +70,26 @@ struct LastOfSubtree {
         auto& result = co_await kTail.Begin("GetTaskAndSubNumber");
         if (walk.over()) co_return;
         walk.Step();
-        const Ref<TasksCls> task = tasks.Item(key.text());
-        if (In(task).HasChildren()) {
+        Ref<TasksCls> task = TaskUnder(key);
+        while (In(task).HasChildren()) {
             const auto children = In(tasks).ChildrenInOrder(task);
             if (!children) Raise(failure::kNothing);
-            for (const Long child : *children) {
-                auto below = Of(KeyText(child));
-                result = co_await std::move(below);
+            for (std::size_t place = 0; place + 1 < children->size(); ++place) {
+                auto below = Of(KeyText((*children)[place]));
+                co_await std::move(below);
             }
-        } else if (keys) {
-            result = task->TaskKey();
-        } else {
-            if (task->TaskPosition() > highest) highest = task->TaskPosition();
-            result = highest;
+            // The last child's answer is its parent's, so that a deep line of them is a loop.
+            if (walk.over()) co_return;
+            walk.Step();
+            task = TaskUnder(KeyText(children->back()));
         }
+        if (!keys && task->TaskPosition() > highest) highest = task->TaskPosition();
+        result = keys ? Integer(task->TaskKey()) : highest;
+    }
+
+    /// A task without a key is never found.
+    Ref<TasksCls> TaskUnder(KeyText key) const {
+        return key == KeyText(Long(0)) ? Ref<TasksCls>() : In(tasks).Find(key);
     }
 };
 

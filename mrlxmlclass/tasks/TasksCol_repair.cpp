@@ -1,3 +1,5 @@
+#include <unordered_map>
+
 #include "mrlxmlclass/tasks/TasksCol_internal.h"
 
 namespace mrlxmlclass {
@@ -7,17 +9,48 @@ constexpr auto kTail = kTasksColTail;
 /// What was found damaged before a failure stays found.
 constexpr FailureTail kFindingTail{"TasksCol", FailureTail::Gives::SoFar, failure::kUnknownKey};
 
+/// Tells the tasks whose way up ends from those that stand in a ring of parents or below one.
+class WaysUp {
+public:
+    explicit WaysUp(TasksCol& tasks) {
+        for (const auto& entry : tasks.NewEnum()) Follow(tasks, entry.key);
+    }
+    bool End(KeyText key) const {
+        const auto found = ends_.find(key);
+        return found != ends_.end() && found->second;
+    }
+
+private:
+    void Follow(TasksCol& tasks, KeyText key) {
+        std::vector<KeyText> passed;
+        bool ends = true;
+        while (const Ref<TasksCls> task = In(tasks).Find(key)) {
+            const auto [place, is_new] = ends_.emplace(key, false);  // a way that comes back to it has no end
+            if (!is_new) {
+                ends = place->second;
+                break;
+            }
+            passed.push_back(key);
+            if (task->ParentID() == 0) break;
+            key = KeyText(task->ParentID());
+        }
+        for (const KeyText& step : passed) ends_[step] = ends;
+    }
+
+    std::unordered_map<KeyText, bool> ends_;
+};
+
 /// Children that stand above their parents are arranged one by one, each at the cost of a walk over the plan. Only a
-/// damaged file has them; one that is damaged throughout, a ring of parents above all, must not take minutes. Rows are
-/// numbered anew in any case.
+/// damaged file has them. In a ring of parents, which no arranging cures, it must not take minutes: there it ends after
+/// a while. Rows are numbered anew in any case.
 class Arranging {
 public:
-    explicit Arranging(TasksCol& tasks) : tasks_(tasks), left_(kMostWork / (tasks.Count(True) + 1) + 1) {}
+    explicit Arranging(TasksCol& tasks) : tasks_(tasks), left_in_rings_(kMostWork / (tasks.Count(True) + 1) + 1) {}
 
     void Below(Long parent, Long child) {
-        if (left_ < 0) return;
-        if (left_-- == 0) {
-            kTail.Run("AddTaskParentForAll", [] { Raise(failure::kEndlessWalk); });
+        if (!ways_up_) ways_up_.emplace(tasks_);
+        if (!ways_up_->End(parent) && --left_in_rings_ <= 0) {
+            if (left_in_rings_ == 0) kTail.Run("AddTaskParentForAll", [] { Raise(failure::kEndlessWalk); });
         } else {
             tasks_.ArrangePosition(parent, child);
         }
@@ -27,7 +60,8 @@ private:
     static constexpr std::int64_t kMostWork = 1'000'000;  // arrangements times tasks
 
     TasksCol& tasks_;
-    std::int64_t left_;
+    std::optional<WaysUp> ways_up_;  // found when the first child stands above its parent
+    std::int64_t left_in_rings_;
 };
 
 /// Widens the cached span of the project by one task of the outline.
@@ -94,9 +128,11 @@ Boolean TasksCol::AddTaskParentForAll() {
 
 Boolean TasksCol::Internal::FixProject() {
     return kTail.Run<Boolean>("FixProject", [&](Boolean& result) {
-        const Ref<Collection> outline = self_.SortMe(True);
+        self_.SortMe(True);
         Long position = 0;
-        for (const auto& entry : outline->Snapshot()) entry.item.Object<TasksCls>()->TaskPosition(position += 1);
+        for (const auto& entry : self_.NewEnum()) {
+            if (entry.item->TaskCondidat()) entry.item->TaskPosition(position += 1);
+        }
         result = True;
     });
 }

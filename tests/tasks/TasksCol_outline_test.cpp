@@ -205,7 +205,7 @@ TEST(GetTaskAndSubNumber, GivesTheKeyOfTheLastLeafAndNotOfTheParent) {
 
 TEST(GetTaskAndSubNumber, CountsABranchThatFailsAsNothingAndGoesOn) {
     House plan;
-    plan.col().AddParentTask(plan.Key("Cellar"), 77);  // a second and third child that are no tasks
+    plan.col().AddParentTask(plan.Key("Cellar"), 77);  // a third child, which is no task
     Integer highest = 0;
     EXPECT_EQ(plan.col().GetTaskAndSubNumber(plan.Key("House"), False, highest), 5);
     EXPECT_EQ(plan.failures.Taken(), "TasksCol/GetTasksAsKeys 91\nTasksCol/GetTaskAndSubNumber 91\n");

@@ -156,6 +156,36 @@ TEST(AddTaskParentForAll, StopsArrangingAPlanThatIsDamagedThroughout) {
     plan.Heard();
 }
 
+TEST(AddTaskParentForAll, ArrangesEveryChildOfALargePlanWithoutARing) {
+    constexpr int kPairs = 800;
+    Plan plan;
+    for (int row = 1; row < 2 * kPairs; row += 2) {
+        Read(plan, "Child", row + 1, row)->TaskType(True);
+        Read(plan, "Parent", 0, row + 1);
+    }
+    EXPECT_TRUE(plan.col().AddTaskParentForAll());
+    In(plan.col()).FixProject();
+    int behind = 0;
+    for (int key = 1; key < 2 * kPairs; key += 2) {
+        behind += plan.col().Item(key)->TaskPosition() == plan.col().Item(key + 1)->TaskPosition() + 1 ? 1 : 0;
+    }
+    EXPECT_EQ(behind, kPairs);
+    plan.Heard();
+}
+
+TEST(AddTaskParentForAll, ArrangesWhatStandsOutsideOfARing) {
+    constexpr int kRing = 3'000;
+    Plan plan;
+    for (int i = 1; i <= kRing; ++i) Read(plan, "T", i % kRing + 1, i);
+    Read(plan, "Child", kRing + 2, kRing + 1)->TaskType(True);
+    Read(plan, "Parent", 0, kRing + 2);
+    Read(plan, "Last", 0, kRing + 3);
+    plan.Heard();
+    EXPECT_TRUE(plan.col().AddTaskParentForAll());
+    EXPECT_EQ(plan.failures.Taken(), "TasksCol/AddTaskParentForAll 28\n");
+    EXPECT_TRUE(plan.Heard().ends_with("TaskInserted(" + plan.Key("Child") + ", " + plan.Key("Parent") + ", 0)\n"));
+}
+
 TEST(AddTaskParentForAll, ReadsADeepOutlineOnASmallStack) {
     dom::OnSmallStack([] {
         constexpr int kDeep = 30'000;
@@ -174,6 +204,24 @@ TEST(FixProject, NumbersTheOutlineInItsOrderAndLeavesCandidates) {
     Read(plan, "C", 0, 12);
     EXPECT_TRUE(In(plan.col()).FixProject());
     EXPECT_EQ(Rows(plan.col()), "B1 Kept aside0 A2 C3");
+}
+
+TEST(FixProject, NumbersTasksThatShareARowInTheirOrderAmongTheCandidates) {
+    Plan two;
+    two.Task("First aside").Candidate().Task("Second aside").Candidate();
+    Read(two, "A", 0, 1);
+    Read(two, "B", 0, 1);
+    EXPECT_TRUE(In(two.col()).FixProject());
+    EXPECT_EQ(two["A"].TaskPosition(), 1);
+    EXPECT_EQ(two["B"].TaskPosition(), 2);
+
+    Plan one;
+    Read(one, "A", 0, 1);
+    Read(one, "B", 0, 1);
+    Read(one, "C", 0, 2);
+    one.Task("Aside").Candidate();
+    EXPECT_TRUE(In(one.col()).FixProject());
+    EXPECT_EQ(Rows(one.col()), "Aside0 A1 B2 C3");
 }
 
 }  // namespace
