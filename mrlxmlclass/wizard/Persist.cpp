@@ -8,8 +8,9 @@ namespace {
 
 constexpr FailureTail kTail{"Persist", FailureTail::Gives::SoFar};
 
-// Kept: only a save takes "~" out, so the state of a path with a "~" is never found again.
+// Kept: paths that differ in these only share one state.
 constexpr std::string_view kDropped = ":\\/. &';!@#$%^*,<>-_[]0123456789()";
+// Kept: only a save takes it out, so the state of a path with a "~" is never found again.
 constexpr std::string_view kDroppedAtSaveOnly = "~";
 
 void Drop(String& text, std::string_view characters) {
@@ -67,8 +68,9 @@ Boolean SaveObject(const Ref<Steps>& object, ByRef<String> file_name) {
 
         const dom::Node root = document->documentElement();
         dom::Node states = root.selectSingleNode(object->Name());
-        const bool first_of_class = !states;
-        if (first_of_class) states = document->AppendElement(root, object->Name());
+        // Kept: this alone decides, so the first save of all gives False, and a later one that fails from here on True.
+        result = Boolean(bool(states));
+        if (!result) states = document->AppendElement(root, object->Name());
         const Ref<dom::Document> branch = BranchOf(object, *file_name);
         const dom::Node old = states.selectSingleNode(*file_name);
         if (old) {
@@ -76,10 +78,7 @@ Boolean SaveObject(const Ref<Steps>& object, ByRef<String> file_name) {
         } else {
             document->AppendCopy(states, branch->documentElement());
         }
-        UsePlain(kMember, path, [&] {
-            document->Save(path);
-            result = !first_of_class;  // Kept: the first save of all gives False.
-        });
+        UsePlain(kMember, path, [&] { document->Save(path); });
     });
 }
 

@@ -9,9 +9,10 @@
 /// host on a machine write this file without a lock; the later save wins.
 namespace mrlxmlclass::Persist {
 
-/// Stores the state of a project. True only if the file already held a state of that class: the very first save gives
-/// False although it saved. A missing or broken side file is made anew. Without a file name nothing is done; a name
-/// that leaves no element name (5) and a file that cannot be written are recorded, and give False.
+/// Stores the state of a project. True if the file already held a state of that class, whether or not this one could be
+/// stored: the very first save gives False although it saved. A missing or broken side file is made anew. Without a
+/// file name nothing is done, and the result is False; a name that leaves no element name (5) and a file that cannot be
+/// written are recorded.
 Boolean SaveObject(const Ref<Steps>& object, ByRef<String> file_name);
 
 /// Restores it; an object of which nothing was stored stays as it is. Always False.

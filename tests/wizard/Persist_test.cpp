@@ -93,7 +93,7 @@ TEST_F(SaveObject, LeavesOnlyTheLettersOfThePathInTheCallersString) {
     EXPECT_EQ(SavedName("/pl\xC3\xA4ne/h\xC3\xA4user.prx"), "pl\xC3\xA4neh\xC3\xA4userprx");
 }
 
-TEST_F(SaveObject, GivesProjectsWhosePathsHaveTheSameLettersOneState) {
+TEST_F(SaveObject, KeepsOneStateForProjectsWhosePathsHaveTheSameLetters) {
     Save(Visiting({1}), "C:\\a1\\b.prx");
     EXPECT_EQ(Restored("C:\\a2\\b.prx"), "|;Ph|");
     Save(Visiting({2}), "/plans/a-1.prx");
@@ -186,10 +186,10 @@ TEST_F(SaveObject, RecordsANameThatCleansToNoElementNameAndStoresNothing) {
     }
 }
 
-TEST_F(SaveObject, LeavesTheStoredStatesAloneWhenANameIsRefused) {
+TEST_F(SaveObject, KeepsItsResultTrueWhenANameIsRefusedAndLeavesTheStoredStatesAlone) {
     Save(Visiting({1}), "/plans/house.prx");
     const String before = session.Read(kSideFile);
-    EXPECT_EQ(Save(Visiting({2}), "/plans/a+b.prx"), False);
+    EXPECT_EQ(Save(Visiting({2}), "/plans/a+b.prx"), True) << "there is a state of the class";
     EXPECT_EQ(session.failures.Taken(), "Persist/SaveObject 5\n");
     EXPECT_EQ(session.Read(kSideFile), before);
 }
@@ -219,10 +219,10 @@ TEST_F(SaveObject, RecordsAFolderInThePlaceOfTheFile) {
     EXPECT_EQ(Attributes(), 0);
 }
 
-TEST_F(SaveObject, HidesTheFileAgainAfterAWriteThatFailed) {
+TEST_F(SaveObject, KeepsItsResultTrueAfterAWriteThatFailedAndHidesTheFileAgain) {
     Save(Visiting({1}), "/plans/house.prx");
     session.faults.FailAt(FileCall::WriteAt, 1);
-    EXPECT_EQ(Save(Visiting({2}), "/plans/house.prx"), False);
+    EXPECT_EQ(Save(Visiting({2}), "/plans/house.prx"), True) << "there is a state of the class";
     EXPECT_EQ(session.failures.Taken(), "Persist/SaveObject 57\n");
     EXPECT_EQ(Attributes(), kHiddenAndSystem);
 }
