@@ -17,11 +17,19 @@ namespace {
 
 constexpr std::string_view kDateSeparators = "/-. ";
 constexpr std::size_t kLongestFormat = 15;
+constexpr std::size_t kLongestText = 1000;  // far longer than any date; no more is ever taken apart
 
 void AppendNumber(String& to, int number, std::size_t width) {
     const String digits = std::to_string(number);
     if (digits.size() < width) to.append(width - digits.size(), '0');
     to += digits;
+}
+
+/// Without the blanks around; what is too long for a date fails (13).
+std::string_view TrimmedDate(std::string_view text) {
+    text = Trim(text);
+    if (text.size() > kLongestText) Raise(failure::kTypeMismatch);
+    return text;
 }
 
 /// The whole number that a run of digits is; nothing when it is no such run.
@@ -176,7 +184,7 @@ String FormatDate(Date date, std::string_view pattern) {
 }
 
 Date ParseDate(std::string_view text, std::string_view pattern) {
-    text = Trim(text);
+    text = TrimmedDate(text);
     std::string_view half_of_day = LastWord(text);
     if (EqualsIgnoringCase(half_of_day, "AM") || EqualsIgnoringCase(half_of_day, "PM")) {
         text = Trim(text.substr(0, text.size() - half_of_day.size()));
@@ -232,7 +240,7 @@ void SetALLFormat(const String& p_cur_date_format, const String& p_sys_date_form
 
 String ConvertDateText(const String& /*p_sys_date_format*/, const String& /*p_cur_date_format*/, const String& text,
                        const String& p_date_spe, const Ref<Dictionary>& p_cur, const Ref<Dictionary>& p_sys) {
-    const auto parts = DateParts(WithoutTime(Trim(text)), p_date_spe + " ");
+    const auto parts = DateParts(WithoutTime(TrimmedDate(text)), p_date_spe + " ");
     const auto file_parts = p_cur->Snapshot();
     if (parts.size() != file_parts.size()) Raise(failure::kTypeMismatch);
 

@@ -173,6 +173,13 @@ TEST(ParseDate, RefusesWhatIsNoDate) {
     }
 }
 
+TEST(ParseDate, RefusesATextThatIsFarTooLong) {
+    TestSession session;
+    const String apart(1000, ' ');
+    EXPECT_EQ(ParseDate(apart + "1/2/2008" + apart, "M/d/yyyy"), Date::Of(2008, 1, 2));
+    EXPECT_EQ(NumberOf([&] { ParseDate("1/2/2008" + apart + "10:00", "M/d/yyyy"); }), failure::kTypeMismatch);
+}
+
 TEST(ParseDate, TakesBackWhatFormatDateWrites) {
     const double first = Date::Of(2008, 1, 1).days();
     for (const char* pattern : {"M/d/yyyy", "dd/MM/yyyy", "d.M.yyyy", "yyyy-MM-dd", "d. M. yyyy", "yyyy. MM. dd."}) {
@@ -313,6 +320,13 @@ TEST(ConvertDateText, RefusesATextThatDoesNotFollowTheFormat) {
         SCOPED_TRACE(text);
         EXPECT_EQ(NumberOf([&] { dates.Adjusted(text); }), failure::kTypeMismatch);
     }
+}
+
+TEST(ConvertDateText, RefusesATextThatIsFarTooLong) {
+    TestSession session;
+    const String apart(1000, ' ');
+    const DateAdjustment dates = AdjustmentOf("dd/MM/yyyy", "M/d/yyyy");
+    EXPECT_EQ(NumberOf([&] { dates.Adjusted("31/12/2008" + apart + "10:00"); }), failure::kTypeMismatch);
 }
 
 TEST(ConvertDateText, GivesEveryDateBackBetweenAnyTwoFormats) {
