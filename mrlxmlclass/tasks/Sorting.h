@@ -9,8 +9,9 @@
 namespace mrlxmlclass {
 
 /// The places 0 to count - 1 in ascending order of `key_of(place)`, by a heap sort over the places. Equal keys have no
-/// stable order but always the same one, and files show it: the heap is what it is.
+/// stable order but always the same one, and files show it.
 /// Each key is asked for once, and none where there is nothing to compare.
+// Kept: another sort would order equal keys differently.
 template <class KeyOf>
 std::vector<std::size_t> HeapOrder(std::size_t count, KeyOf&& key_of) {
     std::vector<std::size_t> places(count);

@@ -47,6 +47,7 @@ Ref<TasksCls> TasksCol::AddItem(const Ref<TasksCls>& newProperty) {
         const Ref<TasksCls> task = newProperty->Clone();
         In(task).elementName(element_name_);
         if (task->TaskKey() == 0) In(task).IncrementID(oPublicStaticCls);
+        // Kept: a candidate is not counted as one here, so copies of a plan count theirs into the outline.
         In(*this).File(task->TaskKey(), task);
         Module().g_InAddOrRemove = False;
         result = task;
@@ -164,7 +165,7 @@ Integer TasksCol::Internal::GetMaxPos() {
 }
 
 Boolean TasksCol::Internal::RemoveALL() {
-    self_.tasks_.Clear();
+    self_.tasks_.Clear();  // Kept: candidates stay counted, so the outline may have less than no task.
     return True;
 }
 

@@ -55,7 +55,8 @@ private:
         }
     }
 
-    /// A group separator counts only between digits; nobody checks its place.
+    /// A group separator counts only between digits.
+    // Kept: nobody checks its place, so a number written under another locale may be read as another number.
     bool SkipsGroup() {
         const std::string_view group = locale_.group;
         if (group.empty() || !rest_.starts_with(group)) return false;

@@ -45,6 +45,7 @@ Ref<dom::Document> ProjectsCls::ToXmlFile(const String& FileName, const Ref<dom:
                                           Boolean FileExist, Boolean Save) {
     // Kept: this one member signs as "Projectcls".
     return kTail.As("Projectcls").Run<Ref<dom::Document>>("ToXmlFile", [&](Ref<dom::Document>& result) {
+        // Kept: whatever encoding is asked for, the declaration names none.
         result = WriteSection({"Project", f_.elementName, Declaration::Plain},
                               {FileName, xmlDoc, includeDocHeader, unicode, FileExist, Save}, BodyOf(*this));
     });

@@ -8,6 +8,7 @@ namespace mrlxmlclass {
 /// Reads a record's fields in their order. A field is taken only when the element at hand bears its name, to the
 /// letter; otherwise the field keeps its value and the element waits for a later field. So fields may be absent, and an
 /// unknown element stops all behind it, without an error.
+// Kept: nobody hears of what was not read, and the next save leaves it out.
 class RecordReader {
 public:
     explicit RecordReader(dom::Node first) : at_(first), name_(first.baseName()) {}

@@ -40,6 +40,7 @@ void ReadLinks(RecordReader& in, Links& links, Fill&& fill) {
 }
 
 /// Steps over what a project with live links wrote, as far as that can be told without it.
+// Kept: nothing of it stays, so a save while links are not live drops them for good.
 void SkipLinks(RecordReader& in) {
     for (const char* name : {"TaskSuccessor", "TaskPredecessor", "TaskLeadTime"}) in.Skip(name);
     // Kept: a record without a position loses up to two of the elements behind.

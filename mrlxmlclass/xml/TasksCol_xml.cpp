@@ -18,6 +18,7 @@ Ref<dom::Document> TasksCol::ToXmlFile(const String& FileName, const Ref<dom::Do
                                        Boolean includeDocHeader, Boolean /*useNamespace*/, Boolean unicode,
                                        Boolean FileExist, Boolean Save) {
     return kTail.Run<Ref<dom::Document>>("ToXmlFile", [&](Ref<dom::Document>& result) {
+        // Kept: a document of its own gets no declaration.
         result =
             WriteSection({kSection, element_name_, Declaration::None},
                          {FileName, xmlDoc, includeDocHeader, unicode, FileExist, Save},

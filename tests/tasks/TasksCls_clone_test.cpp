@@ -138,7 +138,7 @@ TEST(Clone, DropsAndReplacesCollectionsOfItsOwnOnly) {
     EXPECT_FALSE(task->TasksPeople() == clone->TasksPeople());
 }
 
-TEST(Clone, StartsItsLeadTimesNotesGoalsAndObstaclesEmpty) {
+TEST(Clone, KeepsItsLeadTimesNotesGoalsAndObstaclesEmpty) {
     TestSession session;
     const auto task = NewTask();
     task->TaskLeadTime()->Add("5|2", "5");

@@ -177,7 +177,7 @@ TEST(ArrangePositionAfterInsert, NeverPushesARowBeyondTheNumberOfTasks) {
     EXPECT_EQ(old_row, 9);
 }
 
-TEST(ArrangePositionAfterInsert, CountsCandidatesAsRoom) {
+TEST(ArrangePositionAfterInsert, KeepsCountingCandidatesAsRoom) {
     FiveRows plan;
     plan.Task("Aside").Candidate();
     plan["D"].TaskPosition(2);

@@ -42,10 +42,10 @@ public:
         col().SetPhases();
         Heard();
     }
-    Ref<Collection> DeletePhase(Boolean arrange = False) {
+    Ref<Collection> DeletePhase(Boolean arrange = False, Boolean force = False) {
         return col().DeleteAllSubTasks(Key("Phase"), app->xTaskPeopleRelationcol(), app->xPeopleCol(),
                                        app->xTaskGoalRelationcol(), app->xGoalCol(), app->xTaskObstaclesRelationcol(),
-                                       app->xObstaclesCol(), False, arrange);
+                                       app->xObstaclesCol(), force, arrange);
     }
 };
 
@@ -100,7 +100,7 @@ TEST(RemoveTask, CountsACandidateOnce) {
     EXPECT_EQ(plan.col().Count(), 2);
 }
 
-TEST(RemoveTask, LeavesACandidateInTheListOfItsFormerParent) {
+TEST(RemoveTask, KeepsACandidateInTheListOfItsFormerParent) {
     OnePhase plan;
     plan.col().Remove(plan.Key("Build"), {}, {}, {}, {}, {}, {});
     EXPECT_EQ(Listed(plan.col().GetTasksAsKeys(1)), "3 2");
@@ -320,6 +320,15 @@ TEST(DeleteAllSubTasks, MakesCandidatesOfWhatARelationHolds) {
     EXPECT_EQ(plan.col().Count(), 1);
 }
 
+TEST(DeleteAllSubTasks, KeepsDecidingByTheRelationsWhateverTheCallerForces) {
+    OnePhase plan;
+    Tie(plan.app->xTaskGoalRelationcol(), plan.Number("Build"));
+    Tie(plan.app->xTaskPeopleRelationcol(), plan.Number("Phase"));
+    plan.DeletePhase(/*arrange=*/False, /*force=*/True);
+    EXPECT_EQ(Rows(plan.col()), "Build0 Phase0 Last4");
+    EXPECT_EQ(plan.col().Count(), 1);
+}
+
 TEST(DeleteAllSubTasks, CountsASummaryThatBecomesACandidateOnce) {
     OnePhase plan;
     plan.Task("Detail").Under("Design");
@@ -327,6 +336,19 @@ TEST(DeleteAllSubTasks, CountsASummaryThatBecomesACandidateOnce) {
     plan.DeletePhase();
     EXPECT_EQ(plan.col().Count(True), 2);
     EXPECT_EQ(plan.col().Count(), 1);
+}
+
+TEST(DeleteAllSubTasks, KeepsTellingTwiceOfASummaryThatBecomesACandidate) {
+    OnePhase plan;
+    plan.Task("Detail").Under("Design");
+    Tie(plan.app->xTaskGoalRelationcol(), plan.Number("Design"));
+    plan.DeletePhase();
+    EXPECT_EQ(plan.Heard(),
+              "TaskDeleted(5, , 0, False)\n"
+              "TaskDeleted(2, , 0, False)\n"
+              "TaskDeleted(2, , 0, False)\n"
+              "TaskDeleted(3, , 0, False)\n"
+              "TaskDeleted(1, , 0, False)\n");
 }
 
 TEST(DeleteAllSubTasks, KeepsItsFlagUpAfterASummaryBelow) {

@@ -28,7 +28,21 @@ TEST(Item, TakesTheKeyAsNumberOrAsText) {
     EXPECT_FALSE(plan.col().Item("01"));
 }
 
-TEST(Item, RecordsAKeyThatIsNeitherNumberNorText) {
+TEST(Item, TakesTheTextOfAnyOtherValueForTheKey) {
+    Plan plan;
+    plan.Task("A");
+    plan.col().Add("1.5");
+    EXPECT_EQ(plan.col().Item(Currency(1)), plan.col().Item(1));
+    EXPECT_EQ(plan.col().Item(1.0), plan.col().Item(1));
+    EXPECT_EQ(plan.col().Item(1.5), plan.col().Item("1.5"));
+    for (const Variant& key : {Variant(2.5), Variant(True), Variant(Date(1)), Variant(1e300)}) {
+        EXPECT_FALSE(plan.col().Item(key)) << "unknown, and nothing to record";
+    }
+    plan.col().Remove(2.5, {}, {}, {}, {}, {}, {}, True);
+    EXPECT_TRUE(Module().g_InAddOrRemove) << "as after any unknown key";
+}
+
+TEST(Item, RecordsAKeyThatHasNoText) {
     Plan plan;
     EXPECT_FALSE(plan.col().Item(plan.app));
     EXPECT_EQ(plan.failures.Taken(), "TasksCol/Item 13\n");
@@ -134,7 +148,7 @@ TEST(AddItem, IssuesAKeyToATaskWithoutOne) {
     EXPECT_EQ(task->TaskKey(), 0);
 }
 
-TEST(AddItem, DoesNotCountACandidate) {
+TEST(AddItem, KeepsACandidateUncounted) {
     Plan plan;
     auto task = Make<TasksCls>();
     task->TaskCondidat(False);
@@ -221,7 +235,7 @@ TEST(GetTasks, GivesClonesOfTheChildren) {
     EXPECT_EQ(plan.col().GetTasks(77)->Count(True), 0);
 }
 
-TEST(GetTasks, GivesTheTopLevelWithAllCandidates) {
+TEST(GetTasks, KeepsCandidatesAtTheTopLevelUncounted) {
     Plan plan;
     plan.Task("Phase").Task("Design").Under("Phase").Task("Kept aside").Candidate().Task("Last");
     const Ref<TasksCol> top = plan.col().GetTasks(0);
@@ -340,7 +354,7 @@ TEST(GetMaxPos, RecordsARowThatNoIntegerHolds) {
     EXPECT_EQ(plan.failures.Taken(), "TasksCol/GetMaxPos 6\n");
 }
 
-TEST(RemoveALL, LeavesTheCountOfCandidatesAndThePhases) {
+TEST(RemoveALL, KeepsTheCountOfCandidatesAndThePhases) {
     Plan plan;
     plan.Task("A").Task("Kept aside").Candidate();
     plan.col().SetPhases();

@@ -121,6 +121,15 @@ TEST(ProjectsClsToXmlFile, LeavesOutTheFiveFieldsThatWereNeverSet) {
               "ProjectID ProjectName ProjectCreationDate ProjectCalendarkey DateFormat PreviewSettings ");
 }
 
+TEST(ProjectsClsToXmlFile, KeepsTheDeclarationPlainWhateverTheEncoding) {
+    TestSession session;
+    for (const Boolean unicode : {False, True}) {
+        const auto document =
+            FullProject()->ToXmlFile("", {}, /*includeDocHeader=*/True, /*useNamespace=*/False, unicode);
+        EXPECT_TRUE(document->xml().starts_with("<?xml version=\"1.0\" ?><Project>")) << document->xml();
+    }
+}
+
 TEST(ProjectsClsToXmlFile, KeepsSigningItsFailuresAsProjectcls) {
     TestSession session;
     EXPECT_FALSE(Saved(FullProject(), session.Path("no/such/folder.prx")));

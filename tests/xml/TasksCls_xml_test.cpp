@@ -350,7 +350,7 @@ TEST(TasksClsFromXml, RefusesALinkThatStandsTwice) {
     EXPECT_EQ(plan.failures.Taken(), "TasksCls/FromXml 457\n");
 }
 
-TEST(TasksClsFromXml, DropsTheLinksWhileTheyAreNotLive) {
+TEST(TasksClsFromXml, KeepsNoLinksWhileTheyAreNotLive) {
     Plan plan;
     const auto task =
         Read(TaskWith("<TaskStatusKey>1</TaskStatusKey><TaskSuccessor>2</TaskSuccessor>"

@@ -57,7 +57,7 @@ TEST(TasksColToXmlFile, AddsTheSectionWithItsAttributeToADocument) {
     EXPECT_TRUE(document->xml().starts_with("<Project><Tasks scheduler=\"true\">"));
 }
 
-TEST(TasksColToXmlFile, SeedsADocumentOfItsOwnWithoutADeclaration) {
+TEST(TasksColToXmlFile, KeepsADocumentOfItsOwnWithoutADeclaration) {
     Plan plan;
     const auto document = plan.col().ToXmlFile(plan.platform.Path("t.xml"), {}, True, False, True, False, True);
     ASSERT_TRUE(document);
@@ -157,7 +157,7 @@ TEST(TasksColFromXml, AddsToWhatIsThere) {
     EXPECT_EQ(Order(*other), "7 1 2 ");
 }
 
-TEST(TasksColFromXml, SignsItsFailuresAsARecordsAndLeavesTheKeyAlone) {
+TEST(TasksColFromXml, KeepsSigningItsFailuresAsARecordsAndLeavesTheKeyAlone) {
     Plan plan;
     EXPECT_EQ(plan.col().FromXml("<Task>", {}), False);
     EXPECT_EQ(plan.failures.Taken(), "TasksCls/FromXml 91\n");
