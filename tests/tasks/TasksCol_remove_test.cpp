@@ -106,6 +106,16 @@ TEST(RemoveTask, KeepsACandidateInTheListOfItsFormerParent) {
     EXPECT_EQ(Listed(plan.col().GetTasksAsKeys(1)), "3 2");
 }
 
+TEST(RemoveTask, KeepsACandidateThatIsDeletedForGoodLaterInThatListToo) {
+    OnePhase plan;
+    plan.col().Remove(plan.Key("Design"), {}, {}, {}, {}, {}, {});
+    Delete(plan, plan.Key("Design"));
+    EXPECT_FALSE(plan.col().GetTasksAsKeys("1"));
+    EXPECT_EQ(plan.failures.Taken(), "TasksCol/GetTasksAsKeys 91\n");
+    EXPECT_TRUE(plan.col().RemoveParentTask("1", "2"));
+    EXPECT_EQ(Listed(plan.col().GetTasksAsKeys("1")), "3");
+}
+
 TEST(RemoveTask, DeletesForGoodAndFreesTheKey) {
     ThreePhases plan;
     Delete(plan, 2);
