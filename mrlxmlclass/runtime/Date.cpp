@@ -25,13 +25,8 @@ Date InRange(double days, SourceLine where) {
     return Date(days);
 }
 
-/// Days since day zero, whole; a moment outside the calendar fails.
-int DayNumber(Date date) {
-    return static_cast<int>(InRange(date.day().days(), SourceLine{}).days());
-}
-
 year_month_day CivilOf(Date date) {
-    return year_month_day{kDayZero + std::chrono::days{DayNumber(date)}};
+    return year_month_day{kDayZero + std::chrono::days{date.number()}};
 }
 
 Date DayOf(year_month_day civil) {
@@ -71,9 +66,6 @@ Date Date::Of(int y, int m, int d, SourceLine where) {
     return DayOf(civil);
 }
 
-Date Date::day() const {
-    return Date(std::floor(days_));
-}
 int Date::year() const {
     return static_cast<int>(CivilOf(*this).year());
 }
@@ -85,16 +77,8 @@ int Date::day_of_month() const {
 }
 
 int Date::weekday() const {
-    const int since = DayNumber(*this) % 7;  // 30 December 1899 was a Saturday
+    const int since = number() % 7;  // 30 December 1899 was a Saturday
     return (since + 6 + 7) % 7 + 1;
-}
-
-Date Date::Shifted(Date date, double days) {
-    return InRange(date.days_ + days, SourceLine{});
-}
-
-Long DaysBetween(Date from, Date to, SourceLine where) {
-    return Long(to.day().days() - from.day().days(), where);
 }
 
 Date DateAdd(Interval interval, double count, Date date, SourceLine where) {

@@ -1,6 +1,7 @@
 #pragma once
 
 #include <compare>
+#include <cstdint>
 
 #include "mrlxmlclass/runtime/Numbers.h"
 
@@ -18,9 +19,16 @@ public:
 
     constexpr double days() const { return days_; }
     constexpr bool set() const { return days_ != 0; }
+    constexpr bool in_calendar() const { return days_ >= kFirst && days_ < kEnd; }
 
     /// The same day at midnight.
-    Date day() const;
+    constexpr Date day() const {
+        if (!(days_ > -kFractionsEnd && days_ < kFractionsEnd)) return *this;
+        const auto towards_zero = static_cast<double>(static_cast<std::int64_t>(days_));
+        return Date(towards_zero > days_ ? towards_zero - 1 : towards_zero);
+    }
+    /// Whole days since day zero.
+    int number() const { return static_cast<int>(InRange(day().days_).days_); }
     int year() const;
     int month() const;
     int day_of_month() const;
@@ -34,13 +42,23 @@ public:
     friend constexpr auto operator<=>(Date, Date) = default;
 
 private:
-    static Date Shifted(Date date, double days);
+    static constexpr double kFractionsEnd = 4503599627370496;  ///< 2^52: from there on every double is whole
+    static constexpr double kFirst = -657434;                  ///< 1 January 100
+    static constexpr double kEnd = 2958466;                    ///< 1 January 10000
+
+    static Date InRange(double days) {
+        if (!(days >= kFirst && days < kEnd)) Raise(failure::kOverflow, SourceLine{});
+        return Date(days);
+    }
+    static Date Shifted(Date date, double days) { return InRange(date.days_ + days); }
 
     double days_ = 0;
 };
 
 /// Calendar days from `from` to `to`: the difference of the two date parts.
-Long DaysBetween(Date from, Date to, SourceLine where = SourceLine::Here());
+inline Long DaysBetween(Date from, Date to, SourceLine where = SourceLine::Here()) {
+    return Long(to.day().days() - from.day().days(), where);
+}
 
 inline constexpr int kSecondsADay = 86400;
 

@@ -39,22 +39,14 @@ Interned& Texts() {
     return texts;
 }
 
-/// The value of a canonical decimal, or -1.
-std::int32_t CanonicalNumber(std::string_view text) {
-    if (text.empty() || text.size() > 10 || (text[0] == '0' && text.size() > 1)) return -1;
-    std::int32_t number = 0;
-    const auto [end, error] = std::from_chars(text.data(), text.data() + text.size(), number);
-    return error == std::errc{} && end == text.data() + text.size() && text[0] != '-' ? number : -1;
-}
-
 }  // namespace
 
-KeyText::KeyText(std::string_view text) : id_(CanonicalNumber(text)) {
-    if (id_ < 0) id_ = Texts().IdOf(text);
+void KeyText::Intern(std::string_view text) {
+    id_ = Texts().IdOf(text);
 }
 
-KeyText::KeyText(Long number) : id_(number.value()) {
-    if (id_ < 0) id_ = Texts().IdOf(std::to_string(number.value()));
+void KeyText::InternNegative() {
+    id_ = Texts().IdOf(std::to_string(id_));
 }
 
 String KeyText::text() const {

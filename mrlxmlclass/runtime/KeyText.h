@@ -17,18 +17,35 @@ class KeyText {
 public:
     /// No key at all, which is not the same as the key "".
     constexpr KeyText() = default;
-    KeyText(std::string_view text);
+    KeyText(std::string_view text) : id_(CanonicalNumber(text)) {
+        if (id_ < 0) Intern(text);
+    }
     KeyText(const String& text) : KeyText(std::string_view(text)) {}
     KeyText(const char* text) : KeyText(std::string_view(text)) {}
     KeyText(std::nullptr_t) = delete;
     /// The decimal text of a number.
-    KeyText(Long number);
+    KeyText(Long number) : id_(number.value()) {
+        if (id_ < 0) InternNegative();
+    }
     KeyText(Whole auto number, SourceLine where = SourceLine::Here()) : KeyText(Long(number, where)) {}
 
     constexpr bool none() const { return id_ == kNoKey; }
     /// True for a canonical decimal; `number` is its value then.
     constexpr bool is_number() const { return id_ >= 0; }
     constexpr std::int32_t number() const { return id_; }
+    /// The value of a canonical decimal, or -1; keeps no text.
+    static constexpr std::int32_t CanonicalNumber(std::string_view text) {
+        if (text.empty() || text.size() > kSurelyInRange || (text[0] == '0' && text.size() > 1)) {
+            return text.size() == kSurelyInRange + 1 ? LongNumber(text) : -1;
+        }
+        std::int32_t number = 0;
+        for (const char digit : text) {
+            if (digit < '0' || digit > '9') return -1;
+            number = number * 10 + (digit - '0');
+        }
+        return number;
+    }
+
     String text() const;
     /// The number that the text stands for; 0 for a text that is no number.
     Long Number() const;
@@ -38,6 +55,17 @@ public:
 private:
     friend struct std::hash<KeyText>;
     static constexpr std::int32_t kNoKey = INT32_MIN;
+    static constexpr std::size_t kSurelyInRange = 9;  ///< digits
+    /// The same where the value may not fit.
+    static constexpr std::int32_t LongNumber(std::string_view text) {
+        const std::int32_t front = CanonicalNumber(text.substr(0, kSurelyInRange));
+        const std::int32_t last = CanonicalNumber(text.substr(kSurelyInRange));
+        const std::int64_t number = std::int64_t{front} * 10 + last;
+        return front > 0 && last >= 0 && number <= INT32_MAX ? static_cast<std::int32_t>(number) : -1;
+    }
+    void Intern(std::string_view text);
+    void InternNegative();
+
     std::int32_t id_ = kNoKey;
 };
 

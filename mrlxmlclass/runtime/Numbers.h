@@ -3,6 +3,7 @@
 #include <cmath>
 #include <concepts>
 #include <cstdint>
+#include <limits>
 #include <utility>
 
 #include "mrlxmlclass/runtime/Failure.h"
@@ -51,10 +52,15 @@ private:
         return static_cast<Rep>(value);
     }
     static Rep FitRounded(double value, SourceLine where) {
+        if (const auto whole = static_cast<Rep>(value >= kLeast && value <= kMost ? value : 0); whole == value)
+            return whole;
         const double rounded = RoundHalfToEven(value);
         if (!(rounded >= -9.0e18 && rounded <= 9.0e18)) Raise(failure::kOverflow, where);
         return Fit(static_cast<std::int64_t>(rounded), where);
     }
+
+    static constexpr double kLeast = std::numeric_limits<Rep>::min();
+    static constexpr double kMost = std::numeric_limits<Rep>::max();
 
     Rep value_ = 0;
 };

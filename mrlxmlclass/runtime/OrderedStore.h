@@ -11,13 +11,32 @@
 
 namespace mrlxmlclass {
 
+/// The places of items by key.
+template <class Key>
+class HashedPlaces {
+public:
+    bool empty() const { return places_.empty(); }
+    /// The place of a key, or null.
+    const std::uint32_t* Find(const Key& key) const {
+        const auto found = places_.find(key);
+        return found == places_.end() ? nullptr : &found->second;
+    }
+    void Add(const Key& key, std::uint32_t place) { places_.emplace(key, place); }
+    void Remove(const Key& key) { places_.erase(key); }
+    void Clear() { places_.clear(); }
+    void Reserve(std::size_t count) { places_.reserve(count); }
+
+private:
+    std::unordered_map<Key, std::uint32_t> places_;
+};
+
 /// Items in the order in which they came, most of them under a key: what stands behind every collection and dictionary.
 ///
 /// A copy is a snapshot: it costs one count, and a change to either side while both live makes that side a store of its
 /// own. So a loop copies the store and walks the copy, whatever happens meanwhile.
 ///
 /// Look-up by key is O(1): a scan for a few items, a hashed index beyond. `Key` tells by `none()` whether it is one.
-template <class Key, class Item>
+template <class Key, class Item, class Places = HashedPlaces<Key>>
 class OrderedStore {
 public:
     struct Entry {
@@ -96,7 +115,7 @@ private:
         std::vector<Entry> entries;
         /// Places by key, once there are more than a few items. After an erase the places behind it are too high, by
         /// `erased` at the most, until the index is counted anew.
-        std::unordered_map<Key, std::uint32_t> index;
+        Places index;
         std::size_t erased = 0;
 
         std::size_t IndexOf(const Key& key) const {
@@ -106,9 +125,9 @@ private:
                 }
                 return npos;
             }
-            const auto found = index.find(key);
-            if (found == index.end()) return npos;
-            std::size_t at = std::min<std::size_t>(found->second, entries.size() - 1);
+            const std::uint32_t* const found = index.Find(key);
+            if (found == nullptr) return npos;
+            std::size_t at = std::min<std::size_t>(*found, entries.size() - 1);
             while (!(entries[at].key == key)) --at;
             return at;
         }
@@ -118,25 +137,25 @@ private:
             const bool keyed = !entry.key.none();
             const bool last = at == entries.size();
             if (entries.size() == entries.capacity()) entries.reserve(std::max(kFew, 2 * entries.size()));
-            if (!index.empty() && last && keyed) index.emplace(entry.key, static_cast<std::uint32_t>(at));
+            if (!index.empty() && last && keyed) index.Add(entry.key, static_cast<std::uint32_t>(at));
             entries.insert(entries.begin() + static_cast<std::ptrdiff_t>(at), std::move(entry));
             if (index.empty() ? keyed && entries.size() > kFew : !last) CountAnew();
         }
 
         void Erased(std::size_t at, const Key& key) {
             if (index.empty()) return;
-            if (!key.none()) index.erase(key);
+            if (!key.none()) index.Remove(key);
             if (at < entries.size() && ++erased > kDrift) CountAnew();
         }
 
         void CountAnew() {
             erased = 0;
-            index.clear();  // should the memory for a new one be lacking, look-ups scan
+            index.Clear();  // should the memory for a new one be lacking, look-ups scan
             if (entries.size() <= kFew) return;
-            std::unordered_map<Key, std::uint32_t> places;
-            places.reserve(entries.size());
+            Places places;
+            places.Reserve(entries.size());
             for (std::size_t i = 0; i < entries.size(); ++i) {
-                if (!entries[i].key.none()) places.emplace(entries[i].key, static_cast<std::uint32_t>(i));
+                if (!entries[i].key.none()) places.Add(entries[i].key, static_cast<std::uint32_t>(i));
             }
             index = std::move(places);
         }

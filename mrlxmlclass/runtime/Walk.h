@@ -3,6 +3,7 @@
 #include <coroutine>
 #include <utility>
 
+#include "mrlxmlclass/runtime/FrameStack.h"
 #include "mrlxmlclass/runtime/Tail.h"
 
 namespace mrlxmlclass {
@@ -19,6 +20,13 @@ struct PendingCall {
 
     std::suspend_always initial_suspend() noexcept { return {}; }
     void return_void() noexcept {}
+
+    /// A member of an object that has `frames` keeps its calls there.
+    template <class Owner, class... Arguments>
+    requires requires(Owner& owner) { owner.frames.Take(1); }
+    static void* operator new(std::size_t size, Owner& owner, Arguments&&...) { return owner.frames.Take(size); }
+    static void* operator new(std::size_t size) { return FrameStack::TakeAlone(size); }
+    static void operator delete(void* frame) { FrameStack::GiveBack(frame); }
 
     struct Return {
         bool await_ready() noexcept { return false; }

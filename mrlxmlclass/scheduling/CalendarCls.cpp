@@ -121,6 +121,24 @@ Ref<CalendarCls> CalendarCls::Clone() {
     });
 }
 
+void CalendarCls::Internal::CountDays() {
+    const Fields& f = self_.f_;
+    DayRules rules{{}, self_.holidays_.Days(f.Holiday), {}};
+    if (f.ExceptionDay) rules.exceptions = self_.exceptions_.Days(f.ExceptionDay);
+    for (int weekday = kSunday; weekday <= kSaturday; ++weekday) {
+        rules.free_weekday[static_cast<std::size_t>(weekday)] =
+            bool(f.NonWorkingDay->Exists(Conversions::LongToString(weekday)));
+    }
+    self_.counted_ = {f.NonWorkingDay,
+                      f.Holiday,
+                      f.ExceptionDay,
+                      f.NonWorkingDay->Stamp(),
+                      f.Holiday->Stamp(),
+                      StampOf(f.ExceptionDay),
+                      Platform().locale.Stamp(),
+                      WorkingDayTable(std::move(rules))};
+}
+
 void CalendarCls::Internal::SetUsualWeekend() {
     self_.SetAsNonWorkingDay(Long(kSaturday));
     self_.SetAsNonWorkingDay(Long(kSunday));

@@ -4,6 +4,7 @@
 #include "mrlxmlclass/runtime/ByRef.h"
 #include "mrlxmlclass/runtime/Dictionary.h"
 #include "mrlxmlclass/scheduling/DaySet.h"
+#include "mrlxmlclass/scheduling/WorkingDayTable.h"
 
 namespace mrlxmlclass {
 
@@ -99,6 +100,17 @@ private:
     Fields f_;
     DaySet holidays_{DaySet::Keys::Texts};
     DaySet exceptions_{DaySet::Keys::TextsAndDates};
+
+    /// The days counted up, and of what.
+    struct CountedDays {
+        Ref<Dictionary> weekdays, holidays, exceptions;  // held, so that no other can stand in their places
+        std::uint64_t weekdays_stamp = 0;
+        std::uint64_t holidays_stamp = 0;
+        std::uint64_t exceptions_stamp = 0;
+        std::uint64_t locale_stamp = 0;
+        WorkingDayTable table{DayRules{}};
+    };
+    CountedDays counted_;
 };
 
 }  // namespace mrlxmlclass

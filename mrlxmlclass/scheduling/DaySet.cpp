@@ -23,9 +23,14 @@ std::optional<Date> DayWrittenAs(const String& text, const String& pattern) {
 }  // namespace
 
 bool DaySet::Has(const Ref<Dictionary>& days, Date day) {
+    const std::vector<double>& named = Days(days);
+    return std::binary_search(named.begin(), named.end(), day.days());
+}
+
+const std::vector<double>& DaySet::Days(const Ref<Dictionary>& days) {
     const bool current = source_ == days && stamp_ == days->Stamp() && locale_stamp_ == Platform().locale.Stamp();
     if (!current) Take(days);
-    return std::binary_search(days_.begin(), days_.end(), day.days());
+    return days_;
 }
 
 void DaySet::Take(const Ref<Dictionary>& days) {

@@ -18,6 +18,8 @@ public:
     /// True when `days` has a key that is the short date of that day, to the letter, or, if dates count, the day
     /// itself.
     bool Has(const Ref<Dictionary>& days, Date day);
+    /// The days themselves, ascending.
+    const std::vector<double>& Days(const Ref<Dictionary>& days);
 
 private:
     void Take(const Ref<Dictionary>& days);

@@ -16,18 +16,19 @@ using Gloabal::SetNextWorkingDay;
 
 constexpr FailureTail kTail{"TasksCls"};
 constexpr int kLastYear = 9999;
+/// 1 January 2000.
+constexpr Date kFirstDay(36526);
+constexpr double kShortYear = 365;
 constexpr int kMostUnits = 999;
+/// Before the year 9900: no look ahead comes near the last one.
+constexpr Date kDaysInReach(2921000);
 
 Date NextWorkingDayFromToday() {
     return SetNextWorkingDay(Platform().clock.Today(), Integer(1), Integer(0));
 }
 
-Date NoLaterThanMaxYear(Date date) {
-    return date.year() > MaxYear() ? WithYear(date, MaxYear().value()) : date;
-}
-
 Date InRange(Date date) {
-    if (date.year() < kMinYear) {
+    if (!(date >= kFirstDay) && date.year() < kMinYear) {
         Platform().ui.Message("Some dates had to be adjusted to fit within the program's range. ");
         date = WithYear(date, kMinYear);
     }
@@ -49,6 +50,7 @@ Date WithLag(Date start, Long lag) {
     Date day = SetNextWorkingDay(start, Integer(direction), Integer(0));
     // Kept: a lag of -1 is where the predecessor ends, a lag of 1 is one working day on.
     std::int64_t steps = lag < 0 ? -lag - 1 : std::int64_t{lag};
+    if (steps == 0) return day;
     DateAdd(Interval::Days, static_cast<double>(direction * steps), day);  // fails at once where the walk would at last
     for (; steps > 0; --steps) StepOverNonWorking(day, Interval::Days, direction);
     return day;
@@ -113,6 +115,10 @@ Date StrideToEnd(Date start, Interval interval, Double duration) {
 
 /// The day on which `duration` intervals are worked off, the start day counting as the first whatever it is.
 Date WalkToEnd(Date start, Interval interval, Double duration) {
+    if (interval == Interval::Days && duration > 1 && duration <= kMostUnits && start < kDaysInReach) {
+        const auto steps = static_cast<std::int64_t>(std::ceil(duration)) - 1;
+        if (const auto end = Gloabal::WorkingDayAfter(start, steps)) return *end;
+    }
     Date current = DateAdd(interval, 1, start);
     double count = 1;
     int idle = 0;
@@ -121,6 +127,7 @@ Date WalkToEnd(Date start, Interval interval, Double duration) {
         // Hours and minutes never leave the day at hand, since the day test cuts the time off.
         if (worked && interval != Interval::Days) return current;
         if (worked) {
+            if (count + 1 == count) Raise(failure::kOverflow);  // past 2^53 no count ever gets beyond the duration
             ++count;
             idle = 0;
         } else if (interval != Interval::Days || count >= duration) {
@@ -140,6 +147,12 @@ Date WalkToEnd(Date start, Interval interval, Double duration) {
 }
 
 }  // namespace
+
+Date NoLaterThanMaxYear(Date date) {
+    // Well before the last year, without asking for a year.
+    if (date.in_calendar() && date < kFirstDay + kShortYear * static_cast<double>(MaxYear() - kMinYear)) return date;
+    return date.year() > MaxYear() ? WithYear(date, MaxYear().value()) : date;
+}
 
 void TasksCls::TaskBDate(Date value) {
     kTail.Run("TaskBDate", [&] {
@@ -239,9 +252,9 @@ void TasksCls::TaskDuration(Double value) {
 
 Date TasksCls::SetDateWithoutWeekend(Date WeekDate, ByRef<Double> duration) {
     return kTail.Run<Date>("SetDateWithoutWeekend", [&](Date& result) {
-        const String unit = TaskDurationUnit();
-        const Interval interval = *IntervalOf(unit);
+        const String& unit = In(*this).Unit();
         const Date start = WeekDate.set() ? WeekDate : Platform().clock.Today();
+        const Interval interval = IsDays(unit) ? Interval::Days : *IntervalOf(unit);
         if (StepsPlainly(unit)) {
             result = DateAdd(interval, f_.TaskDuration.value, start);
         } else {
@@ -253,7 +266,7 @@ Date TasksCls::SetDateWithoutWeekend(Date WeekDate, ByRef<Double> duration) {
 
 Date TasksCls::SetStartDateWithoutWeekend(Date WeekDate, ByRef<Double> duration) {
     return kTail.Run<Date>("SetStartDateWithoutWeekend", [&](Date& result) {
-        const String unit = TaskDurationUnit();
+        const String& unit = In(*this).Unit();
         const Interval interval = *IntervalOf(unit);
         if (StepsPlainly(unit)) {
             result = DateAdd(interval, -f_.TaskDuration.value, WeekDate);
@@ -277,7 +290,7 @@ Date TasksCls::SetStartDateWithoutWeekend(Date WeekDate, ByRef<Double> duration)
 
 Long TasksCls::SetDurationWithoutWeekend(Date DateStart, Date DateEnd) {
     return kTail.Run<Long>("SetDurationWithoutWeekend", [&](Long& result) {
-        const String unit = TaskDurationUnit();
+        const String& unit = In(*this).Unit();
         if (StepsPlainly(unit)) {
             result = Long(f_.TaskDuration.value);
             return;
@@ -292,13 +305,19 @@ Long TasksCls::SetDurationWithoutWeekend(Date DateStart, Date DateEnd) {
             result = Long(1 + StepsTo(DateStart, DateEnd, interval));
             return;
         }
+        if (interval == Interval::Days) {
+            const Date first = DateStart.day() + 1;
+            const Date last = std::max(first, Date(std::ceil(DateEnd.days())));
+            result = DaysBetween(first, last) + 2 - Gloabal::NonWorkingDaysFrom(first, last);
+            return;
+        }
         Long count = 1;
         for (bool arrived = false; !arrived; arrived = DateStart >= DateEnd) {
             const Date before = DateStart;
             DateStart = DateAdd(interval, 1, DateStart);
             if (!IsNonWorkingDay(DateStart)) ++count;
             // Hours and minutes fall back to midnight at every step: they would count until a Long is full.
-            if (DateStart == before && DateStart < DateEnd) Raise(failure::kOverflow);
+            if (!(DateStart > before) && !(DateStart >= DateEnd)) Raise(failure::kOverflow);
         }
         result = count;
     });
@@ -325,11 +344,15 @@ Boolean TasksCls::InitDate() {
 }
 
 String TasksCls::TaskDurationUnit() {
+    return In(*this).Unit();
+}
+
+const String& TasksCls::Internal::RepairedUnit() {
     if (f_.TaskDurationUnit.empty()) {
         f_.TaskDurationUnit = "days";
         f_.TaskDurationUnitValid = "True";
     }
-    if (!IsVaildDuration()) f_.TaskDurationUnit = "days";
+    if (!IntervalOf(f_.TaskDurationUnit)) f_.TaskDurationUnit = "days";
     return f_.TaskDurationUnit;
 }
 

@@ -11,9 +11,9 @@ constexpr auto kTail = kTasksColTail;
 constexpr int kYearOfNoDate = 1900;
 
 /// The span of a summary, widened by its children in their order.
-void WidenOverChildren(TasksCol& tasks, const Ref<TasksCls>& summary, const Ref<Dictionary>& children) {
-    for (const auto& entry : children->Snapshot()) {
-        const Ref<TasksCls> child = tasks.Item(entry.key.value());
+void WidenOverChildren(const TasksCol::Internal& tasks, const Ref<TasksCls>& summary, const ChildOrder& children) {
+    for (const Long key : children.keys) {
+        const Ref<TasksCls> child = tasks.Item(KeyText(key));
         // Kept: a child without a start lowers the start to 0, and only a later dated child sets it again.
         if (child->TaskBDate() < summary->TaskBDate() || !summary->TaskBDate().set()) {
             In(summary).StoreStart(child->TaskBDate());
@@ -23,34 +23,36 @@ void WidenOverChildren(TasksCol& tasks, const Ref<TasksCls>& summary, const Ref<
 }
 
 /// The non-working days behind `from` up to `to`, in whichever direction that lies.
-Integer NonWorkingBehind(Date from, Date to) {
+std::int64_t NonWorkingBehind(Date from, Date to) {
     return to > from ? Gloabal::NonWorkingDaysFrom(from + 1, to) : Gloabal::NonWorkingDaysFrom(to, from - 1);
 }
 
 void StoreWorkingDuration(const Ref<TasksCls>& summary) {
     const Long days = DaysBetween(summary->TaskBDate(), summary->TaskEDate()) + 1;
     const Integer span = std::abs(std::int64_t{days});
-    const Integer idle = NonWorkingBehind(summary->TaskBDate(), summary->TaskEDate());
+    const std::int64_t idle = NonWorkingBehind(summary->TaskBDate(), summary->TaskEDate());
     In(summary).StoreDuration(static_cast<double>(span - idle));
 }
 
 /// Rebuilds one summary; gives the key of its parent.
-Long AdjustOne(TasksCol& tasks, const String& key, Boolean anew, const Ref<TasksCol>& copies) {
-    const Ref<Dictionary> children = tasks.GetTasksAsKeys(key);
+Long AdjustOne(TasksCol::Internal& tasks, KeyText key, Boolean anew, const Ref<TasksCol>& copies) {
     const Ref<TasksCls> summary = tasks.Item(key);
-    if (anew && children->Count() > 0) summary->InitDate();
-    WidenOverChildren(tasks, summary, children);
+    const Ref<ChildOrder> children = tasks.Children(summary);
+    // Kept: the setters see the date caches pass through 0, and may leave this summary's key beside an empty cache.
+    if (anew && !children->keys.empty()) summary->InitDate();
+    WidenOverChildren(tasks, summary, *children);
     if (!summary->TaskBDate().set()) summary->TaskBDate(summary->TaskEDate());
     StoreWorkingDuration(summary);
+    // Kept: never so, since the duration of no dates at all is 1.
     if (summary->TaskDuration() == 0 && !summary->TaskBDate().set()) summary->TaskBDate(Platform().clock.Today());
-    summary->TaskLag(tasks.CalcLeadTime(key));
+    summary->TaskLag(tasks.CalcLeadTime(summary));  // Kept: 0 without live links.
     summary->TaskMilstones(summary->TaskEDate() == summary->TaskBDate() && summary->TaskDuration() == 0);
-    In(tasks).TellDuration(summary, True);
-    In(tasks).TellTaskDuration(summary, True);  // Kept: even a silenced host hears this one.
-    In(tasks).TellEnd(summary, True);
-    In(tasks).TellStart(summary, True);
+    tasks.TellDuration(summary, True);
+    tasks.TellTaskDuration(summary, True);  // Kept: even a silenced host hears this one.
+    tasks.TellEnd(summary, True);
+    tasks.TellStart(summary, True);
     if (copies) {
-        const Ref<TasksCls> copy = copies->Item(key);
+        const Ref<TasksCls> copy = In(*copies).Item(key);
         In(copy).StoreStart(summary->TaskBDate());
         In(copy).StoreEnd(summary->TaskEDate());
         In(copy).StoreDuration(summary->TaskDuration());
@@ -59,6 +61,7 @@ Long AdjustOne(TasksCol& tasks, const String& key, Boolean anew, const Ref<Tasks
 }
 
 /// The date that `pick` gives for the first task of the outline, then whatever is `better`; the holder's key with it.
+/// Kept: a first task without a date holds the key, and what is earlier than none is never found.
 template <class Pick, class Better>
 Date Extreme(const TasksCol& tasks, Long& holder, Pick&& pick, Better&& better) {
     Date extreme;
@@ -77,24 +80,29 @@ Date Extreme(const TasksCol& tasks, Long& holder, Pick&& pick, Better&& better) 
 
 }  // namespace
 
-Variant TasksCol::AdjustSummary(ByRef<String> TaskKey, ByRef<Boolean> InitDate, ByRef<Ref<TasksCol>> oTaskCol) {
-    return kTail.Run<Variant>("AdjustSummary", [&](Variant&) {
-        Boolean anew = *InitDate;
-        Ref<TasksCol> copies = *oTaskCol;
-        OutlineWalk walk(*this);
-        for (String key = *TaskKey; key != "0";) {
-            walk.Step();
-            key = KeyText(AdjustOne(*this, key, anew, copies)).text();
-            anew = True;
-            copies = {};
-        }
-    });
+Variant TasksCol::AdjustSummary(const String& TaskKey, Boolean InitDate, const Ref<TasksCol>& oTaskCol) {
+    In(*this).AdjustSummary(TaskKey, InitDate, oTaskCol);
+    return {};
 }
 
-Date TasksCol::GetMinDate(ByRef<Boolean> p_force) {
+bool TasksCol::Internal::AdjustSummary(KeyText key, Boolean InitDate, Ref<TasksCol> oTaskCol) {
+    const Ref<TasksCol> held(&self_);  // a listener may let go of the collection
+    OutlineWalk walk(self_);
+    kTail.Run("AdjustSummary", [&] {
+        while (key != KeyText(Long(0))) {
+            walk.Climb(key);
+            key = KeyText(AdjustOne(*this, key, InitDate, oTaskCol));
+            InitDate = True;
+            oTaskCol = {};
+        }
+    });
+    return !walk.over();
+}
+
+Date TasksCol::GetMinDate(Boolean p_force) {
     return kTail.Run<Date>("GetMinDate", [&](Date& result) {
         ModuleState& module = Module();
-        if (!*p_force && module.g_MinDate.set()) {
+        if (!p_force && module.g_MinDate.set()) {
             result = module.g_MinDate;
             return;
         }

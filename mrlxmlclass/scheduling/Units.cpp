@@ -39,7 +39,8 @@ String StepLetterOf(const String& unit) {
     return known != nullptr ? known->letter : "";
 }
 
-bool StepsPlainly(const String& unit) {
+bool StepsPlainly(std::string_view unit) {
+    if (IsDays(unit)) return false;
     const DurationUnit* known = UnitNamed(unit);
     return known != nullptr && known->plain;
 }

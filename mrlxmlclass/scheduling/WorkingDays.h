@@ -1,5 +1,7 @@
 #pragma once
 
+#include <optional>
+
 #include "mrlxmlclass/runtime/ByRef.h"
 #include "mrlxmlclass/runtime/Date.h"
 
@@ -18,7 +20,11 @@ Integer NumberOFNonWorkingDay(Date a, Date b);
 
 /// The non-working days from `first` to `last`, both included; none when `last` comes before. Failures are the
 /// caller's.
-Integer NonWorkingDaysFrom(Date first, Date last);
+std::int64_t NonWorkingDaysFrom(Date first, Date last);
+
+/// The `count`-th working day after the day of `date`; nothing without a public calendar, and where it would take more
+/// than 10,000 days. Failures are the caller's.
+std::optional<Date> WorkingDayAfter(Date date, std::int64_t count);
 
 /// The first working day from `date` on, `p_step` days at a time; 0 for no date. When more than `p_days` days were
 /// skipped (0: never mind), goes on from there by that many days and the non-working ones among them. A calendar

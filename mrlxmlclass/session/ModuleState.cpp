@@ -9,23 +9,19 @@ namespace {
 
 constexpr int kYearsAhead = 10;
 
-constinit thread_local ModuleState* module_state = nullptr;
-
 void EndModuleState(void* state) {
     delete static_cast<ModuleState*>(state);
-    module_state = nullptr;
-}
-
-ModuleState& MakeModuleState() {
-    module_state = new ModuleState;
-    KeepForThread(module_state, EndModuleState);
-    return *module_state;
+    module_state::of_thread = nullptr;
 }
 
 }  // namespace
 
-ModuleState& Module() {
-    return module_state != nullptr ? *module_state : MakeModuleState();
+constinit thread_local ModuleState* module_state::of_thread = nullptr;
+
+ModuleState& module_state::Make() {
+    of_thread = new ModuleState;
+    KeepForThread(of_thread, EndModuleState);
+    return *of_thread;
 }
 
 Integer MaxYear() {

@@ -30,10 +30,20 @@ struct ModuleState {
 
     /// Moves whenever a task's `TaskCondidat` changes, so that counts of candidates know when they are stale.
     std::uint64_t candidacy_stamp = 1;
+    /// Moves whenever a task's row changes, or a task leaves its collection: what was sorted by row is stale then.
+    std::uint64_t outline_stamp = 1;
 };
 
+/// Use Module().
+namespace module_state {
+extern constinit thread_local ModuleState* of_thread;
+ModuleState& Make();
+}  // namespace module_state
+
 /// This thread's values, made at first use.
-ModuleState& Module();
+inline ModuleState& Module() {
+    return module_state::of_thread != nullptr ? *module_state::of_thread : module_state::Make();
+}
 
 /// The first year that a task date may have.
 inline constexpr int kMinYear = 2000;

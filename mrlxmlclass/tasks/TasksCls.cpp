@@ -15,11 +15,10 @@ constexpr FailureTail kTail{"TasksCls"};
 constexpr std::size_t kLongestName = 160;
 constexpr const char* kLinkMark = "|LINK|";
 
-bool Holds(const Ref<Collection>& keys, const Variant& key) {
+bool Holds(const Ref<Collection>& keys, KeyText key) {
     if (!keys) return false;
     const auto snapshot = keys->Snapshot();
-    return std::any_of(snapshot.begin(), snapshot.end(),
-                       [wanted = key.Key()](const auto& entry) { return entry.item.Key() == wanted; });
+    return std::any_of(snapshot.begin(), snapshot.end(), [key](const auto& entry) { return entry.item.Key() == key; });
 }
 
 }  // namespace
@@ -36,6 +35,11 @@ void TasksCls::Internal::TaskCondidat_Int(Boolean value) {
     if (f_.TaskCondidat == value) return;
     f_.TaskCondidat = value;
     ++Module().candidacy_stamp;
+}
+
+void TasksCls::TaskPosition(Long value) {
+    if (f_.TaskPosition.value != value) ++Module().outline_stamp;
+    f_.TaskPosition.Let(value);
 }
 
 void TasksCls::TaskName(const String& name) {
@@ -63,12 +67,26 @@ Ref<Collection> TasksCls::TaskLeadTime() {
 
 Boolean TasksCls::isPredecessor(const Variant& PredecessorKey) {
     return kTail.Run<Boolean>("isPredecessor",
-                              [&](Boolean& result) { result = Holds(In(*this).PeekPredecessor(), PredecessorKey); });
+                              [&](Boolean& result) { result = In(*this).HasPredecessor(PredecessorKey.Key()); });
 }
 
 Boolean TasksCls::isSucesser(const Variant& p_succ) {
-    return kTail.Run<Boolean>("isSucesser",
-                              [&](Boolean& result) { result = Holds(In(*this).PeekSuccessor(), p_succ); });
+    return kTail.Run<Boolean>("isSucesser", [&](Boolean& result) { result = In(*this).HasSuccessor(p_succ.Key()); });
+}
+
+std::vector<String> TasksCls::Internal::KeysOf(const Ref<Collection>& links) {
+    std::vector<String> keys;
+    if (!links) return keys;
+    for (const auto& entry : links->Snapshot()) keys.push_back(entry.item.Key().text());
+    return keys;
+}
+
+bool TasksCls::Internal::HasPredecessor(KeyText key) const {
+    return Holds(PeekPredecessor(), key);
+}
+
+bool TasksCls::Internal::HasSuccessor(KeyText key) const {
+    return Holds(PeekSuccessor(), key);
 }
 
 Date TasksCls::TaskModifiedDate() {
@@ -101,6 +119,7 @@ Boolean TasksCls::SetTaskLink(const String& value, ByRef<String> p_linked_to) {
 }
 
 Ref<TasksCls> TasksCls::Clone() {
+    // Kept: not the name of the member.
     return kTail.Run<Ref<TasksCls>>("Clone_Error", [&](Ref<TasksCls>& result) {
         result = Make<TasksCls>();
         Fields& copy = result->f_;
@@ -113,7 +132,8 @@ Ref<TasksCls> TasksCls::Clone() {
         copy.TaskPredecessor = f_.TaskPredecessor.Share();
         copy.TasksPeople = f_.TasksPeople.Share();
         copy.Tasks = f_.Tasks.Share();
-        copy.TaskLeadTime = {};
+        copy.child_order = {};
+        copy.TaskLeadTime = {};  // Kept: a clone starts without lead times.
         copy.TaskNotes = {};
         copy.TaskObstacles = {};
         copy.TasksGoals = {};
@@ -126,7 +146,10 @@ Ref<TasksCls> TasksCls::Clone() {
 Boolean TasksCls::Internal::IncrementID(const Ref<StaticCls>& oPublicStaticCls) {
     // Kept: recorded under the name of another class.
     return kTail.As("ObstaclesCls").Run<Boolean>("IncrementID", [&](Boolean& result) {
-        f_.TaskKey = In(oPublicStaticCls).NextKey(StaticCls::Internal::Task, StaticCls::Internal::Task).Number();
+        const KeyText next = In(oPublicStaticCls).NextKey(StaticCls::Internal::Task, StaticCls::Internal::Task);
+        const std::optional<Long> key = WholeNumberIn(next.text());
+        if (!key) Raise(failure::kTypeMismatch);
+        f_.TaskKey = *key;
         result = True;
     });
 }

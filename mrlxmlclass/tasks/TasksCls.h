@@ -71,7 +71,7 @@ public:
     void TaskName(const String& name);
     /// Row in the outline, from 1; 0 off the outline.
     Long TaskPosition() const { return f_.TaskPosition.value; }
-    void TaskPosition(Long value) { f_.TaskPosition.Let(value); }
+    void TaskPosition(Long value);
     Boolean TaskPositionValid() const { return f_.TaskPosition.valid; }
     void TaskPositionValid(Boolean flag) { f_.TaskPosition.valid = flag; }
     /// Place within the parent, kept for the host.
@@ -323,6 +323,7 @@ private:
         LazyCell<PeopleCol> TasksPeople;
         Flagged<Long> TaskColor;
         LazyCell<Dictionary> Tasks;
+        Ref<class ChildOrder> child_order;  ///< of this record alone
     };
     Fields f_;
 };

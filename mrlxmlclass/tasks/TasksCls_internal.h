@@ -1,12 +1,38 @@
 #pragma once
 
+#include <vector>
+
 #include "mrlxmlclass/runtime/In.h"
+#include "mrlxmlclass/scheduling/Units.h"
+#include "mrlxmlclass/session/ModuleState.h"
 #include "mrlxmlclass/tasks/TasksCls.h"
 #include "mrlxmlclass/xml/DateText.h"
 
 namespace mrlxmlclass {
 
 class RecordReader;
+
+/// The same day in the last year that a task date may have, where it lies beyond it.
+Date NoLaterThanMaxYear(Date date);
+
+/// The keys of a task's children in ascending position. It stands until a child comes or goes, or any row changes.
+class ChildOrder : public Counted {
+public:
+    explicit ChildOrder(const Ref<Dictionary>& source)
+        : source_(source), source_stamp_(source ? source->Stamp() : 0), outline_stamp_(Module().outline_stamp) {}
+
+    bool Sorts(const Ref<Dictionary>& source) const {
+        return source_ == source && (!source || source_stamp_ == source->Stamp()) &&
+               outline_stamp_ == Module().outline_stamp;
+    }
+
+    std::vector<Long> keys;
+
+private:
+    Ref<Dictionary> source_;  // held, so that no other dictionary can stand in its place
+    std::uint64_t source_stamp_;
+    std::uint64_t outline_stamp_;
+};
 
 /// The library's own view of a task. What ends in `_Int` stores without any rule and touches no flag; what starts with
 /// `Store` stores and raises the flag, again without any rule; what starts with `Peek` reads without making anything.
@@ -54,6 +80,8 @@ public:
     void TaskPredecessorValid_Int(Boolean flag) { f_.TaskPredecessor.valid = flag; }
     void TaskLeadTime_Int(const Ref<Collection>& entries) { f_.TaskLeadTime = entries; }
 
+    /// TaskDurationUnit, repaired as it is read.
+    const String& Unit() { return IsDays(f_.TaskDurationUnit) ? f_.TaskDurationUnit : RepairedUnit(); }
     void StoreStart(Date day) { f_.TaskBDate.Let(day); }
     void StoreEnd(Date day) { f_.TaskEDate.Let(day); }
     void StoreDuration(Double duration) { f_.TaskDuration.Let(duration); }
@@ -78,7 +106,17 @@ public:
     }
     void Tasks(const Ref<Dictionary>& children) { f_.Tasks.Set(children); }
     Ref<Dictionary> PeekTasks() const { return f_.Tasks.Peek(); }
-    bool HasChildren() const { return PeekTasks() && PeekTasks()->Count() > 0; }
+    bool HasChildren() const {
+        const Ref<Dictionary> children = PeekTasks();
+        return children && children->Count() > 0;
+    }
+    Ref<ChildOrder>& child_order() { return f_.child_order; }
+    /// The keys of the linked tasks as they stand now, to walk while links come and go.
+    std::vector<String> SuccessorKeys() const { return KeysOf(PeekSuccessor()); }
+    std::vector<String> PredecessorKeys() const { return KeysOf(PeekPredecessor()); }
+    /// Direct links only.
+    bool HasPredecessor(KeyText key) const;
+    bool HasSuccessor(KeyText key) const;
 
     /// Gives the task a key: the first freed one, else the next. Past 32767 it fails, recorded under the labels that
     /// the error file knows for it.
@@ -88,6 +126,8 @@ public:
                          Boolean p_for_lib = False, const DateAdjustment& dates = {});
 
 private:
+    static std::vector<String> KeysOf(const Ref<Collection>& links);
+    const String& RepairedUnit();
     void Reset();
     void ReadDates(RecordReader& in, const DateAdjustment& dates);
     void ReadLeadTimes(RecordReader& in);

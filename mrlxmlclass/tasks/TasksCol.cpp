@@ -95,12 +95,10 @@ Ref<TasksCol> TasksCol::GetTasks(const Variant& TaskId) {
 
 Ref<Dictionary> TasksCol::GetTasksAsKeys(const Variant& TaskId) {
     return kTail.Run<Ref<Dictionary>>("GetTasksAsKeys", [&](Ref<Dictionary>& result) {
-        const Ref<TasksCls> task = Item(TaskId);
-        if (!task) return;
-        const std::optional<std::vector<Long>> children = In(*this).ChildrenInOrder(task);
+        const Ref<ChildOrder> children = In(*this).Children(Item(TaskId));
         if (!children) return;
         result = Make<Dictionary>();
-        for (const Long child : *children) result->Add(child, child);
+        for (const Long child : children->keys) result->Add(child, child);
     });
 }
 
@@ -156,6 +154,11 @@ void TasksCol::Internal::File(const KeyText& key, const Ref<TasksCls>& task) {
     counted.store_stamp = self_.tasks_.Stamp();
 }
 
+bool TasksCol::Internal::TakeOut(KeyText key) {
+    ++Module().outline_stamp;
+    return self_.tasks_.Remove(key);
+}
+
 Integer TasksCol::Internal::GetMaxPos() {
     return kTail.Run<Integer>("GetMaxPos", [&](Integer& result) {
         for (const auto& entry : self_.NewEnum()) {
@@ -166,6 +169,7 @@ Integer TasksCol::Internal::GetMaxPos() {
 
 Boolean TasksCol::Internal::RemoveALL() {
     self_.tasks_.Clear();  // Kept: candidates stay counted, so the outline may have less than no task.
+    ++Module().outline_stamp;
     return True;
 }
 

@@ -1,6 +1,7 @@
 #pragma once
 
-#include "mrlxmlclass/runtime/OrderedStore.h"
+#include "mrlxmlclass/runtime/FrameStack.h"
+#include "mrlxmlclass/runtime/NumberedPlaces.h"
 #include "mrlxmlclass/tasks/TasksCls.h"
 #include "mrlxmlclass/tasks/TasksColEvents.h"
 
@@ -11,8 +12,10 @@ class peopleCls;
 /// All tasks of a project: those of the outline, and the candidates that were taken out of it but are still tied to a
 /// person, goal or obstacle. Every change to the structure of a plan goes through this one object.
 ///
-/// A task's key may be given as a number or as its decimal text. To `Item`, `isParent`, `Summary`, `GetTasksAsKeys` and
-/// to what removes or files a single task an unknown key is an ordinary answer: nothing or False, without any report.
+/// A task's key may be given as a number or as its decimal text. To `Item`, `isParent`, `Summary`, `GetTasksAsKeys`,
+/// `GetTasks`, `GetTaskKeyByPosition`, `ArrangePositionAfterDelete`, `RemovePhase`, `RemoveAssigendObstacles`, to the
+/// second argument of `CanbeLeveled`, and to what removes or files a single task an unknown key is an ordinary answer:
+/// nothing, empty or False, without any report.
 /// The others need the task: its absence is recorded (91) and gives the empty result. Refusals are a False result and
 /// nothing else.
 ///
@@ -21,17 +24,22 @@ class peopleCls;
 ///   Removing                 tasks/TasksCol_remove.cpp
 ///   Outline: questions       tasks/TasksCol_outline.cpp
 ///   Outline: positions       tasks/TasksCol_positions.cpp
+///   Moving                   tasks/TasksCol_moving.cpp, tasks/TasksCol_outdent.cpp, tasks/TasksCol_updown.cpp
 ///   Phases and names         tasks/TasksCol_phases.cpp
 ///   Sorting                  tasks/TasksCol_sorting.cpp
-///   Lead times               scheduling/TasksCol_links.cpp
+///   Links                    scheduling/TasksCol_links.cpp, scheduling/TasksCol_linked.cpp
+///   Links as rows            scheduling/TasksCol_rows.cpp
+///   Lead times               scheduling/TasksCol_leads.cpp
+///   Gaps without a link      scheduling/TasksCol_gaps.cpp
 ///   Dates along links        scheduling/TasksCol_dates.cpp
-///   Summary dates            scheduling/TasksCol_summary.cpp
-///   Cost                     scheduling/TasksCol_cost.cpp
+///   Summary dates            scheduling/TasksCol_summary.cpp, scheduling/TasksCol_rollup.cpp
+///   Cost and progress        scheduling/TasksCol_cost.cpp
+///   Shifting the project     scheduling/TasksCol_shift.cpp
 ///   Relations                items/TasksCol_relations.cpp
 ///   Reading and writing      xml/TasksCol_xml.cpp
 class TasksCol : public Counted {
 public:
-    using Store = OrderedStore<KeyText, Ref<TasksCls>>;
+    using Store = OrderedStore<KeyText, Ref<TasksCls>, NumberedPlaces>;
 
     TasksCol();
 
@@ -139,6 +147,34 @@ public:
     Boolean ArrangePositionAfterInsert(const String& TaskId, ByRef<Integer> oldPos = {}, Integer Descending = 0,
                                        Integer Assending = 0, Boolean p_undo = False);
 
+    // --- Moving -----------------------------------------------------------------------------------------------------
+    // The host decides the target and numbers the rows; these keep parents, dates, costs and links in step with it.
+    // `NewParentID` "0" is the top level. `p_first_time`: one of a batch, links and dates are left to the caller.
+
+    /// Hands the children that stand behind `NewParentID` over to it. Gives False.
+    Boolean ChangeParent(const String& oldParentID, const String& NewParentID);
+    /// Puts a task under another parent, by default out of its present one. A `PredecessorKey` beside the task under
+    /// the same parent becomes the parent instead, with `Indent` and live links: `NewParentID` is replaced and 1 is
+    /// given. Raises `IamASummary` for the parent, what links, dates and costs raise, and for the `Action` "indent"
+    /// last `Indented`.
+    Integer ChangeTaskParent(const String& TaskId, ByRef<String> NewParentID, const String& oldParentID = {},
+                             const String& SuccessorKey = {}, const String& PredecessorKey = {}, Boolean Indent = {},
+                             const String& Action = {}, const String& source = {}, Boolean p_first_time = {});
+    /// The outdent: as ChangeTaskParent, then the chain around the old place is mended. Raises `IamASummary` for the
+    /// old parent and `Outented`. Gives 0.
+    Integer ChangeRemoveTaskParent(const String& TaskId, const String& NewParentID, const String& oldParentID = {},
+                                   const String& SuccessorKey = {}, const String& PredecessorKey = {},
+                                   const String& source = {}, Boolean p_first_time = {});
+    /// Moves a task one row up (`UpDown` True) or down. With live links it is MoveTaskUpOrDowndepend.
+    Variant MoveTaskUpOrDown(const String& TaskId, Boolean UpDown, const String& ParentID = {},
+                             const String& oldParentID = {}, Boolean ChangingParent = {}, const String& source = {},
+                             Boolean p_first_time = {});
+    /// The same with the links left as they are: the host is told of each one whose rows show differently. Raises
+    /// `UpDown` last, but for one of a batch.
+    Variant MoveTaskUpOrDowndepend(const String& TaskId, Boolean UpDown, const String& ParentID = {},
+                                   const String& oldParentID = {}, Boolean ChangingParent = {},
+                                   const String& source = {}, Boolean p_first_time = {});
+
     // --- Phases and names -------------------------------------------------------------------------------------------
 
     /// Files a key in the phase list; the argument becomes its text. Gives False.
@@ -151,6 +187,13 @@ public:
     /// Raises, for a new task of the outline first of all `TaskInserted`, then `TaskNameChanged`, `DateStartChange`,
     /// `DateEndChange`, `DurationChange` and `TaskDurationChange`. Gives False.
     Boolean ChangeName(const String& TaskKey, const String& NewName, Boolean NewTask = False);
+    /// Gives the task that has just come to a row its start: its parent's, else today. Raises the four events of
+    /// ChangeName's dates; for a first row also `IamASummary` of the parent, whose successors are freed.
+    Boolean SetNewCondidat(Integer p_pos, const String& p_task_key = {});
+    /// Turns a task without children, looked up in `oTaskCol`, into a milestone. Raises `DateStartChange`,
+    /// `DateEndChange`, `DurationChange`, `TaskDurationChange`; then its successors and parents follow. False for a
+    /// task with children.
+    Boolean SeTAsMilstones(const Ref<TasksCol>& oTaskCol, const Variant& oTaskKey);
 
     // --- Sorting ----------------------------------------------------------------------------------------------------
 
@@ -164,26 +207,169 @@ public:
     /// Sorts texts ascending, unit by unit, in place.
     void SortArray(ByRef<Variant> aTempArray);
 
-    // --- Lead times, dates along links ------------------------------------------------------------------------------
+    // --- Links ------------------------------------------------------------------------------------------------------
 
+    /// Makes a task wait for another. Refused (False, nothing changes) without a key, for the key "0", in a loop of
+    /// two, for a predecessor with children, for one whose parent the task is, and for the task itself; longer loops
+    /// are not found. Also False when an existing predecessor, or one that the new one waits for, makes the link
+    /// redundant. Without live links none is stored; with `setforNonDepend` the start then goes one day behind the
+    /// predecessor's start. Without `AutoLink` only `p_force_linking` stores a link; the start alone goes behind the
+    /// predecessor's end. `FirstTime` moves the task behind its predecessor. Raises, after what the dates raise,
+    /// `PredecessorChange`, `PredecessorKeyChange` ("add") and `SucessorChange`.
+    Boolean AddTaskPredecessor(const String& TaskKey, const String& PredecssorKey, Boolean FirstTime = False,
+                               Boolean setforNonDepend = False, Boolean p_force_linking = False);
+    /// Takes a link off either side, wherever it stands, with its lead time, and sets the lag to 0. The host may come
+    /// back in before `SucessorChange`, `PredecessorChange` and `PredecessorKeyChange` ("remove") are raised.
+    Boolean RemoveTaskPredecessor(const String& TaskKey, const String& PredecssorKey);
+    /// In spite of its name frees the task's successors. Gives False.
+    Boolean RemoveAllTaskPredecessor(const String& TaskKey);
+    /// Lets the successors of one task wait for another as well; the old links stay. Gives False.
+    Boolean ReplacePredecessor(const String& ToReplaceTaskKey, const String& NewTaskKey);
+    /// Whether AddTaskPredecessor would not refuse the pair.
+    Boolean ValidPredecessor(const String& p_task, const String& p_pred);
+    /// Drops the links of a subtree that point backward in the outline. Gives False.
+    Boolean cleanPredcessor(const String& TaskId);
+    /// Splices the task at a row into the chain of its neighbours: behind the row above unless that is its parent.
+    /// The first under its parent starts with it, a first of all today; raises `DateStartChange` and `DateEndChange`
+    /// then.
+    Boolean SetPredSucByPos(Integer p_pos, const String& p_task_key = {}, Boolean p_first_time = {});
+    /// Adds the keys of all tasks below one, in outline order; makes the collection where there is none.
+    Boolean GetALLRelatedTask(const String& p_task, ByRef<Ref<Collection>> p_Result);
+    /// Clones of the tasks whose `TaskLink` names a task, of those below `ParentID` only if given; with `ForSimilair`
+    /// True it must name "fs", the task and `SupKey` instead.
+    Ref<TasksCol> GetLinkedTask(const String& TaskId, const String& ParentID = {}, const Variant& ForSimilair = False,
+                                const String& SupKey = {});
+
+    // --- Links as rows ----------------------------------------------------------------------------------------------
+
+    /// Rows, or names, of the tasks that a task waits for, joined by ", ". Reading it takes off links to tasks that are
+    /// gone or candidates, with the events of RemoveTaskPredecessor.
+    String PredessorAsString(const String& TaskId, Boolean Name = False);
+    /// The same of the tasks that wait for it; those that are gone are dropped silently, candidates show.
+    String SucessorAsString(const String& TaskId, Boolean Name = False);
+    /// Whether a list of rows ("3,7") names valid predecessors, or with `l_succ` successors, throughout.
+    Boolean ValidPredecessors(const String& p_task, const String& p_preds, Boolean l_succ = False);
+    /// Make a task's predecessors, or successors, those of a list of rows; what is no row is passed by, and a list
+    /// without any number removes nothing. Give False.
+    Boolean ArrangePred(const String& newvalue, const String& TaskKey);
+    Boolean ArrangeSuccessor(const String& newvalue, const String& TaskKey);
+
+    // --- Lead times -------------------------------------------------------------------------------------------------
+
+    /// The key in a lead entry, which is the predecessor's key, "|" and days.
+    String GetPredecessor(const String& thePredecessor);
+    /// Replaces the entry towards a predecessor; it comes last then.
     Boolean AddLeadTime(const String& TaskKey, const String& PredecessorKey, Integer LeadTime);
+    Boolean RemoveLeadTime(const String& TaskKey, const String& PredecessorKey, Integer LeadTime);
     /// Days towards that predecessor; 0 where there is no entry.
     Integer GetLeadTime(const String& thePredecessor, const Ref<Collection>& LeadCol);
-    /// Measures the gap in working days to each predecessor and stores it. Gives the largest, at least 0.
-    /// Without live links, or without a start, it gives 0 and stores nothing.
-    Integer CalcLeadTime(ByRef<String> TaskKey);
+    /// Days of the task's first entry; 0 when `p_pred_lead` has a text, and for a task without predecessors with
+    /// `p_do_no_pred`.
+    Long GetFirstLeadTime(const String& p_task_key, const String& p_pred_lead = {}, Boolean p_do_no_pred = {},
+                          Integer p_adjuster = {});
+    /// Measures the gap in working days to each predecessor and stores it: 0 is the next working day, -1 its last
+    /// day. Gives the largest, at least 0. Without live links, or without a start, it gives 0 and stores nothing.
+    Integer CalcLeadTime(const String& TaskKey);
+    /// Always True: every pair of tasks may move.
+    Boolean DoWeChangeNow(const String& TaskKey, const String& PredKey);
 
-    // --- Summary dates, cost ----------------------------------------------------------------------------------------
+    // --- Gaps without a link ----------------------------------------------------------------------------------------
+
+    /// Working days from an end to a task's start, without the step of one day: the next working day is 1 less the
+    /// non-working days from the end on. 0 for a task without a start.
+    Integer CalcLeadTimeNoLink(const String& TaskKey, Date p_end_date);
+    Integer GetLeadTimeNoLink(Date p_start_date, Date p_end_date);
+    /// `p_task_date` becomes `p_preview_date` and plain days more.
+    Boolean GetDateNoLink(ByRef<Date> p_task_date, Date p_preview_date, Integer p_lead_time);
+    /// Puts a task that has a start plain days behind another's end; where that is not set, clears its dates.
+    Boolean AdjustDateNoLink(const String& p_key, const String& p_prev_key, Integer p_lead_time);
+    /// Moves `p_start_date` so that it keeps its distance in working days from a date that moved from `p_old_prev_date`
+    /// to `p_preview_date`, and brings `p_diff` nearer to 0, or beyond it, by the non-working days passed. A distance
+    /// that is never met fails (28); the start then stands where the search ended.
+    Variant AdjustDateForSummary(ByRef<Date> p_start_date, Date p_preview_date, Date p_old_prev_date,
+                                 ByRef<Variant> p_diff);
+
+    // --- Dates along links ------------------------------------------------------------------------------------------
+
+    /// Moves a task and with it all that waits for it. `StartFinishDate` says what the date is: 1 the new start, -1 the
+    /// new start looked for backward from a non-working day, 2 the new end. Raises for each task that is reached
+    /// `DateStartChange`, `DateEndChange`, `DurationChange` and `TaskDurationChange`, then moves its successors in the
+    /// order of their links, each once, and adjusts their parents.
+    ///
+    /// `LeadTimeCalc`: the gaps to the task's predecessors are measured anew, not kept. `SummaryCalc` False: successors
+    /// with children stay. `p_not_same_parent`: only successors from the first one in another parent, or at the top,
+    /// on. `p_calc_date` False: nothing is set, only the events and the walk run. `p_changeds`: the tasks reached so
+    /// far, keys as text; made where the caller has none. `p_diff`: the walk's shift in days. The others are carried
+    /// for the host. Tasks in weeks or months take no new start.
+    Boolean DependsDateChanged(const Variant& TaskKey, ByRef<Date> aDateChanged, Integer StartFinishDate,
+                               Boolean LeadTimeCalc = False, Boolean SummaryCalc = True, Double p_number_to_shift = {},
+                               Boolean p_not_same_parent = False, Boolean p_calc_date = True,
+                               ByRef<Ref<Dictionary>> p_changeds = {}, ByRef<Integer> p_diff = {},
+                               const String& p_task_pr = {}, Date p_preview_date = {});
+    /// Moves one successor behind a task that changed, with the gap stored for it, and walks on from there if
+    /// `AdjustOtherDate`. A successor without a start stays; a predecessor without an end clears its dates. A key that
+    /// finds no task is taken off the changed task. `p_preview_date` receives the start before the move.
+    Boolean AdjustDate(const String& Key, const Ref<TasksCls>& oChangedTask, Integer theLeadTime, Boolean LeadTimeCalc,
+                       Boolean AdjustOtherDate = True, Boolean adjustParent = True,
+                       ByRef<Ref<Dictionary>> p_changeds = {}, Boolean p_do_same_parent = False,
+                       ByRef<Integer> p_diff = {}, ByRef<Date> p_preview_date = {});
+    /// Gives a task a new duration, 999 at most without children, in a new unit if one is given; 0 makes a milestone of
+    /// it. Walks its successors and adjusts its parents.
+    Boolean DurationChanged(const Variant& TaskKey, ByRef<Double> duration, const String& Unit = {});
+
+    // --- Summary dates ----------------------------------------------------------------------------------------------
 
     /// Rebuilds a summary's span from its children, then that of each parent up to the top. Raises for each
     /// `DurationChange`, `TaskDurationChange`, `DateEndChange`, `DateStartChange`. A copy of the collection can be kept
     /// in step.
-    Variant AdjustSummary(ByRef<String> TaskKey, ByRef<Boolean> InitDate = True, ByRef<Ref<TasksCol>> oTaskCol = {});
+    Variant AdjustSummary(const String& TaskKey, Boolean InitDate = True, const Ref<TasksCol>& oTaskCol = {});
+    /// Moves a summary to a new start, or by `p_diff` days, with all below it: the gaps in working days between its
+    /// children stay, and what waits for them elsewhere follows. A non-working `stDate` goes to the next working day,
+    /// in the caller's variable too; `UsethisDate` is an exact date for the first child. Children in `p_changeds` are
+    /// passed over. The other arguments are carried for the host.
+    Boolean SummaryTaskDateChanged(const String& TaskKey, ByRef<Date> stDate, ByRef<Date> UsethisDate = {},
+                                   Boolean CalcLead = True, Date p_preview_date = {},
+                                   ByRef<Ref<Dictionary>> p_changeds = {}, Boolean p_form_scheduler = False);
+    Boolean SummaryTaskDateChanged2(const String& TaskKey, ByRef<Date> stDate, ByRef<Date> UsethisDate = {},
+                                    Boolean CalcLead = True, Date p_preview_date = {},
+                                    ByRef<Ref<Dictionary>> p_changeds = {}, Boolean p_form_scheduler = False,
+                                    Integer p_diff = 0, const String& p_task_pr = {});
+    /// Widens the parents of a task to its dates, adjusts them, and adds up the durations on the way in `diff`. Raises
+    /// `DateStartChange` and `DateEndChange` for what it widens, and from the top down `IamASummary`. Gives False.
+    Boolean RollUpDateChanged(const Variant& TaskKey, ByRef<Double> diff);
+    /// Gives a parent, and each one above it, the duration, end and start of a task, or takes its duration off. Raises
+    /// for each `TaskDurationChange`, `DurationChange`, `DateEndChange`, `DateStartChange`. Gives False.
+    Boolean RolUpOneDate(const Variant& TaskKey, const Variant& ParentKey, Boolean Minus = False);
     /// The earliest start of the outline, cached unless `p_force`; today when there is none.
-    Date GetMinDate(ByRef<Boolean> p_force = False);
+    Date GetMinDate(Boolean p_force = False);
+
+    // --- Cost and progress ------------------------------------------------------------------------------------------
+
     /// Rebuilds a summary's cost from its children, then that of each parent up to the top. Raises `RoolUpCostChange`
     /// for each. Without `Initcost` the children's costs are added to what the task has.
-    Variant AdjustCost(ByRef<String> TaskKey, ByRef<Boolean> Initcost = True);
+    Variant AdjustCost(const String& TaskKey, Boolean Initcost = True);
+    /// Adds a difference to a task's cost and to that of each parent; raises `RoolUpCostChange` for each. With either
+    /// flag False nothing changes. Gives False, as the next three do.
+    Boolean RollUpCostChanged(const Variant& TaskKey, Currency CostDiff, Boolean ChangeCost = True,
+                              Boolean AddValue = True);
+    /// Replaces a task's cost, or with `Minus` adds to it whatever the name says; raises `RoolUpCostChange`.
+    Boolean RolUpOneTask(const Variant& TaskKey, const Variant& CostDiff, Boolean Minus = False);
+    /// Adds to `TaskCostUp` of that task alone and raises `RoolUpCostChange` with it.
+    Boolean RollUpCostChangedImdParent(const Variant& TaskKey, Currency CostDiff, Boolean Change = True);
+    /// Sets a task's progress, unchecked, and raises `CompletedChange`; parents keep theirs.
+    Boolean ChangePercentDone(const String& p_task_id, Integer p_TaskPercentDone);
+
+    // --- Shifting the project ---------------------------------------------------------------------------------------
+
+    /// Shifts the whole plan by calendar days: the tasks at the top (with live links only those that wait for nothing)
+    /// move, and take along what is below and behind them. A task next to non-working days steps over them. Sorts by
+    /// position first. Raises what the moves raise, and `DateStartChange` and `DateEndChange` (unit "days") once more
+    /// for each moved task without children. Gives False.
+    Boolean ResetStartDate(Double p_shift_time);
+    Boolean ResetStartDatefordependency(Double p_shift_time);
+    /// Moves the tasks of the outline without children one by one, then adjusts the summaries. Kept: a gap that the
+    /// move changed is mended by a search that leaves the range of dates, which ends it in a failure (6).
+    Boolean ResetStartDatefordependency2(Double p_shift_time);
 
     // --- Relations --------------------------------------------------------------------------------------------------
 
@@ -252,6 +438,7 @@ private:
         std::uint64_t candidacy_stamp = 0;
     };
     CountedTasks counted_;
+    FrameStack frames_;
 };
 
 }  // namespace mrlxmlclass

@@ -11,18 +11,25 @@ void TasksCol::Internal::TellStart(const Ref<TasksCls>& task, Boolean is_parent)
 void TasksCol::Internal::TellEnd(const Ref<TasksCls>& task, Boolean is_parent) {
     if (!Loud()) return;
     self_.Events.Raise(&TasksColEvents::DateEndChange, task->TaskKey(), task->TaskEDate(), task->TaskMilstones(),
-                       is_parent, task->TaskDurationUnit());
+                       is_parent, String(In(task).Unit()));
 }
 
 void TasksCol::Internal::TellDuration(const Ref<TasksCls>& task, Boolean is_parent) {
     if (!Loud()) return;
-    self_.Events.Raise(&TasksColEvents::DurationChange, task->TaskKey(), task->TaskDuration(), task->TaskDurationUnit(),
+    self_.Events.Raise(&TasksColEvents::DurationChange, task->TaskKey(), task->TaskDuration(), String(In(task).Unit()),
                        task->TaskMilstones(), is_parent);
 }
 
 void TasksCol::Internal::TellTaskDuration(const Ref<TasksCls>& task, Boolean is_parent) {
     self_.Events.Raise(&TasksColEvents::TaskDurationChange, task->TaskKey(), task->TaskDuration(),
-                       task->TaskDurationUnit(), task->TaskMilstones(), is_parent);
+                       String(In(task).Unit()), task->TaskMilstones(), is_parent);
+}
+
+void TasksCol::Internal::TellDates(const Ref<TasksCls>& task, Boolean is_parent) {
+    TellStart(task, is_parent);
+    TellEnd(task, is_parent);
+    TellDuration(task, is_parent);
+    TellTaskDuration(task, is_parent);
 }
 
 }  // namespace mrlxmlclass

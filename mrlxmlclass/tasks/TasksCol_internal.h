@@ -1,8 +1,5 @@
 #pragma once
 
-#include <optional>
-#include <vector>
-
 #include "mrlxmlclass/runtime/In.h"
 #include "mrlxmlclass/runtime/Tail.h"
 #include "mrlxmlclass/session/ModuleState.h"
@@ -20,6 +17,8 @@ public:
     Store& tasks() { return self_.tasks_; }
     Long& candidates() { return self_.candidates_; }
     Ref<Collection>& phases() { return self_.phases_; }
+    /// Where walks keep their suspended calls.
+    FrameStack& frames() { return self_.frames_; }
 
     /// The task under that key, whatever the key; nothing when there is none.
     Ref<TasksCls> Find(KeyText key) const {
@@ -27,6 +26,12 @@ public:
         return task != nullptr ? *task : Ref<TasksCls>();
     }
     Ref<TasksCls> Find(Long key) const { return Find(KeyText(key)); }
+    /// As the public Item: a task without a key is never found.
+    Ref<TasksCls> Item(KeyText key) const { return key == KeyText(Long(0)) ? Ref<TasksCls>() : Find(key); }
+    bool isParent(KeyText key) const {
+        const Ref<TasksCls> task = key.Number() != 0 ? Item(key) : Ref<TasksCls>();
+        return task && In(task).HasChildren();
+    }
 
     /// The number of tasks with `TaskCondidat` True, counted anew only when a task or such a flag changed.
     Long ValidTasks();
@@ -34,8 +39,36 @@ public:
     void File(const KeyText& key, const Ref<TasksCls>& task);
     /// Puts the same tasks in another order.
     void PutInOrder(Store sorted);
-    /// The keys of a task's children in ascending position. Nothing, recorded, when one of several is no task.
-    std::optional<std::vector<Long>> ChildrenInOrder(const Ref<TasksCls>& parent) const;
+    /// Takes a task out of the collection and touches nothing else; false when there is none under that key.
+    bool TakeOut(KeyText key);
+    /// The keys of a task's children in ascending position. Nothing without a task, and, recorded, when one of several
+    /// children is none.
+    Ref<ChildOrder> Children(const Ref<TasksCls>& parent) const;
+
+    /// The stored days towards a predecessor; 0 where there is no entry.
+    Integer LeadTowards(const Ref<TasksCls>& task, KeyText predecessor) const;
+    /// What the public operations of these names do, without a look-up by text. AdjustSummary gives false when the
+    /// parents lead back into themselves.
+    Integer CalcLeadTime(const Ref<TasksCls>& task);
+    bool AdjustSummary(KeyText key, Boolean InitDate = True, Ref<TasksCol> oTaskCol = {});
+    void AdjustCost(KeyText key, Boolean Initcost = True);
+    Boolean AdjustDateNoLink(const Ref<TasksCls>& task, const Ref<TasksCls>& previous, Integer p_lead_time);
+    void AdjustDateForSummary(Date& p_start_date, Date p_preview_date, Date p_old_prev_date, Integer& p_diff);
+
+    /// Takes all links of a task off, its predecessors' first.
+    struct LastLinks {
+        String last_predecessor;  ///< "" where there was none
+        String last_successor;
+    };
+    LastLinks TakeLinksOff(const Ref<TasksCls>& task, const String& key);
+    /// Tell the host a task's links as they show now, unless it is silenced; "" tells one side only.
+    void NotifyLinkChange(const String& TaskKey, const String& otherKey);
+    void NotifyPredecessorChange(const String& TaskKey);
+    /// The children of a task, but `successorKey`, that it does not follow: key and item alike.
+    Ref<Dictionary> GetNonChildSuccessor(const String& key, const String& successorKey);
+    /// Empties the `TaskLink` of the tasks that GetLinkedTask finds.
+    Boolean RemoveLinkedTask(const String& TaskId, const String& ParentID = {}, const Variant& ForSimilair = False,
+                             const String& SupKey = {});
 
     /// Tell the host a task's dates and duration as they stand, unless it is silenced.
     void TellStart(const Ref<TasksCls>& task, Boolean is_parent);
@@ -43,6 +76,8 @@ public:
     void TellDuration(const Ref<TasksCls>& task, Boolean is_parent);
     /// Whether a silenced host hears this one is the caller's matter.
     void TellTaskDuration(const Ref<TasksCls>& task, Boolean is_parent);
+    /// These four in this order, the last one to a silenced host too.
+    void TellDates(const Ref<TasksCls>& task, Boolean is_parent);
 
     /// The highest row in the outline; 0 when it is empty.
     Integer GetMaxPos();
@@ -80,11 +115,23 @@ public:
     void Step(SourceLine where = SourceLine::Here()) {
         if (--left_ < 0) Raise(failure::kEndlessWalk, where);
     }
+    /// A step up to a task: the same task once more fails at once.
+    void Climb(KeyText key, SourceLine where = SourceLine::Here()) {
+        if (key == landmark_) left_ = 0;
+        Step(where);
+        if (++steps_ == next_landmark_) {
+            landmark_ = key;
+            next_landmark_ *= 2;
+        }
+    }
     /// True once a step has failed: what is left of the walk would fail again at every step.
     bool over() const { return left_ < 0; }
 
 private:
     std::int64_t left_;
+    KeyText landmark_;
+    std::int64_t steps_ = 0;
+    std::int64_t next_landmark_ = 1;
 };
 
 }  // namespace mrlxmlclass

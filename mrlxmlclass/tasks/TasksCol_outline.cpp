@@ -70,26 +70,21 @@ struct LastOfSubtree {
         auto& result = co_await kTail.Begin("GetTaskAndSubNumber");
         if (walk.over()) co_return;
         walk.Step();
-        Ref<TasksCls> task = TaskUnder(key);
+        Ref<TasksCls> task = In(tasks).Item(key);
         while (In(task).HasChildren()) {
-            const auto children = In(tasks).ChildrenInOrder(task);
-            if (!children) Raise(failure::kNothing);
-            for (std::size_t place = 0; place + 1 < children->size(); ++place) {
-                auto below = Of(KeyText((*children)[place]));
+            const Ref<ChildOrder> children = In(tasks).Children(task);
+            const std::vector<Long>& keys_below = children->keys;
+            for (std::size_t place = 0; place + 1 < keys_below.size(); ++place) {
+                auto below = Of(KeyText(keys_below[place]));
                 co_await std::move(below);
             }
             // The last child's answer is its parent's, so that a deep line of them is a loop.
             if (walk.over()) co_return;
             walk.Step();
-            task = TaskUnder(KeyText(children->back()));
+            task = In(tasks).Item(KeyText(keys_below.back()));
         }
         if (!keys && task->TaskPosition() > highest) highest = task->TaskPosition();
         result = keys ? Integer(task->TaskKey()) : highest;
-    }
-
-    /// A task without a key is never found.
-    Ref<TasksCls> TaskUnder(KeyText key) const {
-        return key == KeyText(Long(0)) ? Ref<TasksCls>() : In(tasks).Find(key);
     }
 };
 

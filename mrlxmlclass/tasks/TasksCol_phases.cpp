@@ -1,3 +1,5 @@
+#include "mrlxmlclass/platform/Services.h"
+#include "mrlxmlclass/scheduling/Units.h"
 #include "mrlxmlclass/tasks/Sorting.h"
 #include "mrlxmlclass/tasks/TasksCol_internal.h"
 
@@ -5,6 +7,34 @@ namespace mrlxmlclass {
 namespace {
 
 constexpr auto kTail = kTasksColTail;
+
+/// The start of a task that comes to a row: its parent's, or today.
+void SetFirstStart(TasksCol& tasks, const Ref<TasksCls>& task, bool first_row) {
+    const Date today = Platform().clock.Today();
+    if (task->ParentID() == 0) {
+        task->TaskBDate(today);
+        return;
+    }
+    const Date start = tasks.Item(task->ParentID())->TaskBDate();
+    if (!first_row || start.set()) {
+        task->TaskBDate(start);
+    } else {
+        task->TaskBDate(today);
+        tasks.AdjustSummary(KeyText(task->ParentID()).text());
+    }
+}
+
+/// The successors of a milestone follow its new end.
+void MoveSuccessors(TasksCol& tasks, const Ref<TasksCls>& milestone) {
+    const String key = KeyText(milestone->TaskKey()).text();
+    for (const String& successor : In(milestone).SuccessorKeys()) {
+        const Ref<TasksCls> task = tasks.Item(successor);
+        if (task && !task->isPredecessor(key)) continue;
+        const Integer lead = task ? tasks.GetLeadTime(key, task->TaskLeadTime()) : Integer(0);
+        tasks.AdjustDate(successor, milestone, lead, /*LeadTimeCalc=*/True, /*AdjustOtherDate=*/True,
+                         /*adjustParent=*/True, {}, /*p_do_same_parent=*/True);
+    }
+}
 
 }  // namespace
 
@@ -53,10 +83,42 @@ Boolean TasksCol::ChangeName(const String& TaskKey, const String& NewName, Boole
         }
         Item(TaskKey)->TaskName(NewName);
         if (Loud()) Events.Raise(&TasksColEvents::TaskNameChanged, key, NewName);
-        In(*this).TellStart(Item(TaskKey), isParent(TaskKey));
-        In(*this).TellEnd(Item(TaskKey), isParent(TaskKey));
-        In(*this).TellDuration(Item(TaskKey), isParent(TaskKey));
-        if (Loud()) In(*this).TellTaskDuration(Item(TaskKey), isParent(TaskKey));
+        if (Loud()) In(*this).TellDates(Item(TaskKey), isParent(TaskKey));
+    });
+}
+
+Boolean TasksCol::SetNewCondidat(Integer p_pos, const String& p_task_key) {
+    return kTail.Run<Boolean>("SetNewCondidat", [&](Boolean& result) {
+        const bool first_row = p_pos == 1 || GetTaskKeyByPosition(Integer(p_pos - 1)).empty();
+        const String key = p_task_key.empty() ? GetTaskKeyByPosition(p_pos) : p_task_key;
+        const Ref<TasksCls> task = Item(key);
+        const String parent = KeyText(task->ParentID()).text();
+        SetFirstStart(*this, task, first_row);
+        if (first_row && task->ParentID() != 0) RemoveAllTaskPredecessor(parent);
+        if (Loud()) In(*this).TellDates(task, isParent(key));
+        // Kept: at the top this tells of a parent 0.
+        if (first_row && Loud()) Events.Raise(&TasksColEvents::IamASummary, KeyNumber(parent), True);
+        result = True;
+    });
+}
+
+Boolean TasksCol::SeTAsMilstones(const Ref<TasksCol>& oTaskCol, const Variant& oTaskKey) {
+    return kTail.Run<Boolean>("SeTAsMilstones", [&](Boolean& result) {
+        const String key = oTaskKey.Key().text();
+        if (isParent(key)) return;
+        const Ref<TasksCls> task = oTaskCol->Item(key);
+        task->TaskMilstones(True);
+        task->TaskDuration(0);
+        task->TaskEDate(task->TaskBDate());
+        task->TaskDurationUnit(Gloabal::unitvalid("d"));
+        if (Loud()) In(*this).TellDates(task, False);
+        if (Module().BVersion) MoveSuccessors(*this, task);
+        if (task->ParentID() != 0) {
+            const String parent = KeyText(task->ParentID()).text();
+            if (isParent(parent)) SummaryTaskDateChanged2(parent, Item(parent)->TaskBDate());
+            AdjustSummary(parent);
+        }
+        result = True;
     });
 }
 

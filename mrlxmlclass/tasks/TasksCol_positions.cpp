@@ -19,7 +19,7 @@ void MakeWay(TasksCol& tasks, const Ref<TasksCls>& moved, Integer& old_position)
     ForOutline(tasks, moved, [&](TasksCls& other) {
         const Long row = other.TaskPosition();
         if (row >= position && row <= old_position) {
-            if (row < tasks.Count(True)) {
+            if (row < tasks.Count(True)) {  // Kept: candidates count as room here, though not in ArrangePosition.
                 other.TaskPosition(row + 1);
                 if (row + 1 == old_position) ++old_position;
             }
@@ -80,6 +80,12 @@ Boolean TasksCol::ArrangePositionAfterDelete(const String& TaskId) {
                 if (Loud()) Events.Raise(&TasksColEvents::IamASummary, parent_number, False);
             }
         }
+        if (Module().BVersion) {
+            const auto [last_predecessor, last_successor] = In(*this).TakeLinksOff(task, TaskId);
+            if (!last_predecessor.empty() && !last_successor.empty()) {
+                AddTaskPredecessor(last_successor, last_predecessor, /*FirstTime=*/True);
+            }
+        }
         if (Loud()) Events.Raise(&TasksColEvents::TaskDeleted, KeyNumber(TaskId), parent, task->TaskPosition(), True);
         result = True;
     });
@@ -115,24 +121,24 @@ Boolean TasksCol::ArrangePosition(Integer ParentID, Integer TaskId, Integer oldP
         const String key = KeyText(Long(TaskId)).text();
         const Ref<TasksCls> parent = Item(parent_key);
         const Ref<TasksCls> child = Item(key);
-        const auto last_row = [&] { return GetTaskAndSubNumber(parent_key, False, Integer(0)); };
 
         if (parent->TaskPosition() == Count(False)) {
             child->TaskPosition(Count(False));
             ArrangePositionAfterInsert(key, oldPos);
             return;
         }
+        const Integer last_row = GetTaskAndSubNumber(parent_key, False, Integer(0));
         if (!InsertInPhase) {
-            if (last_row() == Count(False)) {
-                child->TaskPosition(last_row());
+            if (last_row == Count(False)) {
+                child->TaskPosition(last_row);
             } else if (GetTaskAndSubNumber(parent_key, True, Integer(0)) != child->TaskKey() ||
                        child->TaskPosition() == 0) {
-                child->TaskPosition(last_row() + 1);
+                child->TaskPosition(last_row + 1);
             }
             if (child->TaskPosition() == 1) child->TaskPosition(parent->TaskPosition() + 1);
             ArrangePositionAfterInsert(key);
         } else {
-            child->TaskPosition(last_row());
+            child->TaskPosition(last_row);
             ArrangePositionAfterInsert(key, oldPos);
         }
 

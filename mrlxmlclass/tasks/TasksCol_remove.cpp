@@ -43,35 +43,36 @@ void ForgetDatesOf(Long key) {
     }
 }
 
-/// Takes a task that is being deleted out of whatever relation collections and item lists are given.
-void Untie(const Ref<TasksCol>& tasks, const Variant& key, Ref<TaskAssigmentRelationCol> assigments,
-           const Ref<PeopleCol>& people, Ref<TaskGoalRelationCol> goal_relations, const Ref<GoalsCol>& goals,
-           Ref<TaskObstaclesRelationCol> obstacle_relations, const Ref<obstaclesCol>& obstacles) {
-    const Ref<TasksCls> task = tasks->Item(key);
-    if (people) people->RemoveTasksRelations(key, assigments, tasks, True);
-    if (assigments) task->RemoveTaskRelation(assigments);
-    if (goals) goals->RemoveTasksRelations(key, goal_relations, tasks);
-    if (goal_relations) task->RemoveGoalRelation(goal_relations);
-    if (obstacles) obstacles->RemoveTasksRelations(key, obstacle_relations, tasks);
-    if (obstacle_relations) task->RemoveObstacleRelation(obstacle_relations);
-}
-
-/// What a removal of a whole subtree hands down to every task of it.
-struct SubtreeRemoval {
-    TasksCol& tasks;
+/// What a task that is deleted is taken out of, as far as it is given.
+struct Ties {
     Ref<TaskAssigmentRelationCol> assigments;
     Ref<PeopleCol> people;
     Ref<TaskGoalRelationCol> goal_relations;
     Ref<GoalsCol> goals;
     Ref<TaskObstaclesRelationCol> obstacle_relations;
     Ref<obstaclesCol> obstacles;
+
+    void Untie(const Ref<TasksCol>& tasks, const Variant& key) {
+        const Ref<TasksCls> task = tasks->Item(key);
+        if (people) people->RemoveTasksRelations(key, assigments, tasks, True);
+        if (assigments) task->RemoveTaskRelation(assigments);
+        if (goals) goals->RemoveTasksRelations(key, goal_relations, tasks);
+        if (goal_relations) task->RemoveGoalRelation(goal_relations);
+        if (obstacles) obstacles->RemoveTasksRelations(key, obstacle_relations, tasks);
+        if (obstacle_relations) task->RemoveObstacleRelation(obstacle_relations);
+    }
+    /// A task goes for good only when no relation holds it.
+    bool Hold(const String& key) const {
+        return bool(TaskRelated(KeyNumber(key), assigments, goal_relations, obstacle_relations));
+    }
+};
+
+/// The removal of a whole subtree, bottom up.
+struct SubtreeRemoval {
+    TasksCol& tasks;
+    Ties ties;
     Boolean arrange;
     OutlineWalk walk;
-
-    /// A task goes for good only when no relation holds it.
-    Boolean MayGo(const String& key) const {
-        return !TaskRelated(KeyNumber(key), assigments, goal_relations, obstacle_relations);
-    }
 
     Walk<Ref<Collection>> DeleteBelow(String key) {
         auto& deleted = co_await kTail.Begin("DeleteAllSubTasks");
@@ -85,13 +86,29 @@ struct SubtreeRemoval {
                 auto below = DeleteBelow(child);
                 co_await std::move(below);
             }
-            // Kept: on the way down the obstacles' own records are left to the top call.
-            tasks.Remove(child, assigments, people, goal_relations, goals, {}, {}, MayGo(child), False, arrange);
+            // A child with children of its own may have gone with them.
+            if (Module().BVersion && tasks.Item(child)) tasks.RemoveAllTaskPredecessor(child);
+            // Kept: a summary was removed below already, and is asked again; on the way down the obstacles' own records
+            // are left to the top call.
+            tasks.Remove(child, ties.assigments, ties.people, ties.goal_relations, ties.goals, {}, {},
+                         !ties.Hold(child), False, arrange);
         }
-        tasks.Remove(key, assigments, people, goal_relations, goals, obstacle_relations, obstacles, MayGo(key), True,
-                     arrange);
+        tasks.Remove(key, ties.assigments, ties.people, ties.goal_relations, ties.goals, ties.obstacle_relations,
+                     ties.obstacles, !ties.Hold(key), True, arrange);
     }
 };
+
+/// Lets the last task that waited for the removed one wait for its parent, and brings that parent up to date.
+void MendAround(TasksCol& tasks, const String& parent, const String& last_successor) {
+    if (KeyNumber(parent) == 0) return;
+    if (!last_successor.empty()) tasks.AddTaskPredecessor(last_successor, parent);
+    if (tasks.isParent(parent)) {
+        tasks.AdjustSummary(parent);
+    } else {
+        if (!last_successor.empty()) tasks.AddTaskPredecessor(last_successor, parent);  // Kept: a second time
+        if (Loud()) tasks.Events.Raise(&TasksColEvents::IamASummary, KeyNumber(parent), False);
+    }
+}
 
 }  // namespace
 
@@ -106,9 +123,12 @@ void TasksCol::Remove(const Variant& Index, ByRef<Ref<TaskAssigmentRelationCol>>
         const Ref<TasksCls> task = Item(Index);
         if (!task) return;  // Kept: the flag stays up until the next task is added or removed
 
+        const bool links = bool(Module().BVersion);
+        String parent;
+        String last_successor;
         if (ForceDelete) {
-            Untie(Ref<TasksCol>(this), key.text(), *oTaskPeopleRelation, oPeopleCol, *oTaskGoalRelation, oGoalGoal,
-                  *oTaskObstacleRelation, oObstacleCol);
+            Ties{*oTaskPeopleRelation, oPeopleCol, *oTaskGoalRelation, oGoalGoal, *oTaskObstacleRelation, oObstacleCol}
+                .Untie(Ref<TasksCol>(this), key.text());
             if (task->TaskCondidat()) {
                 if (p_arrange) {
                     ArrangePositionAfterDelete(key.text());
@@ -116,18 +136,23 @@ void TasksCol::Remove(const Variant& Index, ByRef<Ref<TaskAssigmentRelationCol>>
                     RemoveParentTask(task->ParentID(), key.text());
                 }
             }
+            if (links) {
+                last_successor = In(*this).TakeLinksOff(task, key.text()).last_successor;
+                parent = KeyText(task->ParentID()).text();
+            }
             RemovePhase(Variant(key.text()));
-            if (!tasks_.Remove(key)) Raise(failure::kUnknownKey);  // a relation or a listener was quicker
+            if (!In(*this).TakeOut(key)) Raise(failure::kUnknownKey);  // a relation or a listener was quicker
             if (!task->TaskCondidat()) candidates_ -= 1;
         } else {
             if (p_arrange) ArrangePositionAfterDelete(key.text());
-            task->ParentID(0);
+            task->ParentID(0);  // Kept: without arranging it stays in its former parent's list.
             if (task->TaskCondidat()) candidates_ += 1;
             task->TaskCondidat(False);
             task->TaskType(True);
             task->TaskPosition(0);
         }
 
+        if (links) MendAround(*this, parent, last_successor);
         const Long number = key.Number();
         // Kept: the real parent and row went out with the arranging; here they are "" and 0.
         if (Loud()) Events.Raise(&TasksColEvents::TaskDeleted, number, String(), Long(0), p_arrange);
@@ -147,14 +172,14 @@ void TasksCol::RemoveRelation(const Variant& Index, ByRef<Ref<TaskAssigmentRelat
                               const Ref<obstaclesCol>& oObstacleCol, Boolean ForceDelete) {
     kTail.Run("RemoveRelation", [&] {
         if (!Item(Index) || !ForceDelete) return;
-        Untie(Ref<TasksCol>(this), Index.Key().text(), *oTaskPeopleRelation, oPeopleCol, *oTaskGoalRelation, oGoalGoal,
-              *oTaskObstacleRelation, oObstacleCol);
+        Ties{*oTaskPeopleRelation, oPeopleCol, *oTaskGoalRelation, oGoalGoal, *oTaskObstacleRelation, oObstacleCol}
+            .Untie(Ref<TasksCol>(this), Index.Key().text());
     });
 }
 
 void TasksCol::RemoveForLib(const Variant& Index) {
     kTail.Run("RemoveForLib", [&] {
-        if (Item(Index)) tasks_.Remove(Index.Key());
+        if (Item(Index)) In(*this).TakeOut(Index.Key());
     });
 }
 
@@ -163,10 +188,11 @@ Ref<Collection> TasksCol::DeleteAllSubTasks(
     const Ref<TaskGoalRelationCol>& oTaskGoalRelation, const Ref<GoalsCol>& oGoalsCol,
     const Ref<TaskObstaclesRelationCol>& oTaskObstacleRelation, const Ref<obstaclesCol>& oobstaclesCol,
     Boolean /*ForceDelete*/, Boolean p_arrange) {
+    // Kept: whatever the caller wishes, the relations alone decide.
     return kTail.Run<Ref<Collection>>("DeleteAllSubTasks", [&](Ref<Collection>& result) {
-        SubtreeRemoval removal{
-            *this,         oTaskAssigRelation, oPeopleCol,        oTaskGoalRelation, oGoalsCol, oTaskObstacleRelation,
-            oobstaclesCol, p_arrange,          OutlineWalk(*this)};
+        const Ties ties{oTaskAssigRelation,    oPeopleCol,   oTaskGoalRelation, oGoalsCol,
+                        oTaskObstacleRelation, oobstaclesCol};
+        SubtreeRemoval removal{*this, ties, p_arrange, OutlineWalk(*this)};
         result = removal.DeleteBelow(aTaskKey.Key().text()).Run();
     });
 }

@@ -32,6 +32,25 @@ TasksCol::Store Sorted(const TasksCol::Store& tasks, bool by_position) {
     return sorted;
 }
 
+/// The children that a dictionary names, sorted by their rows.
+Ref<ChildOrder> Sorted(const TasksCol::Internal& tasks, const Ref<Dictionary>& source) {
+    auto order = Make<ChildOrder>(source);
+    std::vector<Long> unsorted;
+    if (source) {
+        const auto entries = source->Snapshot();
+        unsorted.reserve(entries.size());
+        for (const auto& entry : entries) unsorted.push_back(entry.key.Key().Number());
+    }
+    const auto places = HeapOrder(unsorted.size(), [&](std::size_t place) {
+        // A task without a key is never found.
+        const Ref<TasksCls> child = unsorted[place] != 0 ? tasks.Find(unsorted[place]) : Ref<TasksCls>();
+        return std::int64_t{child->TaskPosition()};
+    });
+    order->keys.reserve(places.size());
+    for (const std::size_t place : places) order->keys.push_back(unsorted[place]);
+    return order;
+}
+
 Ref<Collection> AsCollection(const TasksCol::Store& tasks) {
     auto collection = Make<Collection>();
     for (const auto& entry : tasks) collection->Add(entry.item, entry.key);
@@ -70,9 +89,9 @@ void TasksCol::SortArray(ByRef<Variant> aTempArray) {
     kTail.Run("SortArray", [&] {
         VariantArray* array = aTempArray->If<VariantArray>();
         if (array == nullptr) Raise(failure::kTypeMismatch);
-        for (const Variant& text : *array) text.Key();  // what is no text fails before anything has moved
+        for (const Variant& text : *array) text.Text();  // what is no text fails before anything has moved
         std::sort(array->begin(), array->end(),
-                  [](const Variant& a, const Variant& b) { return CompareUnits(a.Key().text(), b.Key().text()) < 0; });
+                  [](const Variant& a, const Variant& b) { return CompareUnits(a.Text(), b.Text()) < 0; });
     });
 }
 
@@ -80,25 +99,16 @@ void TasksCol::Internal::PutInOrder(Store sorted) {
     const bool was_counted = self_.counted_.store_stamp == self_.tasks_.Stamp();
     self_.tasks_ = std::move(sorted);
     if (was_counted) self_.counted_.store_stamp = self_.tasks_.Stamp();
+    ++Module().outline_stamp;  // a task that stood under another key is found under its own now
 }
 
-std::optional<std::vector<Long>> TasksCol::Internal::ChildrenInOrder(const Ref<TasksCls>& parent) const {
-    return kTail.Run<std::optional<std::vector<Long>>>("GetTasksAsKeys", [&](auto& result) {
-        std::vector<Long> unsorted;
-        if (const Ref<Dictionary> children = In(parent).PeekTasks()) {
-            const auto entries = children->Snapshot();
-            unsorted.reserve(entries.size());
-            for (const auto& entry : entries) unsorted.push_back(entry.key.Key().Number());
-        }
-        const auto order = HeapOrder(unsorted.size(), [&](std::size_t place) {
-            // A task without a key is never found.
-            const Ref<TasksCls> child = unsorted[place] != 0 ? Find(unsorted[place]) : Ref<TasksCls>();
-            return std::int64_t{child->TaskPosition()};
-        });
-        std::vector<Long> sorted;
-        sorted.reserve(order.size());
-        for (const std::size_t place : order) sorted.push_back(unsorted[place]);
-        result = std::move(sorted);
+Ref<ChildOrder> TasksCol::Internal::Children(const Ref<TasksCls>& parent) const {
+    return kTail.Run<Ref<ChildOrder>>("GetTasksAsKeys", [&](Ref<ChildOrder>& result) {
+        if (!parent) return;
+        const Ref<Dictionary> source = In(parent).PeekTasks();
+        Ref<ChildOrder>& known = In(parent).child_order();
+        if (!known || !known->Sorts(source)) known = Sorted(*this, source);
+        result = known;
     });
 }
 

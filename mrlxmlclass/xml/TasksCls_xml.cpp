@@ -180,6 +180,7 @@ dom::Node TasksCls::Internal::FromXmlInt(dom::Node xmlParent, dom::Node xmlChild
 
 void TasksCls::Internal::Reset() {
     TaskCondidat_Int(True);
+    ++Module().outline_stamp;
     f_ = Fields();
 }
 

@@ -2,27 +2,13 @@
 
 #include "mrlxmlclass/tasks/TasksCol_internal.h"
 #include "tests/dom/SmallStack.h"
+#include "tests/scheduling/Costs.h"
 #include "tests/support/Outlines.h"
 
 namespace mrlxmlclass {
 namespace {
 
 using namespace testing;
-
-/// 1 House (typed 500)
-/// 2   Phase (typed 7)
-/// 3     Design (10)
-/// 4     Build (20)
-/// 5   Roof (100)
-class Costs : public Plan {
-public:
-    Costs() {
-        Task("House").Costing(500).Task("Phase").Under("House").Costing(7);
-        Task("Design").Under("Phase").Costing(10).Task("Build").Under("Phase").Costing(20);
-        Task("Roof").Under("House").Costing(100);
-        Heard();
-    }
-};
 
 TEST(AdjustCost, SumsTheChildrenUpToTheTop) {
     Costs plan;
@@ -113,6 +99,46 @@ TEST(AdjustCost, ClimbsFromAnyDepthOnASmallStack) {
         plan.col().AdjustCost(std::to_string(kDeep));
         EXPECT_EQ(plan["1"].TaskCost(), Currency(5));
     });
+}
+
+TEST(AdjustCost, AddsUpToTheFourthDecimal) {
+    Costs plan;
+    plan["Design"].TaskCost(Currency(0.0001));
+    plan["Build"].TaskCost(Currency(-20.5));
+    plan.col().AdjustCost(plan.Key("Phase"));
+    EXPECT_EQ(plan.Heard(), "RoolUpCostChange(2, -20.4999)\nRoolUpCostChange(1, 79.5001)\n");
+}
+
+TEST(AdjustCost, LeavesTheOtherTotalAlone) {
+    Costs plan;
+    plan["Design"].TaskCostUp(3);
+    plan.col().AdjustCost(plan.Key("Phase"));
+    EXPECT_EQ(plan["Phase"].TaskCostUp(), Currency(0));
+    plan.Heard();
+}
+
+TEST(AdjustCost, LeavesALeafItsOwnCostWhateverItIsTold) {
+    Costs plan;
+    plan.col().AdjustCost(plan.Key("Design"), False);
+    EXPECT_EQ(plan["Design"].TaskCost(), Currency(10));
+    EXPECT_EQ(plan.Heard(), "RoolUpCostChange(3, 10)\nRoolUpCostChange(2, 30)\nRoolUpCostChange(1, 130)\n");
+}
+
+TEST(AdjustCost, RecordsKeysThatAreNone) {
+    Costs plan;
+    for (const char* key : {"", "0", "01", "Phase"}) {
+        SCOPED_TRACE(key);
+        EXPECT_TRUE(plan.col().AdjustCost(key).is_empty());
+        EXPECT_EQ(plan.failures.Taken(), "TasksCol/AdjustCost 91\n");
+    }
+    EXPECT_EQ(plan.Heard(), "");
+}
+
+TEST(AdjustCost, SumsWhatAListenerMadeOfTheCostsAbove) {
+    Costs plan;
+    const Interruption host(plan, "RoolUpCostChange", plan.Number("Phase"), [&] { plan["Roof"].TaskCost(1); });
+    plan.col().AdjustCost(plan.Key("Phase"));
+    EXPECT_EQ(plan.Heard(), "RoolUpCostChange(2, 30)\nRoolUpCostChange(1, 31)\n");
 }
 
 }  // namespace

@@ -3,6 +3,7 @@
 #include "mrlxmlclass/tasks/TasksCol_internal.h"
 #include "tests/dom/SmallStack.h"
 #include "tests/support/Outlines.h"
+#include "tests/support/Told.h"
 
 namespace mrlxmlclass {
 namespace {
@@ -150,6 +151,40 @@ TEST(AdjustSummary, CountsTheWorkingDaysOfALeaf) {
     EXPECT_EQ(plan["Leaf"].TaskDurationUnit(), "wks") << "the unit stays";
 }
 
+TEST(AdjustSummary, KeepsTellingALeafAsAParent) {
+    Plan plan;
+    plan.Task("Leaf").From(Monday).Lasting(2);
+    plan.col().AdjustSummary("1");
+    EXPECT_EQ(plan.Heard(), Summed(1, Monday, Tuesday, 2));
+}
+
+TEST(AdjustSummary, KeepsTheSummarysKeyBesideEmptyCaches) {
+    Plan plan;
+    plan.Task("Phase").Task("Design").Under("Phase").From(Monday).Lasting(2);
+    ModuleState& module = Module();
+    for (const bool known : {false, true}) {
+        module.g_MinDate = module.g_MaxDate = known ? Friday : Date();
+        module.g_MinDateTaskKey = module.g_MaxDateTaskKey = known ? 7 : 0;
+        plan.col().AdjustSummary("1");
+        EXPECT_EQ(DayName(module.g_MinDate), known ? DayName(Friday) : "-");
+        EXPECT_EQ(DayName(module.g_MaxDate), known ? DayName(Friday) : "-");
+        EXPECT_EQ(module.g_MinDateTaskKey, known ? 7 : 1);
+        EXPECT_EQ(module.g_MaxDateTaskKey, known ? 7 : 1);
+    }
+}
+
+TEST(AdjustSummary, GoesOnWithoutTheGapToAPredecessorThatIsNotThere) {
+    Plan plan;
+    plan.WithLinks().Task("Phase");
+    Child(plan, "Design", Monday, Tuesday);
+    plan["Phase"].TaskPredecessor()->Add("77", "77");
+    plan["Phase"].TaskLag(4);
+    plan.col().AdjustSummary("1");
+    EXPECT_EQ(plan.failures.Taken(), "TasksCol/CalcLeadTime 91\n");
+    EXPECT_EQ(plan["Phase"].TaskLag(), 0);
+    EXPECT_EQ(plan.Heard(), Summed(1, Monday, Tuesday, 2));
+}
+
 TEST(AdjustSummary, MovesACopyOfTheFirstSummaryAlong) {
     Plan plan;
     plan.Task("House").Task("Phase").Under("House");
@@ -178,7 +213,7 @@ TEST(AdjustSummary, MeasuresTheSummarysOwnLinks) {
     EXPECT_EQ(Listed(plan["Phase"].TaskLeadTime()), "1|2");
 }
 
-TEST(AdjustSummary, ZeroesTheLagWithoutLiveLinks) {
+TEST(AdjustSummary, KeepsZeroingTheLagWithoutLiveLinks) {
     Plan plan;
     plan.Task("Phase");
     Child(plan, "Design", Thursday, Friday);
@@ -300,7 +335,7 @@ TEST(GetMinDate, IsTodayWithoutATaskInTheOutline) {
     EXPECT_EQ(In(plan.col()).GetMaxDate(), Thursday);
 }
 
-TEST(GetMinDate, IsTodayOnceATaskHasNoStartAndNamesThatTask) {
+TEST(GetMinDate, IsTodayOnceATaskHasNoStartAndKeepsNamingThatTask) {
     Plan plan;
     plan.Task("A").From(Friday).Task("Undated");
     plan.platform.clock.now = Thursday + 0.5;

@@ -2,6 +2,7 @@
 
 #include <algorithm>
 
+#include "mrlxmlclass/tasks/TasksCls_internal.h"
 #include "mrlxmlclass/xml/Conversions.h"
 #include "mrlxmlclass/xml/DateText.h"
 
@@ -179,11 +180,32 @@ Plan& Plan::Costing(Currency cost) {
     return *this;
 }
 
+Plan& Plan::After(const String& predecessor, Integer lead) {
+    const String from = Key(predecessor);
+    const String to = KeyText(last_->TaskKey()).text();
+    last_->TaskPredecessor()->Add(from, from);
+    (*this)[predecessor].TaskSuccessor()->Add(to, to);
+    last_->TaskLeadTime()->Add(from + "|" + KeyText(Long(lead)).text(), from);
+    return *this;
+}
+
 Plan& Plan::Candidate() {
     last_->TaskCondidat(False);
     last_->TaskType(True);
     last_->TaskPosition(0);
     col().SetNumberOFCondidat(False);
+    return *this;
+}
+
+Plan& Plan::Holding(Date start, Date end, Double duration) {
+    In(*last_).StoreStart(start);
+    In(*last_).StoreEnd(end);
+    In(*last_).StoreDuration(duration);
+    return *this;
+}
+
+Plan& Plan::About(const String& name) {
+    last_ = col().Item(keys_.at(name));
     return *this;
 }
 

@@ -71,7 +71,13 @@ public:
     Plan& Lasting(Double duration, const String& unit = "days");
     Plan& Milestone();
     Plan& Costing(Currency cost);
+    /// Stores a link on both sides, with its lead time: dates stay, and nobody is told.
+    Plan& After(const String& predecessor, Integer lead = 0);
     Plan& Candidate();
+    /// Dates and duration as they are told, by no rule.
+    Plan& Holding(Date start, Date end, Double duration);
+    /// What follows is said of a task that stands already.
+    Plan& About(const String& name);
 
     String Key(const String& name) const;
     Long Number(const String& name) const { return KeyNumber(Key(name)); }

@@ -1,0 +1,155 @@
+#include <algorithm>
+
+#include "mrlxmlclass/scheduling/DateWalk_internal.h"
+#include "mrlxmlclass/scheduling/Units.h"
+#include "mrlxmlclass/scheduling/WorkingDays.h"
+
+namespace mrlxmlclass {
+namespace {
+
+using Gloabal::NumberOFNonWorkingDay;
+using Gloabal::SetNextWorkingDay;
+
+constexpr auto kTail = kTasksColTail;
+constexpr std::int64_t kMostIdleDaysTaken = 2;
+constexpr int kNewEnd = 2;
+
+/// Sets the start to where the user put it and measures the gaps to the predecessors anew. The first task that really
+/// moves gives the walk its shift.
+void SetStartFreely(TasksCol& col, const Ref<TasksCls>& task, Date date, Integer direction, Integer& p_diff) {
+    const Date old_start = task->TaskBDate();
+    const bool moves = old_start != date;
+    task->TaskLag(0);
+    task->TaskBDate(SetNextWorkingDay(date, direction, Integer(0)));
+    task->TaskLag(In(col).CalcLeadTime(task));
+    if (!moves || p_diff != 0) return;
+    p_diff = DaysBetween(old_start, task->TaskBDate());
+    // Kept: the correction may turn the sign round.
+    const std::int64_t idle =
+        std::min<std::int64_t>(NumberOFNonWorkingDay(old_start, task->TaskBDate()), kMostIdleDaysTaken);
+    p_diff += p_diff < 0 ? idle : p_diff > 0 ? -idle : 0;
+}
+
+/// Puts a successor behind the task that changed, by the lag that it carries.
+void PutBehind(const Ref<TasksCls>& successor, const Ref<TasksCls>& changed, Integer lead) {
+    const Date end = changed->TaskEDate();
+    if (!end.set()) {
+        successor->InitDate();
+    } else {
+        successor->TaskBDate(lead < 0 ? end : end + 1);
+    }
+}
+
+}  // namespace
+
+/// Gives the date that the task had; 0 where none is kept.
+Date DateWalk::SetDate(const Ref<TasksCls>& task, Date& changed_date, const Change& how, Integer& p_diff) {
+    const bool plainly = StepsPlainly(In(task).Unit());
+    const Integer direction = how.StartFinishDate;
+    if (direction == kNewEnd) {
+        const Date old_end = plainly ? Date() : task->TaskEDate();
+        if (!how.p_calc_date) return old_end;
+        if (!plainly) changed_date = NoLaterThanMaxYear(changed_date);
+        task->TaskEDate(plainly ? changed_date : SetNextWorkingDay(changed_date, direction, Integer(0)));
+        return old_end;  // Kept: the old end, which is then held against the start
+    }
+    // Kept: a task in weeks or months takes no start, and nothing of it is kept.
+    if (plainly || (direction != 1 && direction != -1)) return {};
+    const Date old_start = task->TaskBDate();
+    if (how.p_calc_date && changed_date.set()) {
+        if (how.LeadTimeCalc) {
+            SetStartFreely(col_, task, changed_date, direction, p_diff);
+        } else {
+            task->TaskBDate(SetNextWorkingDay(changed_date, direction, Integer(0)));
+        }
+    }
+    return old_start;
+}
+
+Walk<Boolean> DateWalk::DependsDateChanged(KeyText key, Date& changed_date, Change how, Integer& p_diff) {
+    auto& result = co_await kTail.Begin("DependsDateChanged");
+    const Ref<TasksCls> task = tasks_.Item(key);
+    reached_.Tell();
+    reached_.Add(key);
+    reached_.AddParent(task->ParentID());
+    const Date remembered = SetDate(task, changed_date, how, p_diff);
+    tasks_.TellDates(task, tasks_.isParent(key));
+    result = True;
+    if (!module_.BVersion || !In(task).PeekSuccessor()) co_return;
+
+    const auto successors = In(task).PeekSuccessor()->Snapshot();
+    KeyText previous("");
+    bool eligible = !how.p_not_same_parent;
+    Date old_start;
+    for (const auto& entry : successors) {
+        const KeyText next_key = entry.item.Key();
+        const Ref<TasksCls> next = tasks_.Item(next_key);
+        const bool first = previous == KeyText("");
+        // Kept: once one is eligible, so is the rest of the list.
+        if (!eligible) eligible = !next || next->ParentID() == 0 || next->ParentID() != task->ParentID();
+        if (eligible && TakesItsTurn(next_key, next, first, previous)) {
+            // Kept: only the first takes its lag afresh; a later one follows by the changed task's.
+            if (first && next) next->TaskLag(tasks_.LeadTowards(next, KeyText(task->TaskKey())));
+            const bool summary = next && In(next).HasChildren();
+            if (!summary || (!first && how.SummaryCalc)) {
+                const Integer lead = !first ? task->TaskLag() : next ? next->TaskLag() : Long(0);
+                const Follow follow{lead, how.LeadTimeCalc, !summary, first || summary, how.p_not_same_parent};
+                auto walk = AdjustDate(next_key, task, follow, p_diff, old_start);
+                co_await std::move(walk);
+            }
+            if (summary && how.SummaryCalc) {
+                Date start = tasks_.Item(next_key)->TaskBDate();
+                Date exactly;
+                Integer shift = p_diff;
+                if (first && remembered != task->TaskBDate()) {
+                    tasks_.AdjustDateForSummary(start, task->TaskBDate(), remembered, p_diff);
+                    exactly = start;
+                    shift = 0;
+                }
+                OutlineWalk below(col_);
+                auto walk = SummaryTaskDateChanged2(next_key, start, exactly, shift, below);
+                co_await std::move(walk);
+            }
+            reached_.Add(next_key);
+        }
+        previous = next_key;
+    }
+}
+
+/// Whether a successor is moved now. A later one that was moved already has its parent adjusted once more.
+bool DateWalk::TakesItsTurn(KeyText key, const Ref<TasksCls>& task, bool first, KeyText previous) {
+    if (!first && task && In(task).HasPredecessor(previous)) return false;  // the walk through that one reaches it
+    if (!reached_.Has(key)) return true;
+    if (!first && task) AdjustParentOf(task);
+    return false;
+}
+
+Walk<Boolean> DateWalk::AdjustDate(KeyText key, Ref<TasksCls> changed, Follow how, Integer& p_diff,
+                                   Date& p_preview_date) {
+    auto& result = co_await kTail.Begin("AdjustDate");
+    const Ref<TasksCls> task = tasks_.Item(key);
+    if (!changed || !task) {
+        if (changed) changed->TaskSuccessor()->Remove(key.text());
+        result = True;
+        co_return;
+    }
+    p_preview_date = task->TaskBDate();
+    task->TaskLag(tasks_.LeadTowards(task, KeyText(changed->TaskKey())));
+    if (task->TaskBDate().set()) {
+        PutBehind(task, changed, how.theLeadTime);
+        p_diff = DaysBetween(p_preview_date, task->TaskBDate());
+        if (how.AdjustOtherDate) {
+            Date start = task->TaskBDate();
+            const Change change{1, how.LeadTimeCalc, True, how.p_do_same_parent, True};
+            auto walk = DependsDateChanged(key, start, change, p_diff);
+            result = co_await std::move(walk);
+        }
+    }
+    if (how.adjustParent) AdjustParentOf(task);
+}
+
+void DateWalk::AdjustParentOf(const Ref<TasksCls>& task) {
+    if (task->ParentID() != 0) tasks_.AdjustSummary(KeyText(task->ParentID()));
+}
+
+}  // namespace mrlxmlclass

@@ -1,0 +1,58 @@
+#pragma once
+
+#include "mrlxmlclass/runtime/Walk.h"
+#include "mrlxmlclass/scheduling/ReachedTasks.h"
+#include "mrlxmlclass/tasks/TasksCol_internal.h"
+
+namespace mrlxmlclass {
+
+/// One change of a date on its way through the plan: along the links to the tasks that wait, down into summaries, and
+/// up again to the parents. The three operations call each other to any depth; each is recorded under its own name.
+/// What only passes through is left out here; `p_diff` is one variable for all that a call reaches but for the
+/// summaries below.
+class DateWalk {
+public:
+    DateWalk(TasksCol& tasks, ByRef<Ref<Dictionary>> p_changeds)
+        : frames(In(tasks).frames()), held_(&tasks), col_(tasks), tasks_(tasks), reached_(p_changeds) {}
+
+    /// How a task takes a new date: see TasksCol::DependsDateChanged.
+    struct Change {
+        Integer StartFinishDate;
+        Boolean LeadTimeCalc;
+        Boolean SummaryCalc;
+        Boolean p_not_same_parent;
+        Boolean p_calc_date;
+    };
+    Walk<Boolean> DependsDateChanged(KeyText key, Date& changed_date, Change how, Integer& p_diff);
+
+    /// How a successor follows: see TasksCol::AdjustDate.
+    struct Follow {
+        Integer theLeadTime;
+        Boolean LeadTimeCalc;
+        Boolean AdjustOtherDate;
+        Boolean adjustParent;
+        Boolean p_do_same_parent;
+    };
+    Walk<Boolean> AdjustDate(KeyText key, Ref<TasksCls> changed, Follow how, Integer& p_diff, Date& p_preview_date);
+
+    /// `below` bounds the way down from the summary at which it began.
+    Walk<Boolean> SummaryTaskDateChanged2(KeyText key, Date& stDate, Date& UsethisDate, Integer p_diff,
+                                          OutlineWalk& below);
+
+    FrameStack& frames;  ///< for the suspended calls
+
+private:
+    Date SetDate(const Ref<TasksCls>& task, Date& changed_date, const Change& how, Integer& p_diff);
+    bool SetTarget(const Ref<TasksCls>& summary, Date& stDate, Date& UsethisDate, Integer& p_diff);
+    Date PlaceBehind(const Ref<TasksCls>& child, const Ref<TasksCls>& previous, Date& previous_end, Integer& p_diff);
+    bool TakesItsTurn(KeyText key, const Ref<TasksCls>& task, bool first, KeyText previous);
+    void AdjustParentOf(const Ref<TasksCls>& task);
+
+    Ref<TasksCol> held_;  // a listener may let go of the collection
+    TasksCol& col_;
+    TasksCol::Internal tasks_;
+    ModuleState& module_ = Module();
+    ReachedTasks reached_;
+};
+
+}  // namespace mrlxmlclass

@@ -1,0 +1,72 @@
+#include "mrlxmlclass/scheduling/LinkWalk_internal.h"
+
+#include "mrlxmlclass/platform/Services.h"
+
+namespace mrlxmlclass {
+namespace {
+
+constexpr auto kTail = kTasksColTail;
+
+}  // namespace
+
+void LinkList::Add(const TasksCls& task) {
+    if (!text.empty()) text += ", ";
+    text += by_name_ ? task.TaskName() : KeyText(task.TaskPosition()).text();
+}
+
+// Each side is taken off on its own, so that a one-sided link is cured too.
+Walk<Boolean> LinkWalk::RemoveTaskPredecessor(KeyText key, KeyText predecessor_key) {
+    auto& result = co_await kTail.Begin("RemoveTaskPredecessor");
+    if (over()) co_return;
+    ++removals_;
+    if (over()) Raise(failure::kEndlessWalk);
+    const Ref<TasksCls> task = tasks_.Item(key);
+    const Ref<TasksCls> predecessor = tasks_.Item(predecessor_key);
+    const String task_text = key.text();
+    const String predecessor_text = predecessor_key.text();
+    if (task && In(task).HasPredecessor(predecessor_key)) task->TaskPredecessor()->Remove(predecessor_text);
+    if (predecessor && In(predecessor).HasSuccessor(key)) predecessor->TaskSuccessor()->Remove(task_text);
+
+    task->TaskLag(0);  // An absent task ends the operation here.
+    col_.RemoveLeadTime(task_text, predecessor_text, 0);
+    Platform().ui.YieldToHost();
+    if (Loud()) {  // The reverse of the order in which adding tells the two sides.
+        const Long number = key.Number();
+        col_.Events.Raise(&TasksColEvents::SucessorChange, predecessor_key.Number(),
+                          col_.SucessorAsString(predecessor_text));
+        auto waits_for = PredessorAsString(key);
+        const String predecessors = co_await std::move(waits_for);
+        col_.Events.Raise(&TasksColEvents::PredecessorChange, number, predecessors);
+        col_.Events.Raise(&TasksColEvents::PredecessorKeyChange, number, predecessor_text, String("remove"));
+    }
+    result = True;
+}
+
+Walk<String> LinkWalk::PredessorAsString(KeyText key, Boolean Name) {
+    auto& result = co_await kTail.Begin("PredessorAsString");
+    const Ref<TasksCls> task = tasks_.Item(key);
+    LinkList list(Name);
+    std::vector<KeyText> stale;
+    if (const Ref<Collection> predecessors = In(task).PeekPredecessor()) {
+        for (const auto& entry : predecessors->Snapshot()) {
+            const KeyText predecessor_key = entry.item.Key();
+            const Ref<TasksCls> predecessor = tasks_.Item(predecessor_key);
+            if (predecessor && predecessor->TaskCondidat()) {
+                list.Add(*predecessor);
+            } else {
+                stale.push_back(predecessor_key);
+            }
+        }
+    }
+    result = list.text;
+    if (over()) co_return;
+    gathered_ += stale.size();
+    if (over()) Raise(failure::kEndlessWalk);
+    // Kept: the first removal tells the text, which removes the others, which are then removed once more from here.
+    for (const KeyText predecessor : stale) {
+        auto removal = RemoveTaskPredecessor(key, predecessor);
+        co_await std::move(removal);
+    }
+}
+
+}  // namespace mrlxmlclass

@@ -1,0 +1,36 @@
+#pragma once
+
+#include <bitset>
+#include <unordered_set>
+
+#include "mrlxmlclass/runtime/ByRef.h"
+#include "mrlxmlclass/runtime/Dictionary.h"
+
+namespace mrlxmlclass {
+
+/// The tasks that a walk has reached: each is moved once. A dictionary that the caller hands in is read at the start
+/// and hears of every task.
+class ReachedTasks {
+public:
+    explicit ReachedTasks(ByRef<Ref<Dictionary>> told);
+
+    /// Gives a caller who has a variable without a dictionary a new one.
+    void Tell();
+    bool Has(KeyText key) const {
+        return Small(key) ? small_[static_cast<std::size_t>(key.number())] : others_.contains(key);
+    }
+    void Add(KeyText key);
+    /// Only the dictionary hears of a parent, under a number, which is never the key of a task reached.
+    void AddParent(Long key);
+
+private:
+    static constexpr std::int32_t kLargest = INT16_MAX;
+    static bool Small(KeyText key) { return key.is_number() && key.number() <= kLargest; }
+    void Mark(KeyText key);
+
+    std::bitset<kLargest + 1> small_;
+    std::unordered_set<KeyText> others_;
+    ByRef<Ref<Dictionary>> told_;
+};
+
+}  // namespace mrlxmlclass

@@ -1,0 +1,159 @@
+#include <algorithm>
+#include <cstdlib>
+
+#include "mrlxmlclass/runtime/Text.h"
+#include "mrlxmlclass/scheduling/WorkingDays.h"
+#include "mrlxmlclass/tasks/TasksCol_internal.h"
+#include "mrlxmlclass/xml/Conversions.h"
+
+namespace mrlxmlclass {
+namespace {
+
+constexpr auto kTail = kTasksColTail;
+constexpr char kMark = '|';
+
+String FormatPredecessor(const String& key, Integer lead) {
+    return key + kMark + Conversions::IntegerToString(lead);
+}
+
+std::string_view KeyOfEntry(std::string_view entry) {
+    return entry.substr(0, entry.find(kMark));
+}
+
+/// Whether an entry is the one towards a predecessor, to the letter.
+bool IsTowards(KeyText predecessor, std::string_view entry) {
+    const std::string_view key = KeyOfEntry(entry);
+    return predecessor.is_number() ? KeyText::CanonicalNumber(key) == predecessor.number() : key == predecessor.text();
+}
+
+/// The 0-based place of the entry towards a predecessor, or npos.
+std::size_t PlaceOfLead(KeyText predecessor, const Collection::Store& leads) {
+    for (std::size_t place = 0; place < leads.size(); ++place) {
+        if (IsTowards(predecessor, leads[place].item.As<String>())) return place;
+    }
+    return Collection::Store::npos;
+}
+
+/// The days that an entry tells.
+Integer DaysOfEntry(const String& entry) {
+    if (const std::size_t mark = entry.find(kMark); mark != String::npos) {
+        // As the library writes it; anything else goes the long way.
+        const std::string_view days = std::string_view(entry).substr(mark + 1);
+        const bool negative = days.starts_with('-');
+        const std::int32_t size = KeyText::CanonicalNumber(days.substr(negative ? 1 : 0));
+        if (size >= 0 && size <= INT16_MAX) return negative ? -size : size;
+    }
+    const std::vector<String> parts = Split(entry, String(1, kMark));
+    if (parts.size() < 2) Raise(failure::kIndexOutOfRange);
+    return Conversions::StringToInteger(parts[1]);
+}
+
+Integer LeadIn(KeyText predecessor, const Collection::Store& leads) {
+    const std::size_t place = PlaceOfLead(predecessor, leads);
+    return place == Collection::Store::npos ? Integer(0) : DaysOfEntry(leads[place].item.As<String>());
+}
+
+void RemoveLead(const String& key, const Ref<Collection>& leads) {
+    const std::size_t place = PlaceOfLead(key, leads->Snapshot());
+    if (place != Collection::Store::npos) leads->Remove(Long(place + 1));
+}
+
+void StoreLead(const Ref<TasksCls>& task, const String& predecessor, Integer lead) {
+    const Ref<Collection> leads = task->TaskLeadTime();
+    String entry = FormatPredecessor(predecessor, lead);
+    RemoveLead(predecessor, leads);
+    leads->Add(std::move(entry), predecessor);
+}
+
+/// The gap in working days between a predecessor's end and a start: 0 on the next working day, -1 on the end itself.
+/// `lag` is the difference in calendar days.
+Integer WorkingGap(Date start, Date predecessor_end, Integer lag) {
+    lag -= 1;
+    if (start > predecessor_end) {
+        return lag - Gloabal::NonWorkingDaysFrom(predecessor_end, predecessor_end + static_cast<double>(lag.value()));
+    }
+    const std::int64_t size = std::abs(std::int64_t{lag});
+    const Integer gap =
+        -(size - Gloabal::NonWorkingDaysFrom(start, std::min(start + static_cast<double>(size), predecessor_end)));
+    return gap == 0 ? Integer(-1) : gap;  // an overlap stays an overlap
+}
+
+}  // namespace
+
+String TasksCol::GetPredecessor(const String& thePredecessor) {
+    return String(KeyOfEntry(thePredecessor));
+}
+
+Boolean TasksCol::AddLeadTime(const String& TaskKey, const String& PredecessorKey, Integer LeadTime) {
+    return kTail.Run<Boolean>("AddLeadTime", [&](Boolean& result) {
+        StoreLead(Item(TaskKey), PredecessorKey, LeadTime);
+        result = True;
+    });
+}
+
+Boolean TasksCol::RemoveLeadTime(const String& TaskKey, const String& PredecessorKey, Integer /*LeadTime*/) {
+    return kTail.Run<Boolean>("RemoveLeadTime", [&](Boolean& result) {
+        RemoveLead(PredecessorKey, Item(TaskKey)->TaskLeadTime());
+        result = True;
+    });
+}
+
+Integer TasksCol::GetLeadTime(const String& thePredecessor, const Ref<Collection>& LeadCol) {
+    return kTail.Run<Integer>("GetLeadTime",
+                              [&](Integer& result) { result = LeadIn(thePredecessor, LeadCol->Snapshot()); });
+}
+
+Integer TasksCol::Internal::LeadTowards(const Ref<TasksCls>& task, KeyText predecessor) const {
+    return kTail.Run<Integer>("GetLeadTime", [&](Integer& result) {
+        const Ref<Collection> leads = In(task).PeekLeadTime();
+        if (leads) result = LeadIn(predecessor, leads->Snapshot());
+    });
+}
+
+Long TasksCol::GetFirstLeadTime(const String& p_task_key, const String& p_pred_lead, Boolean p_do_no_pred,
+                                Integer /*p_adjuster*/) {
+    return kTail.Run<Long>("GetFirstLeadTime", [&](Long& result) {
+        const Ref<TasksCls> task = Item(p_task_key);
+        if (!p_pred_lead.empty() || task->TaskLeadTime()->Count() == 0) return;
+        if (p_do_no_pred != False && p_do_no_pred != True) return;
+        const Ref<Collection> predecessors = In(task).PeekPredecessor();
+        if (p_do_no_pred && (!predecessors || predecessors->Count() == 0)) return;
+        result = DaysOfEntry(task->TaskLeadTime()->Item(Long(1)).As<String>());
+    });
+}
+
+Integer TasksCol::CalcLeadTime(const String& TaskKey) {
+    return kTail.Run<Integer>("CalcLeadTime", [&](Integer& result) {
+        if (!Module().BVersion) return;
+        if (const Ref<TasksCls> task = Item(TaskKey)) result = In(*this).CalcLeadTime(task);
+    });
+}
+
+Integer TasksCol::Internal::CalcLeadTime(const Ref<TasksCls>& task) {
+    return kTail.Run<Integer>("CalcLeadTime", [&](Integer& result) {
+        if (!Module().BVersion || !In(task).PeekPredecessor()) return;
+        Integer largest;
+        Integer lag;
+        for (const auto& entry : In(task).PeekPredecessor()->Snapshot()) {
+            const KeyText predecessor = entry.item.Key();
+            const Date end = Item(predecessor)->TaskEDate();
+            if (!task->TaskBDate().set()) {
+                result = 0;
+                return;
+            }
+            // Kept: without an end the lag of the predecessor before it goes on.
+            if (end.set()) lag = DaysBetween(end, task->TaskBDate());
+            lag = WorkingGap(task->TaskBDate(), end, lag);
+            if (lag > largest) largest = lag;
+            // Kept: every entry is stored anew, so that they come to stand in the order of the links.
+            self_.AddLeadTime(KeyText(task->TaskKey()).text(), predecessor.text(), lag);
+        }
+        result = largest;
+    });
+}
+
+Boolean TasksCol::DoWeChangeNow(const String& /*TaskKey*/, const String& /*PredKey*/) {
+    return True;
+}
+
+}  // namespace mrlxmlclass
