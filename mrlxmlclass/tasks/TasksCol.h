@@ -13,11 +13,12 @@ class peopleCls;
 /// person, goal or obstacle. Every change to the structure of a plan goes through this one object.
 ///
 /// A task's key may be given as a number or as its decimal text. To `Item`, `isParent`, `Summary`, `GetTasksAsKeys`,
-/// `GetTasks`, `GetTaskKeyByPosition`, `ArrangePositionAfterDelete`, `RemovePhase`, `RemoveAssigendObstacles`, to the
-/// second argument of `CanbeLeveled`, and to what removes or files a single task an unknown key is an ordinary answer:
-/// nothing, empty or False, without any report.
-/// The others need the task: its absence is recorded (91) and gives the empty result. Refusals are a False result and
-/// nothing else.
+/// `GetTasks`, `GetTaskKeyByPosition`, `ArrangePositionAfterDelete`, `RemovePhase`, `RemoveAssigendObstacles`,
+/// `CalcLeadTime`, `CalcLeadTimeNoLink`, `GetLinkedTask`, to the second argument of `CanbeLeveled`, and to what removes
+/// or files a single task an unknown key is an ordinary answer: nothing, 0, empty or False, without any report.
+/// `ValidPredecessor` finds nothing against it, nor, where a link would be stored, `AddTaskPredecessor` against an
+/// unknown predecessor (True, no link).
+/// The others need the task: its absence is recorded (91) and gives the empty result. A refusal is a plain False.
 ///
 /// Contents (each group in the file that is named)
 ///   Storage                  tasks/TasksCol.cpp
@@ -84,9 +85,11 @@ public:
     // --- Removing ---------------------------------------------------------------------------------------------------
 
     /// Deletes a task for good (`ForceDelete`) or makes it a candidate. Deleting takes it out of the relation
-    /// collections and item lists that are given; a candidate keeps all that ties it. `p_arrange` closes the gap in the
-    /// outline, `p_sort` sorts by position. Raises `TaskDeleted`; with `p_arrange` a second one, raised earlier,
-    /// carries the real parent and position.
+    /// collections and item lists that are given, and live links off it; a candidate keeps all that ties it.
+    /// `p_arrange` closes the outline first, as ArrangePositionAfterDelete does; without it deleting with live links
+    /// lets the last successor wait for a parent that is left childless, told by `IamASummary`, and adjusts any other.
+    /// `p_sort` sorts by position. Raises `TaskDeleted`; with `p_arrange` a second one, raised earlier, carries the
+    /// real parent and position.
     void Remove(const Variant& Index, ByRef<Ref<TaskAssigmentRelationCol>> oTaskPeopleRelation,
                 const Ref<PeopleCol>& oPeopleCol, ByRef<Ref<TaskGoalRelationCol>> oTaskGoalRelation,
                 const Ref<GoalsCol>& oGoalGoal, ByRef<Ref<TaskObstaclesRelationCol>> oTaskObstacleRelation,
@@ -139,9 +142,10 @@ public:
     Boolean RemoveParentTask(const Variant& p_parent_id, const Variant& p_task_id, Boolean p_raise = False);
     /// Finds a child that was just put under a parent its row behind the parent's subtree. Gives False.
     Boolean ArrangePosition(Integer ParentID, Integer TaskId, Integer oldPos = 0, Boolean InsertInPhase = False);
-    /// Closes the outline around a task that leaves it; the task keeps its row and loses its parent. Raises
-    /// for the parent what AdjustSummary and AdjustCost raise while it has other children, else `RoolUpCostChange` with
-    /// 0; then `IamASummary` for it, then `TaskDeleted`.
+    /// Closes the outline around a task that leaves it; the task keeps its row and loses its parent. Raises for the
+    /// parent what AdjustSummary and AdjustCost raise while it has other children, else `RoolUpCostChange` with 0; then
+    /// `IamASummary` for it. Live links of the task then come off, and AddTaskPredecessor with `FirstTime` bridges the
+    /// last pair, each with its events. `TaskDeleted` comes last.
     Boolean ArrangePositionAfterDelete(const String& TaskId);
     /// Makes way for a task that already carries its new row. Raises `TaskInserted` if the task has a name.
     Boolean ArrangePositionAfterInsert(const String& TaskId, ByRef<Integer> oldPos = {}, Integer Descending = 0,
@@ -212,10 +216,11 @@ public:
     /// Makes a task wait for another. Refused (False, nothing changes) without a key, for the key "0", in a loop of
     /// two, for a predecessor with children, for one whose parent the task is, and for the task itself; longer loops
     /// are not found. Also False when an existing predecessor, or one that the new one waits for, makes the link
-    /// redundant. Without live links none is stored; with `setforNonDepend` the start then goes one day behind the
-    /// predecessor's start. Without `AutoLink` only `p_force_linking` stores a link; the start alone goes behind the
-    /// predecessor's end. `FirstTime` moves the task behind its predecessor. Raises, after what the dates raise,
-    /// `PredecessorChange`, `PredecessorKeyChange` ("add") and `SucessorChange`.
+    /// redundant; `FirstTime` moves the task all the same. Without live links none is stored; with `setforNonDepend`
+    /// the start then goes one day behind the predecessor's start. Without `AutoLink` only `p_force_linking` stores a
+    /// link; the start alone goes behind the predecessor's end, that of its child to its start. `FirstTime` moves the
+    /// task behind its predecessor. Raises, after what the dates raise, `PredecessorChange`, `PredecessorKeyChange`
+    /// ("add") and `SucessorChange`.
     Boolean AddTaskPredecessor(const String& TaskKey, const String& PredecssorKey, Boolean FirstTime = False,
                                Boolean setforNonDepend = False, Boolean p_force_linking = False);
     /// Takes a link off either side, wherever it stands, with its lead time, and sets the lag to 0. The host may come
@@ -368,7 +373,8 @@ public:
     Boolean ResetStartDate(Double p_shift_time);
     Boolean ResetStartDatefordependency(Double p_shift_time);
     /// Moves the tasks of the outline without children one by one, then adjusts the summaries. Kept: a gap that the
-    /// move changed is mended by a search that leaves the range of dates, which ends it in a failure (6).
+    /// move changed is mended where it is too short and the first step meets it; any other search leaves the range of
+    /// dates, which ends all in a failure (6).
     Boolean ResetStartDatefordependency2(Double p_shift_time);
 
     // --- Relations --------------------------------------------------------------------------------------------------
