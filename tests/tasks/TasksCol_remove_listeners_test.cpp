@@ -1,0 +1,66 @@
+#include <gtest/gtest.h>
+
+#include "tests/tasks/Removals.h"
+
+namespace mrlxmlclass {
+namespace {
+
+using namespace testing;
+
+/// Removes a task, or brings another listener, while it is being told of a deletion.
+class Meddler : public TasksColEvents {
+public:
+    Meddler(Plan& plan, Long key) : plan_(plan), key_(key) { plan_.col().Events.Add(*this); }
+    ~Meddler() override { plan_.col().Events.Remove(*this); }
+
+    void TaskDeleted(Long, const String&, Long, Boolean) override {
+        if (std::exchange(done_, true)) return;
+        if (newcomer != nullptr) plan_.col().Events.Add(*newcomer);
+        Delete(plan_, key_);
+    }
+    TasksColEvents* newcomer = nullptr;
+
+private:
+    Plan& plan_;
+    Long key_;
+    bool done_ = false;
+};
+
+TEST(RemoveTask, EndsSilentlyWhenAListenerWasQuicker) {
+    ThreePhases plan;
+    const Meddler meddler(plan, 2);
+    Delete(plan, 2, True);
+    EXPECT_EQ(plan.Heard(), "TaskDeleted(2, 0, 2, True)\nTaskDeleted(2, , 0, False)\n");
+    EXPECT_EQ(Rows(plan.col()), "A1 C2");
+    EXPECT_FALSE(Module().g_InAddOrRemove);
+    EXPECT_EQ(plan.col().Add()->TaskKey(), 2);
+    EXPECT_EQ(plan.col().Add()->TaskKey(), 4);
+}
+
+TEST(RemoveTask, LetsAListenerRemoveAnotherTask) {
+    ThreePhases plan;
+    const Meddler meddler(plan, 3);
+    Delete(plan, 2, True);
+    EXPECT_EQ(plan.Heard(), "TaskDeleted(2, 0, 2, True)\nTaskDeleted(3, , 0, False)\nTaskDeleted(2, , 0, True)\n");
+    EXPECT_EQ(Rows(plan.col()), "A1");
+}
+
+TEST(RemoveTask, LetsAListenerThatCameHearFromTheNextEventOn) {
+    ThreePhases plan;
+    EventLog newcomer;
+    Meddler meddler(plan, 3);
+    meddler.newcomer = &newcomer;
+    Delete(plan, 2, True);
+    EXPECT_EQ(newcomer.Taken(), "TaskDeleted(3, , 0, False)\nTaskDeleted(2, , 0, True)\n");
+    plan.col().Events.Remove(newcomer);
+}
+
+TEST(DeleteAllSubTasks, GoesOnWhenAListenerRemovesTheNextChild) {
+    OnePhase plan;
+    const Meddler meddler(plan, plan.Number("Build"));
+    EXPECT_EQ(Listed(plan.DeletePhase()), "2 3");
+    EXPECT_EQ(Walked(plan.col()), "Last");
+}
+
+}  // namespace
+}  // namespace mrlxmlclass
