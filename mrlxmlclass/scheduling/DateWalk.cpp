@@ -23,8 +23,9 @@ void SetStartFreely(TasksCol& col, const Ref<TasksCls>& task, Date date, Integer
     task->TaskBDate(SetNextWorkingDay(date, direction, Integer(0)));
     task->TaskLag(In(col).CalcLeadTime(task));
     if (!moves || p_diff != 0) return;
+    // Kept: without an old start the days from day 0 fit no Integer, which ends it.
     p_diff = DaysBetween(old_start, task->TaskBDate());
-    // Kept: the correction may turn the sign round.
+    // Kept: where no day is worked the correction turns the sign round.
     const std::int64_t idle =
         std::min<std::int64_t>(NumberOFNonWorkingDay(old_start, task->TaskBDate()), kMostIdleDaysTaken);
     p_diff += p_diff < 0 ? idle : p_diff > 0 ? -idle : 0;
@@ -50,6 +51,7 @@ Date DateWalk::SetDate(const Ref<TasksCls>& task, Date& changed_date, const Chan
         const Date old_end = plainly ? Date() : task->TaskEDate();
         if (!how.p_calc_date) return old_end;
         if (!plainly) changed_date = NoLaterThanMaxYear(changed_date);
+        // Kept: the kind of date, 2, is the step of the search.
         task->TaskEDate(plainly ? changed_date : SetNextWorkingDay(changed_date, direction, Integer(0)));
         return old_end;  // Kept: the old end, which is then held against the start
     }
@@ -93,6 +95,7 @@ Walk<Boolean> DateWalk::DependsDateChanged(KeyText key, Date& changed_date, Chan
             const bool summary = next && In(next).HasChildren();
             if (!summary || (!first && how.SummaryCalc)) {
                 const Integer lead = !first ? task->TaskLag() : next ? next->TaskLag() : Long(0);
+                // Kept: the parent of a later leaf stays as it was.
                 const Follow follow{lead, how.LeadTimeCalc, !summary, first || summary, how.p_not_same_parent};
                 auto walk = AdjustDate(next_key, task, follow, p_diff, old_start);
                 co_await std::move(walk);
@@ -116,7 +119,8 @@ Walk<Boolean> DateWalk::DependsDateChanged(KeyText key, Date& changed_date, Chan
     }
 }
 
-/// Whether a successor is moved now. A later one that was moved already has its parent adjusted once more.
+/// Whether a successor is moved now. Kept: a later one that was moved already has its parent adjusted once more, unless
+/// it waits for the one before it.
 bool DateWalk::TakesItsTurn(KeyText key, const Ref<TasksCls>& task, bool first, KeyText previous) {
     if (!first && task && In(task).HasPredecessor(previous)) return false;  // the walk through that one reaches it
     if (!reached_.Has(key)) return true;
@@ -139,7 +143,7 @@ Walk<Boolean> DateWalk::AdjustDate(KeyText key, Ref<TasksCls> changed, Follow ho
         PutBehind(task, changed, how.theLeadTime);
         p_diff = DaysBetween(p_preview_date, task->TaskBDate());
         if (how.AdjustOtherDate) {
-            Date start = task->TaskBDate();
+            Date start = task->TaskBDate();  // Kept: unless measured anew, the lag is in it and added once more
             const Change change{1, how.LeadTimeCalc, True, how.p_do_same_parent, True};
             auto walk = DependsDateChanged(key, start, change, p_diff);
             result = co_await std::move(walk);

@@ -29,7 +29,8 @@ Integer ShiftFrom(Date old_end, Date start) {
     return shift;
 }
 
-/// Steps a child's start until the gap in working days behind an end is met, its end plainly a duration later.
+/// Steps a child's start until the gap in working days behind an end is met, its end plainly a duration later. Kept:
+/// weeks and months count as days here.
 void SeekStart(const Ref<TasksCls>& child, Date previous_end, Integer gap) {
     Date start = child->TaskBDate();
     const bool met = SeekGap(start, previous_end, gap);
@@ -44,7 +45,7 @@ void SeekStart(const Ref<TasksCls>& child, Date previous_end, Integer gap) {
 
 /// Brings the wanted start to a working day and finds the shift; true when the first child takes the date exactly.
 bool DateWalk::SetTarget(const Ref<TasksCls>& summary, Date& stDate, Date& UsethisDate, Integer& p_diff) {
-    if (p_diff != 0) return false;
+    if (p_diff != 0) return false;  // Kept: a shift beats the exact date
     const bool exact = UsethisDate.set();
     if (IsNonWorkingDay(stDate)) {
         stDate = SetNextWorkingDay(stDate, Integer(1), Integer(0));

@@ -5,15 +5,15 @@
 /// The arithmetic of gaps between dates that no link ties.
 namespace mrlxmlclass {
 
-/// The gap in working days from an end to a start, without the step of one day: equal dates give 0, or 1 on a
-/// non-working day. 0 for no start; without an end the days between count as none.
+/// The gap in working days from an end to a start, without the step of one day. Kept: equal dates give 0, but 1 on a
+/// non-working day. 0 for no start; without an end the days between count as none, and day 0 as what it is.
 std::int64_t GapBetween(Date start, Date end);
 
 /// Steps `start` from day to day, back for a negative gap, until its gap to `reference` is the one wanted. False when
 /// it is never met; the start is then wherever the search ended.
 bool SeekGap(Date& start, Date reference, Integer wanted);
 
-/// A shift without the non-working days that it passes: a negative one rises, any other falls.
+/// A shift without the non-working days that it passes: a negative one rises, any other falls. Kept: beyond 0, too.
 template <class Number>
 constexpr Number WithoutIdleDays(Number shift, Number non_working) {
     return shift < 0 ? shift + non_working : shift - non_working;

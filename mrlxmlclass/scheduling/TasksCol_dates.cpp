@@ -33,6 +33,7 @@ Boolean TasksCol::AdjustDate(const String& Key, const Ref<TasksCls>& oChangedTas
 
 Boolean TasksCol::DurationChanged(const Variant& TaskKey, ByRef<Double> duration, const String& Unit) {
     return kTail.Run<Boolean>("DurationChanged", [&](Boolean& result) {
+        const Ref<TasksCol> held(this);  // a listener may let go of the collection
         const KeyText key = TaskKey.Key();
         if (!In(*this).isParent(key) && *duration > kMostUnits) *duration = kMostUnits;
         const Ref<TasksCls> task = In(*this).Item(key);
@@ -42,7 +43,7 @@ Boolean TasksCol::DurationChanged(const Variant& TaskKey, ByRef<Double> duration
         } else {
             if (!Unit.empty()) task->TaskDurationUnit(Gloabal::unitvalid(Unit));
             const Date old_end = task->TaskEDate();
-            task->TaskDuration(*duration);
+            task->TaskDuration(*duration);  // Kept: while it is a milestone still, which lasts a day then
             shift = DaysBetween(old_end, task->TaskEDate());
             task->TaskMilstones(False);
         }

@@ -20,7 +20,7 @@ std::optional<String> WantedLink(const String& task, const Variant& similar, con
     return {};
 }
 
-/// Calls `take(task)` for each task that is linked to another one by its text.
+/// Calls `take(task)` for each task that is linked to another one by its text. Kept: the key "" finds all without any.
 template <class Take>
 void ForLinked(const TasksCol& tasks, const String& key, const String& parent, const Variant& similar,
                const String& supplement, Take&& take) {

@@ -12,7 +12,7 @@ void StartBehind(const Ref<TasksCls>& task, const Ref<TasksCls>& predecessor) {
     task->TaskBDate(predecessor->TaskEDate() + 1);
 }
 
-/// Dates a predecessor needs to be waited for.
+/// Dates a predecessor needs to be waited for. Kept: an undated milestone gets only an end, which starts it too.
 void EnsureDates(const Ref<TasksCls>& predecessor) {
     if (!predecessor->TaskMilstones() && !predecessor->TaskBDate().set()) {
         predecessor->TaskBDate(Platform().clock.Today());
@@ -63,7 +63,8 @@ struct NewLink {
         }
     }
 
-    /// The start of the nearest predecessor above the task in the outline; 0 when there is none.
+    /// The start of the nearest predecessor above the task in the outline; 0 when there is none. Kept: the first of
+    /// several in one row, the new one being one of them.
     Date BaseAbove() const {
         Ref<TasksCls> nearest;
         for (const auto& entry : task->TaskPredecessor()->Snapshot()) {
@@ -117,6 +118,7 @@ void SetStartOnly(const Ref<TasksCls>& task, const Ref<TasksCls>& predecessor, c
 Boolean TasksCol::AddTaskPredecessor(const String& TaskKey, const String& PredecssorKey, Boolean FirstTime,
                                      Boolean setforNonDepend, Boolean p_force_linking) {
     return kTail.Run<Boolean>("AddTaskPredecessor", [&](Boolean& result) {
+        const Ref<TasksCol> held(this);  // a listener may let go of the collection
         if (TaskKey.empty() || PredecssorKey.empty() || PredecssorKey == "0") return;
         NewLink link{*this, TaskKey, PredecssorKey, Item(TaskKey), Item(PredecssorKey), FirstTime, 0};
         if (link.predecessor && link.predecessor->isPredecessor(TaskKey)) return;
@@ -141,11 +143,12 @@ Boolean TasksCol::AddTaskPredecessor(const String& TaskKey, const String& Predec
         const Ref<Collection> predecessors = link.task->TaskPredecessor();
         const bool another = predecessors->Count() > 0;
         if (another && link.Redundant()) {
-            if (FirstTime) StartBehind(link.task, link.predecessor);
+            if (FirstTime) StartBehind(link.task, link.predecessor);  // Kept: refused, and moved all the same
             return;
         }
         link.File(predecessors);
         if (another && FirstTime) link.MoveBehindNearest();
+        // Kept: a link that the other side has already ends it here (457), and the task's side stays.
         link.predecessor->TaskSuccessor()->Add(TaskKey, TaskKey);
         if (!another || !FirstTime) {
             if (FirstTime) link.MoveAlong();
@@ -162,6 +165,7 @@ Boolean TasksCol::RemoveTaskPredecessor(const String& TaskKey, const String& Pre
     });
 }
 
+// Kept: the name; it is the successors that are freed.
 Boolean TasksCol::RemoveAllTaskPredecessor(const String& TaskKey) {
     return kTail.Run<Boolean>("RemoveAllTaskPredecessor", [&](Boolean&) {
         for (const String& successor : In(Item(TaskKey)).SuccessorKeys()) RemoveTaskPredecessor(successor, TaskKey);
@@ -217,7 +221,7 @@ Boolean TasksCol::cleanPredcessor(const String& TaskId) {
 
 Boolean TasksCol::SetPredSucByPos(Integer p_pos, const String& p_task_key, Boolean p_first_time) {
     return kTail.Run<Boolean>("SetPredSucByPos", [&](Boolean& result) {
-        const String previous = GetTaskKeyByPosition(Integer(p_pos - 1));
+        const String previous = GetTaskKeyByPosition(Integer(p_pos - 1));  // Kept: a candidate stands above row 1
         const String next = GetTaskKeyByPosition(Integer(p_pos + 1));
         const String key = p_task_key.empty() ? GetTaskKeyByPosition(p_pos) : p_task_key;
         const Ref<TasksCls> task = Item(key);

@@ -61,7 +61,7 @@ String TasksCol::SucessorAsString(const String& TaskId, Boolean Name) {
 Boolean TasksCol::ValidPredecessors(const String& p_task, const String& p_preds, Boolean l_succ) {
     return kTail.Run<Boolean>("ValidPredecessors", [&](Boolean& result) {
         if (!Gloabal::isInteger(p_preds)) return;
-        for (const RowPart& part : RowParts(p_preds)) {
+        for (const RowPart& part : RowParts(p_preds)) {  // Kept: a list without any part is valid
             const String key = part.row ? GetTaskKeyByPosition(*part.row) : String();
             if (key.empty()) return;
             if (!(l_succ ? ValidPredecessor(key, p_task) : ValidPredecessor(p_task, key))) return;

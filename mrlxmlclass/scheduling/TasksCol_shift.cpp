@@ -14,7 +14,8 @@ Long RunOfNonWorkingDays(Date from, int direction) {
     return DaysBetween(from, SetNextWorkingDay(from, Integer(direction), Integer(0)));
 }
 
-/// The start of an anchor after the shift: next to non-working days it steps over them. Kept: a shift of 0 does so too.
+/// The start of an anchor after the shift: next to non-working days it steps over them. Kept: a shift of 0 does so too,
+/// a fraction goes into the date, and an undated task is reckoned from day 0.
 Date Shifted(Date start, Double shift) {
     const int direction = Integer(shift) < 0 ? -1 : 1;
     return start + shift + static_cast<double>(RunOfNonWorkingDays(start + direction, direction).value());
@@ -68,6 +69,7 @@ Date Repaired(Date start, Date end, std::int64_t have, std::int64_t wanted) {
 
 Boolean TasksCol::ResetStartDate(Double p_shift_time) {
     return kTail.Run<Boolean>("ResetStartDate", [&](Boolean&) {
+        const Ref<TasksCol> held(this);  // a listener may let go of the collection
         ModuleState& module = Module();
         if (module.BVersion) {
             ResetStartDatefordependency(p_shift_time);
@@ -82,6 +84,7 @@ Boolean TasksCol::ResetStartDate(Double p_shift_time) {
 
 Boolean TasksCol::ResetStartDatefordependency(Double p_shift_time) {
     return kTail.Run<Boolean>("ResetStartDatefordependency", [&](Boolean&) {
+        const Ref<TasksCol> held(this);  // a listener may let go of the collection
         MoveAnchors(*this, p_shift_time, /*measure_gaps=*/True,
                     [](const Ref<TasksCls>& task) { return In(task).PredecessorKeys().empty(); });
     });
@@ -89,6 +92,7 @@ Boolean TasksCol::ResetStartDatefordependency(Double p_shift_time) {
 
 Boolean TasksCol::ResetStartDatefordependency2(Double p_shift_time) {
     return kTail.Run<Boolean>("ResetStartDatefordependency2", [&](Boolean&) {
+        const Ref<TasksCol> held(this);  // a listener may let go of the collection
         SortMe(True);
         Date old_end;
         Date new_end;
@@ -106,7 +110,7 @@ Boolean TasksCol::ResetStartDatefordependency2(Double p_shift_time) {
             const std::int64_t have = DaysBehind(new_end, task->TaskBDate());
             new_end = task->TaskEDate();
             if (have != wanted) {
-                task->TaskBDate(Repaired(task->TaskBDate(), new_end, have, wanted));
+                task->TaskBDate(Repaired(task->TaskBDate(), new_end, have, wanted));  // Kept: the lag is added again
                 new_end = task->TaskEDate();
             }
             TellInDays(*this, task, key);

@@ -29,7 +29,7 @@ void TasksCol::Internal::TellDates(const Ref<TasksCls>& task, Boolean is_parent)
     TellStart(task, is_parent);
     TellEnd(task, is_parent);
     TellDuration(task, is_parent);
-    TellTaskDuration(task, is_parent);
+    TellTaskDuration(task, is_parent);  // Kept: even a silenced host hears this one.
 }
 
 }  // namespace mrlxmlclass

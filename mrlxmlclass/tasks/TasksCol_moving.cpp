@@ -40,7 +40,7 @@ struct Reparenting {
     /// becomes the parent in its place.
     void FreeLinksOfParent() {
         tasks.RemoveAllTaskPredecessor(new_parent);
-        if (task()->isPredecessor(new_parent)) {
+        if (task()->isPredecessor(new_parent)) {  // Kept: only a link that the parent does not know is left here
             tasks.RemoveTaskPredecessor(key, new_parent);
         } else if (!predecessor.empty() && indent && task()->ParentID() == tasks.Item(predecessor)->ParentID()) {
             new_parent = predecessor;
@@ -51,13 +51,13 @@ struct Reparenting {
 
     void Reparent() {
         task()->ParentID(KeyNumber(new_parent));
-        tasks.AddParentTask(new_parent, key);  // the top keeps no list
-        tasks.RemoveParentTask(old_parent, key);
+        tasks.AddParentTask(new_parent, key);     // the top keeps no list
+        tasks.RemoveParentTask(old_parent, key);  // Kept: also where it is the new one
         if (!to_top()) {
             if (Loud()) tasks.Events.Raise(&TasksColEvents::IamASummary, KeyNumber(new_parent), True);
             tasks.Item(new_parent)->TaskType(False);
         }
-        task()->TaskType(task()->ParentID() != 0);
+        task()->TaskType(task()->ParentID() != 0);  // Kept: with children below it, too
     }
 
     void SpliceIntoChain() {

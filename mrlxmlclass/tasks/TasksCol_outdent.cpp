@@ -73,7 +73,7 @@ Integer TasksCol::ChangeRemoveTaskParent(const String& TaskId, const String& New
         if (!p_first_time) {
             const MendingChain chain{*this, TaskId, NewParentID, oldParentID, SuccessorKey, PredecessorKey};
             if (chain.last_child_gone()) {
-                chain.TellOldParent(False);
+                chain.TellOldParent(False);  // Kept: also of the top, whose key is 0
             } else {
                 chain.DetachFromOldParent();
             }

@@ -81,6 +81,7 @@ Boolean TasksCol::ArrangePositionAfterDelete(const String& TaskId) {
             }
         }
         if (Module().BVersion) {
+            // Kept: of several on either side only the last ones are bridged.
             const auto [last_predecessor, last_successor] = In(*this).TakeLinksOff(task, TaskId);
             if (!last_predecessor.empty() && !last_successor.empty()) {
                 AddTaskPredecessor(last_successor, last_predecessor, /*FirstTime=*/True);

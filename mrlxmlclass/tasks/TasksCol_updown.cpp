@@ -57,6 +57,7 @@ public:
             PutIn(next_, previous_);
             PutIn(PassedRow(), key_);
         }
+        // Kept: a parent that stands elsewhere than one or two rows behind the old one is not taken.
         const Long distance = RowsBetweenParents();
         if (distance == 1) {
             Reparent();
@@ -108,6 +109,7 @@ public:
         }
     }
 
+    /// Kept: a task with children becomes a plain row too.
     void SetType() const { task()->TaskType(task()->ParentID() != 0); }
 
 private:

@@ -40,7 +40,7 @@ TEST(DependsDateChanged, MovesTheEndOfADiamondOnceWithTheFirstPath) {
     EXPECT_EQ(Visited(change.p_changeds), R"("1" "2" "6" 5 "3")");
 }
 
-TEST(DependsDateChanged, AdjustsTheParentOfTheEndWhereAnotherSuccessorComesFirst) {
+TEST(DependsDateChanged, KeepsAdjustingTheParentOfTheEndWhereAnotherSuccessorComesFirst) {
     Diamond plan;
     plan.About("Drain").After("Pipes").About("Paint").After("Pipes");
     DateChange change;

@@ -59,7 +59,7 @@ TEST(SummaryTaskDateChanged2, MovesBackAsWell) {
     EXPECT_EQ(plan.Heard(), kTwoDaysEarlier);
 }
 
-TEST(SummaryTaskDateChanged2, MovesByAShiftWhateverTheDates) {
+TEST(SummaryTaskDateChanged2, KeepsMovingByAShiftWhateverTheDates) {
     struct Row {
         int shift;
         Date exact;

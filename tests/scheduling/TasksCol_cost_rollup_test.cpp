@@ -210,7 +210,7 @@ TEST(RollUpCostChangedImdParent, RecordsAnUnknownTaskAndAnOverflow) {
     EXPECT_EQ(plan.Heard(), "");
 }
 
-TEST(RollUpCostChangedImdParent, ClimbsThroughAParentThatIsNotThere) {
+TEST(RollUpCostChangedImdParent, KeepsClimbingForNothingThroughAParentThatIsNotThere) {
     Costs plan;
     plan["House"].ParentID(77);
     plan.col().RollUpCostChangedImdParent(plan.Key("House"), 5);

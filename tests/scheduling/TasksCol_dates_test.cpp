@@ -316,6 +316,16 @@ TEST(DependsDateChanged, HandsBackTheShiftOfATaskThatLeavesAFreeDay) {
     EXPECT_EQ(change.p_diff, 0) << "two days, both of them free";
 }
 
+TEST(DependsDateChanged, KeepsTurningTheSignOfAShiftWhereNoDayIsWorked) {
+    Plan plan;
+    plan.WithLinks().Task("A").From(Monday);
+    for (int weekday = 1; weekday <= 7; ++weekday) plan.calendar().SetAsNonWorkingDay(weekday);
+    DateChange change{.LeadTimeCalc = True};
+    EXPECT_TRUE(change.Move(plan, "A", Tuesday));
+    EXPECT_EQ(change.p_diff, -1) << "a day on, two free days off";
+    EXPECT_NE(plan.failures.Taken().find("Gloabal/SetNextWorkingDay 28\n"), String::npos);
+}
+
 TEST(DependsDateChanged, ReckonsNoShiftWhereTheGapIsNotMeasured) {
     Plan plan;
     plan.WithLinks().Task("A").From(Monday);

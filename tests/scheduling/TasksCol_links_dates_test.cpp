@@ -381,7 +381,7 @@ TEST(AddTaskPredecessor, MovesASummaryToTheStartOfASecondPredecessor) {
     EXPECT_EQ(Links(plan), "Q -> Phase\nP -> Phase\nPhase <- Q|0 P|-2\n") << "measured by the summary";
 }
 
-TEST(AddTaskPredecessor, MovesTheTaskBehindAPredecessorThatIsRedundant) {
+TEST(AddTaskPredecessor, KeepsMovingTheTaskBehindAPredecessorThatIsRedundant) {
     LinkingPlan plan;
     plan.Task("X").From(Monday).Task("B").From(Tuesday).Lasting(2).After("X").Task("T").From(Monday + 7).After("X");
     EXPECT_EQ(plan.col().AddTaskPredecessor("3", "2", True), False);

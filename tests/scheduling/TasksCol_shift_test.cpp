@@ -117,7 +117,7 @@ TEST(ResetStartDate, KeepsTheFractionInTheDateAndDecidesByTheWholeNumber) {
                          {Monday + 7, -0.6, Friday}});    // backward, over the weekend
 }
 
-TEST(ResetStartDate, TellsTheUnitDaysWhateverTheTaskHas) {
+TEST(ResetStartDate, KeepsTellingTheUnitDaysWhateverTheTaskHas) {
     Plan plan;
     plan.Task("Design").From(Tuesday).Lasting(4, "hrs");
     plan.col().ResetStartDate(1);

@@ -20,14 +20,14 @@ TEST(TellEnd, CarriesTheUnitToo) {
     EXPECT_EQ(plan.Heard(), "DateEndChange(1, 2026-03-04, False, True, days)\n");
 }
 
-TEST(TellDuration, IsHeardByNobodyWhileTheHostIsSilenced) {
+TEST(TellDates, KeepsTellingASilencedHostTheTaskDurationAlone) {
     Plan plan;
     plan.Silenced().Task("Dig").From(Monday).Lasting(3);
     In(plan.col()).TellStart(plan.col().Item(1), False);
     In(plan.col()).TellEnd(plan.col().Item(1), False);
     In(plan.col()).TellDuration(plan.col().Item(1), False);
     EXPECT_EQ(plan.Heard(), "");
-    In(plan.col()).TellTaskDuration(plan.col().Item(1), False);
+    In(plan.col()).TellDates(plan.col().Item(1), False);
     EXPECT_EQ(plan.Heard(), "TaskDurationChange(1, 3, days, False, False)\n");
 }
 

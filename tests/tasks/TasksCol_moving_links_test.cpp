@@ -59,7 +59,7 @@ TEST(ChangeTaskParent, FreesAllThatWaitsForTheNewParent) {
     EXPECT_EQ(Links(plan), "");
 }
 
-TEST(ChangeTaskParent, CuresALinkThatOnlyTheTaskKnows) {
+TEST(ChangeTaskParent, KeepsFreeingTheTaskFromALinkThatOnlyItKnows) {
     Chain plan;
     plan.Task("Door").From(Friday);
     plan["Door"].TaskPredecessor()->Add("1", "1");

@@ -39,7 +39,7 @@ TEST(ChangeRemoveTaskParent, TakesTheOldParentForAPredecessorOfItsOnlyChild) {
     EXPECT_EQ(Links(plan), "Phase -> Only\nOnly <- Phase|-3\n");
 }
 
-TEST(ChangeRemoveTaskParent, MovesTheOnlyChildBehindTheOldParentWhereNoLinkIsStored) {
+TEST(ChangeRemoveTaskParent, KeepsTellingTheOldParentOnceMoreWhereNoLinkIsStored) {
     OnlyChild<LinkingPlan> plan;
     plan.col().AutoLink(False);
     plan.col().ChangeRemoveTaskParent("2", "0", "1", "", "", "grid");

@@ -28,7 +28,7 @@ TEST(SetNewCondidat, StartsATaskAtTheTopToday) {
     EXPECT_EQ(plan.Heard(), Moved(2, Monday + 7, Monday + 7, 1)) << "on the next day that is worked";
 }
 
-TEST(SetNewCondidat, TellsTheTopThatItIsASummaryForTheFirstRow) {
+TEST(SetNewCondidat, KeepsTellingTheTopThatItIsASummaryForTheFirstRow) {
     Plan plan;
     plan.Task("Design").From(Friday).Task("Build").From(Friday).After("Design");
     EXPECT_TRUE(plan.col().SetNewCondidat(1));

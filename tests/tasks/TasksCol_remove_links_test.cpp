@@ -165,6 +165,29 @@ TEST(RemoveTask, LinksTheLastSuccessorToAParentThatLosesItsOnlyChild) {
               "TaskDeleted(2, , 0, False)\n");
 }
 
+TEST(RemoveTask, KeepsLinkingTheLastSuccessorASecondTimeWhereTheHostTakesItOff) {
+    LinkingPlan plan;
+    plan.Task("Phase").From(Monday).Lasting(2).Task("Design").Under("Phase").From(Monday).Lasting(2);
+    plan.Task("Build").From(Friday).After("Design");
+    struct Refusing : TasksColEvents {
+        explicit Refusing(Plan& of) : plan(of) { plan.col().Events.Add(*this); }
+        ~Refusing() override { plan.col().Events.Remove(*this); }
+        void PredecessorKeyChange(Long, const String& predecessor, const String& action) override {
+            if (action != "add") return;
+            if (++added == 1) plan.col().RemoveTaskPredecessor("3", predecessor);
+        }
+        Plan& plan;
+        int added = 0;
+    };
+    {
+        const Refusing host(plan);
+        Delete(plan, "Design");
+        EXPECT_EQ(host.added, 2);
+    }
+    EXPECT_EQ(Links(plan), "Phase -> Build\nBuild <- Phase|2\n");
+    plan.Heard();
+}
+
 TEST(RemoveTask, TellsAParentThatLosesItsOnlyChildWithoutASuccessorToo) {
     LinkingPlan plan;
     plan.Task("Phase").From(Monday).Task("Design").Under("Phase").From(Monday);
