@@ -14,7 +14,8 @@ void LinkList::Add(const TasksCls& task) {
     text += by_name_ ? task.TaskName() : KeyText(task.TaskPosition()).text();
 }
 
-// Each side is taken off on its own, so that a one-sided link is cured too.
+// Each side is taken off on its own, so that a one-sided link is cured too. Kept: where there is no link at all the lag
+// goes to 0 and the host is told all the same.
 Walk<Boolean> LinkWalk::RemoveTaskPredecessor(KeyText key, KeyText predecessor_key) {
     auto& result = co_await kTail.Begin("RemoveTaskPredecessor");
     if (over()) co_return;
@@ -64,6 +65,7 @@ Walk<String> LinkWalk::PredessorAsString(KeyText key, Boolean Name) {
     if (over()) Raise(failure::kEndlessWalk);
     // Kept: the first removal tells the text, which removes the others, which are then removed once more from here.
     for (const KeyText predecessor : stale) {
+        if (over()) co_return;  // each would only come back
         auto removal = RemoveTaskPredecessor(key, predecessor);
         co_await std::move(removal);
     }

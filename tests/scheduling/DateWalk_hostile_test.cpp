@@ -173,6 +173,20 @@ TEST(DependsDateChanged, RecordsARingOfParentsOnceForEachClimb) {
     EXPECT_EQ(Span(plan["Build"]), "2026-03-05 2026-03-05 1");
 }
 
+TEST(DependsDateChanged, ComesBackFromACalendarWithoutAnyWorkingDay) {
+    const TimeLimit limit("a chain of tasks where no day is worked", std::chrono::seconds(20));
+    constexpr int kTasks = 1'000;
+    Plan plan;
+    plan.WithLinks().Silenced().Task("1").From(Monday);
+    for (int number = 2; number <= kTasks; ++number) {
+        plan.Task(std::to_string(number)).Holding(Monday, Monday, 1).After(std::to_string(number - 1), -1);
+    }
+    for (int weekday = 1; weekday <= 7; ++weekday) plan.calendar().SetAsNonWorkingDay(weekday);
+    EXPECT_TRUE(plan.col().DependsDateChanged("1", Tuesday, 1));
+    EXPECT_EQ(DayName(plan["1"].TaskBDate()), DayName(Tuesday)) << "a date that finds no working day stays";
+    EXPECT_NE(plan.failures.Taken().find("Gloabal/SetNextWorkingDay 28\n"), String::npos);
+}
+
 TEST(DependsDateChanged, GoesOnWithoutGapsThatCannotBeMeasuredOrRead) {
     Plan plan;
     plan.WithLinks().Task("Design").From(Monday).Task("Build").From(Friday).After("Design");

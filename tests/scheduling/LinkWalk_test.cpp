@@ -3,11 +3,18 @@
 #include "mrlxmlclass/tasks/TasksCol_internal.h"
 #include "tests/dom/SmallStack.h"
 #include "tests/support/Links.h"
+#include "tests/support/TimeLimit.h"
 
 namespace mrlxmlclass {
 namespace {
 
 using namespace testing;
+
+int CountOf(const String& text, std::string_view what) {
+    int count = 0;
+    for (std::size_t at = text.find(what); at != String::npos; at = text.find(what, at + 1)) ++count;
+    return count;
+}
 
 /// A task that waits for that many candidates.
 class Stale : public Plan {
@@ -57,6 +64,35 @@ TEST(RemoveTaskPredecessor, DropsHundredsOfStaleLinksOnASmallStack) {
             plan.Heard();
         },
         std::size_t{1} << 18U);
+}
+
+/// T waits for thousands of keys that find no task, as a damaged file may say.
+class Flooded : public Plan {
+public:
+    explicit Flooded(int count) {
+        WithLinks().Task("T");
+        const Ref<Collection> predecessors = (*this)["T"].TaskPredecessor();
+        for (int key = 100'000; key < 100'000 + count; ++key)
+            predecessors->Add(std::to_string(key), std::to_string(key));
+    }
+};
+
+TEST(PredessorAsString, EndsInOneFailureWhereStaleLinksMultiplyBeyondMeasure) {
+    const TimeLimit limit("ten thousand stale links");
+    Flooded plan(10'000);
+    EXPECT_EQ(plan.col().PredessorAsString("1"), "");
+    EXPECT_EQ(CountOf(plan.failures.Taken(), " 28\n"), 1);
+    plan.Heard();
+}
+
+TEST(RemoveTask, GoesOnBehindTheFailuresOfThousandsOfStaleLinks) {
+    const TimeLimit limit("the removal of a task with five thousand stale links");
+    Flooded plan(5'000);
+    plan.col().SetPhases();
+    plan.col().Remove("1", {}, {}, {}, {}, {}, {}, True);
+    EXPECT_EQ(plan.col().Count(True), 0);
+    EXPECT_EQ(CountOf(plan.failures.Taken(), " 28\n"), 2) << "the second from what the first left over";
+    plan.Heard();
 }
 
 }  // namespace

@@ -102,6 +102,20 @@ TEST(GetLeadTimeNoLink, RecordsADistanceThatNoIntegerHolds) {
     EXPECT_EQ(plan.col().GetLeadTimeNoLink(Monday, Monday + 32767), -32767);
 }
 
+TEST(GetLeadTimeNoLink, RecordsDatesFarOutsideTheCalendarAtOnce) {
+    const TimeLimit limit("a gap between dates that no calendar has");
+    for (const double far : {-2e9, -3e9, 2e9, -1e300, 1e300}) {
+        SCOPED_TRACE(far);
+        Plan plan;
+        plan.Task("Design").From(Monday);
+        EXPECT_EQ(plan.col().GetLeadTimeNoLink(Date(far), Monday), 0);
+        EXPECT_EQ(plan.col().GetLeadTimeNoLink(Monday, Date(far)), 0);
+        EXPECT_EQ(plan.failures.Taken(), "TasksCol/GetLeadTimeNoLink 6\nTasksCol/GetLeadTimeNoLink 6\n");
+        EXPECT_EQ(plan.col().CalcLeadTimeNoLink("1", Date(far)), 0);
+        EXPECT_EQ(plan.failures.Taken(), "TasksCol/GetLeadTimeNoLink 6\n");
+    }
+}
+
 // --- CalcLeadTimeNoLink ----------------------------------------------------------------------------------------------
 
 TEST(CalcLeadTimeNoLink, MeasuresFromAnEndToATasksStart) {

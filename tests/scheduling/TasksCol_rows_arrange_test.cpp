@@ -42,6 +42,11 @@ TEST(ValidPredecessors, TakesAListOfRowsThatAreAllValid) {
     }
 }
 
+TEST(ValidPredecessors, RefusesANumberLongerThanAnyDouble) {
+    Outline plan;
+    EXPECT_EQ(plan.col().ValidPredecessors("5", "1," + String(400, '9')), False);
+}
+
 TEST(ValidPredecessors, KeepsAnEmptyListValidForWhomever) {
     Outline plan;
     EXPECT_EQ(plan.col().ValidPredecessors("5", ""), True);
@@ -139,6 +144,13 @@ TEST(ArrangePred, PassesByWhatIsNoNumberAndNoRow) {
     }
 }
 
+TEST(ArrangePred, PassesByANumberLongerThanAnyDouble) {
+    Waiting plan;
+    plan.col().ArrangePred("1," + String(400, '9') + ",3", "5");
+    EXPECT_EQ(plan.Predecessors(), "3 1");
+    plan.Heard();
+}
+
 TEST(ArrangePred, RemovesAllForARowThatIsNotThere) {
     Waiting plan;
     plan.col().ArrangePred("77", "5");
@@ -228,6 +240,14 @@ TEST(ArrangeSuccessor, PassesByWhatIsNoNumberAndNoRow) {
         plan.col().ArrangeSuccessor(list, "1");
         EXPECT_EQ(plan.Successors(), "3 2");
     }
+}
+
+TEST(ArrangeSuccessor, PassesByANumberLongerThanAnyDouble) {
+    Outline plan;
+    plan.col().AutoLink(True);
+    plan.col().ArrangeSuccessor("4," + String(400, '9') + ",5", "1");
+    EXPECT_EQ(plan.col().SucessorAsString("1"), "4, 5");
+    plan.Heard();
 }
 
 TEST(ArrangeSuccessor, DropsKeysThatFindNoTaskFirst) {

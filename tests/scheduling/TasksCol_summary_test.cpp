@@ -1,5 +1,7 @@
 #include <gtest/gtest.h>
 
+#include <algorithm>
+
 #include "mrlxmlclass/tasks/TasksCol_internal.h"
 #include "tests/dom/SmallStack.h"
 #include "tests/support/Outlines.h"
@@ -246,6 +248,17 @@ TEST(AdjustSummary, StopsInARing) {
     plan.col().AdjustSummary("1");
     EXPECT_EQ(plan.failures.Taken(), "TasksCol/AdjustSummary 28\n");
     plan.Heard();
+}
+
+TEST(AdjustSummary, StopsInARingAfterAFewStepsHoweverManyTasksThereAre) {
+    Plan plan;
+    BuildRing(plan);
+    for (int i = 0; i < 1'000; ++i) plan.Task("Other" + std::to_string(i));
+    plan.Heard();
+    plan.col().AdjustSummary("1");
+    EXPECT_EQ(plan.failures.Taken(), "TasksCol/AdjustSummary 28\n");
+    const String heard = plan.Heard();
+    EXPECT_EQ(std::count(heard.begin(), heard.end(), '\n'), 3 * 4) << "A, B, and A once more";
 }
 
 TEST(AdjustSummary, StopsAtATaskThatIsItsOwnParent) {

@@ -46,6 +46,16 @@ TEST(IsNonWorkingDay, WeighsWeekdayExceptionAndHoliday) {
     }
 }
 
+TEST(IsNonWorkingDay, LeavesWeekendsFreeWithoutASetOfExceptionDays) {
+    CalendarSession session;
+    session.calendar->SetADayAsExceptionDay(Saturday);
+    session.calendar->ExceptionDay(Ref<Dictionary>());
+    for (const Date day : {Saturday, Sunday}) EXPECT_EQ(IsNonWorkingDay(Date(day)), True);
+    for (const Date day : {Monday, Friday}) EXPECT_EQ(IsNonWorkingDay(Date(day)), False);
+    EXPECT_EQ(SetNextWorkingDay(Saturday, Integer(1), Integer(0)), Monday + 7);
+    EXPECT_EQ(NumberOFNonWorkingDay(Monday, Monday + 7), 2);
+}
+
 TEST(IsNonWorkingDay, MakesADayWorkedAgainWhenAHolidayOnAnExceptionDayIsTakenBack) {
     CalendarSession session;
     session.calendar->SetADayAsExceptionDay(Saturday);
