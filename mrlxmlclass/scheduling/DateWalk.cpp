@@ -13,6 +13,7 @@ using Gloabal::SetNextWorkingDay;
 constexpr auto kTail = kTasksColTail;
 constexpr std::int64_t kMostIdleDaysTaken = 2;
 constexpr int kNewEnd = 2;
+const KeyText kNoText("");
 
 /// Sets the start to where the user put it and measures the gaps to the predecessors anew. The first task that really
 /// moves gives the walk its shift.
@@ -80,13 +81,13 @@ Walk<Boolean> DateWalk::DependsDateChanged(KeyText key, Date& changed_date, Chan
     if (!module_.BVersion || !In(task).PeekSuccessor()) co_return;
 
     const auto successors = In(task).PeekSuccessor()->Snapshot();
-    KeyText previous("");
+    KeyText previous;
     bool eligible = !how.p_not_same_parent;
     Date old_start;
     for (const auto& entry : successors) {
         const KeyText next_key = entry.item.Key();
         const Ref<TasksCls> next = tasks_.Item(next_key);
-        const bool first = previous == KeyText("");
+        const bool first = previous.none();
         // Kept: once one is eligible, so is the rest of the list.
         if (!eligible) eligible = !next || next->ParentID() == 0 || next->ParentID() != task->ParentID();
         if (eligible && TakesItsTurn(next_key, next, first, previous)) {
@@ -115,7 +116,7 @@ Walk<Boolean> DateWalk::DependsDateChanged(KeyText key, Date& changed_date, Chan
             }
             reached_.Add(next_key);
         }
-        previous = next_key;
+        previous = next_key == kNoText ? KeyText() : next_key;
     }
 }
 
