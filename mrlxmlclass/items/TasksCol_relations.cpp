@@ -24,6 +24,7 @@ struct Side {
     bool lends_counters = false;  ///< the task's relations receive the project's counters, where they have none
 
     void Tell(TasksCol& tasks, const Variant& key, TasksCls& task) const {
+        const Ref<TasksCol> held(&tasks);  // a listener may let go of the collection
         if (Loud()) tasks.Events.Raise(changed, NumberOf(key), (task.*text)());
     }
 };
@@ -119,6 +120,7 @@ Boolean TasksCol::RemoveNote(const Variant& TaskKey, const Variant& OTNK, const 
 
 Boolean TasksCol::UpdatePeopleCollection(const Ref<TaskAssigmentRelationCol>& oTaskPeopleRelationcol,
                                          const Ref<PeopleCol>& oPeopleCol, const Variant& personkey) {
+    const Ref<TasksCol> held(this);  // a listener may let go of the collection
     return OnEveryTask("UpdatePeopleCollection", *this, [&](const Ref<TasksCls>& task) {
         const Boolean changed = task->UpdatePeopleCollection(oTaskPeopleRelationcol, oPeopleCol, personkey);
         if (changed && Loud()) Events.Raise(&TasksColEvents::AssigmentChange, task->TaskKey(), task->PeopleAsString());

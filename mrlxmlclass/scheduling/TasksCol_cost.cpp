@@ -68,6 +68,7 @@ Boolean TasksCol::RollUpCostChanged(const Variant& TaskKey, Currency CostDiff, B
 
 Boolean TasksCol::RolUpOneTask(const Variant& TaskKey, const Variant& CostDiff, Boolean Minus) {
     return kTail.Run<Boolean>("RolUpOneTask", [&](Boolean&) {
+        const Ref<TasksCol> held(this);  // a listener may let go of the collection
         const Ref<TasksCls> task = In(*this).Item(TaskKey.Key());
         // Kept: what is called minus adds; a caller takes off by a negative amount.
         task->TaskCost(Minus ? AsCurrency(CostDiff) + task->TaskCost() : AsCurrency(CostDiff));
@@ -77,6 +78,7 @@ Boolean TasksCol::RolUpOneTask(const Variant& TaskKey, const Variant& CostDiff, 
 
 Boolean TasksCol::RollUpCostChangedImdParent(const Variant& TaskKey, Currency CostDiff, Boolean Change) {
     return kTail.Run<Boolean>("RollUpCostChangedImdParent", [&](Boolean&) {
+        const Ref<TasksCol> held(this);  // a listener may let go of the collection
         const Ref<TasksCls> task = In(*this).Item(TaskKey.Key());
         if (Change) {
             task->TaskCostUp(task->TaskCostUp() + CostDiff);
@@ -89,6 +91,7 @@ Boolean TasksCol::RollUpCostChangedImdParent(const Variant& TaskKey, Currency Co
 
 Boolean TasksCol::ChangePercentDone(const String& p_task_id, Integer p_TaskPercentDone) {
     return kTail.Run<Boolean>("ChangePercentDone", [&](Boolean&) {
+        const Ref<TasksCol> held(this);  // a listener may let go of the collection
         const Ref<TasksCls> task = Item(p_task_id);
         task->TaskPercentDone(p_TaskPercentDone);
         if (Loud()) Events.Raise(&TasksColEvents::CompletedChange, task->TaskKey(), p_TaskPercentDone);

@@ -168,12 +168,14 @@ Boolean TasksCol::RemoveTaskPredecessor(const String& TaskKey, const String& Pre
 // Kept: the name; it is the successors that are freed.
 Boolean TasksCol::RemoveAllTaskPredecessor(const String& TaskKey) {
     return kTail.Run<Boolean>("RemoveAllTaskPredecessor", [&](Boolean&) {
+        const Ref<TasksCol> held(this);  // a listener may let go of the collection
         for (const String& successor : In(Item(TaskKey)).SuccessorKeys()) RemoveTaskPredecessor(successor, TaskKey);
     });
 }
 
 Boolean TasksCol::ReplacePredecessor(const String& ToReplaceTaskKey, const String& NewTaskKey) {
     return kTail.Run<Boolean>("ReplacePredecessor", [&](Boolean&) {
+        const Ref<TasksCol> held(this);  // a listener may let go of the collection
         for (const String& successor : In(Item(ToReplaceTaskKey)).SuccessorKeys()) {
             if (successor != NewTaskKey) AddTaskPredecessor(successor, NewTaskKey);
         }
@@ -191,6 +193,7 @@ Boolean TasksCol::ValidPredecessor(const String& p_task, const String& p_pred) {
 
 Boolean TasksCol::cleanPredcessor(const String& TaskId) {
     return kTail.Run<Boolean>("cleanPredcessor", [&](Boolean&) {
+        const Ref<TasksCol> held(this);  // a listener may let go of the collection
         struct BackwardLinks {
             TasksCol& col;
             OutlineWalk walk;
@@ -221,6 +224,7 @@ Boolean TasksCol::cleanPredcessor(const String& TaskId) {
 
 Boolean TasksCol::SetPredSucByPos(Integer p_pos, const String& p_task_key, Boolean p_first_time) {
     return kTail.Run<Boolean>("SetPredSucByPos", [&](Boolean& result) {
+        const Ref<TasksCol> held(this);                                    // a listener may let go of the collection
         const String previous = GetTaskKeyByPosition(Integer(p_pos - 1));  // Kept: a candidate stands above row 1
         const String next = GetTaskKeyByPosition(Integer(p_pos + 1));
         const String key = p_task_key.empty() ? GetTaskKeyByPosition(p_pos) : p_task_key;

@@ -72,6 +72,7 @@ Boolean TasksCol::ValidPredecessors(const String& p_task, const String& p_preds,
 
 Boolean TasksCol::ArrangePred(const String& newvalue, const String& TaskKey) {
     return kTail.Run<Boolean>("ArrangePred", [&](Boolean&) {
+        const Ref<TasksCol> held(this);  // a listener may let go of the collection
         if (!Gloabal::isInteger(newvalue)) return;
         PredessorAsString(TaskKey);  // takes off what is stale
         const TypedRows rows(newvalue);
@@ -90,6 +91,7 @@ Boolean TasksCol::ArrangePred(const String& newvalue, const String& TaskKey) {
 
 Boolean TasksCol::ArrangeSuccessor(const String& newvalue, const String& TaskKey) {
     return kTail.Run<Boolean>("ArrangeSuccessor", [&](Boolean&) {
+        const Ref<TasksCol> held(this);  // a listener may let go of the collection
         if (!Gloabal::isInteger(newvalue)) return;
         SucessorAsString(TaskKey);  // takes off what is stale
         const TypedRows rows(newvalue);

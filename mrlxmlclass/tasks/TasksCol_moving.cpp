@@ -119,6 +119,7 @@ Integer TasksCol::ChangeTaskParent(const String& TaskId, ByRef<String> NewParent
                                    const String& /*SuccessorKey*/, const String& PredecessorKey, Boolean Indent,
                                    const String& Action, const String& source, Boolean p_first_time) {
     return kTail.Run<Integer>("ChangeTaskParent", [&](Integer& result) {
+        const Ref<TasksCol> held(this);  // a listener may let go of the collection
         if (TaskId.empty()) return;
         const String old_parent = oldParentID.empty() ? KeyOf(Item(TaskId)->ParentID()) : oldParentID;
         Reparenting move{*this, TaskId, *NewParentID, old_parent, PredecessorKey, Indent};

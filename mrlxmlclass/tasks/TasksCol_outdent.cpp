@@ -69,6 +69,7 @@ Integer TasksCol::ChangeRemoveTaskParent(const String& TaskId, const String& New
                                          const String& SuccessorKey, const String& PredecessorKey, const String& source,
                                          Boolean p_first_time) {
     return kTail.Run<Integer>("ChangeRemoveTaskParent", [&](Integer&) {
+        const Ref<TasksCol> held(this);  // a listener may let go of the collection
         ChangeTaskParent(TaskId, String(NewParentID), "", SuccessorKey, PredecessorKey, False, "", "", p_first_time);
         if (!p_first_time) {
             const MendingChain chain{*this, TaskId, NewParentID, oldParentID, SuccessorKey, PredecessorKey};

@@ -77,6 +77,7 @@ Variant TasksCol::SetPhases() {
 
 Boolean TasksCol::ChangeName(const String& TaskKey, const String& NewName, Boolean NewTask) {
     return kTail.Run<Boolean>("ChangeName", [&](Boolean&) {
+        const Ref<TasksCol> held(this);  // a listener may let go of the collection
         const Long key = Item(TaskKey)->TaskKey();
         if (const auto task = Item(TaskKey); NewTask && task->TaskCondidat() && Loud()) {
             Events.Raise(&TasksColEvents::TaskInserted, key, KeyText(task->ParentID()).text(), task->TaskPosition());
@@ -89,6 +90,7 @@ Boolean TasksCol::ChangeName(const String& TaskKey, const String& NewName, Boole
 
 Boolean TasksCol::SetNewCondidat(Integer p_pos, const String& p_task_key) {
     return kTail.Run<Boolean>("SetNewCondidat", [&](Boolean& result) {
+        const Ref<TasksCol> held(this);  // a listener may let go of the collection
         const bool first_row = p_pos == 1 || GetTaskKeyByPosition(Integer(p_pos - 1)).empty();
         const String key = p_task_key.empty() ? GetTaskKeyByPosition(p_pos) : p_task_key;
         const Ref<TasksCls> task = Item(key);
@@ -104,6 +106,7 @@ Boolean TasksCol::SetNewCondidat(Integer p_pos, const String& p_task_key) {
 
 Boolean TasksCol::SeTAsMilstones(const Ref<TasksCol>& oTaskCol, const Variant& oTaskKey) {
     return kTail.Run<Boolean>("SeTAsMilstones", [&](Boolean& result) {
+        const Ref<TasksCol> held(this);  // a listener may let go of the collection
         const String key = oTaskKey.Key().text();
         if (isParent(key)) return;
         const Ref<TasksCls> task = oTaskCol->Item(key);

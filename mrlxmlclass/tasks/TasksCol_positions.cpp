@@ -44,6 +44,7 @@ Boolean TasksCol::AddParentTask(const Variant& p_parent_id, const Variant& p_tas
 
 Boolean TasksCol::RemoveParentTask(const Variant& p_parent_id, const Variant& p_task_id, Boolean p_raise) {
     return kTail.Run<Boolean>("RemoveParentTask", [&](Boolean& result) {
+        const Ref<TasksCol> held(this);  // a listener may let go of the collection
         const Ref<TasksCls> parent = Item(p_parent_id);
         const Long parent_number = p_parent_id.Key().Number();
         if (!parent || parent_number == 0) return;
@@ -59,6 +60,7 @@ Boolean TasksCol::RemoveParentTask(const Variant& p_parent_id, const Variant& p_
 
 Boolean TasksCol::ArrangePositionAfterDelete(const String& TaskId) {
     return kTail.Run<Boolean>("ArrangePositionAfterDelete", [&](Boolean& result) {
+        const Ref<TasksCol> held(this);  // a listener may let go of the collection
         const Ref<TasksCls> task = Item(TaskId);
         if (!task || !task->TaskCondidat()) return;
         ForOutline(*this, task, [&](TasksCls& other) {
@@ -95,6 +97,7 @@ Boolean TasksCol::ArrangePositionAfterDelete(const String& TaskId) {
 Boolean TasksCol::ArrangePositionAfterInsert(const String& TaskId, ByRef<Integer> oldPos, Integer Descending,
                                              Integer /*Assending*/, Boolean /*p_undo*/) {
     return kTail.Run<Boolean>("ArrangePositionAfterInsert", [&](Boolean& result) {
+        const Ref<TasksCol> held(this);  // a listener may let go of the collection
         const Ref<TasksCls> task = Item(TaskId);
         if (*oldPos != 0) {
             MakeWay(*this, task, *oldPos);
@@ -118,6 +121,7 @@ Boolean TasksCol::ArrangePositionAfterInsert(const String& TaskId, ByRef<Integer
 
 Boolean TasksCol::ArrangePosition(Integer ParentID, Integer TaskId, Integer oldPos, Boolean InsertInPhase) {
     return kTail.Run<Boolean>("ArrangePosition", [&](Boolean&) {
+        const Ref<TasksCol> held(this);  // a listener may let go of the collection
         const String parent_key = KeyText(Long(ParentID)).text();
         const String key = KeyText(Long(TaskId)).text();
         const Ref<TasksCls> parent = Item(parent_key);

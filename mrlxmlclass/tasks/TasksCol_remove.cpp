@@ -117,6 +117,7 @@ void TasksCol::Remove(const Variant& Index, ByRef<Ref<TaskAssigmentRelationCol>>
                       const Ref<GoalsCol>& oGoalGoal, ByRef<Ref<TaskObstaclesRelationCol>> oTaskObstacleRelation,
                       const Ref<obstaclesCol>& oObstacleCol, Boolean ForceDelete, Boolean p_sort, Boolean p_arrange) {
     kTail.Run("Remove", [&] {
+        const Ref<TasksCol> held(this);  // a listener may let go of the collection
         const LowersFlagOnFailure guard;
         Module().g_InAddOrRemove = True;
         const KeyText key = Index.Key();
@@ -190,6 +191,7 @@ Ref<Collection> TasksCol::DeleteAllSubTasks(
     Boolean /*ForceDelete*/, Boolean p_arrange) {
     // Kept: whatever the caller wishes, the relations alone decide.
     return kTail.Run<Ref<Collection>>("DeleteAllSubTasks", [&](Ref<Collection>& result) {
+        const Ref<TasksCol> held(this);  // a listener may let go of the collection
         const Ties ties{oTaskAssigRelation,    oPeopleCol,   oTaskGoalRelation, oGoalsCol,
                         oTaskObstacleRelation, oobstaclesCol};
         SubtreeRemoval removal{*this, ties, p_arrange, OutlineWalk(*this)};

@@ -233,6 +233,7 @@ Variant TasksCol::MoveTaskUpOrDown(const String& TaskId, Boolean UpDown, const S
                                    const String& oldParentID, Boolean ChangingParent, const String& source,
                                    Boolean p_first_time) {
     return kTail.Run<Variant>("MoveTaskUpOrDown", [&](Variant& result) {
+        const Ref<TasksCol> held(this);  // a listener may let go of the collection
         if (Module().BVersion) {
             result =
                 MoveTaskUpOrDowndepend(TaskId, UpDown, ParentID, oldParentID, ChangingParent, source, p_first_time);
@@ -254,6 +255,7 @@ Variant TasksCol::MoveTaskUpOrDowndepend(const String& TaskId, Boolean UpDown, c
                                          const String& oldParentID, Boolean ChangingParent, const String& source,
                                          Boolean p_first_time) {
     return kTail.Run<Variant>("MoveTaskUpOrDowndepend", [&](Variant&) {
+        const Ref<TasksCol> held(this);  // a listener may let go of the collection
         RowMove move(*this, TaskId, UpDown, ParentID, oldParentID, ChangingParent, p_first_time, /*links_stay=*/true);
         if (!p_first_time) move.Detach();
         UpDown ? move.Up() : move.Down();
