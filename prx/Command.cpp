@@ -2,10 +2,35 @@
 
 #include <fmt/core.h>
 
+#include "prx/Edit.h"
+#include "prx/EventLog.h"
+#include "prx/Project.h"
+
 namespace prx {
 
 void Command::Note(const std::string& text) {
     fmt::print(stderr, "prx: {}\n", text);
+}
+
+TaskCommand::TaskCommand(CLI::App& app, const std::string& name, const std::string& summary)
+    : EditCommand(app, name, summary) {
+    options().add_option("TASK", task_, "A key, #row or name")->required();
+}
+
+int TaskCommand::Run(Host& host) {
+    Read();
+    Project project = Project::ToEdit(host, file(), force());
+    const EventLog events(project.tasks());
+    Change(project, FindTask(project, task_));
+    project.Save();
+    for (const std::string& note : notes_) Note(note);
+    events.Print();
+    return kDone;
+}
+
+void TaskCommand::SetFieldsOf(const Project& project, const mrlxmlclass::Ref<mrlxmlclass::TasksCls>& task,
+                              const std::vector<Assignment>& assignments) {
+    for (const std::string& note : SetFields(project, task, assignments)) Tell(note);
 }
 
 }  // namespace prx

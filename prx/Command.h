@@ -6,6 +6,7 @@
 #include <string>
 #include <vector>
 
+#include "prx/Fields.h"
 #include "prx/Host.h"
 
 namespace prx {
@@ -51,12 +52,45 @@ private:
     bool force_ = false;
 };
 
+/// A command that changes one task and prints the events that followed.
+class TaskCommand : public EditCommand {
+public:
+    int Run(Host& host) override;
+
+protected:
+    TaskCommand(CLI::App& app, const std::string& name, const std::string& summary);
+    /// Before the file is opened: refuses what can be no value.
+    virtual void Read() {}
+    virtual void Change(const Project& project, const mrlxmlclass::Ref<mrlxmlclass::TasksCls>& task) = 0;
+
+    /// Told when all went through.
+    void Tell(const std::string& note) { notes_.push_back(note); }
+    /// Sets fields of the task; see Fields.h.
+    void SetFieldsOf(const Project& project, const mrlxmlclass::Ref<mrlxmlclass::TasksCls>& task,
+                     const std::vector<Assignment>& assignments);
+
+private:
+    std::string task_;
+    std::vector<std::string> notes_;
+};
+
 using Commands = std::vector<std::unique_ptr<Command>>;
 
 std::unique_ptr<Command> MakeNew(CLI::App& app);
 std::unique_ptr<Command> MakeShow(CLI::App& app);
 std::unique_ptr<Command> MakeAdd(CLI::App& app);
 std::unique_ptr<Command> MakeSet(CLI::App& app);
+std::unique_ptr<Command> MakeRename(CLI::App& app);
+std::unique_ptr<Command> MakeMilestone(CLI::App& app);
+std::unique_ptr<Command> MakeDone(CLI::App& app);
+std::unique_ptr<Command> MakeCost(CLI::App& app);
+std::unique_ptr<Command> MakeLink(CLI::App& app);
+std::unique_ptr<Command> MakeUnlink(CLI::App& app);
+std::unique_ptr<Command> MakeIndent(CLI::App& app);
+std::unique_ptr<Command> MakeOutdent(CLI::App& app);
+std::unique_ptr<Command> MakeMove(CLI::App& app);
+std::unique_ptr<Command> MakePhase(CLI::App& app);
+std::unique_ptr<Command> MakeShift(CLI::App& app);
 std::unique_ptr<Command> MakeRemove(CLI::App& app);
 std::unique_ptr<Command> MakeCalendar(CLI::App& app);
 std::unique_ptr<Command> MakeCheck(CLI::App& app);

@@ -4,7 +4,7 @@
 
 #include <algorithm>
 #include <array>
-#include <optional>
+#include <cmath>
 
 #include "prx/Edit.h"
 #include "prx/Refusal.h"
@@ -21,78 +21,135 @@ namespace {
 struct Setting {
     const Project& project;
     TasksCls& task;
-    Effects effects;
+    bool announced;  ///< false: nobody has heard of the task yet
+    Notes notes;
+
+    TasksCol& tasks() const { return *project.tasks(); }
+    std::string key() const { return KeyOf(task); }
+    /// A walk along the links moves no task in weeks or months.
+    bool walks() const { return announced && task.TaskDurationUnit() != "wks" && task.TaskDurationUnit() != "mons"; }
 };
 
 [[noreturn]] void NotTaken(std::string_view field, std::string_view value, const std::string& instead) {
     throw Refusal(fmt::format("{}={} was not taken: {}", field, Plain(value), instead));
 }
 
+/// The events of a task as it stands, and all that waits for it moves along.
+void WalkFrom(Setting& setting) {
+    setting.tasks().DependsDateChanged(setting.key(), setting.task.TaskBDate(), /*StartFinishDate=*/1,
+                                       /*LeadTimeCalc=*/True, /*SummaryCalc=*/True, /*p_number_to_shift=*/0,
+                                       /*p_not_same_parent=*/False, /*p_calc_date=*/False);
+    AdjustDatesAbove(setting.project, setting.task);
+}
+
+void SetDurationIn(Setting& setting, Double length, const String& unit) {
+    const String in = unit.empty() ? setting.task.TaskDurationUnit() : unit;
+    const bool whole_days = in != "hrs" && in != "mins" && length == std::floor(length);
+    if (setting.announced && whole_days) {
+        setting.task.TaskMilstones(False);  // a milestone would keep no duration
+        setting.tasks().DurationChanged(setting.key(), length, unit);
+        return;
+    }
+    // A walk that starts at the end would round the duration to whole days.
+    if (!unit.empty()) {
+        setting.task.TaskDurationUnit(unit);
+        setting.task.TaskDurationUnitValid("True");
+    }
+    if (setting.announced) setting.task.TaskMilstones(False);
+    setting.task.TaskDuration(length);
+    if (setting.announced) WalkFrom(setting);
+}
+
 void SetUnit(Setting& setting, const std::string& value) {
-    setting.task.TaskDurationUnit(ReadUnit(value));
-    setting.task.TaskDurationUnitValid("True");
-    setting.task.TaskDuration(setting.task.TaskDuration());  // the end follows from the new unit
-    setting.effects.dates_changed = true;
+    SetDurationIn(setting, setting.task.TaskDuration(), ReadUnit(value));
 }
 
 void SetMilestone(Setting& setting, const std::string& value) {
     const Boolean milestone = ReadFlag(value);
-    setting.task.TaskMilstones(milestone);
-    if (milestone) setting.task.TaskEDate(setting.task.TaskBDate());
-    setting.task.TaskDuration(milestone ? 0 : 1);
-    setting.effects.dates_changed = true;
+    if (!setting.announced) {
+        setting.task.TaskMilstones(milestone);
+        if (milestone) setting.task.TaskEDate(setting.task.TaskBDate());
+        setting.task.TaskDuration(milestone ? 0 : 1);
+    } else if (milestone) {
+        setting.tasks().SeTAsMilstones(setting.project.tasks(), setting.key());
+    } else if (setting.task.TaskMilstones()) {
+        SetDurationIn(setting, 1, {});
+    }
+}
+
+/// The gaps to what the task waits for are measured anew: the day is the one that was asked for.
+void MoveStart(Setting& setting, Date wanted) {
+    if (setting.walks()) {
+        setting.tasks().DependsDateChanged(setting.key(), wanted, /*StartFinishDate=*/1, /*LeadTimeCalc=*/True);
+        AdjustDatesAbove(setting.project, setting.task);
+        return;
+    }
+    setting.task.TaskLag(0);
+    setting.task.TaskBDate(wanted);
+    if (!setting.announced) return;
+    setting.task.TaskLag(setting.tasks().CalcLeadTime(setting.key()));
+    WalkFrom(setting);
 }
 
 void SetStart(Setting& setting, const std::string& value) {
     const Date wanted = ReadDate(value);
-    setting.task.TaskBDate(wanted);
+    MoveStart(setting, wanted);
     const Date start = setting.task.TaskBDate();
     if (start.year() != wanted.year() && DaysBetween(wanted, start) != 0) {
         constexpr double kNearby = 31;  // over the holidays into the next year
         if (std::abs(start.days() - wanted.days()) > kNearby) NotTaken("start", value, "the year is out of range");
     }
     if (start != wanted) {
-        setting.effects.notes.push_back(
-            fmt::format("{} is not a working day; the task starts on {}", value, Text(start)));
+        setting.notes.push_back(fmt::format("{} is not a working day; the task starts on {}", value, Text(start)));
     }
-    setting.effects.dates_changed = true;
 }
 
 void SetDuration(Setting& setting, const std::string& value) {
     const DurationText wanted = ReadDuration(value);
-    if (!wanted.unit.empty()) SetUnit(setting, wanted.unit);
-    setting.task.TaskDuration(wanted.length);
+    SetDurationIn(setting, wanted.length, wanted.unit);
     if (setting.task.TaskDuration() != wanted.length) {
         NotTaken(
             "duration", value,
             fmt::format("{} {} is the longest", Text(setting.task.TaskDuration()), setting.task.TaskDurationUnit()));
     }
-    setting.effects.dates_changed = true;
+}
+
+void MoveEnd(Setting& setting, Date wanted) {
+    if (!setting.announced) {
+        setting.task.TaskEDate(wanted);
+        return;
+    }
+    const Integer shift = DaysBetween(setting.task.TaskEDate(), wanted);
+    setting.tasks().DependsDateChanged(setting.key(), wanted, /*StartFinishDate=*/2, /*LeadTimeCalc=*/True,
+                                       /*SummaryCalc=*/True, /*p_number_to_shift=*/0, /*p_not_same_parent=*/False,
+                                       /*p_calc_date=*/True, /*p_changeds=*/{}, shift);
+    AdjustDatesAbove(setting.project, setting.task);
 }
 
 void SetEnd(Setting& setting, const std::string& value) {
     const Date wanted = ReadDate(value);
-    setting.task.TaskEDate(wanted);
-    const Date end = setting.task.TaskEDate();
-    if (end < wanted || end > wanted) {
-        const bool early = wanted < setting.task.TaskBDate();
-        NotTaken("end", value,
-                 early ? fmt::format("the task starts on {}", Text(setting.task.TaskBDate()))
-                       : fmt::format("the library gives {}", Text(end)));
+    if (wanted < setting.task.TaskBDate()) {
+        NotTaken("end", value, fmt::format("the task starts on {}", Text(setting.task.TaskBDate())));
     }
-    setting.effects.dates_changed = true;
+    MoveEnd(setting, wanted);
+    const Date end = setting.task.TaskEDate();
+    if (end != wanted) NotTaken("end", value, fmt::format("the library gives {}", Text(end)));
 }
 
 void SetDone(Setting& setting, const std::string& value) {
     constexpr int kWhole = 100;
     const std::string_view number = value;
-    setting.task.TaskPercentDone(
-        ReadWhole(number.substr(0, number.size() - (number.ends_with('%') ? 1 : 0)), 0, kWhole));
+    const Integer percent = ReadWhole(number.substr(0, number.size() - (number.ends_with('%') ? 1 : 0)), 0, kWhole);
+    if (setting.announced) {
+        setting.tasks().ChangePercentDone(setting.key(), percent);
+    } else {
+        setting.task.TaskPercentDone(percent);
+    }
 }
 
 void SetCost(Setting& setting, const std::string& value) {
     setting.task.TaskCost(ReadMoney(value));
-    setting.effects.cost_changed = true;
+    if (setting.announced) AdjustCostFrom(setting.project, setting.task);
 }
 
 void SetColour(Setting& setting, const std::string& value) {
@@ -101,7 +158,7 @@ void SetColour(Setting& setting, const std::string& value) {
 }
 
 void SetName(Setting& setting, const std::string& value) {
-    setting.project.tasks()->ChangeName(KeyOf(setting.task), ReadName(value));
+    setting.tasks().ChangeName(setting.key(), ReadName(value));
 }
 
 struct Field {
@@ -147,6 +204,24 @@ const std::string* ValueFor(const Field& field, const std::vector<Assignment>& a
     return value;
 }
 
+Notes SetAll(Setting setting, const std::vector<Assignment>& assignments) {
+    const bool summary = static_cast<bool>(setting.tasks().isParent(setting.key()));
+    if (ValueFor(*FindField("duration"), assignments) != nullptr &&
+        ValueFor(*FindField("end"), assignments) != nullptr) {
+        throw Refusal("set the duration or the end, not both: one follows from the other");
+    }
+    for (const Field& field : kFields) {
+        const std::string* value = ValueFor(field, assignments);
+        if (value == nullptr) continue;
+        if (summary && !field.of_summaries) {
+            throw Refusal(fmt::format("the {} of \"{}\" follows from the tasks below it", field.name,
+                                      Plain(setting.task.TaskName())));
+        }
+        field.set(setting, *value);
+    }
+    return setting.notes;
+}
+
 }  // namespace
 
 Assignment ReadAssignment(const std::string& text) {
@@ -168,23 +243,12 @@ std::string FieldHelp() {
     return help;
 }
 
-Effects SetFields(const Project& project, const Ref<TasksCls>& task, const std::vector<Assignment>& assignments) {
-    Setting setting{project, *task, {}};
-    const bool summary = static_cast<bool>(project.tasks()->isParent(KeyOf(*task)));
-    if (ValueFor(*FindField("duration"), assignments) != nullptr &&
-        ValueFor(*FindField("end"), assignments) != nullptr) {
-        throw Refusal("set the duration or the end, not both: one follows from the other");
-    }
-    for (const Field& field : kFields) {
-        const std::string* value = ValueFor(field, assignments);
-        if (value == nullptr) continue;
-        if (summary && !field.of_summaries) {
-            throw Refusal(
-                fmt::format("the {} of \"{}\" follows from the tasks below it", field.name, Plain(task->TaskName())));
-        }
-        field.set(setting, *value);
-    }
-    return setting.effects;
+Notes SetFields(const Project& project, const Ref<TasksCls>& task, const std::vector<Assignment>& assignments) {
+    return SetAll({project, *task, /*announced=*/true, {}}, assignments);
+}
+
+Notes FillFields(const Project& project, const Ref<TasksCls>& task, const std::vector<Assignment>& assignments) {
+    return SetAll({project, *task, /*announced=*/false, {}}, assignments);
 }
 
 }  // namespace prx

@@ -108,6 +108,7 @@ Project Project::ToEdit(Host& host, const std::string& file, bool force) {
     if (!force) project.RefuseUnlessWhole();
     project.KeepCreationDate();
     project.tasks()->Phases();  // a list that is not there yet cannot lose a phase
+    project.tasks()->AutoLink(True);
     return project;
 }
 

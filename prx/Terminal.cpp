@@ -1,5 +1,6 @@
 #include "prx/Terminal.h"
 
+#include <sys/ioctl.h>
 #include <unistd.h>
 
 #include <algorithm>
@@ -45,6 +46,13 @@ std::string Blanks(std::string_view text, std::size_t width) {
 
 bool ErrorsGoToTerminal() {
     return isatty(STDERR_FILENO) == 1;
+}
+
+std::size_t OutputWidth() {
+    constexpr std::size_t kUsual = 80;
+    winsize size{};
+    if (ioctl(STDOUT_FILENO, TIOCGWINSZ, &size) != 0) return kUsual;
+    return std::max<std::size_t>(size.ws_col, kUsual);
 }
 
 std::size_t Width(std::string_view text) {

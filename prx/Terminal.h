@@ -9,6 +9,9 @@ namespace prx {
 /// Whether somebody watches the error output.
 bool ErrorsGoToTerminal();
 
+/// The columns of the terminal that the output goes to, 80 at least; 80 where it goes elsewhere.
+std::size_t OutputWidth();
+
 /// The columns that a text takes on a terminal.
 std::size_t Width(std::string_view text);
 /// The text padded with blanks to `width` columns.

@@ -1,10 +1,12 @@
 #include <fmt/core.h>
 
 #include "prx/Command.h"
+#include "prx/Gantt.h"
 #include "prx/Inspection.h"
 #include "prx/Outline.h"
 #include "prx/Project.h"
 #include "prx/Terminal.h"
+#include "prx/Values.h"
 
 namespace prx {
 namespace {
@@ -12,12 +14,19 @@ namespace {
 class Show : public Command {
 public:
     explicit Show(CLI::App& app) : Command(app, "show", "Print the outline") {
-        options().add_flag("--json", json_, "Print everything as JSON, for programs");
+        auto* json = options().add_flag("--json", json_, "Print everything as JSON, for programs");
+        auto* gantt = options().add_flag("--gantt", gantt_, "Draw it as bars over a time line")->excludes(json);
+        options().add_option("--from", from_, "First day of the bars, yyyy-mm-dd")->needs(gantt);
+        options().add_option("--to", to_, "Last day of the bars, yyyy-mm-dd")->needs(gantt);
+        options()
+            .add_option("--width", width_, "Columns of the drawing; 80 unless the terminal is wider")
+            ->needs(gantt);
     }
 
     int Run(Host& host) override {
+        const GanttView view = View();
         const Project project = Project::ToLook(host, file());
-        fmt::print("{}", json_ ? AsJson(project.app()) : AsTable(project.app()));
+        fmt::print("{}", gantt_ ? AsGantt(project, view) : json_ ? AsJson(project.app()) : AsTable(project.app()));
         if (!Losses(project).empty()) {
             Note(fmt::format("{}: this is not all of it; see \"prx check\"", Plain(project.path())));
         }
@@ -25,7 +34,21 @@ public:
     }
 
 private:
+    GanttView View() const {
+        constexpr int kMostColumns = 1000;
+        GanttView view;
+        if (!from_.empty()) view.from = ReadDate(from_);
+        if (!to_.empty()) view.to = ReadDate(to_);
+        view.width =
+            width_.empty() ? OutputWidth() : static_cast<std::size_t>(ReadWhole(width_, 0, kMostColumns).value());
+        return view;
+    }
+
     bool json_ = false;
+    bool gantt_ = false;
+    std::string from_;
+    std::string to_;
+    std::string width_;
 };
 
 }  // namespace

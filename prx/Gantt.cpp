@@ -1,0 +1,216 @@
+#include "prx/Gantt.h"
+
+#include <fmt/core.h>
+
+#include <algorithm>
+#include <array>
+#include <cmath>
+#include <vector>
+
+#include "mrlxmlclass/scheduling/WorkingDays.h"
+#include "mrlxmlclass/xml/ProjectsCls.h"
+#include "prx/Edit.h"
+#include "prx/Links.h"
+#include "prx/Outline.h"
+#include "prx/Refusal.h"
+#include "prx/Terminal.h"
+#include "prx/Values.h"
+
+namespace prx {
+
+using namespace mrlxmlclass;
+
+namespace {
+
+constexpr const char* kTask = "█";
+constexpr const char* kTaskOnFreeDay = "▒";
+constexpr const char* kSummary = "▀";
+constexpr const char* kMilestone = "◆";
+constexpr const char* kFreeDay = "░";
+constexpr const char* kNothing = " ";
+
+constexpr std::array kMonths = {"Jan", "Feb", "Mar", "Apr", "May", "Jun", "Jul", "Aug", "Sep", "Oct", "Nov", "Dec"};
+constexpr int kDaysOfAWeek = 7;
+
+int Weekday(Date day) {                   // 0 = Monday
+    constexpr std::int64_t kAMonday = 2;  // 1 January 1900
+    const auto days = static_cast<std::int64_t>(day.day().days()) - kAMonday;
+    return static_cast<int>((days % kDaysOfAWeek + kDaysOfAWeek) % kDaysOfAWeek);
+}
+
+Date Plus(Date day, std::int64_t days) {
+    return Date(day.days() + static_cast<double>(days));
+}
+
+/// The days of the chart, cut into columns of equal length.
+class TimeLine {
+public:
+    TimeLine(Date from, Date to, std::size_t columns) : first_(from.day()) {
+        const std::int64_t room = static_cast<std::int64_t>(columns);
+        std::int64_t days = DaysBetween(first_, to.day()) + 1;
+        if (days > room) {  // whole weeks stand below each other
+            first_ = Plus(first_, -Weekday(first_));
+            days = DaysBetween(first_, to.day()) + 1;
+        }
+        step_ = (days + room - 1) / room;
+        columns_ = static_cast<std::size_t>((days + step_ - 1) / step_);
+        for (std::size_t column = 0; column < columns_; ++column) free_.push_back(MostlyFree(column));
+    }
+
+    std::size_t columns() const { return columns_; }
+    std::int64_t step() const { return step_; }
+    Date day(std::size_t column) const { return Plus(first_, static_cast<std::int64_t>(column) * step_); }
+    bool free(std::size_t column) const { return free_[column]; }
+    bool Shows(Date from, Date to) const { return to >= first_ && from < day(columns_); }
+    /// Whether a day of the column lies between the two.
+    bool Touches(std::size_t column, Date from, Date to) const {
+        return to.day() >= day(column) && from.day() < day(column + 1);
+    }
+
+private:
+    bool MostlyFree(std::size_t column) const {
+        std::int64_t free = 0;
+        for (Date day = this->day(column); day < this->day(column + 1); day = Plus(day, 1)) {
+            if (Gloabal::IsNonWorkingDay(day)) ++free;
+        }
+        return 2 * free >= step_;
+    }
+
+    Date first_;
+    std::int64_t step_ = 1;
+    std::size_t columns_ = 0;
+    std::vector<bool> free_;
+};
+
+/// Puts a label where it fits, one blank behind the one before.
+void PutLabel(std::string& line, std::size_t column, const std::string& label, std::size_t columns) {
+    if (column < line.size() + (line.empty() ? 0 : 1) || column + label.size() > columns) return;
+    line.resize(column, ' ');
+    line += label;
+}
+
+std::string MonthLine(const TimeLine& time) {
+    std::string line;
+    int year = 0;
+    for (std::size_t column = 0; column < time.columns(); ++column) {
+        const Date last = Plus(time.day(column), time.step() - 1);  // the column in which a month begins
+        if (column > 0 && last.day_of_month() > time.step()) continue;
+        const Date month = column == 0 ? time.day(0) : last;
+        const char* name = kMonths[static_cast<std::size_t>(month.month() - 1)];
+        const std::size_t before = line.size();
+        if (month.year() != year) PutLabel(line, column, fmt::format("{} {}", name, month.year()), time.columns());
+        if (line.size() == before) PutLabel(line, column, name, time.columns());
+        if (line.size() != before) year = month.year();
+    }
+    return line;
+}
+
+/// The days on which weeks begin.
+std::string DayLine(const TimeLine& time) {
+    std::string line;
+    for (std::size_t column = 0; column < time.columns(); ++column) {
+        for (Date day = time.day(column); day < time.day(column + 1); day = Plus(day, 1)) {
+            if (Weekday(day) == 0) PutLabel(line, column, std::to_string(day.day_of_month()), time.columns());
+        }
+    }
+    return line;
+}
+
+std::string Bar(const TimeLine& time, TasksCls& task, bool summary) {
+    std::string bar;
+    const bool dated = task.TaskBDate().set() && task.TaskEDate().set();
+    const bool milestone = static_cast<bool>(task.TaskMilstones());
+    for (std::size_t column = 0; column < time.columns(); ++column) {
+        const bool free = time.free(column);
+        if (!dated || !time.Touches(column, task.TaskBDate(), milestone ? task.TaskBDate() : task.TaskEDate())) {
+            bar += free ? kFreeDay : kNothing;
+        } else if (milestone) {
+            bar += kMilestone;
+        } else if (summary) {
+            bar += kSummary;
+        } else {
+            bar += free ? kTaskOnFreeDay : kTask;
+        }
+    }
+    return bar;
+}
+
+/// "7, 9+2": rows, each with its lag.
+std::string LinkCell(const Project& project, TasksCls& task) {
+    std::string cell;
+    for (const Ref<TasksCls>& predecessor : Predecessors(project, task)) {
+        const Integer lag = LagOf(project, task, *predecessor);
+        cell += fmt::format("{}{}", cell.empty() ? "" : ",", predecessor->TaskPosition().value());
+        if (lag != 0) cell += fmt::format("{:+}", lag.value());
+    }
+    return cell;
+}
+
+struct GanttRow {
+    OutlineRow row;
+    std::string number;
+    std::string name;
+    std::string links;
+};
+
+std::vector<GanttRow> RowsIn(const Project& project, Date from, Date to) {
+    constexpr std::size_t kDeepestDrawn = 8;
+    std::vector<GanttRow> rows;
+    for (const OutlineRow& row : Outline(project.tasks())) {
+        TasksCls& task = *row.task;
+        if (!task.TaskBDate().set() || task.TaskEDate() < from || task.TaskBDate() > to) continue;
+        rows.push_back({row, Text(task.TaskPosition()),
+                        std::string(std::min(row.level, kDeepestDrawn), ' ') + Plain(task.TaskName()),
+                        LinkCell(project, task)});
+    }
+    return rows;
+}
+
+std::size_t Widest(const std::vector<GanttRow>& rows, std::string GanttRow::*cell, std::size_t least,
+                   std::size_t most) {
+    std::size_t width = least;
+    for (const GanttRow& row : rows) width = std::max(width, Width(row.*cell));
+    return std::min(width, most);
+}
+
+std::string WithoutEnd(std::string line) {
+    line.erase(line.find_last_not_of(' ') + 1);
+    return line + "\n";
+}
+
+}  // namespace
+
+std::string AsGantt(const Project& project, const GanttView& view) {
+    constexpr std::size_t kNarrowest = 50;
+    if (view.width < kNarrowest) throw Refusal(fmt::format("a chart needs {} columns at least", kNarrowest));
+    Application& app = project.app();
+    if (project.tasks()->Count() == 0) return "There is nothing to draw: the plan has no tasks\n";
+    const Date from = view.from.set() ? view.from : app.MinDate();
+    const Date to = view.to.set() ? view.to : app.MaxDate();
+    if (to < from) throw Refusal(fmt::format("there is no day from {} to {}", Text(from), Text(to)));
+    const std::vector<GanttRow> rows = RowsIn(project, from, to);
+
+    // A third of the width is for the names; what they and the links do not take is the chart's.
+    const std::size_t number = Widest(rows, &GanttRow::number, 3, 5);
+    const std::size_t name = Widest(rows, &GanttRow::name, 4, view.width * 3 / 10);
+    const std::size_t links = Widest(rows, &GanttRow::links, 5, view.width / 8);
+    const std::size_t before = number + 1 + name + 1 + links + 1;
+    const TimeLine time(from, to, view.width - before);
+
+    std::string text = fmt::format("{}, {} to {}\n", CutTo(Plain(app.xProject()->ProjectName()), view.width - 26),
+                                   Text(from), Text(to));
+    text += WithoutEnd(std::string(before, ' ') + MonthLine(time));
+    text += WithoutEnd(PadLeft("Row", number) + " " + PadRight("Task", name) + " " + PadRight("After", links) + " " +
+                       DayLine(time));
+    for (const GanttRow& row : rows) {
+        const bool summary = static_cast<bool>(project.tasks()->isParent(KeyOf(*row.row.task)));
+        text += WithoutEnd(PadLeft(row.number, number) + " " + PadRight(CutTo(row.name, name), name) + " " +
+                           PadRight(CutTo(row.links, links), links) + " " + Bar(time, *row.row.task, summary));
+    }
+    text += fmt::format("A column is {}: {} task  {} on free days  {} summary  {} milestone  {} free\n",
+                        time.step() == 1 ? "a day" : fmt::format("{} days", time.step()), kTask, kTaskOnFreeDay,
+                        kSummary, kMilestone, kFreeDay);
+    return text;
+}
+
+}  // namespace prx

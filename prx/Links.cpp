@@ -1,0 +1,95 @@
+#include "prx/Links.h"
+
+#include <fmt/core.h>
+
+#include <unordered_set>
+
+#include "prx/Edit.h"
+#include "prx/Refusal.h"
+#include "prx/Terminal.h"
+
+namespace prx {
+
+using namespace mrlxmlclass;
+
+namespace {
+
+std::string Named(const TasksCls& task) {
+    return fmt::format("\"{}\"", Plain(task.TaskName()));
+}
+
+[[noreturn]] void RefuseLink(const Project& project, TasksCls& task, TasksCls& predecessor) {
+    const auto because = [&]() -> std::string {
+        if (task.TaskKey() == predecessor.TaskKey()) return "a task cannot wait for itself";
+        if (project.tasks()->isParent(KeyOf(predecessor))) {
+            return fmt::format("{} is a summary; link a task below it", Named(predecessor));
+        }
+        if (predecessor.ParentID() == task.TaskKey()) return "a task cannot wait for what stands below it";
+        if (predecessor.isPredecessor(KeyOf(task))) return fmt::format("{} waits for it already", Named(predecessor));
+        if (task.isPredecessor(KeyOf(predecessor))) return "it does so already";
+        return fmt::format("it waits already for a task that {} waits for", Named(predecessor));
+    };
+    throw Refusal(fmt::format("{} was not made to wait for {}: {}", Named(task), Named(predecessor), because()));
+}
+
+/// Puts a linked task behind its predecessor, by the lag of their link, and all that follows from it.
+void PutBehind(const Project& project, TasksCls& task, const Ref<TasksCls>& predecessor, Integer lag) {
+    const Ref<TasksCol> tasks = project.tasks();
+    const std::string key = KeyOf(task);
+    Ref<Dictionary> reached;
+    Integer shift = 0;
+    const bool summary = static_cast<bool>(tasks->isParent(key));
+    tasks->AdjustDate(key, predecessor, lag, /*LeadTimeCalc=*/True, /*AdjustOtherDate=*/!summary, /*adjustParent=*/True,
+                      reached, /*p_do_same_parent=*/False, shift);
+    if (summary) {
+        tasks->SummaryTaskDateChanged2(key, task.TaskBDate(), Date(), /*CalcLead=*/True, Date(), reached,
+                                       /*p_form_scheduler=*/False, shift);
+    }
+}
+
+}  // namespace
+
+void LinkTasks(const Project& project, const Ref<TasksCls>& task, const Ref<TasksCls>& predecessor,
+               std::optional<Integer> lag) {
+    const Ref<TasksCol> tasks = project.tasks();
+    if (!tasks->AddTaskPredecessor(KeyOf(*task), KeyOf(*predecessor))) RefuseLink(project, *task, *predecessor);
+    if (!lag && LagOf(project, *task, *predecessor) >= 0) return;
+    tasks->AddLeadTime(KeyOf(*task), KeyOf(*predecessor), lag.value_or(0));
+    PutBehind(project, *task, predecessor, lag.value_or(0));
+}
+
+void UnlinkTasks(const Project& project, const Ref<TasksCls>& task, const Ref<TasksCls>& predecessor) {
+    if (!task->isPredecessor(KeyOf(*predecessor)) && !predecessor->isSucesser(KeyOf(*task))) {
+        throw Refusal(fmt::format("{} does not wait for {}", Named(*task), Named(*predecessor)));
+    }
+    project.tasks()->RemoveTaskPredecessor(KeyOf(*task), KeyOf(*predecessor));
+}
+
+std::vector<Ref<TasksCls>> Predecessors(const Project& project, TasksCls& task) {
+    std::vector<Ref<TasksCls>> predecessors;
+    if (!task.TaskPredecessorValid()) return predecessors;
+    for (const auto& entry : task.TaskPredecessor()->Snapshot()) {
+        Ref<TasksCls> predecessor = project.tasks()->Item(entry.item);
+        if (predecessor && predecessor->TaskCondidat()) predecessors.push_back(std::move(predecessor));
+    }
+    return predecessors;
+}
+
+Integer LagOf(const Project& project, TasksCls& task, const TasksCls& predecessor) {
+    return project.tasks()->GetLeadTime(KeyOf(predecessor), task.TaskLeadTime());
+}
+
+bool WaitsForItself(const Project& project, TasksCls& task) {
+    std::unordered_set<std::int64_t> seen;
+    std::vector<Ref<TasksCls>> open = Predecessors(project, task);
+    while (!open.empty()) {
+        const Ref<TasksCls> next = open.back();
+        open.pop_back();
+        if (next->TaskKey() == task.TaskKey()) return true;
+        if (!seen.insert(next->TaskKey()).second) continue;
+        for (Ref<TasksCls>& further : Predecessors(project, *next)) open.push_back(std::move(further));
+    }
+    return false;
+}
+
+}  // namespace prx

@@ -1,0 +1,24 @@
+#include "prx/Command.h"
+#include "prx/Moving.h"
+
+namespace prx {
+namespace {
+
+class Indent : public TaskCommand {
+public:
+    explicit Indent(CLI::App& app)
+        : TaskCommand(app, "indent", "Put a task below the one above it; it starts with it") {}
+
+private:
+    void Change(const Project& project, const mrlxmlclass::Ref<mrlxmlclass::TasksCls>& task) override {
+        IndentTask(project, task);
+    }
+};
+
+}  // namespace
+
+std::unique_ptr<Command> MakeIndent(CLI::App& app) {
+    return std::make_unique<Indent>(app);
+}
+
+}  // namespace prx

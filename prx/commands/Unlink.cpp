@@ -1,0 +1,35 @@
+#include "prx/Command.h"
+#include "prx/Edit.h"
+#include "prx/Links.h"
+#include "prx/Refusal.h"
+
+namespace prx {
+namespace {
+
+class Unlink : public TaskCommand {
+public:
+    explicit Unlink(CLI::App& app) : TaskCommand(app, "unlink", "Let a task wait no longer; its dates stay") {
+        options().add_option("PREDECESSOR", predecessor_, "The task that it waits for; left out, all of them");
+    }
+
+private:
+    void Change(const Project& project, const mrlxmlclass::Ref<mrlxmlclass::TasksCls>& task) override {
+        if (!predecessor_.empty()) {
+            UnlinkTasks(project, task, FindTask(project, predecessor_));
+            return;
+        }
+        const auto predecessors = Predecessors(project, *task);
+        if (predecessors.empty()) throw Refusal("the task waits for nothing");
+        for (const auto& predecessor : predecessors) UnlinkTasks(project, task, predecessor);
+    }
+
+    std::string predecessor_;
+};
+
+}  // namespace
+
+std::unique_ptr<Command> MakeUnlink(CLI::App& app) {
+    return std::make_unique<Unlink>(app);
+}
+
+}  // namespace prx
