@@ -54,26 +54,31 @@ public:
         }
         step_ = (days + room - 1) / room;
         columns_ = static_cast<std::size_t>((days + step_ - 1) / step_);
-        for (std::size_t column = 0; column < columns_; ++column) free_.push_back(MostlyFree(column));
+        for (std::size_t column = 0; column < columns_; ++column) {
+            free_.push_back(2 * FreeDays(day(column), day(column + 1)) >= step_);
+        }
     }
 
     std::size_t columns() const { return columns_; }
     std::int64_t step() const { return step_; }
     Date day(std::size_t column) const { return Plus(first_, static_cast<std::int64_t>(column) * step_); }
-    bool free(std::size_t column) const { return free_[column]; }
-    bool Shows(Date from, Date to) const { return to >= first_ && from < day(columns_); }
+    bool MostlyFree(std::size_t column) const { return free_[column]; }
     /// Whether a day of the column lies between the two.
     bool Touches(std::size_t column, Date from, Date to) const {
         return to.day() >= day(column) && from.day() < day(column + 1);
     }
+    /// Whether one of them is a working day.
+    bool TouchesWork(std::size_t column, Date from, Date to) const {
+        const Date begin = std::max(from.day(), day(column));
+        const Date end = std::min(Plus(to.day(), 1), day(column + 1));
+        return FreeDays(begin, end) < DaysBetween(begin, end);
+    }
 
 private:
-    bool MostlyFree(std::size_t column) const {
+    static std::int64_t FreeDays(Date begin, Date end) {
         std::int64_t free = 0;
-        for (Date day = this->day(column); day < this->day(column + 1); day = Plus(day, 1)) {
-            if (Gloabal::IsNonWorkingDay(day)) ++free;
-        }
-        return 2 * free >= step_;
+        for (Date day = begin; day < end; day = Plus(day, 1)) free += Gloabal::IsNonWorkingDay(day) ? 1 : 0;
+        return free;
     }
 
     Date first_;
@@ -89,25 +94,24 @@ void PutLabel(std::string& line, std::size_t column, const std::string& label, s
     line += label;
 }
 
+/// The months where they begin, a January by its year.
 std::string MonthLine(const TimeLine& time) {
     std::string line;
-    int year = 0;
     for (std::size_t column = 0; column < time.columns(); ++column) {
-        const Date last = Plus(time.day(column), time.step() - 1);  // the column in which a month begins
+        const Date last = Plus(time.day(column), time.step() - 1);
         if (column > 0 && last.day_of_month() > time.step()) continue;
         const Date month = column == 0 ? time.day(0) : last;
-        const char* name = kMonths[static_cast<std::size_t>(month.month() - 1)];
-        const std::size_t before = line.size();
-        if (month.year() != year) PutLabel(line, column, fmt::format("{} {}", name, month.year()), time.columns());
-        if (line.size() == before) PutLabel(line, column, name, time.columns());
-        if (line.size() != before) year = month.year();
+        const std::string name = kMonths[static_cast<std::size_t>(month.month() - 1)];
+        PutLabel(line, column, column > 0 && month.month() == 1 ? std::to_string(month.year()) : name, time.columns());
     }
     return line;
 }
 
-/// The days on which weeks begin.
+/// The days on which weeks begin, where the weeks have room for them.
 std::string DayLine(const TimeLine& time) {
     std::string line;
+    constexpr int kWidestDay = 2;
+    if (time.step() > kWidestDay) return line;
     for (std::size_t column = 0; column < time.columns(); ++column) {
         for (Date day = time.day(column); day < time.day(column + 1); day = Plus(day, 1)) {
             if (Weekday(day) == 0) PutLabel(line, column, std::to_string(day.day_of_month()), time.columns());
@@ -116,26 +120,25 @@ std::string DayLine(const TimeLine& time) {
     return line;
 }
 
-std::string Bar(const TimeLine& time, TasksCls& task, bool summary) {
+std::string Bar(const TimeLine& time, const TasksCls& task, bool summary) {
+    const Date from = task.TaskBDate();
+    const Date to = task.TaskMilstones() || task.TaskEDate() < from ? from : task.TaskEDate();
     std::string bar;
-    const bool dated = task.TaskBDate().set() && task.TaskEDate().set();
-    const bool milestone = static_cast<bool>(task.TaskMilstones());
     for (std::size_t column = 0; column < time.columns(); ++column) {
-        const bool free = time.free(column);
-        if (!dated || !time.Touches(column, task.TaskBDate(), milestone ? task.TaskBDate() : task.TaskEDate())) {
-            bar += free ? kFreeDay : kNothing;
-        } else if (milestone) {
+        if (!time.Touches(column, from, to)) {
+            bar += time.MostlyFree(column) ? kFreeDay : kNothing;
+        } else if (task.TaskMilstones()) {
             bar += kMilestone;
         } else if (summary) {
             bar += kSummary;
         } else {
-            bar += free ? kTaskOnFreeDay : kTask;
+            bar += time.TouchesWork(column, from, to) ? kTask : kTaskOnFreeDay;
         }
     }
     return bar;
 }
 
-/// "7, 9+2": rows, each with its lag.
+/// "7,9+2": rows, each with its lag.
 std::string LinkCell(const Project& project, TasksCls& task) {
     std::string cell;
     for (const Ref<TasksCls>& predecessor : Predecessors(project, task)) {
@@ -158,7 +161,8 @@ std::vector<GanttRow> RowsIn(const Project& project, Date from, Date to) {
     std::vector<GanttRow> rows;
     for (const OutlineRow& row : Outline(project.tasks())) {
         TasksCls& task = *row.task;
-        if (!task.TaskBDate().set() || task.TaskEDate() < from || task.TaskBDate() > to) continue;
+        if (!task.TaskBDate().set() || std::max(task.TaskBDate(), task.TaskEDate()) < from || task.TaskBDate() > to)
+            continue;
         rows.push_back({row, Text(task.TaskPosition()),
                         std::string(std::min(row.level, kDeepestDrawn), ' ') + Plain(task.TaskName()),
                         LinkCell(project, task)});
