@@ -87,37 +87,52 @@ private:
     std::vector<bool> free_;
 };
 
-/// Puts a label where it fits, one blank behind the one before.
-void PutLabel(std::string& line, std::size_t column, const std::string& label, std::size_t columns) {
-    if (column < line.size() + (line.empty() ? 0 : 1) || column + label.size() > columns) return;
-    line.resize(column, ' ');
-    line += label;
-}
+/// A line of labels over the columns.
+class Labels {
+public:
+    explicit Labels(std::size_t columns) : line_(columns, ' ') {}
+    /// Puts a label where it fits with a blank on either side; where it does not, it is left out.
+    void Put(std::size_t column, const std::string& label) {
+        const std::size_t from = column == 0 ? 0 : column - 1;
+        const std::size_t to = std::min(column + label.size() + 1, line_.size());
+        if (column + label.size() > line_.size()) return;
+        if (line_.substr(from, to - from).find_first_not_of(' ') != std::string::npos) return;
+        line_.replace(column, label.size(), label);
+    }
+    const std::string& line() const { return line_; }
+
+private:
+    std::string line_;
+};
 
 /// The months where they begin, a January by its year.
 std::string MonthLine(const TimeLine& time) {
-    std::string line;
-    for (std::size_t column = 0; column < time.columns(); ++column) {
-        const Date last = Plus(time.day(column), time.step() - 1);
-        if (column > 0 && last.day_of_month() > time.step()) continue;
-        const Date month = column == 0 ? time.day(0) : last;
-        const std::string name = kMonths[static_cast<std::size_t>(month.month() - 1)];
-        PutLabel(line, column, column > 0 && month.month() == 1 ? std::to_string(month.year()) : name, time.columns());
+    Labels months(time.columns());
+    for (const bool only_years : {true, false}) {
+        for (std::size_t column = 0; column < time.columns(); ++column) {
+            const Date last = Plus(time.day(column), time.step() - 1);
+            if (column > 0 && last.day_of_month() > time.step()) continue;
+            const Date month = column == 0 ? time.day(0) : last;
+            const bool january = column > 0 && month.month() == 1;
+            if (january != only_years) continue;
+            months.Put(column,
+                       january ? std::to_string(month.year()) : kMonths[static_cast<std::size_t>(month.month() - 1)]);
+        }
     }
-    return line;
+    return months.line();
 }
 
 /// The days on which weeks begin, where the weeks have room for them.
 std::string DayLine(const TimeLine& time) {
-    std::string line;
+    Labels days(time.columns());
     constexpr int kWidestDay = 2;
-    if (time.step() > kWidestDay) return line;
+    if (time.step() > kWidestDay) return "";
     for (std::size_t column = 0; column < time.columns(); ++column) {
         for (Date day = time.day(column); day < time.day(column + 1); day = Plus(day, 1)) {
-            if (Weekday(day) == 0) PutLabel(line, column, std::to_string(day.day_of_month()), time.columns());
+            if (Weekday(day) == 0) days.Put(column, std::to_string(day.day_of_month()));
         }
     }
-    return line;
+    return days.line();
 }
 
 std::string Bar(const TimeLine& time, const TasksCls& task, bool summary) {
@@ -177,6 +192,14 @@ std::size_t Widest(const std::vector<GanttRow>& rows, std::string GanttRow::*cel
     return std::min(width, most);
 }
 
+std::string Legend(std::int64_t step, std::size_t width) {
+    std::string legend = fmt::format("A column is {}:", step == 1 ? "a day" : fmt::format("{} days", step));
+    const std::string signs = fmt::format("{} task  {} on free days  {} summary  {} milestone  {} free\n", kTask,
+                                          kTaskOnFreeDay, kSummary, kMilestone, kFreeDay);
+    const bool fits = Width(legend) + Width(signs) <= width;
+    return legend + (fits ? " " : "\n") + signs;
+}
+
 std::string WithoutEnd(std::string line) {
     line.erase(line.find_last_not_of(' ') + 1);
     return line + "\n";
@@ -185,7 +208,7 @@ std::string WithoutEnd(std::string line) {
 }  // namespace
 
 std::string AsGantt(const Project& project, const GanttView& view) {
-    constexpr std::size_t kNarrowest = 50;
+    constexpr std::size_t kNarrowest = 60;
     if (view.width < kNarrowest) throw Refusal(fmt::format("a chart needs {} columns at least", kNarrowest));
     Application& app = project.app();
     if (project.tasks()->Count() == 0) return "There is nothing to draw: the plan has no tasks\n";
@@ -211,10 +234,7 @@ std::string AsGantt(const Project& project, const GanttView& view) {
         text += WithoutEnd(PadLeft(row.number, number) + " " + PadRight(CutTo(row.name, name), name) + " " +
                            PadRight(CutTo(row.links, links), links) + " " + Bar(time, *row.row.task, summary));
     }
-    text += fmt::format("A column is {}: {} task  {} on free days  {} summary  {} milestone  {} free\n",
-                        time.step() == 1 ? "a day" : fmt::format("{} days", time.step()), kTask, kTaskOnFreeDay,
-                        kSummary, kMilestone, kFreeDay);
-    return text;
+    return text + Legend(time.step(), view.width);
 }
 
 }  // namespace prx

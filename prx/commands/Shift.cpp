@@ -21,7 +21,7 @@ public:
     }
 
     int Run(Host& host) override {
-        const Long days = ReadWhole(text_.substr(text_.starts_with('+') ? 1 : 0), -kMostDays, kMostDays);
+        const Long days = ReadWhole(text_.substr(Signed() ? 1 : 0), -kMostDays, kMostDays);
         if (days == 0) throw Refusal("a shift needs at least one day");
         Project project = Project::ToEdit(host, file(), force());
         RefuseBeyondRange(project.app(), days);
@@ -36,6 +36,8 @@ public:
 
 private:
     static constexpr int kMostDays = 10'000;
+
+    bool Signed() const { return text_.starts_with('+') && !text_.starts_with("+-"); }
 
     /// The library would squeeze the plan together at the end of its range.
     static void RefuseBeyondRange(Application& app, Long days) {

@@ -204,7 +204,8 @@ TEST(Prx, NamesItsCommandsInItsHelp) {
 
     const std::string help = folder.Output({"--help"});
 
-    for (const char* command : {"new", "show", "add", "set", "remove", "calendar", "check"}) {
+    for (const char* command : {"new", "show", "add", "set", "rename", "milestone", "done", "cost", "link", "unlink",
+                                "indent", "outdent", "move", "phase", "shift", "remove", "calendar", "check"}) {
         EXPECT_NE(help.find(std::string("\n  ") + command), std::string::npos) << help;
     }
 }

@@ -29,6 +29,10 @@ protected:
 
 TEST_F(Set, MovesATaskAndTheSummariesAbove) {
     EXPECT_EQ(folder_.Output({"set", "a.prx", "Design", "start=2026-03-09"}),
+              "DateStartChange(2, 2026-03-09, False, False)\n"
+              "DateEndChange(2, 2026-03-13, False, False, days)\n"
+              "DurationChange(2, 5, days, False, False)\n"
+              "TaskDurationChange(2, 5, days, False, False)\n"
               "DurationChange(1, 5, days, False, True)\n"
               "TaskDurationChange(1, 5, days, False, True)\n"
               "DateEndChange(1, 2026-03-13, False, True, days)\n"
@@ -44,6 +48,51 @@ TEST_F(Set, TakesEveryField) {
     ExpectIn("2", R"("start": "2026-03-03", "end": "2026-03-17", "duration": 2, "unit": "wks")");
     ExpectIn("2", R"("done": 35, "cost": 12.3456, "colour": 255)");
     ExpectIn("1", R"("cost": 12.3456)");
+}
+
+TEST_F(Set, MovesWhatWaitsForTheTask) {
+    folder_.Output({"add", "a.prx", "Build", "--under", "1", "--start", "2026-03-09", "--duration", "2"});
+    folder_.Output({"link", "a.prx", "Build", "Design"});
+    struct Row {
+        const char* field;
+        const char* build;
+    };
+    for (const Row& row : {Row{"start=2026-03-03", R"("start": "2026-03-10", "end": "2026-03-11")"},
+                           Row{"duration=3", R"("start": "2026-03-06", "end": "2026-03-09")"},
+                           Row{"end=2026-03-12", R"("start": "2026-03-13", "end": "2026-03-16")"},
+                           Row{"duration=2wks", R"("start": "2026-03-18", "end": "2026-03-19")"},
+                           Row{"start=2026-03-05", R"("start": "2026-03-20", "end": "2026-03-23")"},
+                           Row{"unit=days", R"("start": "2026-03-09", "end": "2026-03-10")"},
+                           Row{"milestone=yes", R"("start": "2026-03-06", "end": "2026-03-09")"}}) {
+        SCOPED_TRACE(row.field);
+        folder_.Output({"set", "a.prx", "Design", row.field});
+        ExpectIn("3", row.build);
+    }
+}
+
+TEST_F(Set, KeepsPartsOfADayAndShortUnits) {
+    folder_.Output({"set", "a.prx", "2", "duration=2.5"});
+    ExpectIn("2", R"("duration": 2.5, "unit": "days")");
+
+    folder_.Output({"set", "a.prx", "2", "duration=8hrs"});
+    ExpectIn("2", R"("duration": 8, "unit": "hrs")");
+}
+
+TEST_F(Set, GivesAMilestoneADuration) {
+    folder_.Output({"set", "a.prx", "2", "milestone=yes"});
+    folder_.Output({"set", "a.prx", "2", "duration=3"});
+    ExpectIn("2", R"("milestone": false, "start": "2026-03-02", "end": "2026-03-04", "duration": 3)");
+}
+
+TEST_F(Set, TellsTheProgress) {
+    EXPECT_EQ(folder_.Output({"set", "a.prx", "2", "done=40%"}), "CompletedChange(2, 40)\n");
+}
+
+TEST_F(Set, TakesNoEndOnAFreeDay) {
+    const std::string before = folder_.Read("a.prx");
+    EXPECT_EQ(folder_.Refusal({"set", "a.prx", "2", "end=2026-03-14"}),
+              "prx: end=2026-03-14 was not taken: the library gives 2026-03-16\n");
+    EXPECT_EQ(folder_.Read("a.prx"), before);
 }
 
 TEST_F(Set, LetsTheDurationFollowFromTheEnd) {
