@@ -6,6 +6,7 @@
 #include <array>
 #include <cmath>
 
+#include "mrlxmlclass/session/ModuleState.h"
 #include "prx/Edit.h"
 #include "prx/Refusal.h"
 #include "prx/Terminal.h"
@@ -26,8 +27,9 @@ struct Setting {
 
     TasksCol& tasks() const { return *project.tasks(); }
     std::string key() const { return KeyOf(task); }
-    /// A walk along the links moves no task in weeks or months.
-    bool walks() const { return announced && task.TaskDurationUnit() != "wks" && task.TaskDurationUnit() != "mons"; }
+    /// Whether a walk along the links starts here: it gives no first date, and a task in weeks or months no start.
+    bool walks() const { return announced && task.TaskBDate().set(); }
+    bool in_days() const { return task.TaskDurationUnit() != "wks" && task.TaskDurationUnit() != "mons"; }
 };
 
 [[noreturn]] void NotTaken(std::string_view field, std::string_view value, const std::string& instead) {
@@ -45,7 +47,7 @@ void WalkFrom(Setting& setting) {
 void SetDurationIn(Setting& setting, Double length, const String& unit) {
     const String in = unit.empty() ? setting.task.TaskDurationUnit() : unit;
     const bool whole_days = in != "hrs" && in != "mins" && length == std::floor(length);
-    if (setting.announced && whole_days) {
+    if (setting.walks() && whole_days) {
         setting.task.TaskMilstones(False);  // a milestone would keep no duration
         setting.tasks().DurationChanged(setting.key(), length, unit);
         return;
@@ -79,13 +81,18 @@ void SetMilestone(Setting& setting, const std::string& value) {
 
 /// The gaps to what the task waits for are measured anew: the day is the one that was asked for.
 void MoveStart(Setting& setting, Date wanted) {
-    if (setting.walks()) {
+    if (setting.walks() && setting.in_days()) {
         setting.tasks().DependsDateChanged(setting.key(), wanted, /*StartFinishDate=*/1, /*LeadTimeCalc=*/True);
         AdjustDatesAbove(setting.project, setting.task);
         return;
     }
+    const Double length = setting.task.TaskDuration();
     setting.task.TaskLag(0);
     setting.task.TaskBDate(wanted);
+    if (!setting.task.TaskEDate().set()) {  // the first start of all leaves the end open and the duration at a day
+        setting.task.TaskBDate(wanted);
+        setting.task.TaskDuration(length);
+    }
     if (!setting.announced) return;
     setting.task.TaskLag(setting.tasks().CalcLeadTime(setting.key()));
     WalkFrom(setting);
@@ -119,7 +126,7 @@ void MoveEnd(Setting& setting, Date wanted) {
         setting.task.TaskEDate(wanted);
         return;
     }
-    const Integer shift = DaysBetween(setting.task.TaskEDate(), wanted);
+    const Integer shift = setting.task.TaskEDate().set() ? DaysBetween(setting.task.TaskEDate(), wanted) : Long(0);
     setting.tasks().DependsDateChanged(setting.key(), wanted, /*StartFinishDate=*/2, /*LeadTimeCalc=*/True,
                                        /*SummaryCalc=*/True, /*p_number_to_shift=*/0, /*p_not_same_parent=*/False,
                                        /*p_calc_date=*/True, /*p_changeds=*/{}, shift);
@@ -131,6 +138,7 @@ void SetEnd(Setting& setting, const std::string& value) {
     if (wanted < setting.task.TaskBDate()) {
         NotTaken("end", value, fmt::format("the task starts on {}", Text(setting.task.TaskBDate())));
     }
+    if (wanted.year() > MaxYear()) NotTaken("end", value, "the year is out of range");
     MoveEnd(setting, wanted);
     const Date end = setting.task.TaskEDate();
     if (end != wanted) NotTaken("end", value, fmt::format("the library gives {}", Text(end)));

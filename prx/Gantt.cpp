@@ -140,7 +140,7 @@ std::string Bar(const TimeLine& time, const TasksCls& task, bool summary) {
     const Date to = task.TaskMilstones() || task.TaskEDate() < from ? from : task.TaskEDate();
     std::string bar;
     for (std::size_t column = 0; column < time.columns(); ++column) {
-        if (!time.Touches(column, from, to)) {
+        if (!from.set() || !time.Touches(column, from, to)) {
             bar += time.MostlyFree(column) ? kFreeDay : kNothing;
         } else if (task.TaskMilstones()) {
             bar += kMilestone;
@@ -173,13 +173,14 @@ struct GanttRow {
 
 std::vector<GanttRow> RowsIn(const Project& project, Date from, Date to) {
     constexpr std::size_t kDeepestDrawn = 8;
+    constexpr std::size_t kWidestName = 400;
     std::vector<GanttRow> rows;
     for (const OutlineRow& row : Outline(project.tasks())) {
         TasksCls& task = *row.task;
-        if (!task.TaskBDate().set() || std::max(task.TaskBDate(), task.TaskEDate()) < from || task.TaskBDate() > to)
-            continue;
-        rows.push_back({row, Text(task.TaskPosition()),
-                        std::string(std::min(row.level, kDeepestDrawn), ' ') + Plain(task.TaskName()),
+        const Date last = std::max(task.TaskBDate(), task.TaskEDate());
+        if (task.TaskBDate().set() && (last < from || task.TaskBDate() > to)) continue;
+        const std::string indent(std::min(row.level, kDeepestDrawn), ' ');
+        rows.push_back({row, Text(task.TaskPosition()), indent + Plain(CutTo(task.TaskName(), kWidestName)),
                         LinkCell(project, task)});
     }
     return rows;
@@ -215,6 +216,11 @@ std::string AsGantt(const Project& project, const GanttView& view) {
     const Date from = view.from.set() ? view.from : app.MinDate();
     const Date to = view.to.set() ? view.to : app.MaxDate();
     if (to < from) throw Refusal(fmt::format("there is no day from {} to {}", Text(from), Text(to)));
+    constexpr int kMostDays = 36'600;
+    if (DaysBetween(from, to) > kMostDays) {
+        throw Refusal(fmt::format("from {} to {} is too long for a chart; draw a part of it with --from and --to",
+                                  Text(from), Text(to)));
+    }
     const std::vector<GanttRow> rows = RowsIn(project, from, to);
 
     // A third of the width is for the names; what they and the links do not take is the chart's.

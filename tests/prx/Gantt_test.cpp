@@ -92,6 +92,17 @@ TEST_F(Gantt, KeepsLongAndWideNamesInTheirColumn) {
     ExpectNoWiderThan(80, chart);
 }
 
+TEST_F(Gantt, NamesATaskWithoutDates) {
+    plan_.Write("a.prx", Replaced(plan_.Read("a.prx"), "<TaskBDate>3/6/2026</TaskBDate>", ""));
+    const std::string chart = plan_.Output({"show", "--gantt", "a.prx"});
+    EXPECT_NE(chart.find("  3  Build  2          ░░\n"), std::string::npos) << chart;
+}
+
+TEST_F(Gantt, DrawsNoThousandYears) {
+    EXPECT_NE(plan_.Refusal({"show", "--gantt", "--to", "9999-12-31", "a.prx"}).find("draw a part of it"),
+              std::string::npos);
+}
+
 TEST_F(Gantt, WritesNothingToTheFile) {
     const std::string before = plan_.Read("a.prx");
     plan_.Output({"show", "--gantt", "a.prx"});

@@ -15,8 +15,19 @@ void ExpectHarmless(const Folder& folder, const std::string& content) {
     if (shown.status == 0) {
         EXPECT_EQ(JsonFault(shown.out), "");
     }
+    EXPECT_LE(folder.Prx({"show", "--gantt", "a.prx"}).status, 2);
     if (folder.Prx({"set", "a.prx", "2", "done=5"}).status != 0) {
         EXPECT_TRUE(folder.Read("a.prx") == content);
+    }
+    for (const std::vector<std::string>& edit : {std::vector<std::string>{"link", "a.prx", "#3", "#2"},
+                                                 {"indent", "a.prx", "#3"},
+                                                 {"outdent", "a.prx", "#4"},
+                                                 {"move", "a.prx", "#2", "--down"},
+                                                 {"shift", "a.prx", "7"}}) {
+        const std::string before = folder.Read("a.prx");
+        if (folder.Prx(edit).status != 0) {
+            EXPECT_TRUE(folder.Read("a.prx") == before) << edit.front();
+        }
     }
     EXPECT_FALSE(folder.Has("~a.prxl"));
 }

@@ -84,6 +84,22 @@ TEST_F(Set, GivesAMilestoneADuration) {
     ExpectIn("2", R"("milestone": false, "start": "2026-03-02", "end": "2026-03-04", "duration": 3)");
 }
 
+TEST_F(Set, GivesATaskItsFirstDates) {
+    const std::string dated = folder_.Read("a.prx");
+    const std::string undated =
+        Replaced(Replaced(dated, "<TaskBDate>3/2/2026</TaskBDate>", ""), "<TaskEDate>3/6/2026</TaskEDate>", "");
+    ASSERT_NE(undated, dated);
+    for (const char* field : {"start=2026-03-09", "end=2026-03-09", "duration=3", "milestone=yes", "unit=wks"}) {
+        SCOPED_TRACE(field);
+        folder_.Write("a.prx", undated);
+        const Result result = folder_.Prx({"set", "a.prx", "2", field});
+        EXPECT_EQ(result.status, 0) << result.err;
+    }
+    folder_.Write("a.prx", undated);
+    folder_.Output({"set", "a.prx", "2", "start=2026-03-09"});
+    ExpectIn("2", R"("start": "2026-03-09", "end": "2026-03-13", "duration": 5)");
+}
+
 TEST_F(Set, TellsTheProgress) {
     EXPECT_EQ(folder_.Output({"set", "a.prx", "2", "done=40%"}), "CompletedChange(2, 40)\n");
 }
@@ -131,7 +147,8 @@ TEST_F(Set, RefusesBadValuesAndSavesNothing) {
                             "unit=parsecs",   "done=101",         "done=half",
                             "cost=1,50",      "cost=1.23456",     "cost=99999999999999999999",
                             "cost=",          "colour=red",       "milestone=maybe",
-                            "name=",          "start=1999-01-04", "start=2999-01-04"}) {
+                            "name=",          "start=1999-01-04", "start=2999-01-04",
+                            "end=9999-12-31", "start=9999-12-31"}) {
         EXPECT_NE(folder_.Refusal({"set", "a.prx", "2", bad}), "") << bad;
     }
     EXPECT_NE(folder_.Refusal({"set", "a.prx", "2", "done=1", "done=2"}), "");
