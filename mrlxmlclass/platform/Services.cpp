@@ -11,8 +11,6 @@
 namespace mrlxmlclass {
 namespace {
 
-constinit thread_local Services* installed_services = nullptr;
-
 struct Kept {
     void* object;
     void (*end)(void*);
@@ -64,14 +62,17 @@ Services& SystemServices() {
     return platform::Lasting<System>().services;
 }
 
-Services& Platform() {
-    return installed_services != nullptr ? *installed_services : SystemServices();
+constinit thread_local Services* platform::of_thread = nullptr;
+
+Services& platform::TakeSystemServices() {
+    of_thread = &SystemServices();
+    return *of_thread;
 }
 
-InstalledServices::InstalledServices(Services& services) : before_(std::exchange(installed_services, &services)) {}
+InstalledServices::InstalledServices(Services& services) : before_(std::exchange(platform::of_thread, &services)) {}
 
 InstalledServices::~InstalledServices() {
-    installed_services = before_;
+    platform::of_thread = before_;
 }
 
 void KeepForThread(void* object, void (*end)(void*)) {

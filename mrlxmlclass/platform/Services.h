@@ -17,11 +17,19 @@ struct Services {
     Ui& ui;
 };
 
-/// The services of this thread: those of the system until others are installed.
-Services& Platform();
-
 /// The services of the system itself, to build a set of one's own from.
 Services& SystemServices();
+
+/// Use Platform().
+namespace platform {
+extern constinit thread_local Services* of_thread;
+Services& TakeSystemServices();
+}  // namespace platform
+
+/// The services of this thread: those of the system until others are installed.
+inline Services& Platform() {
+    return platform::of_thread != nullptr ? *platform::of_thread : platform::TakeSystemServices();
+}
 
 /// Puts services in place for this thread until it goes out of scope; the services must live as long.
 class InstalledServices {

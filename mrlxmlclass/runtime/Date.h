@@ -28,7 +28,10 @@ public:
         return Date(towards_zero > days_ ? towards_zero - 1 : towards_zero);
     }
     /// Whole days since day zero.
-    int number() const { return static_cast<int>(InRange(day().days_).days_); }
+    int number() const {
+        const int towards_zero = static_cast<int>(InRange(days_).days_);
+        return towards_zero > days_ ? towards_zero - 1 : towards_zero;
+    }
     int year() const;
     int month() const;
     int day_of_month() const;
@@ -57,6 +60,7 @@ private:
 
 /// Calendar days from `from` to `to`: the difference of the two date parts.
 inline Long DaysBetween(Date from, Date to, SourceLine where = SourceLine::Here()) {
+    if (from.in_calendar() && to.in_calendar()) return to.number() - from.number();
     return Long(to.day().days() - from.day().days(), where);
 }
 

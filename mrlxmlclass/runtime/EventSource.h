@@ -24,6 +24,7 @@ public:
             listeners_.erase(found);
         } else {
             *found = nullptr;  // compacted when the outermost raise ends
+            ++left_;
         }
     }
 
@@ -40,15 +41,21 @@ private:
     struct Raising {
         explicit Raising(EventSource& source) : source_(source) { ++source_.raising_; }
         ~Raising() {
-            if (--source_.raising_ == 0) std::erase(source_.listeners_, nullptr);
+            if (--source_.raising_ == 0 && source_.left_ > 0) source_.Compact();
         }
         Raising(const Raising&) = delete;
         Raising& operator=(const Raising&) = delete;
         EventSource& source_;
     };
 
+    void Compact() {
+        std::erase(listeners_, nullptr);
+        left_ = 0;
+    }
+
     std::vector<Listener*> listeners_;
     int raising_ = 0;
+    int left_ = 0;  ///< of the listeners, while an event is being raised
 };
 
 }  // namespace mrlxmlclass

@@ -8,7 +8,7 @@
 namespace mrlxmlclass {
 
 /// Memory for the suspended calls of walks, which end in the reverse of the order in which they began, also where a
-/// listener drives one walk inside another. What a small walk needs is kept for the next one.
+/// listener drives one walk inside another. What the deepest walk needed is kept for the next one.
 class FrameStack {
 public:
     FrameStack() = default;
@@ -35,14 +35,12 @@ public:
         const bool first_of_block = header->end != stack.end_;
         stack.top_ = header->top;
         stack.end_ = header->end;
-        if (first_of_block && --stack.used_ == 0 && stack.blocks_.size() > kKeptBlocks)
-            stack.blocks_.resize(kKeptBlocks);
+        if (first_of_block) --stack.used_;
     }
 
 private:
     static constexpr std::size_t kAlign = alignof(std::max_align_t);
-    static constexpr std::size_t kBlock = 64 * 1024;
-    static constexpr std::size_t kKeptBlocks = 16;
+    static constexpr std::size_t kBlock = std::size_t{64} * 1024;
     /// In front of each frame: where the stack stood before.
     struct alignas(std::max_align_t) Header {
         FrameStack* stack;

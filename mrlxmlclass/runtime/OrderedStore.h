@@ -3,6 +3,7 @@
 #include <algorithm>
 #include <cstddef>
 #include <cstdint>
+#include <memory>
 #include <unordered_map>
 #include <utility>
 #include <vector>
@@ -11,23 +12,38 @@
 
 namespace mrlxmlclass {
 
-/// The places of items by key.
+/// The places of items by key. Without any it is no larger than a pointer: most stores hold a few items and have none.
 template <class Key>
 class HashedPlaces {
 public:
-    bool empty() const { return places_.empty(); }
+    HashedPlaces() = default;
+    HashedPlaces(const HashedPlaces& other)
+        : places_(other.places_ ? std::make_unique<Map>(*other.places_) : nullptr) {}
+    HashedPlaces(HashedPlaces&&) = default;
+    HashedPlaces& operator=(HashedPlaces&&) = default;
+
+    bool empty() const { return !places_ || places_->empty(); }
     /// The place of a key, or null.
     const std::uint32_t* Find(const Key& key) const {
-        const auto found = places_.find(key);
-        return found == places_.end() ? nullptr : &found->second;
+        if (!places_) return nullptr;
+        const auto found = places_->find(key);
+        return found == places_->end() ? nullptr : &found->second;
     }
-    void Add(const Key& key, std::uint32_t place) { places_.emplace(key, place); }
-    void Remove(const Key& key) { places_.erase(key); }
-    void Clear() { places_.clear(); }
-    void Reserve(std::size_t count) { places_.reserve(count); }
+    void Add(const Key& key, std::uint32_t place) { Made().emplace(key, place); }
+    void Remove(const Key& key) {
+        if (places_) places_->erase(key);
+    }
+    void Clear() { places_ = nullptr; }
+    void Reserve(std::size_t count) { Made().reserve(count); }
 
 private:
-    std::unordered_map<Key, std::uint32_t> places_;
+    using Map = std::unordered_map<Key, std::uint32_t>;
+    Map& Made() {
+        if (!places_) places_ = std::make_unique<Map>();
+        return *places_;
+    }
+
+    std::unique_ptr<Map> places_;
 };
 
 /// Items in the order in which they came, most of them under a key: what stands behind every collection and dictionary.
@@ -136,7 +152,7 @@ private:
         void Insert(std::size_t at, Entry entry) {
             const bool keyed = !entry.key.none();
             const bool last = at == entries.size();
-            if (entries.size() == entries.capacity()) entries.reserve(std::max(kFew, 2 * entries.size()));
+            if (entries.size() == entries.capacity()) entries.reserve(std::max<std::size_t>(1, 2 * entries.size()));
             if (!index.empty() && last && keyed) index.Add(entry.key, static_cast<std::uint32_t>(at));
             entries.insert(entries.begin() + static_cast<std::ptrdiff_t>(at), std::move(entry));
             if (index.empty() ? keyed && entries.size() > kFew : !last) CountAnew();
