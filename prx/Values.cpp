@@ -134,7 +134,7 @@ String ReadUnit(std::string_view text) {
     String entry = "1 " + String(text);
     Double one = 0;
     const String unit = Gloabal::SetTaskUnit(entry, one);
-    if (!IntervalOf(unit)) Refuse(text, "a unit; there are days, wks, mons, hrs and mins");
+    if (UnitNamed(unit) == nullptr) Refuse(text, "a unit; there are days, wks, mons, hrs and mins");
     return unit;
 }
 

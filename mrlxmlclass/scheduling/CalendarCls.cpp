@@ -129,13 +129,7 @@ void CalendarCls::Internal::CountDays() {
         rules.free_weekday[static_cast<std::size_t>(weekday)] =
             bool(f.NonWorkingDay->Exists(Conversions::LongToString(weekday)));
     }
-    self_.counted_ = {f.NonWorkingDay,
-                      f.Holiday,
-                      f.ExceptionDay,
-                      f.NonWorkingDay->Stamp(),
-                      f.Holiday->Stamp(),
-                      StampOf(f.ExceptionDay),
-                      Platform().locale.Stamp(),
+    self_.counted_ = {SeenSet(f.NonWorkingDay), SeenSet(f.Holiday), SeenSet(f.ExceptionDay), Platform().locale.Stamp(),
                       WorkingDayTable(std::move(rules))};
 }
 

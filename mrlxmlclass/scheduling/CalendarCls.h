@@ -101,12 +101,17 @@ private:
     DaySet holidays_{DaySet::Keys::Texts};
     DaySet exceptions_{DaySet::Keys::TextsAndDates};
 
+    /// A set as it stood at some moment. A host may take the exception days away altogether: there are none then.
+    struct SeenSet {
+        Ref<Dictionary> set;  // held, so that no other can stand in its place
+        std::uint64_t stamp = 0;
+
+        explicit SeenSet(Ref<Dictionary> seen = {}) : set(std::move(seen)), stamp(set ? set->Stamp() : 0) {}
+        bool Stands(const Ref<Dictionary>& now) const { return set == now && (!set || set->Stamp() == stamp); }
+    };
     /// The days counted up, and of what.
     struct CountedDays {
-        Ref<Dictionary> weekdays, holidays, exceptions;  // held, so that no other can stand in their places
-        std::uint64_t weekdays_stamp = 0;
-        std::uint64_t holidays_stamp = 0;
-        std::uint64_t exceptions_stamp = 0;
+        SeenSet weekdays, holidays, exceptions;
         std::uint64_t locale_stamp = 0;
         WorkingDayTable table{DayRules{}};
     };

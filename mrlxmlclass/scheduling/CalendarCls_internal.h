@@ -26,13 +26,9 @@ private:
     bool TableStands() const {
         const Fields& f = self_.f_;
         const CountedDays& counted = self_.counted_;
-        return counted.weekdays == f.NonWorkingDay && counted.weekdays_stamp == f.NonWorkingDay->Stamp() &&
-               counted.holidays == f.Holiday && counted.holidays_stamp == f.Holiday->Stamp() &&
-               counted.exceptions == f.ExceptionDay && counted.exceptions_stamp == StampOf(f.ExceptionDay) &&
-               counted.locale_stamp == Platform().locale.Stamp();
+        return counted.weekdays.Stands(f.NonWorkingDay) && counted.holidays.Stands(f.Holiday) &&
+               counted.exceptions.Stands(f.ExceptionDay) && counted.locale_stamp == Platform().locale.Stamp();
     }
-    /// A host may take the exception days away altogether: there are none then.
-    static std::uint64_t StampOf(const Ref<Dictionary>& days) { return days ? days->Stamp() : 0; }
     void CountDays();
 
     CalendarCls& self_;

@@ -7,8 +7,8 @@
 namespace mrlxmlclass {
 namespace {
 
+using Gloabal::NextWorkingDay;
 using Gloabal::NumberOFNonWorkingDay;
-using Gloabal::SetNextWorkingDay;
 
 constexpr auto kTail = kTasksColTail;
 constexpr std::int64_t kMostIdleDaysTaken = 2;
@@ -21,7 +21,7 @@ void SetStartFreely(TasksCol& col, const Ref<TasksCls>& task, Date date, Integer
     const Date old_start = task->TaskBDate();
     const bool moves = old_start != date;
     task->TaskLag(0);
-    task->TaskBDate(SetNextWorkingDay(date, direction, Integer(0)));
+    task->TaskBDate(NextWorkingDay(date, direction.value()));
     task->TaskLag(In(col).CalcLeadTime(task));
     if (!moves || p_diff != 0) return;
     // Kept: without an old start the days from day 0 fit no Integer, which ends it.
@@ -46,14 +46,14 @@ void PutBehind(const Ref<TasksCls>& successor, const Ref<TasksCls>& changed, Int
 
 /// Gives the date that the task had; 0 where none is kept.
 Date DateWalk::SetDate(const Ref<TasksCls>& task, Date& changed_date, const Change& how, Integer& p_diff) {
-    const bool plainly = StepsPlainly(In(task).Unit());
+    const bool plainly = In(task).Unit().plain;
     const Integer direction = how.StartFinishDate;
     if (direction == kNewEnd) {
         const Date old_end = plainly ? Date() : task->TaskEDate();
         if (!how.p_calc_date) return old_end;
         if (!plainly) changed_date = NoLaterThanMaxYear(changed_date);
         // Kept: the kind of date, 2, is the step of the search.
-        task->TaskEDate(plainly ? changed_date : SetNextWorkingDay(changed_date, direction, Integer(0)));
+        task->TaskEDate(plainly ? changed_date : NextWorkingDay(changed_date, direction.value()));
         return old_end;  // Kept: the old end, which is then held against the start
     }
     // Kept: a task in weeks or months takes no start, and nothing of it is kept.
@@ -63,13 +63,13 @@ Date DateWalk::SetDate(const Ref<TasksCls>& task, Date& changed_date, const Chan
         if (how.LeadTimeCalc) {
             SetStartFreely(col_, task, changed_date, direction, p_diff);
         } else {
-            task->TaskBDate(SetNextWorkingDay(changed_date, direction, Integer(0)));
+            task->TaskBDate(NextWorkingDay(changed_date, direction.value()));
         }
     }
     return old_start;
 }
 
-Walk<Boolean> DateWalk::DependsDateChanged(KeyText key, Date& changed_date, Change how, Integer& p_diff) {
+Walk<Boolean> DateWalk::DependsDateChanged(KeyText key, Date& changed_date, const Change& how, Integer& p_diff) {
     auto& result = co_await kTail.Begin("DependsDateChanged");
     const Ref<TasksCls> task = tasks_.Item(key);
     reached_.Tell();
@@ -102,22 +102,28 @@ Walk<Boolean> DateWalk::DependsDateChanged(KeyText key, Date& changed_date, Chan
                 co_await std::move(walk);
             }
             if (summary && how.SummaryCalc) {
-                Date start = tasks_.Item(next_key)->TaskBDate();
-                Date exactly;
-                Integer shift = p_diff;
-                if (first && remembered != task->TaskBDate()) {
-                    tasks_.AdjustDateForSummary(start, task->TaskBDate(), remembered, p_diff);
-                    exactly = start;
-                    shift = 0;
-                }
-                OutlineWalk below(col_);
-                auto walk = SummaryTaskDateChanged2(next_key, start, exactly, shift, below);
+                const bool behind = first && remembered != task->TaskBDate();
+                auto walk = MoveSummary(
+                    next_key, behind ? ExactlyBehind(next_key, task, remembered, p_diff) : ByShift(next_key, p_diff));
                 co_await std::move(walk);
             }
             reached_.Add(next_key);
         }
         previous = next_key == kNoText ? KeyText() : next_key;
     }
+}
+
+/// A summary that keeps its gap to the task that changed.
+DateWalk::SummaryMove DateWalk::ExactlyBehind(KeyText key, const Ref<TasksCls>& changed, Date remembered,
+                                              Integer& p_diff) {
+    Date start = tasks_.Item(key)->TaskBDate();
+    tasks_.AdjustDateForSummary(start, changed->TaskBDate(), remembered, p_diff);
+    return {start, start, 0};
+}
+
+/// A summary that moves as far as the task that changed.
+DateWalk::SummaryMove DateWalk::ByShift(KeyText key, Integer p_diff) {
+    return {tasks_.Item(key)->TaskBDate(), Date(), p_diff};
 }
 
 /// Whether a successor is moved now. Kept: a later one that was moved already has its parent adjusted once more, unless
@@ -129,7 +135,7 @@ bool DateWalk::TakesItsTurn(KeyText key, const Ref<TasksCls>& task, bool first, 
     return false;
 }
 
-Walk<Boolean> DateWalk::AdjustDate(KeyText key, Ref<TasksCls> changed, Follow how, Integer& p_diff,
+Walk<Boolean> DateWalk::AdjustDate(KeyText key, Ref<TasksCls> changed, const Follow& how, Integer& p_diff,
                                    Date& p_preview_date) {
     auto& result = co_await kTail.Begin("AdjustDate");
     const Ref<TasksCls> task = tasks_.Item(key);

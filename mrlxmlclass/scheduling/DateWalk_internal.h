@@ -13,7 +13,7 @@ namespace mrlxmlclass {
 class DateWalk {
 public:
     DateWalk(TasksCol& tasks, ByRef<Ref<Dictionary>> p_changeds)
-        : frames(In(tasks).frames()), held_(&tasks), col_(tasks), tasks_(tasks), reached_(p_changeds) {}
+        : frames(In(tasks).frames()), held_(&tasks), col_(tasks), tasks_(tasks), reached_(std::move(p_changeds)) {}
 
     /// How a task takes a new date: see TasksCol::DependsDateChanged.
     struct Change {
@@ -23,7 +23,7 @@ public:
         Boolean p_not_same_parent;
         Boolean p_calc_date;
     };
-    Walk<Boolean> DependsDateChanged(KeyText key, Date& changed_date, Change how, Integer& p_diff);
+    Walk<Boolean> DependsDateChanged(KeyText key, Date& changed_date, const Change& how, Integer& p_diff);
 
     /// How a successor follows: see TasksCol::AdjustDate.
     struct Follow {
@@ -33,7 +33,8 @@ public:
         Boolean adjustParent;
         Boolean p_do_same_parent;
     };
-    Walk<Boolean> AdjustDate(KeyText key, Ref<TasksCls> changed, Follow how, Integer& p_diff, Date& p_preview_date);
+    Walk<Boolean> AdjustDate(KeyText key, Ref<TasksCls> changed, const Follow& how, Integer& p_diff,
+                             Date& p_preview_date);
 
     /// `below` bounds the way down from the summary at which it began.
     Walk<Boolean> SummaryTaskDateChanged2(KeyText key, Date& stDate, Date& UsethisDate, Integer p_diff,
@@ -45,6 +46,15 @@ private:
     Date SetDate(const Ref<TasksCls>& task, Date& changed_date, const Change& how, Integer& p_diff);
     bool SetTarget(const Ref<TasksCls>& summary, Date& stDate, Date& UsethisDate, Integer& p_diff);
     Date PlaceBehind(const Ref<TasksCls>& child, const Ref<TasksCls>& previous, Date& previous_end, Integer& p_diff);
+    /// How a summary follows: see TasksCol::SummaryTaskDateChanged2.
+    struct SummaryMove {
+        Date stDate;
+        Date UsethisDate;
+        Integer p_diff;
+    };
+    SummaryMove ExactlyBehind(KeyText key, const Ref<TasksCls>& changed, Date remembered, Integer& p_diff);
+    SummaryMove ByShift(KeyText key, Integer p_diff);
+    Walk<Boolean> MoveSummary(KeyText key, SummaryMove move);
     bool TakesItsTurn(KeyText key, const Ref<TasksCls>& task, bool first, KeyText previous);
     void AdjustParentOf(const Ref<TasksCls>& task);
 

@@ -6,24 +6,24 @@ namespace mrlxmlclass {
 namespace {
 
 using Gloabal::IsNonWorkingDay;
+using Gloabal::NextWorkingDay;
 using Gloabal::NumberOFNonWorkingDay;
-using Gloabal::SetNextWorkingDay;
 
 constexpr auto kTail = kTasksColTail;
 
 /// How many non-working days come right behind a day.
 Long IdleDaysBehind(Date day) {
-    return DaysBetween(day + 1, SetNextWorkingDay(day + 1, Integer(1), Integer(0)));
+    return DaysBetween(day + 1, NextWorkingDay(day + 1, 1));
 }
 
 /// The shift of a child that was placed: from its old end to its new start, less what idle days stand next to the end.
-Integer ShiftFrom(Date old_end, Date start) {
+Integer ShiftFrom(Date old_end, Date start, const PublicDays& days) {
     Integer shift = DaysBetween(old_end, start);
     if (shift >= 0) {
-        if (IsNonWorkingDay(old_end + 1)) shift -= NumberOFNonWorkingDay(old_end, start);
-    } else if (IsNonWorkingDay(old_end - 1)) {
+        if (days.NonWorking(old_end + 1)) shift -= NumberOFNonWorkingDay(old_end, start);
+    } else if (days.NonWorking(old_end - 1)) {
         shift += NumberOFNonWorkingDay(start, old_end);
-    } else if (IsNonWorkingDay(old_end + 1)) {
+    } else if (days.NonWorking(old_end + 1)) {
         shift -= IdleDaysBehind(old_end);
     }
     return shift;
@@ -31,9 +31,9 @@ Integer ShiftFrom(Date old_end, Date start) {
 
 /// Steps a child's start until the gap in working days behind an end is met, its end plainly a duration later. Kept:
 /// weeks and months count as days here.
-void SeekStart(const Ref<TasksCls>& child, Date previous_end, Integer gap) {
+void SeekStart(const Ref<TasksCls>& child, Date previous_end, Integer gap, const PublicDays& days) {
     Date start = child->TaskBDate();
-    const bool met = SeekGap(start, previous_end, gap);
+    const bool met = SeekGap(start, previous_end, gap, days);
     if (start != child->TaskBDate()) {
         In(child).TaskBDate_Int(start);
         In(child).TaskEDate_Int(start + RoundHalfToEven(child->TaskDuration()));
@@ -48,7 +48,7 @@ bool DateWalk::SetTarget(const Ref<TasksCls>& summary, Date& stDate, Date& Useth
     if (p_diff != 0) return false;  // Kept: a shift beats the exact date
     const bool exact = UsethisDate.set();
     if (IsNonWorkingDay(stDate)) {
-        stDate = SetNextWorkingDay(stDate, Integer(1), Integer(0));
+        stDate = NextWorkingDay(stDate, 1);
         // Kept: without an exact date the wanted start moves and the children stay.
         if (exact) UsethisDate = stDate;
     } else if (!exact) {
@@ -64,9 +64,18 @@ Date DateWalk::PlaceBehind(const Ref<TasksCls>& child, const Ref<TasksCls>& prev
     const Integer gap = col_.GetLeadTimeNoLink(child->TaskBDate(), previous_end);
     previous_end = child->TaskEDate();
     tasks_.AdjustDateNoLink(child, previous, gap);
-    SeekStart(child, previous->TaskEDate(), gap);
-    if (!In(child).HasChildren()) p_diff = ShiftFrom(previous_end, child->TaskBDate());
+    const PublicDays days;
+    SeekStart(child, previous->TaskEDate(), gap, days);
+    if (!In(child).HasChildren()) p_diff = ShiftFrom(previous_end, child->TaskBDate(), days);
     return child->TaskBDate();
+}
+
+/// SummaryTaskDateChanged2 from a successor on, with dates of its own.
+Walk<Boolean> DateWalk::MoveSummary(KeyText key, SummaryMove move) {
+    auto& result = co_await kTail.Begin("SummaryTaskDateChanged2");
+    OutlineWalk below(col_);
+    auto walk = SummaryTaskDateChanged2(key, move.stDate, move.UsethisDate, move.p_diff, below);
+    result = co_await std::move(walk);
 }
 
 Walk<Boolean> DateWalk::SummaryTaskDateChanged2(KeyText key, Date& stDate, Date& UsethisDate, Integer p_diff,

@@ -3,35 +3,33 @@
 #include <algorithm>
 #include <cstdlib>
 
-#include "mrlxmlclass/scheduling/WorkingDays.h"
-
 namespace mrlxmlclass {
 
-std::int64_t GapBetween(Date start, Date end) {
+std::int64_t GapBetween(Date start, Date end, const PublicDays& days) {
     if (!start.set()) return 0;
     const std::int64_t lag = end.set() ? DaysBetween(end, start) : Long(0);
     const std::int64_t size = std::abs(lag);
-    const auto days = static_cast<double>(size);
-    if (start > end) return size - Gloabal::NonWorkingDaysFrom(end, end + days);
-    return -(size - Gloabal::NonWorkingDaysFrom(start, std::min(start + days, end)));
+    const auto span = static_cast<double>(size);
+    if (start > end) return size - days.CountNonWorking(end, end + span);
+    return -(size - days.CountNonWorking(start, std::min(start + span, end)));
 }
 
-bool SeekGap(Date& start, Date reference, Integer wanted) {
-    if (!start.set() || !reference.set()) return GapBetween(start, reference) == wanted;
+bool SeekGap(Date& start, Date reference, Integer wanted, const PublicDays& days) {
+    if (!start.set() || !reference.set()) return GapBetween(start, reference, days) == wanted;
     const int step = wanted < 0 ? -1 : 1;
-    std::int64_t gap = GapBetween(start, reference);
+    std::int64_t gap = GapBetween(start, reference, days);
     if (step > 0 && start > reference && gap < wanted && start == start.day()) {
         // Each working day adds one from here on.
-        const auto day = Gloabal::WorkingDayAfter(start, wanted - gap);
+        const auto day = days.WorkingDayAfter(start, wanted - gap);
         if (day && day->in_calendar()) start = *day;
-        gap = GapBetween(start, reference);
+        gap = GapBetween(start, reference, days);
     }
     for (int searched = 0; gap != wanted; ++searched) {
         if (searched == Gloabal::kMostDaysSearched) return false;
         const bool leaves = step > 0 ? start > reference : start <= reference;
         start += step;
         // Away from the reference each working day adds one; only across it the gap is measured anew.
-        gap = leaves ? gap + (Gloabal::IsNonWorkingDay(Date(start)) ? 0 : step) : GapBetween(start, reference);
+        gap = leaves ? gap + (days.NonWorking(start) ? 0 : step) : GapBetween(start, reference, days);
     }
     return true;
 }

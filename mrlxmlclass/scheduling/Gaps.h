@@ -1,17 +1,17 @@
 #pragma once
 
-#include "mrlxmlclass/runtime/Date.h"
+#include "mrlxmlclass/scheduling/WorkingDays.h"
 
 /// The arithmetic of gaps between dates that no link ties.
 namespace mrlxmlclass {
 
 /// The gap in working days from an end to a start, without the step of one day. Kept: equal dates give 0, but 1 on a
 /// non-working day. 0 for no start; without an end the days between count as none, and day 0 as what it is.
-std::int64_t GapBetween(Date start, Date end);
+std::int64_t GapBetween(Date start, Date end, const PublicDays& days = {});
 
 /// Steps `start` from day to day, back for a negative gap, until its gap to `reference` is the one wanted. False when
 /// it is never met; the start is then wherever the search ended.
-bool SeekGap(Date& start, Date reference, Integer wanted);
+bool SeekGap(Date& start, Date reference, Integer wanted, const PublicDays& days = {});
 
 /// A shift without the non-working days that it passes: a negative one rises, any other falls. Kept: beyond 0, too.
 template <class Number>

@@ -12,7 +12,7 @@ namespace mrlxmlclass {
 namespace {
 
 using Gloabal::IsNonWorkingDay;
-using Gloabal::SetNextWorkingDay;
+using Gloabal::NextWorkingDay;
 
 constexpr FailureTail kTail{"TasksCls"};
 constexpr int kLastYear = 9999;
@@ -24,7 +24,7 @@ constexpr int kMostUnits = 999;
 constexpr Date kDaysInReach(2921000);
 
 Date NextWorkingDayFromToday() {
-    return SetNextWorkingDay(Platform().clock.Today(), Integer(1), Integer(0));
+    return NextWorkingDay(Platform().clock.Today(), 1);
 }
 
 Date InRange(Date date) {
@@ -47,7 +47,7 @@ void StepOverNonWorking(Date& day, Interval interval, int direction) {
 /// A start that the governing predecessor allows, brought to where the lag puts it.
 Date WithLag(Date start, Long lag) {
     const int direction = lag < 0 ? -1 : 1;
-    Date day = SetNextWorkingDay(start, Integer(direction), Integer(0));
+    Date day = NextWorkingDay(start, direction);
     // Kept: a lag of -1 is where the predecessor ends, a lag of 1 is one working day on.
     std::int64_t steps = lag < 0 ? -lag - 1 : std::int64_t{lag};
     if (steps == 0) return day;
@@ -117,7 +117,7 @@ Date StrideToEnd(Date start, Interval interval, Double duration) {
 Date WalkToEnd(Date start, Interval interval, Double duration) {
     if (interval == Interval::Days && duration > 1 && duration <= kMostUnits && start < kDaysInReach) {
         const auto steps = static_cast<std::int64_t>(std::ceil(duration)) - 1;
-        if (const auto end = Gloabal::WorkingDayAfter(start, steps)) return *end;
+        if (const auto end = PublicDays().WorkingDayAfter(start, steps)) return *end;
     }
     Date current = DateAdd(interval, 1, start);
     double count = 1;
@@ -172,7 +172,7 @@ void TasksCls::TaskBDate(Date value) {
                     f_.TaskEDate.value = f_.TaskBDate.value;
                     TaskEDateValid(True);
                 } else {
-                    f_.TaskEDate.value = SetDateWithoutWeekend(start, f_.TaskDuration.value);
+                    f_.TaskEDate.value = In(*this).SetDateWithoutWeekend(start, f_.TaskDuration.value);
                 }
             } else if (f_.TaskDuration.value == 0) {
                 f_.TaskDuration.valid = True;
@@ -246,43 +246,45 @@ void TasksCls::TaskDuration(Double value) {
                 start = NextWorkingDayFromToday();
             }
         }
-        if (value >= 1) f_.TaskEDate.value = SetDateWithoutWeekend(start, value);
+        if (value >= 1) f_.TaskEDate.value = In(*this).SetDateWithoutWeekend(start, value);
     });
 }
 
 Date TasksCls::SetDateWithoutWeekend(Date WeekDate, ByRef<Double> duration) {
+    return In(*this).SetDateWithoutWeekend(WeekDate, *duration);
+}
+
+Date TasksCls::Internal::SetDateWithoutWeekend(Date WeekDate, Double duration) {
     return kTail.Run<Date>("SetDateWithoutWeekend", [&](Date& result) {
-        const String& unit = In(*this).Unit();
+        const DurationUnit& unit = Unit();
         const Date start = WeekDate.set() ? WeekDate : Platform().clock.Today();
-        const Interval interval = IsDays(unit) ? Interval::Days : *IntervalOf(unit);
-        if (StepsPlainly(unit)) {
-            result = DateAdd(interval, f_.TaskDuration.value, start);
+        if (unit.plain) {
+            result = DateAdd(unit.interval, f_.TaskDuration.value, start);
         } else {
             const auto walk = EveryDayIsWorked() ? StrideToEnd : WalkToEnd;
-            result = *duration == 1 ? start : walk(start, interval, *duration);
+            result = duration == 1 ? start : walk(start, unit.interval, duration);
         }
     });
 }
 
 Date TasksCls::SetStartDateWithoutWeekend(Date WeekDate, ByRef<Double> duration) {
     return kTail.Run<Date>("SetStartDateWithoutWeekend", [&](Date& result) {
-        const String& unit = In(*this).Unit();
-        const Interval interval = *IntervalOf(unit);
-        if (StepsPlainly(unit)) {
-            result = DateAdd(interval, -f_.TaskDuration.value, WeekDate);
+        const DurationUnit& unit = In(*this).Unit();
+        if (unit.plain) {
+            result = DateAdd(unit.interval, -f_.TaskDuration.value, WeekDate);
         } else if (!WeekDate.set()) {
             result = NextWorkingDayFromToday();
         } else if (*duration <= 1) {
-            result = SetNextWorkingDay(WeekDate, Integer(1), Integer(0));
+            result = NextWorkingDay(WeekDate, 1);
         } else {
             // Kept: the first step may land on a non-working day, and a duration of 2 stays there.
-            Date current = DateAdd(interval, -1, WeekDate);
+            Date current = DateAdd(unit.interval, -1, WeekDate);
             if (EveryDayIsWorked()) {
-                result = DateAdd(interval, -std::max(0.0, std::ceil(*duration - 1) - 1), current);
+                result = DateAdd(unit.interval, -std::max(0.0, std::ceil(*duration - 1) - 1), current);
                 return;
             }
             double taken = 1;
-            while (*duration - 1 > taken++) StepOverNonWorking(current, interval, -1);
+            while (*duration - 1 > taken++) StepOverNonWorking(current, unit.interval, -1);
             result = current;
         }
     });
@@ -290,8 +292,8 @@ Date TasksCls::SetStartDateWithoutWeekend(Date WeekDate, ByRef<Double> duration)
 
 Long TasksCls::SetDurationWithoutWeekend(Date DateStart, Date DateEnd) {
     return kTail.Run<Long>("SetDurationWithoutWeekend", [&](Long& result) {
-        const String& unit = In(*this).Unit();
-        if (StepsPlainly(unit)) {
+        const DurationUnit& unit = In(*this).Unit();
+        if (unit.plain) {
             result = Long(f_.TaskDuration.value);
             return;
         }
@@ -300,7 +302,7 @@ Long TasksCls::SetDurationWithoutWeekend(Date DateStart, Date DateEnd) {
             result = 1;
             return;
         }
-        const Interval interval = *IntervalOf(unit);
+        const Interval interval = unit.interval;
         if (EveryDayIsWorked()) {
             result = Long(1 + StepsTo(DateStart, DateEnd, interval));
             return;
@@ -308,7 +310,7 @@ Long TasksCls::SetDurationWithoutWeekend(Date DateStart, Date DateEnd) {
         if (interval == Interval::Days) {
             const Date first = DateStart.day() + 1;
             const Date last = std::max(first, Date(std::ceil(DateEnd.days())));
-            result = DaysBetween(first, last) + 2 - Gloabal::NonWorkingDaysFrom(first, last);
+            result = DaysBetween(first, last) + 2 - PublicDays().CountNonWorking(first, last);
             return;
         }
         Long count = 1;
@@ -326,7 +328,7 @@ Long TasksCls::SetDurationWithoutWeekend(Date DateStart, Date DateEnd) {
 Boolean TasksCls::setBDatewithoutWeekend() {
     return kTail.Run<Boolean>("setBDatewithoutWeekend", [&](Boolean& result) {
         const Date day_before = f_.TaskBDate.value.day() - 1;
-        const Date start = SetNextWorkingDay(day_before, Integer(-1), Integer(0));
+        const Date start = NextWorkingDay(day_before, -1);
         if (start == day_before) return;
         f_.TaskBDate.value = start;
         TaskEDate(DateAdd(Interval::Days, f_.TaskDuration.value, start));
@@ -344,24 +346,25 @@ Boolean TasksCls::InitDate() {
 }
 
 String TasksCls::TaskDurationUnit() {
-    return In(*this).Unit();
+    return In(*this).Unit().name;
 }
 
-const String& TasksCls::Internal::RepairedUnit() {
+const DurationUnit& TasksCls::Internal::OtherUnit() {
+    if (const DurationUnit* unit = UnitNamed(f_.TaskDurationUnit)) return *unit;
     if (f_.TaskDurationUnit.empty()) {
-        f_.TaskDurationUnit = "days";
         f_.TaskDurationUnitValid = "True";
     }
-    if (!IntervalOf(f_.TaskDurationUnit)) f_.TaskDurationUnit = "days";
-    return f_.TaskDurationUnit;
+    f_.TaskDurationUnit = kDays.name;
+    return kDays;
 }
 
 Boolean TasksCls::IsVaildDuration() {
-    return IntervalOf(f_.TaskDurationUnit).has_value();
+    return UnitNamed(f_.TaskDurationUnit) != nullptr;
 }
 
 String TasksCls::SetAddValue() {
-    return StepLetterOf(f_.TaskDurationUnit);
+    const DurationUnit* unit = UnitNamed(f_.TaskDurationUnit);
+    return unit != nullptr ? unit->letter : String();
 }
 
 }  // namespace mrlxmlclass

@@ -36,21 +36,52 @@ std::size_t PlaceOfLead(KeyText predecessor, const Collection::Store& leads) {
 
 /// The days that an entry tells.
 Integer DaysOfEntry(const String& entry) {
-    if (const std::size_t mark = entry.find(kMark); mark != String::npos) {
-        // As the library writes it; anything else goes the long way.
-        const std::string_view days = std::string_view(entry).substr(mark + 1);
-        const bool negative = days.starts_with('-');
-        const std::int32_t size = KeyText::CanonicalNumber(days.substr(negative ? 1 : 0));
-        if (size >= 0 && size <= INT16_MAX) return negative ? -size : size;
-    }
     const std::vector<String> parts = Split(entry, String(1, kMark));
     if (parts.size() < 2) Raise(failure::kIndexOutOfRange);
     return Conversions::StringToInteger(parts[1]);
 }
 
+/// An entry as the library writes it, read in one go: the key's number, the mark, the days.
+struct PlainLead {
+    explicit PlainLead(std::string_view entry) {
+        std::size_t at = 0;
+        const std::int32_t key_number = Digits(entry, at);
+        if (key_number < 0 || at == entry.size() || entry[at] != kMark) return;
+        const bool negative = ++at < entry.size() && entry[at] == '-';
+        if (negative) ++at;
+        const std::int32_t size = Digits(entry, at);
+        if (size < 0 || size > INT16_MAX || at != entry.size()) return;
+        key = key_number;
+        days = negative ? -size : size;
+    }
+
+    std::int32_t key = -1;  ///< -1: written otherwise
+    std::int32_t days = 0;
+
+private:
+    /// The number that stands at `at`, and `at` behind it; -1 for none, for a long one and for a needless zero.
+    static std::int32_t Digits(std::string_view text, std::size_t& at) {
+        const std::size_t first = at;
+        std::int32_t number = 0;
+        while (at < text.size() && text[at] >= '0' && text[at] <= '9' && at - first < kMostDigits) {
+            number = number * 10 + (text[at++] - '0');
+        }
+        const bool canonical = at > first && (text[first] != '0' || at == first + 1);
+        return canonical ? number : -1;
+    }
+
+    static constexpr std::size_t kMostDigits = 9;
+};
+
 Integer LeadIn(KeyText predecessor, const Collection::Store& leads) {
-    const std::size_t place = PlaceOfLead(predecessor, leads);
-    return place == Collection::Store::npos ? Integer(0) : DaysOfEntry(leads[place].item.As<String>());
+    for (const auto& entry : leads) {
+        const String& text = entry.item.As<String>();
+        const PlainLead lead(text);
+        if (lead.key >= 0 ? KeyText(Long(lead.key)) == predecessor : IsTowards(predecessor, text)) {
+            return lead.key >= 0 ? Integer(lead.days) : DaysOfEntry(text);
+        }
+    }
+    return 0;
 }
 
 void RemoveLead(const String& key, const Ref<Collection>& leads) {
@@ -70,11 +101,11 @@ void StoreLead(const Ref<TasksCls>& task, const String& predecessor, Integer lea
 Integer WorkingGap(Date start, Date predecessor_end, Integer lag) {
     lag -= 1;
     if (start > predecessor_end) {
-        return lag - Gloabal::NonWorkingDaysFrom(predecessor_end, predecessor_end + static_cast<double>(lag.value()));
+        return lag - PublicDays().CountNonWorking(predecessor_end, predecessor_end + static_cast<double>(lag.value()));
     }
     const std::int64_t size = std::abs(std::int64_t{lag});
     const Integer gap =
-        -(size - Gloabal::NonWorkingDaysFrom(start, std::min(start + static_cast<double>(size), predecessor_end)));
+        -(size - PublicDays().CountNonWorking(start, std::min(start + static_cast<double>(size), predecessor_end)));
     return gap == 0 ? Integer(-1) : gap;  // an overlap stays an overlap
 }
 

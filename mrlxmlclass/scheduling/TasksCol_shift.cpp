@@ -5,13 +5,13 @@ namespace mrlxmlclass {
 namespace {
 
 using Gloabal::IsNonWorkingDay;
-using Gloabal::SetNextWorkingDay;
+using Gloabal::NextWorkingDay;
 
 constexpr auto kTail = kTasksColTail;
 
 /// How many non-working days lie from a day on, in one direction.
 Long RunOfNonWorkingDays(Date from, int direction) {
-    return DaysBetween(from, SetNextWorkingDay(from, Integer(direction), Integer(0)));
+    return DaysBetween(from, NextWorkingDay(from, direction));
 }
 
 /// The start of an anchor after the shift: next to non-working days it steps over them. Kept: a shift of 0 does so too,
@@ -60,7 +60,7 @@ Date Repaired(Date start, Date end, std::int64_t have, std::int64_t wanted) {
     if (have > wanted) Raise(failure::kOverflow);
     while (have < wanted) {
         start += static_cast<double>(have - wanted);
-        have = DaysBetween(end, start) - Gloabal::NonWorkingDaysFrom(std::min(end, start), std::max(end, start));
+        have = DaysBetween(end, start) - PublicDays().CountNonWorking(std::min(end, start), std::max(end, start));
     }
     return start;
 }

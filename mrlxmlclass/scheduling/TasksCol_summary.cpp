@@ -24,7 +24,7 @@ void WidenOverChildren(const TasksCol::Internal& tasks, const Ref<TasksCls>& sum
 
 /// The non-working days behind `from` up to `to`, in whichever direction that lies.
 std::int64_t NonWorkingBehind(Date from, Date to) {
-    return to > from ? Gloabal::NonWorkingDaysFrom(from + 1, to) : Gloabal::NonWorkingDaysFrom(to, from - 1);
+    return to > from ? PublicDays().CountNonWorking(from + 1, to) : PublicDays().CountNonWorking(to, from - 1);
 }
 
 void StoreWorkingDuration(const Ref<TasksCls>& summary) {

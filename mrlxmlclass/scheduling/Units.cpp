@@ -10,39 +10,21 @@ namespace mrlxmlclass {
 
 namespace {
 
-struct DurationUnit {
-    std::string_view name;
-    const char* letter;  // of its date step
-    Interval interval;
-    bool plain;  // steps through the plain calendar
-};
-constexpr DurationUnit kUnits[] = {
-    {"days", "d", Interval::Days, false},  {"wks", "ww", Interval::Weeks, true},
-    {"hrs", "h", Interval::Hours, false},  {"mins", "n", Interval::Minutes, false},
+constinit const DurationUnit kOtherUnits[] = {
+    {"wks", "ww", Interval::Weeks, true},
+    {"hrs", "h", Interval::Hours, false},
+    {"mins", "n", Interval::Minutes, false},
     {"mons", "m", Interval::Months, true},
 };
 
-const DurationUnit* UnitNamed(std::string_view name) {
-    const auto found = std::ranges::find(kUnits, name, &DurationUnit::name);
-    return found != std::end(kUnits) ? found : nullptr;
-}
-
 }  // namespace
 
-std::optional<Interval> IntervalOf(const String& unit) {
-    const DurationUnit* known = UnitNamed(unit);
-    return known != nullptr ? std::optional(known->interval) : std::nullopt;
-}
+constinit const DurationUnit kDays{"days", "d", Interval::Days, false};
 
-String StepLetterOf(const String& unit) {
-    const DurationUnit* known = UnitNamed(unit);
-    return known != nullptr ? known->letter : "";
-}
-
-bool StepsPlainly(std::string_view unit) {
-    if (IsDays(unit)) return false;
-    const DurationUnit* known = UnitNamed(unit);
-    return known != nullptr && known->plain;
+const DurationUnit* UnitNamed(std::string_view name) {
+    if (IsDays(name)) return &kDays;
+    const auto found = std::ranges::find(kOtherUnits, name, &DurationUnit::name);
+    return found != std::end(kOtherUnits) ? found : nullptr;
 }
 
 namespace Gloabal {

@@ -1,6 +1,5 @@
 #pragma once
 
-#include <optional>
 #include <string_view>
 
 #include "mrlxmlclass/runtime/ByRef.h"
@@ -8,16 +7,21 @@
 
 namespace mrlxmlclass {
 
+/// What durations are measured in.
+struct DurationUnit {
+    String name;
+    String letter;      ///< of its date step: "d", "ww", "h", "n" or "m"
+    Interval interval;  ///< how far one step goes
+    bool plain;         ///< steps through the plain calendar: no day is skipped
+};
+
 /// What nearly every task is measured in.
+extern const DurationUnit kDays;
 inline bool IsDays(std::string_view unit) {
     return unit.size() == 4 && unit[0] == 'd' && unit[1] == 'a' && unit[2] == 'y' && unit[3] == 's';
 }
-/// How far one step of a duration unit goes; nothing for a text that is no unit.
-std::optional<Interval> IntervalOf(const String& unit);
-/// The letter of the unit's date step: "d", "ww", "h", "n" or "m"; "" for a text that is no unit.
-String StepLetterOf(const String& unit);
-/// Weeks and months step through the plain calendar: no day is skipped.
-bool StepsPlainly(std::string_view unit);
+/// The unit of that name, which stands as long as the program; nothing for a text that is no unit.
+const DurationUnit* UnitNamed(std::string_view name);
 
 namespace Gloabal {
 

@@ -21,7 +21,7 @@ bool DayRules::NonWorking(int day) const {
     return free || Holds(holidays, day);
 }
 
-std::int64_t WorkingDayTable::CountNonWorking(int first, int last) {
+std::int64_t WorkingDayTable::CountThroughBlocks(int first, int last) {
     std::int64_t count = 0;
     while (first <= last) {
         const Block& block = BlockOf(first);

@@ -29,7 +29,14 @@ public:
         return block.before[place] != block.before[place + 1];
     }
     /// The non-working days from `first` to `last`, both included; none when `last` comes before.
-    std::int64_t CountNonWorking(int first, int last);
+    std::int64_t CountNonWorking(int first, int last) {
+        if (first > last) return 0;
+        const Block& block = BlockOf(first);
+        const int behind = last + 1 - block.first_day;
+        if (behind > kBlockDays) return CountThroughBlocks(first, last);
+        return block.before[static_cast<std::size_t>(behind)] -
+               block.before[static_cast<std::size_t>(first - block.first_day)];
+    }
     /// The `count`-th working day after `day`; nothing when it does not come within `reach` days.
     std::optional<int> WorkingDayAfter(int day, std::int64_t count, int reach);
 
@@ -48,6 +55,7 @@ private:
         return counted ? *blocks_[place] : CountBlock(number);
     }
     const Block& CountBlock(int number);
+    std::int64_t CountThroughBlocks(int first, int last);
 
     DayRules rules_;
     int first_block_ = 0;  ///< the number of blocks_[0]

@@ -1,14 +1,15 @@
 #include "mrlxmlclass/scheduling/WorkingDays.h"
 
 #include <algorithm>
-#include <cmath>
 
 #include "mrlxmlclass/runtime/Tail.h"
 #include "mrlxmlclass/scheduling/CalendarCls_internal.h"
 #include "mrlxmlclass/session/ModuleState.h"
 
-namespace mrlxmlclass::Gloabal {
+namespace mrlxmlclass {
 namespace {
+
+using Gloabal::kMostDaysSearched;
 
 constexpr FailureTail kTail{"Gloabal", FailureTail::Gives::SoFar};
 /// How many days WorkingDayAfter looks ahead.
@@ -16,12 +17,6 @@ constexpr int kReach = 10'000;
 /// How many steps are near.
 constexpr int kNear = 32;
 constexpr int kLargestInteger = 32767;
-
-/// The public calendar's days counted up; nothing where every day is worked.
-WorkingDayTable* PublicTable() {
-    const Ref<CalendarCls>& calendar = Module().g_PublicCalendar;
-    return calendar ? &In(calendar).Table() : nullptr;
-}
 
 /// Whether a whole search would find no working day, counted in blocks instead of days. False also where it would leave
 /// the calendar, which fails otherwise.
@@ -35,66 +30,67 @@ bool NothingWorked(WorkingDayTable& table, int day, int step) {
 
 }  // namespace
 
+PublicDays::PublicDays() {
+    const Ref<CalendarCls>& calendar = Module().g_PublicCalendar;
+    table_ = calendar ? &In(calendar).Table() : nullptr;
+}
+
+std::optional<Date> PublicDays::WorkingDayAfter(Date date, std::int64_t count) const {
+    if (table_ == nullptr) return {};
+    const std::optional<int> day = table_->WorkingDayAfter(date.number(), count, kReach);
+    return day ? std::optional(Date(*day)) : std::nullopt;
+}
+
+Date PublicDays::NextWorkingDay(Date date, int step) const {
+    if (table_ == nullptr || !date.set()) return date;
+    if (date.in_calendar()) {  // as good as always, and the answer is near
+        int day = date.number();
+        for (int searched = 0; searched < kNear && Date(day).in_calendar(); ++searched, day += step) {
+            if (!table_->NonWorking(day)) return Date(day);
+        }
+        if (NothingWorked(*table_, date.number(), step)) Raise(failure::kEndlessWalk);
+    }
+    for (int searched = 0; Gloabal::IsNonWorkingDay(date); ++searched) {
+        if (searched == kMostDaysSearched) Raise(failure::kEndlessWalk);
+        date += step;
+    }
+    return date;
+}
+
+namespace Gloabal {
+
 Boolean IsNonWorkingDay(ByRef<Date> date) {
     return kTail.Run<Boolean>("IsNonWorkingDay", [&](Boolean& result) {
-        WorkingDayTable* const table = PublicTable();
-        if (table == nullptr) return;
-        const int day = date->number();
-        *date = Date(day);
-        result = table->NonWorking(day);
+        if (!Module().g_PublicCalendar) return;
+        *date = Date(date->number());
+        result = PublicDays().NonWorking(*date);
     });
 }
 
 Integer NumberOFNonWorkingDay(Date a, Date b) {
     return kTail.Run<Integer>("NumberOFNonWorkingDay", [&](Integer& result) {
-        const std::int64_t days = NonWorkingDaysFrom(std::min(a, b), std::max(a, b));
+        const std::int64_t days = PublicDays().CountNonWorking(std::min(a, b), std::max(a, b));
         result = std::min<std::int64_t>(days, kLargestInteger);
         if (days > kLargestInteger) Raise(failure::kOverflow);
     });
 }
 
-std::int64_t NonWorkingDaysFrom(Date first, Date last) {
-    WorkingDayTable* const table = PublicTable();
-    if (table == nullptr || first > last) return 0;
-    const int steps = static_cast<int>(std::floor(last.days() - first.days()));
-    const int last_day = (Date(first.number()) + steps).number();
-    return table->CountNonWorking(last_day - steps, last_day);
-}
-
-std::optional<Date> WorkingDayAfter(Date date, std::int64_t count) {
-    WorkingDayTable* const table = PublicTable();
-    if (table == nullptr) return {};
-    const std::optional<int> day = table->WorkingDayAfter(date.number(), count, kReach);
-    return day ? std::optional(Date(*day)) : std::nullopt;
-}
-
-Date SetNextWorkingDay(Date date, ByRef<Integer> p_step, ByRef<Integer> p_days) {
-    if (*p_days == 0 && date.in_calendar()) {  // the usual question, and nearly always a near answer
-        WorkingDayTable* const table = PublicTable();
-        if (table == nullptr || !date.set()) return date;
-        Date day = date.day();
-        for (int searched = 0; searched < kNear && day.in_calendar(); ++searched) {
-            if (!table->NonWorking(day.number())) return day;
-            day = Date(day.days() + p_step->value());
-        }
-        if (NothingWorked(*table, date.number(), p_step->value())) {
-            kTail.Run("SetNextWorkingDay", [] { Raise(failure::kEndlessWalk); });
-            return date;
-        }
-    }
+Date NextWorkingDay(Date date, int step) {
     return kTail.Run<Date>("SetNextWorkingDay", [&](Date& result) {
         result = date;
-        Date day = date;
-        for (int searched = 0; date.set() && IsNonWorkingDay(day); ++searched) {
-            if (searched == kMostDaysSearched) Raise(failure::kEndlessWalk);
-            day += static_cast<double>(p_step->value());
-        }
-        result = day;
-        if (*p_days != 0 && DaysBetween(date, day) > *p_days) {
-            const Integer further = *p_days + NumberOFNonWorkingDay(day, date);
-            result = SetNextWorkingDay(day + static_cast<double>(further.value()), *p_step, Integer(0));
-        }
+        result = PublicDays().NextWorkingDay(date, step);
     });
 }
 
-}  // namespace mrlxmlclass::Gloabal
+Date SetNextWorkingDay(Date date, ByRef<Integer> p_step, ByRef<Integer> p_days) {
+    return kTail.Run<Date>("SetNextWorkingDay", [&](Date& result) {
+        result = date;
+        result = PublicDays().NextWorkingDay(date, p_step->value());
+        if (*p_days == 0 || DaysBetween(date, result) <= *p_days) return;
+        const Integer further = *p_days + NumberOFNonWorkingDay(result, date);
+        result = NextWorkingDay(result + static_cast<double>(further.value()), p_step->value());
+    });
+}
+
+}  // namespace Gloabal
+}  // namespace mrlxmlclass

@@ -24,11 +24,6 @@ ModuleState& module_state::Make() {
     return *of_thread;
 }
 
-Integer MaxYear() {
-    if (Module().g_MaxYear == 0) TakeMaxYear();
-    return Module().g_MaxYear;
-}
-
 void TakeMaxYear() {
     Module().g_MaxYear = DateAdd(Interval::Months, 12 * kYearsAhead, Platform().clock.Today()).year();
 }

@@ -47,10 +47,13 @@ inline ModuleState& Module() {
 
 /// The first year that a task date may have.
 inline constexpr int kMinYear = 2000;
-/// The last year that a task date may have: ten years from the day on which it was first needed.
-Integer MaxYear();
-/// Takes it anew from today.
+/// Takes the last year anew from today.
 void TakeMaxYear();
+/// The last year that a task date may have: ten years from the day on which it was first needed.
+inline Integer MaxYear() {
+    if (Module().g_MaxYear == 0) TakeMaxYear();
+    return Module().g_MaxYear;
+}
 
 /// Makes the shared error log where it is absent.
 void EnsureErrorsHandler();

@@ -285,17 +285,25 @@ public:
 private:
     /// The record's fields in their order.
     struct Fields {
-        Long ProjectID;
-        Flagged<Long> ParentID;
-        Boolean TaskType;
-        Boolean TaskCondidat = True;
+        // What the walks over dates and links read stands together.
         Long TaskKey;
+        Flagged<Long> ParentID;
+        Boolean TaskCondidat = True;
         Boolean TaskMilstones;
-        String TaskName;
         Flagged<Date> TaskBDate;
         Flagged<Date> TaskEDate;
         Flagged<Double> TaskDuration;
         Flagged<Long> TaskLag;
+        String TaskDurationUnit;
+        LazyCell<Dictionary> Tasks;
+        Guarded<Collection> TaskSuccessor;
+        Guarded<Collection> TaskPredecessor;
+        Ref<Collection> TaskLeadTime;
+        Ref<class ChildOrder> child_order;  ///< of this record alone
+
+        Long ProjectID;
+        Boolean TaskType;
+        String TaskName;
         Guarded<TaskNoteRelationCol> TaskNoteRelation;
         Long TaskStatusKey;
         Flagged<Long> TaskPercentDone;
@@ -305,9 +313,6 @@ private:
         Flagged<String> TaskLink;
         Flagged<Date> TaskModifiedDate;
         Flagged<Boolean> TaskModified;
-        Guarded<Collection> TaskSuccessor;
-        Guarded<Collection> TaskPredecessor;
-        Ref<Collection> TaskLeadTime;
         String elementName = "Tasks";
         Flagged<Currency> TaskCost;
         Flagged<Currency> TaskCostUp;
@@ -316,14 +321,11 @@ private:
         Flagged<Long> TaskPositionInitem;
         Boolean PredecessorDirty;
         Ref<GoalsCol> TasksGoals;
-        String TaskDurationUnit;
         String TaskDurationUnitValid = "False";
         Ref<class TaskNotes> TaskNotes;
         Ref<obstaclesCol> TaskObstacles;
         LazyCell<PeopleCol> TasksPeople;
         Flagged<Long> TaskColor;
-        LazyCell<Dictionary> Tasks;
-        Ref<class ChildOrder> child_order;  ///< of this record alone
     };
     Fields f_;
 };

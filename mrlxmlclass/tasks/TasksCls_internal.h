@@ -80,8 +80,10 @@ public:
     void TaskPredecessorValid_Int(Boolean flag) { f_.TaskPredecessor.valid = flag; }
     void TaskLeadTime_Int(const Ref<Collection>& entries) { f_.TaskLeadTime = entries; }
 
-    /// TaskDurationUnit, repaired as it is read.
-    const String& Unit() { return IsDays(f_.TaskDurationUnit) ? f_.TaskDurationUnit : RepairedUnit(); }
+    /// What TaskDurationUnit names, repaired as it is read.
+    const DurationUnit& Unit() { return IsDays(f_.TaskDurationUnit) ? kDays : OtherUnit(); }
+    /// What the public operation of that name does.
+    Date SetDateWithoutWeekend(Date WeekDate, Double duration);
     void StoreStart(Date day) { f_.TaskBDate.Let(day); }
     void StoreEnd(Date day) { f_.TaskEDate.Let(day); }
     void StoreDuration(Double duration) { f_.TaskDuration.Let(duration); }
@@ -127,7 +129,7 @@ public:
 
 private:
     static std::vector<String> KeysOf(const Ref<Collection>& links);
-    const String& RepairedUnit();
+    const DurationUnit& OtherUnit();
     void Reset();
     void ReadDates(RecordReader& in, const DateAdjustment& dates);
     void ReadLeadTimes(RecordReader& in);

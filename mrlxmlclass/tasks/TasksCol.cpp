@@ -27,7 +27,7 @@ Ref<TasksCls> TasksCol::Add(const Variant& ID) {
             In(task).IncrementID(oPublicStaticCls);
             if (task->ParentID() == 0) {
                 task->TaskPosition(GetValidTaskNumber() + 1);
-                task->TaskEDate(Gloabal::SetNextWorkingDay(Platform().clock.Today(), Integer(1), Integer(0)));
+                task->TaskEDate(Gloabal::NextWorkingDay(Platform().clock.Today(), 1));
             }
             In(*this).File(task->TaskKey(), task);
         } else if (ID.Key() == KeyText("")) {

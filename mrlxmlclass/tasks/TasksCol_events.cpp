@@ -11,18 +11,18 @@ void TasksCol::Internal::TellStart(const Ref<TasksCls>& task, Boolean is_parent)
 void TasksCol::Internal::TellEnd(const Ref<TasksCls>& task, Boolean is_parent) {
     if (!Loud()) return;
     self_.Events.Raise(&TasksColEvents::DateEndChange, task->TaskKey(), task->TaskEDate(), task->TaskMilstones(),
-                       is_parent, String(In(task).Unit()));
+                       is_parent, In(task).Unit().name);
 }
 
 void TasksCol::Internal::TellDuration(const Ref<TasksCls>& task, Boolean is_parent) {
     if (!Loud()) return;
-    self_.Events.Raise(&TasksColEvents::DurationChange, task->TaskKey(), task->TaskDuration(), String(In(task).Unit()),
+    self_.Events.Raise(&TasksColEvents::DurationChange, task->TaskKey(), task->TaskDuration(), In(task).Unit().name,
                        task->TaskMilstones(), is_parent);
 }
 
 void TasksCol::Internal::TellTaskDuration(const Ref<TasksCls>& task, Boolean is_parent) {
-    self_.Events.Raise(&TasksColEvents::TaskDurationChange, task->TaskKey(), task->TaskDuration(),
-                       String(In(task).Unit()), task->TaskMilstones(), is_parent);
+    self_.Events.Raise(&TasksColEvents::TaskDurationChange, task->TaskKey(), task->TaskDuration(), In(task).Unit().name,
+                       task->TaskMilstones(), is_parent);
 }
 
 void TasksCol::Internal::TellDates(const Ref<TasksCls>& task, Boolean is_parent) {

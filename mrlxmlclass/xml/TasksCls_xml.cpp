@@ -19,7 +19,7 @@ constexpr const char* kPosition = "TaskPosition";
 constexpr const char* kKeyPrefix = "t";
 
 Date OnWorkingDay(Date day) {
-    return Gloabal::SetNextWorkingDay(day, Integer(1), Integer(0));
+    return Gloabal::NextWorkingDay(day, 1);
 }
 
 /// Reads a date; a year that is too late becomes the last one allowed, on a working day. A date of 0 stays.

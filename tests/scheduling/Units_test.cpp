@@ -11,21 +11,26 @@ using Gloabal::SetTaskUnit;
 using Gloabal::unitvalid;
 using testing::TestSession;
 
-TEST(IntervalOf, KnowsFiveUnitsToTheLetter) {
-    EXPECT_EQ(IntervalOf("days"), Interval::Days);
-    EXPECT_EQ(IntervalOf("wks"), Interval::Weeks);
-    EXPECT_EQ(IntervalOf("mons"), Interval::Months);
-    EXPECT_EQ(IntervalOf("hrs"), Interval::Hours);
-    EXPECT_EQ(IntervalOf("mins"), Interval::Minutes);
-    for (const char* text : {"", "day", "Days", "DAYS", "days ", "hours", "d"}) {
-        EXPECT_EQ(IntervalOf(text), std::nullopt) << text;
+TEST(UnitNamed, KnowsFiveUnitsToTheLetter) {
+    struct Row {
+        const char* name;
+        const char* letter;
+        Interval interval;
+        bool plain;
+    };
+    for (const Row& row : {Row{"days", "d", Interval::Days, false}, Row{"wks", "ww", Interval::Weeks, true},
+                           Row{"mons", "m", Interval::Months, true}, Row{"hrs", "h", Interval::Hours, false},
+                           Row{"mins", "n", Interval::Minutes, false}}) {
+        const DurationUnit* unit = UnitNamed(row.name);
+        ASSERT_NE(unit, nullptr) << row.name;
+        EXPECT_EQ(unit->name, row.name);
+        EXPECT_EQ(unit->letter, row.letter) << row.name;
+        EXPECT_EQ(unit->interval, row.interval) << row.name;
+        EXPECT_EQ(unit->plain, row.plain) << row.name;
     }
-}
-
-TEST(StepsPlainly, HoldsForWeeksAndMonthsAlone) {
-    EXPECT_TRUE(StepsPlainly("wks"));
-    EXPECT_TRUE(StepsPlainly("mons"));
-    for (const char* unit : {"days", "hrs", "mins", "", "weeks"}) EXPECT_FALSE(StepsPlainly(unit)) << unit;
+    for (const char* text : {"", "day", "Days", "DAYS", "days ", "hours", "d"}) {
+        EXPECT_EQ(UnitNamed(text), nullptr) << text;
+    }
 }
 
 TEST(Unitvalid, MapsLooseTextByItsFirstLetters) {

@@ -12,7 +12,6 @@ namespace {
 
 using namespace testing;
 using Gloabal::IsNonWorkingDay;
-using Gloabal::NonWorkingDaysFrom;
 using Gloabal::NumberOFNonWorkingDay;
 using Gloabal::SetNextWorkingDay;
 
@@ -206,11 +205,11 @@ TEST(WorkingDays, AgreeWithCountingOnFingers) {
     }
 }
 
-TEST(NonWorkingDaysFrom, CountsForwardOnly) {
+TEST(PublicDays, CountNonWorkingDaysForwardOnly) {
     CalendarSession session;
-    EXPECT_EQ(NonWorkingDaysFrom(Friday, Monday + 7), 2);
-    EXPECT_EQ(NonWorkingDaysFrom(Sunday, Sunday), 1);
-    EXPECT_EQ(NonWorkingDaysFrom(Monday + 7, Friday), 0);
+    EXPECT_EQ(PublicDays().CountNonWorking(Friday, Monday + 7), 2);
+    EXPECT_EQ(PublicDays().CountNonWorking(Sunday, Sunday), 1);
+    EXPECT_EQ(PublicDays().CountNonWorking(Monday + 7, Friday), 0);
 }
 
 }  // namespace
