@@ -1,0 +1,28 @@
+#pragma once
+
+#include "tests/model/World.h"
+
+namespace mrlxmlclass::model {
+
+/// Which failures an edit may record in a plan, and why. Made before the edit.
+class ToldFailures {
+public:
+    explicit ToldFailures(World& world);
+
+    /// Complains of a recorded failure, a line each, that the operation has no reason for.
+    void Check(const Step& step, const String& recorded) const;
+
+    /// What is known of the plan before the edit.
+    struct Facts {
+        bool has_phases = false;    ///< the list of phases stands
+        bool phase_listed = false;  ///< with the task of the step in it
+        bool undated = false;       ///< a task of the outline has no start or no end
+        bool none_above = false;    ///< the task of the step has children, and waits for nothing that stands above it
+    };
+
+private:
+    World& world_;
+    Facts facts_;
+};
+
+}  // namespace mrlxmlclass::model
