@@ -77,6 +77,8 @@ private:
 using Commands = std::vector<std::unique_ptr<Command>>;
 
 std::unique_ptr<Command> MakeNew(CLI::App& app);
+std::unique_ptr<Command> MakeConvert(CLI::App& app);
+std::unique_ptr<Command> MakeImport(CLI::App& app);
 std::unique_ptr<Command> MakeShow(CLI::App& app);
 std::unique_ptr<Command> MakeAdd(CLI::App& app);
 std::unique_ptr<Command> MakeSet(CLI::App& app);

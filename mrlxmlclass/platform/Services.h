@@ -3,6 +3,7 @@
 #include "mrlxmlclass/platform/Clock.h"
 #include "mrlxmlclass/platform/Files.h"
 #include "mrlxmlclass/platform/Locale.h"
+#include "mrlxmlclass/platform/OldPlans.h"
 #include "mrlxmlclass/platform/Shell.h"
 #include "mrlxmlclass/platform/Ui.h"
 
@@ -15,6 +16,7 @@ struct Services {
     Files& files;
     Shell& shell;
     Ui& ui;
+    OldPlans& old_plans = NoOldPlans();
 };
 
 /// The services of the system itself, to build a set of one's own from.
