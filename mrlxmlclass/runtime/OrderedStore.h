@@ -19,8 +19,8 @@ public:
     HashedPlaces() = default;
     HashedPlaces(const HashedPlaces& other)
         : places_(other.places_ ? std::make_unique<Map>(*other.places_) : nullptr) {}
-    HashedPlaces(HashedPlaces&&) = default;
-    HashedPlaces& operator=(HashedPlaces&&) = default;
+    HashedPlaces(HashedPlaces&&) noexcept = default;
+    HashedPlaces& operator=(HashedPlaces&&) noexcept = default;
 
     bool empty() const { return !places_ || places_->empty(); }
     /// The place of a key, or null.

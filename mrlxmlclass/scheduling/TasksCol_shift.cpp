@@ -4,7 +4,6 @@
 namespace mrlxmlclass {
 namespace {
 
-using Gloabal::IsNonWorkingDay;
 using Gloabal::NextWorkingDay;
 
 constexpr auto kTail = kTasksColTail;

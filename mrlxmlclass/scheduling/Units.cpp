@@ -10,7 +10,7 @@ namespace mrlxmlclass {
 
 namespace {
 
-constinit const DurationUnit kOtherUnits[] = {
+const DurationUnit kOtherUnits[] = {
     {"wks", "ww", Interval::Weeks, true},
     {"hrs", "h", Interval::Hours, false},
     {"mins", "n", Interval::Minutes, false},
@@ -19,7 +19,7 @@ constinit const DurationUnit kOtherUnits[] = {
 
 }  // namespace
 
-constinit const DurationUnit kDays{"days", "d", Interval::Days, false};
+const DurationUnit kDays{"days", "d", Interval::Days, false};
 
 const DurationUnit* UnitNamed(std::string_view name) {
     if (IsDays(name)) return &kDays;
