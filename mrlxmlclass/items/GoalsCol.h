@@ -15,8 +15,9 @@ public:
         return Assigne(Goalkey, TaskKey, oTaskCol, oTaskGoalCol);
     }
     /// Unties them there; the task's own side is for TasksCol::RemoveAssigendGoals. False when they are not tied.
-    /// The goal's copy of the task stays and becomes a candidate. It shares its lists with the live task: where the
-    /// goal has a copy of the task's parent too, the live parent loses the child.
+    /// The goal's copy of the task stays and becomes a candidate. It shares its lists with the live task,
+    /// which loses its links where they are live, and its place below its parent where the goal has a copy of the
+    /// parent too: see docs/hosts.md.
     Boolean UnAssigneGoal(const Variant& Goalkey, const Variant& TaskKey, const Ref<TasksCol>& oTaskCol,
                           const Ref<TaskGoalRelationCol>& oTaskGoalCol) {
         return UnAssigne(Goalkey, TaskKey, oTaskCol, oTaskGoalCol);

@@ -45,7 +45,8 @@ Boolean NamedItemCol<Self, ItemOf, Relations>::UnAssigne(const Variant& item_key
         if (key.is_empty()) return;
         In(item).ReadRelations()->Remove(key);
         // Kept: the copy of the task becomes a candidate of the item's own list, and stays there. It shares its lists
-        // with the live task: where the item has a copy of the parent too, the live parent loses the child.
+        // with the live task, which loses its links where they are live, and its place below its parent where the item
+        // has a copy of the parent too.
         item->Tasks()->Remove(TaskKey, {}, {}, {}, {}, {}, {}, /*ForceDelete=*/False, /*p_sort=*/True,
                               /*p_arrange=*/True);
         relations->Remove(key);
@@ -57,7 +58,8 @@ template <class Self, class ItemOf, class Relations>
 Boolean NamedItemCol<Self, ItemOf, Relations>::RemoveTasksRelations(const Variant& TaskKey,
                                                                     const Ref<Relations>& TaskRelations,
                                                                     const Ref<TasksCol>& oTaskCol) {
-    return kTail<Self>.template Run<Boolean>("RemoveTasksRelations", [&](Boolean& result) {
+    const Ref<Self> held(static_cast<Self*>(this));  // a host may let go of the list while it is yielded to
+    return kTail<Self>.template Run<Boolean>("RemoveTasksRelations", [&, TaskKey, TaskRelations](Boolean& result) {
         for (const auto& entry : this->NewEnum()) UnAssigne(In(entry.item).key(), TaskKey, oTaskCol, TaskRelations);
         result = True;
     });

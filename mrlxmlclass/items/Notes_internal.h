@@ -26,6 +26,8 @@ public:
     /// The key as a number; a text that is no whole number fails (13).
     Long KeyNumber() const;
     KeyText Key() const { return KeyText(KeyNumber()); }
+    /// A note that was read without a key stands under the empty text.
+    KeyText KeyOnceRead() const { return f_.NoteKey.empty() ? KeyText("") : Key(); }
     /// Issues a key; freed ones are never used again. A failure is recorded, and leaves the key as it is.
     Boolean IncrementID(const Ref<StaticCls>& oPublicStaticCls);
 

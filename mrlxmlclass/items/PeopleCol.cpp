@@ -30,7 +30,8 @@ Boolean PeopleCol::SetTasksCollectionByID(const Variant& p_personleId,
 Boolean PeopleCol::AssignePerson(const String& personkey, Integer TaskKey, const Ref<TasksCol>& oTaskCol,
                                  const Ref<TaskAssigmentRelationCol>& oTaskAssigCol, Boolean AssignTask,
                                  Boolean AssignPeople) {
-    return kTail.Run<Boolean>("AssignePerson", [&](Boolean& result) {
+    const Ref<PeopleCol> held(this);  // a listener may let go of the list, and of what it was called with
+    return kTail.Run<Boolean>("AssignePerson", [&, oTaskCol, oTaskAssigCol](Boolean& result) {
         const auto relation = Make<TaskAssigmentRelationCls>();
         In(relation).IncrementID(oPublicStaticCls);
         relation->TaskKey(TaskKey);
@@ -50,7 +51,8 @@ Boolean PeopleCol::AssignePerson(const String& personkey, Integer TaskKey, const
 
 Boolean PeopleCol::UnAssignePerson(const Variant& personkey, const Variant& TaskKey, const Ref<TasksCol>& oTaskCol,
                                    const Ref<TaskAssigmentRelationCol>& oTaskAssigCol) {
-    return kTail.Run<Boolean>("UnAssignePerson", [&](Boolean& result) {
+    const Ref<PeopleCol> held(this);  // a listener may let go of the list, and of what it was called with
+    return kTail.Run<Boolean>("UnAssignePerson", [&, personkey, TaskKey, oTaskCol, oTaskAssigCol](Boolean& result) {
         const Ref<TasksCls> task = oTaskCol->Item(TaskKey);
         const Variant known = task->GetTaskPeopleRelation(personkey);
         if (!known.is_empty()) {
@@ -77,7 +79,8 @@ Boolean PeopleCol::UnAssignePerson(const Variant& personkey, const Variant& Task
 
 Boolean PeopleCol::RemoveTasksRelations(const Variant& TaskKey, const Ref<TaskAssigmentRelationCol>& TaskAssigR,
                                         const Ref<TasksCol>& oTaskCol, Boolean ForceDelete) {
-    return kTail.Run<Boolean>("RemoveTasksRelations", [&](Boolean&) {
+    const Ref<PeopleCol> held(this);  // a listener may let go of the list, and of what it was called with
+    return kTail.Run<Boolean>("RemoveTasksRelations", [&, TaskKey, TaskAssigR, oTaskCol](Boolean&) {
         for (const auto& entry : NewEnum()) {
             const Ref<TasksCls> task = oTaskCol->Item(TaskKey);  // unassigning may take the task away
             if (!task || (!task->isAssigned(entry.item->personkey()) && !ForceDelete)) continue;

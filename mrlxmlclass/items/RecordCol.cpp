@@ -92,7 +92,11 @@ dom::Node RecordCol<Self, Record>::Internal::FromXmlInt(dom::Node /*xmlParent*/,
         result = ReadItems(xmlChild, self_.element_name_, [&](dom::Node element) {
             const auto record = Make<Record>();
             In(record).FromXmlInt(element, FirstElementIn(element), reading);
-            File(In(record).Key(), record);
+            if constexpr (requires { In(record).KeyOnceRead(); }) {
+                File(In(record).KeyOnceRead(), record);
+            } else {
+                File(In(record).Key(), record);
+            }
         });
     });
 }

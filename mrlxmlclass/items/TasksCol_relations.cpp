@@ -120,12 +120,14 @@ Boolean TasksCol::RemoveNote(const Variant& TaskKey, const Variant& OTNK, const 
 
 Boolean TasksCol::UpdatePeopleCollection(const Ref<TaskAssigmentRelationCol>& oTaskPeopleRelationcol,
                                          const Ref<PeopleCol>& oPeopleCol, const Variant& personkey) {
-    const Ref<TasksCol> held(this);  // a listener may let go of the collection
-    return OnEveryTask("UpdatePeopleCollection", *this, [&](const Ref<TasksCls>& task) {
-        const Boolean changed = task->UpdatePeopleCollection(oTaskPeopleRelationcol, oPeopleCol, personkey);
-        if (changed && Loud()) Events.Raise(&TasksColEvents::AssigmentChange, task->TaskKey(), task->PeopleAsString());
-        return changed;
-    });
+    const Ref<TasksCol> held(this);  // a listener may let go of the collection, and of what it was called with
+    return OnEveryTask(
+        "UpdatePeopleCollection", *this, [&, oTaskPeopleRelationcol, oPeopleCol, personkey](const Ref<TasksCls>& task) {
+            const Boolean changed = task->UpdatePeopleCollection(oTaskPeopleRelationcol, oPeopleCol, personkey);
+            if (changed && Loud())
+                Events.Raise(&TasksColEvents::AssigmentChange, task->TaskKey(), task->PeopleAsString());
+            return changed;
+        });
 }
 
 Boolean TasksCol::Internal::SetPeopleCollection(const Ref<TaskAssigmentRelationCol>& oTaskPeopleRelationcol,

@@ -15,8 +15,9 @@ public:
         return Assigne(Obstacleskey, TaskKey, oTaskCol, oTaskObstaclesCol);
     }
     /// Unties them there; the task's own side is for TasksCol::RemoveAssigendObstacles. False when they are not tied.
-    /// The obstacle's copy of the task stays and becomes a candidate. It shares its lists with the live task: where the
-    /// obstacle has a copy of the task's parent too, the live parent loses the child.
+    /// The obstacle's copy of the task stays and becomes a candidate. It shares its lists with the live task,
+    /// which loses its links where they are live, and its place below its parent where the obstacle has a copy of the
+    /// parent too: see docs/hosts.md.
     Boolean UnAssigneObstacles(const Variant& Obstacleskey, const Variant& TaskKey, const Ref<TasksCol>& oTaskCol,
                                const Ref<TaskObstaclesRelationCol>& oTaskObstaclesCol) {
         return UnAssigne(Obstacleskey, TaskKey, oTaskCol, oTaskObstaclesCol);

@@ -3,6 +3,17 @@
 namespace mrlxmlclass::testing {
 namespace {
 
+TEST(NotesXml, ReadsANoteWithoutAKeyUnderTheEmptyOneAndGoesOn) {
+    Items s;
+    const auto notes = s.Master<NotesCol>();
+    EXPECT_EQ(notes->FromXml("<Notes><Note><NoteKey>1</NoteKey></Note>"
+                             "<Note><NoteDescription>x</NoteDescription></Note>"
+                             "<Note><NoteKey>3</NoteKey></Note></Notes>"),
+              True);
+    EXPECT_EQ(KeysOf(notes), "1  3");
+    EXPECT_EQ(notes->Count(), 3);
+}
+
 TEST(NotesAdd, KeepsFilingUnderTheEmptyKeySoThatASecondFails) {
     Items s;
     const auto notes = s.Master<NotesCol>();

@@ -1,6 +1,7 @@
 #include <random>
 
 #include "tests/items/Items.h"
+#include "tests/support/Interruption.h"
 #include "tests/support/Plan.h"
 
 namespace mrlxmlclass::testing {
@@ -54,6 +55,48 @@ TEST(AssignePerson, WithoutThePersonLeavesTheirListsEmpty) {
     EXPECT_EQ(plan.ann().TaskPeopleRelation()->Count(), 0);
     EXPECT_EQ(plan.ann().Tasks()->Count(), 0);
     EXPECT_EQ(plan["Dig"].PeopleAsString(), "Ann");
+}
+
+TEST(AssignePerson, TellsTheTasksSideBeforeTheProjectHasTheRelation) {
+    PersonPlan plan;
+    Long known = -1;
+    const Interruption host(plan, "AssigmentChange", 1, [&] { known = plan.relations()->Count(); });
+    EXPECT_EQ(plan.Assign(), True);
+    EXPECT_EQ(known, 0);
+}
+
+TEST(AssignePerson, GoesOnWithItsListsWhenAListenerLetsGoOfThem) {
+    PersonPlan plan;
+    Ref<TasksCol> tasks = plan.app->xTaskCol();
+    Ref<TaskAssigmentRelationCol> relations = plan.relations();
+    const Ref<TaskAssigmentRelationCol> held = relations;
+    PeopleCol& people = plan.people();
+    const Ref<peopleCls> ann = people.Item(1);
+    const Ref<Application> app = plan.app;
+    const Interruption host(plan, "AssigmentChange", 1, [&] {
+        tasks = {};
+        relations = {};
+        app->Init();
+    });
+    EXPECT_EQ(people.AssignePerson("1", plan.dig(), tasks, relations), True);
+    EXPECT_EQ(KeysOf(held), "1");
+    EXPECT_EQ(KeysOf(ann->Tasks()), "1");
+}
+
+TEST(RemoveTasksRelationsOfPeople, StayAtTheTaskThatTheyWereCalledWith) {
+    PersonPlan plan;
+    plan.Task("Fill");
+    plan.people().Add()->PersonName("Bob");
+    for (const char* person : {"1", "2"}) {
+        for (const Long task : {plan.Number("Dig"), plan.Number("Fill")}) {
+            plan.people().AssignePerson(person, Integer(task), plan.app->xTaskCol(), plan.relations());
+        }
+    }
+    Variant key = plan.Number("Dig");
+    const Interruption host(plan, "AssigmentChange", plan.Number("Dig"), [&] { key = plan.Number("Fill"); });
+    plan.people().RemoveTasksRelations(key, plan.relations(), plan.app->xTaskCol());
+    EXPECT_EQ(plan["Dig"].PeopleAsString(), "");
+    EXPECT_EQ(plan["Fill"].PeopleAsString(), "Ann, Bob");
 }
 
 TEST(AssignePerson, OfAnUnknownPersonIsRecordedOnce) {

@@ -226,9 +226,12 @@ TEST(SetPeopleCollection, PassesByAnotherTasksRelationAndAMissingPerson) {
     const auto task = TaskOf(4);
     const auto project = Make<TaskAssigmentRelationCol>();
     Fill(task->TaskPeopleRelation(), project);
+    const auto people = s.Master<PeopleCol>();
+    s.counters->PersonKeyValue(10);
+    for (int i = 0; i < 2; ++i) people->Add();  // 11 and 12; nobody is 13
     project->Item(1)->TaskKey(5);
-    task->SetPeopleCollection(project, Make<PeopleCol>());
-    EXPECT_FALSE(In(task).PeekPeople());
+    task->SetPeopleCollection(project, people);
+    EXPECT_EQ(KeysOf(task->TasksPeople()), "");
 }
 
 TEST(SetNoteCollection, PassesByAKeyThatTheProjectDoesNotHave) {

@@ -26,6 +26,7 @@ public:
         Heard("TaskDurationChange", key);
     }
     void RoolUpCostChange(Long key, const Variant&) override { Heard("RoolUpCostChange", key); }
+    void AssigmentChange(Long key, const String&) override { Heard("AssigmentChange", key); }
     void PredecessorChange(Long key, const String&) override { Heard("PredecessorChange", key); }
     void IamASummary(Long key, Boolean) override { Heard("IamASummary", key); }
 
