@@ -32,7 +32,7 @@ Boolean TasksCol::AdjustDate(const String& Key, const Ref<TasksCls>& oChangedTas
 }
 
 Boolean TasksCol::DurationChanged(const Variant& TaskKey, ByRef<Double> duration, const String& Unit) {
-    return kTail.Run<Boolean>("DurationChanged", [&](Boolean& result) {
+    return kTail.Run<Boolean>("DurationChanged", [&, TaskKey](Boolean& result) {
         const Ref<TasksCol> held(this);  // a listener may let go of the collection
         const KeyText key = TaskKey.Key();
         if (!In(*this).isParent(key) && *duration > kMostUnits) *duration = kMostUnits;

@@ -117,7 +117,7 @@ void SetStartOnly(const Ref<TasksCls>& task, const Ref<TasksCls>& predecessor, c
 
 Boolean TasksCol::AddTaskPredecessor(const String& TaskKey, const String& PredecssorKey, Boolean FirstTime,
                                      Boolean setforNonDepend, Boolean p_force_linking) {
-    return kTail.Run<Boolean>("AddTaskPredecessor", [&](Boolean& result) {
+    return kTail.Run<Boolean>("AddTaskPredecessor", [&, TaskKey, PredecssorKey](Boolean& result) {
         const Ref<TasksCol> held(this);  // a listener may let go of the collection
         if (TaskKey.empty() || PredecssorKey.empty() || PredecssorKey == "0") return;
         NewLink link{*this, TaskKey, PredecssorKey, Item(TaskKey), Item(PredecssorKey), FirstTime, 0};
@@ -167,14 +167,14 @@ Boolean TasksCol::RemoveTaskPredecessor(const String& TaskKey, const String& Pre
 
 // Kept: the name; it is the successors that are freed.
 Boolean TasksCol::RemoveAllTaskPredecessor(const String& TaskKey) {
-    return kTail.Run<Boolean>("RemoveAllTaskPredecessor", [&](Boolean&) {
+    return kTail.Run<Boolean>("RemoveAllTaskPredecessor", [&, TaskKey](Boolean&) {
         const Ref<TasksCol> held(this);  // a listener may let go of the collection
         for (const String& successor : In(Item(TaskKey)).SuccessorKeys()) RemoveTaskPredecessor(successor, TaskKey);
     });
 }
 
 Boolean TasksCol::ReplacePredecessor(const String& ToReplaceTaskKey, const String& NewTaskKey) {
-    return kTail.Run<Boolean>("ReplacePredecessor", [&](Boolean&) {
+    return kTail.Run<Boolean>("ReplacePredecessor", [&, NewTaskKey](Boolean&) {
         const Ref<TasksCol> held(this);  // a listener may let go of the collection
         for (const String& successor : In(Item(ToReplaceTaskKey)).SuccessorKeys()) {
             if (successor != NewTaskKey) AddTaskPredecessor(successor, NewTaskKey);

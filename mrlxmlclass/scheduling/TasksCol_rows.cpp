@@ -71,7 +71,7 @@ Boolean TasksCol::ValidPredecessors(const String& p_task, const String& p_preds,
 }
 
 Boolean TasksCol::ArrangePred(const String& newvalue, const String& TaskKey) {
-    return kTail.Run<Boolean>("ArrangePred", [&](Boolean&) {
+    return kTail.Run<Boolean>("ArrangePred", [&, newvalue, TaskKey](Boolean&) {
         const Ref<TasksCol> held(this);  // a listener may let go of the collection
         if (!Gloabal::isInteger(newvalue)) return;
         PredessorAsString(TaskKey);  // takes off what is stale
@@ -90,7 +90,7 @@ Boolean TasksCol::ArrangePred(const String& newvalue, const String& TaskKey) {
 }
 
 Boolean TasksCol::ArrangeSuccessor(const String& newvalue, const String& TaskKey) {
-    return kTail.Run<Boolean>("ArrangeSuccessor", [&](Boolean&) {
+    return kTail.Run<Boolean>("ArrangeSuccessor", [&, newvalue, TaskKey](Boolean&) {
         const Ref<TasksCol> held(this);  // a listener may let go of the collection
         if (!Gloabal::isInteger(newvalue)) return;
         SucessorAsString(TaskKey);  // takes off what is stale

@@ -104,7 +104,8 @@ inline bool Loud() {
     return !Module().g_SourcePrima;
 }
 
-/// The tail of every member of `TasksCol`: an unknown key is an ordinary answer, and silent.
+/// The tail of every member of `TasksCol`: an unknown key is an ordinary answer, and silent. A body that raises events
+/// or yields before it last uses a text captures the text by copy: a handler may write to the caller's variable.
 inline constexpr FailureTail kTasksColTail{"TasksCol", FailureTail::Gives::Empty, failure::kUnknownKey};
 
 /// Bounds a climb or a descent along the outline: damaged parents or children may form a ring. It may take a step a

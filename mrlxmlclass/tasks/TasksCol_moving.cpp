@@ -118,7 +118,7 @@ Boolean TasksCol::ChangeParent(const String& oldParentID, const String& NewParen
 Integer TasksCol::ChangeTaskParent(const String& TaskId, ByRef<String> NewParentID, const String& oldParentID,
                                    const String& /*SuccessorKey*/, const String& PredecessorKey, Boolean Indent,
                                    const String& Action, const String& source, Boolean p_first_time) {
-    return kTail.Run<Integer>("ChangeTaskParent", [&](Integer& result) {
+    return kTail.Run<Integer>("ChangeTaskParent", [&, TaskId, PredecessorKey, Action, source](Integer& result) {
         const Ref<TasksCol> held(this);  // a listener may let go of the collection
         if (TaskId.empty()) return;
         const String old_parent = oldParentID.empty() ? KeyOf(Item(TaskId)->ParentID()) : oldParentID;

@@ -68,7 +68,8 @@ struct MendingChain {
 Integer TasksCol::ChangeRemoveTaskParent(const String& TaskId, const String& NewParentID, const String& oldParentID,
                                          const String& SuccessorKey, const String& PredecessorKey, const String& source,
                                          Boolean p_first_time) {
-    return kTail.Run<Integer>("ChangeRemoveTaskParent", [&](Integer&) {
+    return kTail.Run<Integer>("ChangeRemoveTaskParent", [&, TaskId, NewParentID, oldParentID, SuccessorKey,
+                                                         PredecessorKey, source](Integer&) {
         const Ref<TasksCol> held(this);  // a listener may let go of the collection
         ChangeTaskParent(TaskId, String(NewParentID), "", SuccessorKey, PredecessorKey, False, "", "", p_first_time);
         if (!p_first_time) {

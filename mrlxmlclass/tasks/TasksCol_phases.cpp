@@ -76,7 +76,7 @@ Variant TasksCol::SetPhases() {
 }
 
 Boolean TasksCol::ChangeName(const String& TaskKey, const String& NewName, Boolean NewTask) {
-    return kTail.Run<Boolean>("ChangeName", [&](Boolean&) {
+    return kTail.Run<Boolean>("ChangeName", [&, TaskKey, NewName](Boolean&) {
         const Ref<TasksCol> held(this);  // a listener may let go of the collection
         const Long key = Item(TaskKey)->TaskKey();
         if (const auto task = Item(TaskKey); NewTask && task->TaskCondidat() && Loud()) {

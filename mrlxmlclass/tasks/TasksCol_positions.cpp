@@ -59,7 +59,7 @@ Boolean TasksCol::RemoveParentTask(const Variant& p_parent_id, const Variant& p_
 }
 
 Boolean TasksCol::ArrangePositionAfterDelete(const String& TaskId) {
-    return kTail.Run<Boolean>("ArrangePositionAfterDelete", [&](Boolean& result) {
+    return kTail.Run<Boolean>("ArrangePositionAfterDelete", [&, TaskId](Boolean& result) {
         const Ref<TasksCol> held(this);  // a listener may let go of the collection
         const Ref<TasksCls> task = Item(TaskId);
         if (!task || !task->TaskCondidat()) return;

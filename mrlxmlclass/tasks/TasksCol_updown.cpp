@@ -232,7 +232,7 @@ private:
 Variant TasksCol::MoveTaskUpOrDown(const String& TaskId, Boolean UpDown, const String& ParentID,
                                    const String& oldParentID, Boolean ChangingParent, const String& source,
                                    Boolean p_first_time) {
-    return kTail.Run<Variant>("MoveTaskUpOrDown", [&](Variant& result) {
+    return kTail.Run<Variant>("MoveTaskUpOrDown", [&, TaskId, ParentID, oldParentID, source](Variant& result) {
         const Ref<TasksCol> held(this);  // a listener may let go of the collection
         if (Module().BVersion) {
             result =
@@ -254,7 +254,7 @@ Variant TasksCol::MoveTaskUpOrDown(const String& TaskId, Boolean UpDown, const S
 Variant TasksCol::MoveTaskUpOrDowndepend(const String& TaskId, Boolean UpDown, const String& ParentID,
                                          const String& oldParentID, Boolean ChangingParent, const String& source,
                                          Boolean p_first_time) {
-    return kTail.Run<Variant>("MoveTaskUpOrDowndepend", [&](Variant&) {
+    return kTail.Run<Variant>("MoveTaskUpOrDowndepend", [&, TaskId, ParentID, oldParentID, source](Variant&) {
         const Ref<TasksCol> held(this);  // a listener may let go of the collection
         RowMove move(*this, TaskId, UpDown, ParentID, oldParentID, ChangingParent, p_first_time, /*links_stay=*/true);
         if (!p_first_time) move.Detach();
