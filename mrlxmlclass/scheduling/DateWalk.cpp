@@ -76,7 +76,7 @@ Walk<Boolean> DateWalk::DependsDateChanged(KeyText key, Date& changed_date, cons
     reached_.Add(key);
     reached_.AddParent(task->ParentID());
     const Date remembered = SetDate(task, changed_date, how, p_diff);
-    tasks_.TellDates(task, tasks_.isParent(key));
+    tasks_.TellDates(task, key);
     result = True;
     if (!module_.BVersion || !In(task).PeekSuccessor()) co_return;
 

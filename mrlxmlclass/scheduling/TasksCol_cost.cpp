@@ -14,8 +14,8 @@ Currency AsCurrency(const Variant& amount) {
     return Conversions::StringToCurrency(amount.As<String>());
 }
 
-void TellCost(TasksCol& tasks, const TasksCls& task, Currency cost) {
-    if (Loud()) tasks.Events.Raise(&TasksColEvents::RoolUpCostChange, task.TaskKey(), Variant(cost));
+void TellCost(TasksCol& tasks, KeyText key, Currency cost) {
+    if (Loud()) tasks.Events.Raise(&TasksColEvents::RoolUpCostChange, key.Number(), Variant(cost));
 }
 
 /// Rebuilds the cost of one task; gives the key of its parent.
@@ -26,7 +26,7 @@ Long AdjustOne(TasksCol& tasks, KeyText key, Boolean anew) {
     for (const Long child : children->keys) {
         task->TaskCost(task->TaskCost() + In(tasks).Item(KeyText(child))->TaskCost());
     }
-    TellCost(tasks, *task, task->TaskCost());
+    TellCost(tasks, key, task->TaskCost());
     return task->ParentID();
 }
 
@@ -59,7 +59,7 @@ Boolean TasksCol::RollUpCostChanged(const Variant& TaskKey, Currency CostDiff, B
             const Ref<TasksCls> task = In(*this).Item(key);
             if (ChangeCost && AddValue) {
                 task->TaskCost(task->TaskCost() + CostDiff);
-                TellCost(*this, *task, task->TaskCost());
+                TellCost(*this, key, task->TaskCost());
             }
             key = KeyText(task->ParentID());
         } while (key != KeyText(Long(0)));
@@ -69,20 +69,22 @@ Boolean TasksCol::RollUpCostChanged(const Variant& TaskKey, Currency CostDiff, B
 Boolean TasksCol::RolUpOneTask(const Variant& TaskKey, const Variant& CostDiff, Boolean Minus) {
     return kTail.Run<Boolean>("RolUpOneTask", [&](Boolean&) {
         const Ref<TasksCol> held(this);  // a listener may let go of the collection
-        const Ref<TasksCls> task = In(*this).Item(TaskKey.Key());
+        const KeyText key = TaskKey.Key();
+        const Ref<TasksCls> task = In(*this).Item(key);
         // Kept: what is called minus adds; a caller takes off by a negative amount.
         task->TaskCost(Minus ? AsCurrency(CostDiff) + task->TaskCost() : AsCurrency(CostDiff));
-        TellCost(*this, *task, task->TaskCost());
+        TellCost(*this, key, task->TaskCost());
     });
 }
 
 Boolean TasksCol::RollUpCostChangedImdParent(const Variant& TaskKey, Currency CostDiff, Boolean Change) {
     return kTail.Run<Boolean>("RollUpCostChangedImdParent", [&](Boolean&) {
         const Ref<TasksCol> held(this);  // a listener may let go of the collection
-        const Ref<TasksCls> task = In(*this).Item(TaskKey.Key());
+        const KeyText key = TaskKey.Key();
+        const Ref<TasksCls> task = In(*this).Item(key);
         if (Change) {
             task->TaskCostUp(task->TaskCostUp() + CostDiff);
-            TellCost(*this, *task, task->TaskCostUp());
+            TellCost(*this, key, task->TaskCostUp());
         }
         // Kept: the parents are climbed, and nothing changes there.
         if (task->ParentID() != 0) RollUpCostChanged(task->ParentID(), CostDiff, /*ChangeCost=*/False);
@@ -94,7 +96,7 @@ Boolean TasksCol::ChangePercentDone(const String& p_task_id, Integer p_TaskPerce
         const Ref<TasksCol> held(this);  // a listener may let go of the collection
         const Ref<TasksCls> task = Item(p_task_id);
         task->TaskPercentDone(p_TaskPercentDone);
-        if (Loud()) Events.Raise(&TasksColEvents::CompletedChange, task->TaskKey(), p_TaskPercentDone);
+        if (Loud()) Events.Raise(&TasksColEvents::CompletedChange, KeyNumber(p_task_id), p_TaskPercentDone);
     });
 }
 

@@ -235,8 +235,8 @@ Boolean TasksCol::SetPredSucByPos(Integer p_pos, const String& p_task_key, Boole
             if (!next.empty()) AddTaskPredecessor(next, key);
         } else {
             task->TaskBDate(task->ParentID() != 0 ? Item(task->ParentID())->TaskBDate() : Platform().clock.Today());
-            In(*this).TellStart(task, isParent(key));
-            In(*this).TellEnd(task, isParent(key));
+            In(*this).TellStart(task, key);
+            In(*this).TellEnd(task, key);
             if (!next.empty()) {
                 const String parent_key = KeyText(task->ParentID()).text();
                 if (Item(next)->isPredecessor(parent_key)) RemoveTaskPredecessor(next, parent_key);

@@ -29,16 +29,15 @@ struct DateRollUp {
     /// Widens a parent to the dates of its child.
     void Widen(const Ref<TasksCls>& task, KeyText parent_key) {
         const Ref<TasksCls> parent = In(col).Item(parent_key);
-        const Boolean is_parent = In(col).isParent(parent_key);
         if (task->TaskBDate() < parent->TaskBDate() || !parent->TaskBDate().set()) {
             parent->TaskBDate(task->TaskBDate());
-            In(col).TellStart(parent, is_parent);
+            In(col).TellStart(parent, parent_key);
             parent->TaskEDate(task->TaskEDate());
-            In(col).TellEnd(parent, is_parent);
+            In(col).TellEnd(parent, parent_key);
         }
         if (task->TaskEDate() > parent->TaskEDate()) {
             parent->TaskEDate(task->TaskEDate());
-            In(col).TellEnd(parent, is_parent);
+            In(col).TellEnd(parent, parent_key);
         }
     }
 };
@@ -70,10 +69,11 @@ Boolean TasksCol::RolUpOneDate(const Variant& TaskKey, const Variant& ParentKey,
                 parent->TaskEDate(task->TaskEDate());
                 parent->TaskBDate(task->TaskBDate());
             }
-            In(*this).TellTaskDuration(parent, True);  // Kept: even a silenced host hears this one.
-            In(*this).TellDuration(parent, True);
-            In(*this).TellEnd(parent, True);
-            In(*this).TellStart(parent, True);
+            // Kept: even a silenced host hears this one.
+            In(*this).TellTaskDuration(parent, parent_key, /*summary=*/true);
+            In(*this).TellDuration(parent, parent_key, /*summary=*/true);
+            In(*this).TellEnd(parent, parent_key, /*summary=*/true);
+            In(*this).TellStart(parent, parent_key, /*summary=*/true);
             key = parent_key;
             parent_key = KeyText(parent->ParentID());
         } while (parent_key != KeyText(Long(0)));

@@ -22,11 +22,10 @@ Date Shifted(Date start, Double shift) {
 
 /// Kept: the unit is told as days, whatever it is.
 void TellInDays(TasksCol& tasks, const Ref<TasksCls>& task, KeyText key) {
-    const Boolean is_parent = In(tasks).isParent(key);
-    In(tasks).TellStart(task, is_parent);
+    In(tasks).TellStart(task, key);
     if (!Loud()) return;
-    tasks.Events.Raise(&TasksColEvents::DateEndChange, task->TaskKey(), task->TaskEDate(), task->TaskMilstones(),
-                       is_parent, String("days"));
+    tasks.Events.Raise(&TasksColEvents::DateEndChange, key.Number(), task->TaskEDate(), task->TaskMilstones(),
+                       TasksCol::Internal::IsParent(task, key), String("days"));
 }
 
 /// Moves the anchors of the plan: its top level, or what of that `anchors` says.

@@ -47,10 +47,10 @@ Long AdjustOne(TasksCol::Internal& tasks, KeyText key, Boolean anew, const Ref<T
     if (summary->TaskDuration() == 0 && !summary->TaskBDate().set()) summary->TaskBDate(Platform().clock.Today());
     summary->TaskLag(tasks.CalcLeadTime(summary));  // Kept: 0 without live links.
     summary->TaskMilstones(summary->TaskEDate() == summary->TaskBDate() && summary->TaskDuration() == 0);
-    tasks.TellDuration(summary, True);
-    tasks.TellTaskDuration(summary, True);  // Kept: even a silenced host hears this one.
-    tasks.TellEnd(summary, True);
-    tasks.TellStart(summary, True);
+    tasks.TellDuration(summary, key, /*summary=*/true);
+    tasks.TellTaskDuration(summary, key, /*summary=*/true);  // Kept: even a silenced host hears this one.
+    tasks.TellEnd(summary, key, /*summary=*/true);
+    tasks.TellStart(summary, key, /*summary=*/true);
     if (copies) {
         const Ref<TasksCls> copy = In(*copies).Item(key);
         In(copy).StoreStart(summary->TaskBDate());

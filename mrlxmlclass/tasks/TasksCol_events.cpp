@@ -2,34 +2,34 @@
 
 namespace mrlxmlclass {
 
-void TasksCol::Internal::TellStart(const Ref<TasksCls>& task, Boolean is_parent) {
+void TasksCol::Internal::TellStart(const Ref<TasksCls>& task, KeyText key, bool summary) {
     if (!Loud()) return;
-    self_.Events.Raise(&TasksColEvents::DateStartChange, task->TaskKey(), task->TaskBDate(), task->TaskMilstones(),
-                       is_parent);
+    self_.Events.Raise(&TasksColEvents::DateStartChange, key.Number(), task->TaskBDate(), task->TaskMilstones(),
+                       summary || IsParent(task, key));
 }
 
-void TasksCol::Internal::TellEnd(const Ref<TasksCls>& task, Boolean is_parent) {
+void TasksCol::Internal::TellEnd(const Ref<TasksCls>& task, KeyText key, bool summary) {
     if (!Loud()) return;
-    self_.Events.Raise(&TasksColEvents::DateEndChange, task->TaskKey(), task->TaskEDate(), task->TaskMilstones(),
-                       is_parent, In(task).Unit().name);
+    self_.Events.Raise(&TasksColEvents::DateEndChange, key.Number(), task->TaskEDate(), task->TaskMilstones(),
+                       summary || IsParent(task, key), In(task).Unit().name);
 }
 
-void TasksCol::Internal::TellDuration(const Ref<TasksCls>& task, Boolean is_parent) {
+void TasksCol::Internal::TellDuration(const Ref<TasksCls>& task, KeyText key, bool summary) {
     if (!Loud()) return;
-    self_.Events.Raise(&TasksColEvents::DurationChange, task->TaskKey(), task->TaskDuration(), In(task).Unit().name,
-                       task->TaskMilstones(), is_parent);
+    self_.Events.Raise(&TasksColEvents::DurationChange, key.Number(), task->TaskDuration(), In(task).Unit().name,
+                       task->TaskMilstones(), summary || IsParent(task, key));
 }
 
-void TasksCol::Internal::TellTaskDuration(const Ref<TasksCls>& task, Boolean is_parent) {
-    self_.Events.Raise(&TasksColEvents::TaskDurationChange, task->TaskKey(), task->TaskDuration(), In(task).Unit().name,
-                       task->TaskMilstones(), is_parent);
+void TasksCol::Internal::TellTaskDuration(const Ref<TasksCls>& task, KeyText key, bool summary) {
+    self_.Events.Raise(&TasksColEvents::TaskDurationChange, key.Number(), task->TaskDuration(), In(task).Unit().name,
+                       task->TaskMilstones(), summary || IsParent(task, key));
 }
 
-void TasksCol::Internal::TellDates(const Ref<TasksCls>& task, Boolean is_parent) {
-    TellStart(task, is_parent);
-    TellEnd(task, is_parent);
-    TellDuration(task, is_parent);
-    TellTaskDuration(task, is_parent);  // Kept: even a silenced host hears this one.
+void TasksCol::Internal::TellDates(const Ref<TasksCls>& task, KeyText key) {
+    TellStart(task, key);
+    TellEnd(task, key);
+    TellDuration(task, key);
+    TellTaskDuration(task, key);  // Kept: even a silenced host hears this one.
 }
 
 }  // namespace mrlxmlclass

@@ -30,8 +30,10 @@ public:
     Ref<TasksCls> Item(KeyText key) const { return key == KeyText(Long(0)) ? Ref<TasksCls>() : Find(key); }
     bool isParent(KeyText key) const {
         const Ref<TasksCls> task = key.Number() != 0 ? Item(key) : Ref<TasksCls>();
-        return task && In(task).HasChildren();
+        return task && IsParent(task, key);
     }
+    /// The same of a task that stands under that key.
+    static bool IsParent(const Ref<TasksCls>& task, KeyText key) { return In(task).HasChildren() && key.Number() != 0; }
 
     /// The number of tasks with `TaskCondidat` True, counted anew only when a task or such a flag changed.
     Long ValidTasks();
@@ -70,14 +72,15 @@ public:
     Boolean RemoveLinkedTask(const String& TaskId, const String& ParentID = {}, const Variant& ForSimilair = False,
                              const String& SupKey = {});
 
-    /// Tell the host a task's dates and duration as they stand, unless it is silenced.
-    void TellStart(const Ref<TasksCls>& task, Boolean is_parent);
-    void TellEnd(const Ref<TasksCls>& task, Boolean is_parent);
-    void TellDuration(const Ref<TasksCls>& task, Boolean is_parent);
+    /// Tell the host a task's dates, duration and flags as they stand, unless it is silenced: under the key that the
+    /// operation was asked for, and as a parent, a `summary` always.
+    void TellStart(const Ref<TasksCls>& task, KeyText key, bool summary = false);
+    void TellEnd(const Ref<TasksCls>& task, KeyText key, bool summary = false);
+    void TellDuration(const Ref<TasksCls>& task, KeyText key, bool summary = false);
     /// Whether a silenced host hears this one is the caller's matter.
-    void TellTaskDuration(const Ref<TasksCls>& task, Boolean is_parent);
+    void TellTaskDuration(const Ref<TasksCls>& task, KeyText key, bool summary = false);
     /// These four in this order, the last one to a silenced host too.
-    void TellDates(const Ref<TasksCls>& task, Boolean is_parent);
+    void TellDates(const Ref<TasksCls>& task, KeyText key);
 
     /// The highest row in the outline; 0 when it is empty.
     Integer GetMaxPos();

@@ -25,8 +25,7 @@ void SetFirstStart(TasksCol& tasks, const Ref<TasksCls>& task, bool first_row) {
 }
 
 /// The successors of a milestone follow its new end.
-void MoveSuccessors(TasksCol& tasks, const Ref<TasksCls>& milestone) {
-    const String key = KeyText(milestone->TaskKey()).text();
+void MoveSuccessors(TasksCol& tasks, const Ref<TasksCls>& milestone, const String& key) {
     for (const String& successor : In(milestone).SuccessorKeys()) {
         const Ref<TasksCls> task = tasks.Item(successor);
         if (task && !task->isPredecessor(key)) continue;
@@ -34,6 +33,14 @@ void MoveSuccessors(TasksCol& tasks, const Ref<TasksCls>& milestone) {
         tasks.AdjustDate(successor, milestone, lead, /*LeadTimeCalc=*/True, /*AdjustOtherDate=*/True,
                          /*adjustParent=*/True, {}, /*p_do_same_parent=*/True);
     }
+}
+
+/// Tells a task's dates where no walk does. A handler may silence the rest.
+void TellDatesIfLoud(TasksCol& tasks, const Ref<TasksCls>& task, KeyText key) {
+    In(tasks).TellStart(task, key);
+    In(tasks).TellEnd(task, key);
+    In(tasks).TellDuration(task, key);
+    if (Loud()) In(tasks).TellTaskDuration(task, key);
 }
 
 }  // namespace
@@ -58,7 +65,7 @@ Ref<Collection> TasksCol::Phases() {
         if (!phases_) phases_ = Make<Collection>();
         const auto unsorted = phases_->Snapshot();
         const auto order = HeapOrder(unsorted.size(), [&](std::size_t place) {
-            return std::int64_t{In(*this).Find(unsorted[place].item.Key())->TaskSubPosition()};
+            return std::int64_t{In(*this).Item(unsorted[place].item.Key())->TaskSubPosition()};
         });
         result = Make<Collection>();
         for (const std::size_t place : order) result->Add(unsorted[place].item, unsorted[place].key);
@@ -78,13 +85,13 @@ Variant TasksCol::SetPhases() {
 Boolean TasksCol::ChangeName(const String& TaskKey, const String& NewName, Boolean NewTask) {
     return kTail.Run<Boolean>("ChangeName", [&, TaskKey, NewName](Boolean&) {
         const Ref<TasksCol> held(this);  // a listener may let go of the collection
-        const Long key = Item(TaskKey)->TaskKey();
+        const Long key = KeyNumber(TaskKey);
         if (const auto task = Item(TaskKey); NewTask && task->TaskCondidat() && Loud()) {
             Events.Raise(&TasksColEvents::TaskInserted, key, KeyText(task->ParentID()).text(), task->TaskPosition());
         }
         Item(TaskKey)->TaskName(NewName);
         if (Loud()) Events.Raise(&TasksColEvents::TaskNameChanged, key, NewName);
-        if (Loud()) In(*this).TellDates(Item(TaskKey), isParent(TaskKey));
+        TellDatesIfLoud(*this, Item(TaskKey), TaskKey);
     });
 }
 
@@ -97,7 +104,7 @@ Boolean TasksCol::SetNewCondidat(Integer p_pos, const String& p_task_key) {
         const String parent = KeyText(task->ParentID()).text();
         SetFirstStart(*this, task, first_row);
         if (first_row && task->ParentID() != 0) RemoveAllTaskPredecessor(parent);
-        if (Loud()) In(*this).TellDates(task, isParent(key));
+        TellDatesIfLoud(*this, task, key);
         // Kept: at the top this tells of a parent 0.
         if (first_row && Loud()) Events.Raise(&TasksColEvents::IamASummary, KeyNumber(parent), True);
         result = True;
@@ -114,8 +121,8 @@ Boolean TasksCol::SeTAsMilstones(const Ref<TasksCol>& oTaskCol, const Variant& o
         task->TaskDuration(0);
         task->TaskEDate(task->TaskBDate());
         task->TaskDurationUnit(Gloabal::unitvalid("d"));
-        if (Loud()) In(*this).TellDates(task, False);
-        if (Module().BVersion) MoveSuccessors(*this, task);
+        TellDatesIfLoud(*this, task, key);
+        if (Module().BVersion) MoveSuccessors(*this, task, key);
         if (task->ParentID() != 0) {
             const String parent = KeyText(task->ParentID()).text();
             if (isParent(parent)) SummaryTaskDateChanged2(parent, Item(parent)->TaskBDate());

@@ -112,7 +112,7 @@ Boolean TasksCol::ArrangePositionAfterInsert(const String& TaskId, ByRef<Integer
         }
         if (!task->TaskName().empty() && Loud()) {
             // Kept: this event carries the place within the parent, not the row.
-            Events.Raise(&TasksColEvents::TaskInserted, task->TaskKey(), KeyText(task->ParentID()).text(),
+            Events.Raise(&TasksColEvents::TaskInserted, KeyNumber(TaskId), KeyText(task->ParentID()).text(),
                          task->TaskSubPosition());
         }
         result = True;

@@ -211,5 +211,48 @@ TEST(DependsDateChanged, GoesToItsEndUnderAHostThatLetsGoOfTheSession) {
     EXPECT_FALSE(app);
 }
 
+// --- What an event tells ---------------------------------------------------------------------------------------------
+
+TEST(DependsDateChanged, AsksAtEachEventWhetherTheTaskIsAParent) {
+    Houses plan;
+    const Interruption host(plan, "DateStartChange", 4, [&] { plan.col().RemoveParentTask("4", "5"); });
+    plan.col().DependsDateChanged("4", Wednesday, 1);
+    Told before{.key = 4, .start = Wednesday, .end = Wednesday, .duration = 1, .parent = True};
+    Told after = before;
+    after.parent = False;
+    EXPECT_EQ(plan.Heard(), before.Start() + after.Moved().substr(after.Start().size()));
+}
+
+TEST(RollUpDateChanged, AsksAtEachEventWhetherTheTaskIsAParent) {
+    Houses plan;
+    plan.About("Shed").Holding(Monday - 7, Monday, 6);
+    const Interruption host(plan, "DateStartChange", 4, [&] { plan.col().RemoveParentTask("4", "5"); });
+    plan.col().RollUpDateChanged("5", {});
+    const String heard = plan.Heard();
+    EXPECT_TRUE(
+        heard.starts_with("DateStartChange(4, 2026-02-23, False, True)\n"
+                          "DateEndChange(4, 2026-03-02, False, False, days)\n"))
+        << heard;
+    plan.failures.Taken();
+}
+
+TEST(TasksColOperations, TellOfDatesTheKeyThatTheyWereAskedFor) {
+    Plan plan;
+    plan.WithLinks();
+    plan.col().Add("77")->TaskBDate(Monday);
+    plan.Heard();
+    plan.col().DependsDateChanged("77", Wednesday, 1);
+    EXPECT_EQ(plan.Heard(), Moved(77, Wednesday, Wednesday, 1));
+    plan.col().AdjustSummary("77");
+    EXPECT_EQ(plan.Heard(), Summed(77, Wednesday, Wednesday, 1));
+    plan.Task("Child").From(Tuesday);
+    plan["Child"].ParentID(77);
+    plan.col().RolUpOneDate(plan.Key("Child"), "77");
+    EXPECT_EQ(plan.Heard(),
+              "TaskDurationChange(77, 1, days, False, True)\nDurationChange(77, 1, days, False, True)\n"
+              "DateEndChange(77, 2026-03-03, False, True, days)\n"
+              "DateStartChange(77, 2026-03-03, False, True)\n");
+}
+
 }  // namespace
 }  // namespace mrlxmlclass

@@ -141,5 +141,18 @@ TEST(AdjustCost, SumsWhatAListenerMadeOfTheCostsAbove) {
     EXPECT_EQ(plan.Heard(), "RoolUpCostChange(2, 30)\nRoolUpCostChange(1, 31)\n");
 }
 
+TEST(TasksColOperations, TellOfCostsAndProgressTheKeyThatTheyWereAskedFor) {
+    Plan plan;
+    plan.col().Add("77")->TaskCost(5);
+    plan.col().AdjustCost("77");
+    plan.col().RollUpCostChanged("77", 1, True, True);
+    plan.col().RolUpOneTask("77", 3);
+    plan.col().RollUpCostChangedImdParent("77", 4);
+    plan.col().ChangePercentDone("77", 50);
+    EXPECT_EQ(plan.Heard(),
+              "RoolUpCostChange(77, 5)\nRoolUpCostChange(77, 6)\nRoolUpCostChange(77, 3)\nRoolUpCostChange(77, 4)\n"
+              "CompletedChange(77, 50)\n");
+}
+
 }  // namespace
 }  // namespace mrlxmlclass

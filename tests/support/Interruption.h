@@ -28,6 +28,7 @@ public:
     void RoolUpCostChange(Long key, const Variant&) override { Heard("RoolUpCostChange", key); }
     void AssigmentChange(Long key, const String&) override { Heard("AssigmentChange", key); }
     void PredecessorChange(Long key, const String&) override { Heard("PredecessorChange", key); }
+    void SucessorChange(Long key, const String&) override { Heard("SucessorChange", key); }
     void IamASummary(Long key, Boolean) override { Heard("IamASummary", key); }
 
 private:

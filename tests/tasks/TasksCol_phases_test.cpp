@@ -1,7 +1,9 @@
 #include <gtest/gtest.h>
 
 #include "mrlxmlclass/tasks/TasksCol_internal.h"
+#include "tests/support/Interruption.h"
 #include "tests/support/Outlines.h"
+#include "tests/support/Told.h"
 
 namespace mrlxmlclass {
 namespace {
@@ -198,6 +200,58 @@ TEST(ChangeName, EndsWhenAListenerTookTheTaskAway) {
     plan.col().ChangeName("1", "Gone");
     EXPECT_EQ(plan.Heard(), "TaskNameChanged(1, Gone)\n");
     EXPECT_EQ(plan.failures.Taken(), "TasksCol/ChangeName 91\n");
+}
+
+TEST(Phases, TakesATaskFiledUnderZeroForNone) {
+    Plan plan;
+    plan.Task("A");
+    const auto keyless = Make<TasksCls>();
+    In(plan.col()).File(KeyText("0"), keyless);
+    plan.col().SetPhases();
+    EXPECT_FALSE(plan.col().Phases());
+    EXPECT_EQ(plan.failures.Taken(), "TasksCol/Phases 91\n");
+}
+
+TEST(ChangeName, TellsTheKeyThatItWasAskedFor) {
+    Plan plan;
+    plan.col().Add("7");
+    plan.col().ChangeName("7", "N", True);
+    EXPECT_EQ(plan.Heard(),
+              "TaskInserted(7, 0, 0)\n"
+              "TaskNameChanged(7, N)\n"
+              "DateStartChange(7, -, False, False)\n"
+              "DateEndChange(7, -, False, False, days)\n"
+              "DurationChange(7, 0, days, False, False)\n"
+              "TaskDurationChange(7, 0, days, False, False)\n");
+}
+
+TEST(ChangeName, AsksTheFlagsOfTheTaskAtEachEvent) {
+    Plan plan;
+    plan.Task("A").From(Monday).Task("B");
+    const Interruption host(plan, "DateStartChange", 1, [&] { plan.col().AddParentTask("1", "2"); });
+    plan.col().ChangeName("1", "N");
+    const Told before{.key = 1, .start = Monday, .end = Monday, .duration = 1};
+    Told after = before;
+    after.parent = True;
+    EXPECT_EQ(plan.Heard(), "TaskNameChanged(1, N)\n" + before.Start() + after.Moved().substr(after.Start().size()));
+}
+
+/// The operations that tell a task's dates of their own accord, not because a date walk came by.
+TEST(TasksColOperations, TellNothingMoreOnceAHandlerHasSilencedThem) {
+    const std::pair<const char*, std::function<void(TasksCol&)>> operations[] = {
+        {"name", [](TasksCol& col) { col.ChangeName("1", "N"); }},
+        {"row", [](TasksCol& col) { col.SetNewCondidat(1); }},
+        {"milestone", [](TasksCol& col) { col.SeTAsMilstones(Ref<TasksCol>(&col), "1"); }},
+    };
+    for (const auto& [name, call] : operations) {
+        Plan plan;
+        plan.Task("A").From(Monday);
+        const Interruption host(plan, "DateStartChange", 1, [] { Module().g_SourcePrima = True; });
+        call(plan.col());
+        const String heard = plan.Heard();
+        EXPECT_NE(heard.find("DateStartChange(1, "), String::npos) << name;
+        EXPECT_EQ(heard.find("DurationChange"), String::npos) << name << ": " << heard;
+    }
 }
 
 }  // namespace
