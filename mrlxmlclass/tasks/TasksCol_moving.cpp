@@ -121,6 +121,7 @@ Integer TasksCol::ChangeTaskParent(const String& TaskId, ByRef<String> NewParent
     return kTail.Run<Integer>("ChangeTaskParent", [&, TaskId, PredecessorKey, Action, source](Integer& result) {
         const Ref<TasksCol> held(this);  // a listener may let go of the collection
         if (TaskId.empty()) return;
+        if (!Item(TaskId)) Raise(failure::kNothing);
         const String old_parent = oldParentID.empty() ? KeyOf(Item(TaskId)->ParentID()) : oldParentID;
         Reparenting move{*this, TaskId, *NewParentID, old_parent, PredecessorKey, Indent};
         if (!move.to_top() && !p_first_time && Module().BVersion) move.FreeLinksOfParent();

@@ -71,6 +71,7 @@ Integer TasksCol::ChangeRemoveTaskParent(const String& TaskId, const String& New
     return kTail.Run<Integer>("ChangeRemoveTaskParent", [&, TaskId, NewParentID, oldParentID, SuccessorKey,
                                                          PredecessorKey, source](Integer&) {
         const Ref<TasksCol> held(this);  // a listener may let go of the collection
+        if (!Item(TaskId)) Raise(failure::kNothing);
         ChangeTaskParent(TaskId, String(NewParentID), "", SuccessorKey, PredecessorKey, False, "", "", p_first_time);
         if (!p_first_time) {
             const MendingChain chain{*this, TaskId, NewParentID, oldParentID, SuccessorKey, PredecessorKey};

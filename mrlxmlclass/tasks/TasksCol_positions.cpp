@@ -99,6 +99,7 @@ Boolean TasksCol::ArrangePositionAfterInsert(const String& TaskId, ByRef<Integer
     return kTail.Run<Boolean>("ArrangePositionAfterInsert", [&](Boolean& result) {
         const Ref<TasksCol> held(this);  // a listener may let go of the collection
         const Ref<TasksCls> task = Item(TaskId);
+        if (!task) Raise(failure::kNothing);
         if (*oldPos != 0) {
             MakeWay(*this, task, *oldPos);
         } else if (Descending != 0) {

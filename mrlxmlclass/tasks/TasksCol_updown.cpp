@@ -19,7 +19,7 @@ public:
           changing_(bool(changing)),
           in_batch_(bool(in_batch)),
           links_stay_(links_stay) {
-        if (!task() || (KeyNumber(parent) != 0 && !tasks.Item(parent))) Raise(failure::kNothing);
+        if (!task()) Raise(failure::kNothing);
     }
 
     /// Takes the links of the old place out of the way and learns the neighbours from them.
@@ -42,6 +42,7 @@ public:
         } else if (up_ || old_parent_.empty()) {
             DetachPassedRow();
         }
+        NeedParent();
         if (KeyNumber(parent_) != 0) {
             if (!tasks_.isParent(parent_)) TakeOutPredecessorsOf(parent_);
             if (up_) {
@@ -114,6 +115,10 @@ public:
 
 private:
     Ref<TasksCls> task() const { return tasks_.Item(key_); }
+    /// A new parent that is no task ends the move where it is needed, with what has been done so far.
+    void NeedParent() const {
+        if (KeyNumber(parent_) != 0 && !tasks_.Item(parent_)) Raise(failure::kNothing);
+    }
 
     std::vector<String> SuccessorsOf(const String& key) const {
         const Ref<TasksCls> of = tasks_.Item(key);
@@ -184,8 +189,9 @@ private:
         }
     }
 
-    /// How far the new parent stands behind the old one; 0 where either is no task.
+    /// How far the new parent stands behind the old one; 0 where either is the top or the old one no task.
     Long RowsBetweenParents() const {
+        NeedParent();
         const Ref<TasksCls> parent = tasks_.Item(parent_);
         const Ref<TasksCls> old_parent = tasks_.Item(old_parent_);
         return parent && old_parent ? Long(parent->TaskPosition() - old_parent->TaskPosition()) : Long(0);
@@ -194,6 +200,7 @@ private:
     void Reparent() {
         task()->ParentID(KeyNumber(parent_));
         FileUnderParent();
+        NeedParent();
     }
     void FileUnderParent() {
         tasks_.AddParentTask(parent_, key_);

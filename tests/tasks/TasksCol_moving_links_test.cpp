@@ -128,5 +128,17 @@ TEST(ChangeTaskParent, SplicesATaskBehindAPredecessorThatWaitsItself) {
     EXPECT_EQ(DayName(plan["Door"].TaskBDate()), DayName(Wednesday));
 }
 
+TEST(ChangeTaskParent, LeavesTheParentsSuccessorsWhenTheTaskIsNotThere) {
+    LinkingPlan plan;
+    plan.Task("A").From(Monday).Task("B").From(Tuesday).After("A").Task("C");
+    const String links = Links(plan);
+    for (const char* old_parent : {"3", "0", ""}) {
+        EXPECT_EQ(plan.col().ChangeTaskParent("77", String("1"), old_parent, "", "2", True, "indent"), 0);
+        EXPECT_EQ(plan.failures.Taken(), "TasksCol/ChangeTaskParent 91\n");
+    }
+    EXPECT_EQ(Links(plan), links);
+    EXPECT_EQ(plan.Heard(), "");
+}
+
 }  // namespace
 }  // namespace mrlxmlclass

@@ -193,13 +193,21 @@ TEST(ChangeRemoveTaskParent, KeepsTellingTheTopThatItIsNoSummaryWithoutAnOldPare
               Costs(1, 100) + Costs(1, 100) + "IamASummary(0, False)\nIamASummary(0, False)\nOutented(3, 0, , grid)\n");
 }
 
-TEST(ChangeRemoveTaskParent, RecordsATaskThatIsNotThere) {
-    RoofAndDoor<Plan> plan;
+TEST(ChangeRemoveTaskParent, RecordsATaskThatIsNotThereAndDoesNothingElse) {
+    RoofAndDoor<LinkingPlan> plan;
     const String before = Family(plan);
-    EXPECT_EQ(plan.col().ChangeRemoveTaskParent("77", "0", "1", "", "", "grid"), 0);
-    EXPECT_EQ(plan.failures.Taken(), "TasksCol/ChangeTaskParent 91\nTasksCol/ChangeRemoveTaskParent 91\n");
+    const String links = Links(plan);
+    for (const char* parent : {"0", "1"}) {
+        for (const char* old_parent : {"1", "2", "0", ""}) {
+            for (const bool batch : {true, false}) {
+                EXPECT_EQ(plan.col().ChangeRemoveTaskParent("77", parent, old_parent, "3", "2", "grid", batch), 0);
+                EXPECT_EQ(plan.failures.Taken(), "TasksCol/ChangeRemoveTaskParent 91\n");
+                EXPECT_EQ(plan.Heard(), "") << parent << " " << old_parent;
+            }
+        }
+    }
     EXPECT_EQ(Family(plan), before);
-    EXPECT_EQ(plan.Heard().find("Outented"), String::npos);
+    EXPECT_EQ(Links(plan), links);
 }
 
 TEST(ChangeRemoveTaskParent, TellsASilencedHostTheDurationsAlone) {

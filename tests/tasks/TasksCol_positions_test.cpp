@@ -203,9 +203,13 @@ TEST(ArrangePositionAfterInsert, KeepsTellingThePlaceWithinTheParent) {
 
 TEST(ArrangePositionAfterInsert, RecordsAnUnknownTask) {
     FiveRows plan;
-    EXPECT_FALSE(plan.col().ArrangePositionAfterInsert("77"));
-    EXPECT_EQ(plan.failures.Taken(), "TasksCol/ArrangePositionAfterInsert 91\n");
-    EXPECT_EQ(Rows(plan.col()), "A1 B2 C3 D4 E5");
+    for (const int old_row : {0, 2}) {
+        for (const int hole : {0, 2}) {
+            EXPECT_FALSE(plan.col().ArrangePositionAfterInsert("77", Integer(old_row), hole));
+            EXPECT_EQ(plan.failures.Taken(), "TasksCol/ArrangePositionAfterInsert 91\n");
+            EXPECT_EQ(Rows(plan.col()), "A1 B2 C3 D4 E5") << old_row << " " << hole;
+        }
+    }
 }
 
 /// Puts a task under a parent, as a move does before it finds the row.
@@ -307,6 +311,13 @@ TEST(ArrangePosition, EndsInARing) {
     plan.Task("Last");
     EXPECT_FALSE(plan.col().ArrangePosition(1, 2, 2));
     EXPECT_NE(plan.failures.Taken().find("TasksCol/GetTaskAndSubNumber 28\n"), String::npos);
+}
+
+TEST(ArrangePositionAfterInsert, TellsTheKeyThatItWasAskedFor) {
+    Plan plan;
+    plan.col().Add("77")->TaskName("Z");
+    plan.col().ArrangePositionAfterInsert("77");
+    EXPECT_EQ(plan.Heard(), "TaskInserted(77, 0, 0)\n");
 }
 
 }  // namespace

@@ -172,5 +172,44 @@ TEST(MoveTaskUpOrDowndepend, SurvivesACycleOfLinksAndOneThatLeadsNowhere) {
     plan.Heard();
 }
 
+TEST(MoveTaskUpOrDowndepend, TellsItsOwnLinksBeforeItStopsAtAParentThatIsNotThere) {
+    for (const bool up : {true, false}) {
+        FourInARow plan;
+        plan.col().MoveTaskUpOrDowndepend("2", up, "77", "0", True, "grid");
+        EXPECT_EQ(plan.failures.Taken(), "TasksCol/MoveTaskUpOrDowndepend 91\n");
+        EXPECT_EQ(plan.Heard().substr(0, 48), "PredecessorChange(3, 2)\nPredecessorChange(2, 1)\n");
+        EXPECT_EQ(plan["B"].ParentID(), 0);
+    }
+}
+
+TEST(MoveTaskUpOrDowndepend, StoresAParentThatIsNotThereWhenABatchMovesDown) {
+    Plan plan;
+    plan.WithLinks().Task("Old").Task("T").Under("Old").From(Monday);
+    Settle(plan, {"Old"});
+    plan.col().MoveTaskUpOrDowndepend("2", False, "77", "1", True, "grid", True);
+    EXPECT_EQ(plan.failures.Taken(), "TasksCol/MoveTaskUpOrDowndepend 91\n");
+    EXPECT_EQ(plan["T"].ParentID(), 77);
+    EXPECT_EQ(Listed(In(plan["Old"]).Tasks()), "");
+    EXPECT_EQ(plan.Heard(), "");
+}
+
+TEST(MoveTaskUpOrDowndepend, StopsABatchThatMovesUpToAParentThatIsNotThere) {
+    Plan plan;
+    plan.WithLinks().Task("Old").Task("T").Under("Old").From(Monday);
+    Settle(plan, {"Old"});
+    plan.col().MoveTaskUpOrDowndepend("2", True, "77", "1", True, "grid", True);
+    EXPECT_EQ(plan.failures.Taken(), "TasksCol/MoveTaskUpOrDowndepend 91\n");
+    EXPECT_EQ(plan["T"].ParentID(), 1);
+    EXPECT_EQ(plan.Heard(), "");
+}
+
+TEST(MoveTaskUpOrDowndepend, NeedsNoParentForABatchThatStaysUnderItsOwn) {
+    FourInARow plan;
+    plan.col().MoveTaskUpOrDowndepend("2", False, "77", "0", False, "grid", True);
+    EXPECT_EQ(plan.failures.Taken(), "");
+    EXPECT_EQ(plan["B"].ParentID(), 0);
+    plan.Heard();
+}
+
 }  // namespace
 }  // namespace mrlxmlclass
