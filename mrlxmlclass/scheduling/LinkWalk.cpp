@@ -10,29 +10,40 @@ constexpr auto kTail = kTasksColTail;
 }  // namespace
 
 void LinkList::Add(const TasksCls& task) {
-    if (!text.empty()) text += ", ";
+    if (any_) text += ", ";
+    any_ = true;
     text += by_name_ ? task.TaskName() : KeyText(task.TaskPosition()).text();
 }
 
-// Each side is taken off on its own, so that a one-sided link is cured too. Kept: where there is no link at all the lag
-// goes to 0 and the host is told all the same.
+// Each side is taken off on its own, so that a one-sided link is cured too.
+void LinkWalk::Cut(KeyText key, KeyText predecessor_key) {
+    const Ref<TasksCls> task = tasks_.Item(key);
+    const Ref<TasksCls> predecessor = tasks_.Item(predecessor_key);
+    if (task && In(task).HasPredecessor(predecessor_key)) task->TaskPredecessor()->Remove(predecessor_key.text());
+    if (predecessor && In(predecessor).HasSuccessor(key)) predecessor->TaskSuccessor()->Remove(key.text());
+    task->TaskLag(0);  // An absent task ends the operation here.
+    col_.RemoveLeadTime(key.text(), predecessor_key.text(), 0);
+}
+
+void LinkWalk::TakeOff(KeyText key, KeyText predecessor_key) {
+    if (over()) {
+        kTail.Run("RemoveTaskPredecessor", [&] { Cut(key, predecessor_key); });
+    } else {
+        RemoveTaskPredecessor(key, predecessor_key).Run();
+    }
+}
+
+// Kept: where there is no link at all the lag goes to 0 and the host is told all the same.
 Walk<Boolean> LinkWalk::RemoveTaskPredecessor(KeyText key, KeyText predecessor_key) {
     auto& result = co_await kTail.Begin("RemoveTaskPredecessor");
     if (over()) co_return;
     ++removals_;
     if (over()) Raise(failure::kEndlessWalk);
-    const Ref<TasksCls> task = tasks_.Item(key);
-    const Ref<TasksCls> predecessor = tasks_.Item(predecessor_key);
-    const String task_text = key.text();
-    const String predecessor_text = predecessor_key.text();
-    if (task && In(task).HasPredecessor(predecessor_key)) task->TaskPredecessor()->Remove(predecessor_text);
-    if (predecessor && In(predecessor).HasSuccessor(key)) predecessor->TaskSuccessor()->Remove(task_text);
-
-    task->TaskLag(0);  // An absent task ends the operation here.
-    col_.RemoveLeadTime(task_text, predecessor_text, 0);
+    Cut(key, predecessor_key);
     Platform().ui.YieldToHost();
     if (Loud()) {  // The reverse of the order in which adding tells the two sides.
         const Long number = key.Number();
+        const String predecessor_text = predecessor_key.text();
         col_.Events.Raise(&TasksColEvents::SucessorChange, predecessor_key.Number(),
                           col_.SucessorAsString(predecessor_text));
         auto waits_for = PredessorAsString(key);

@@ -14,6 +14,7 @@ struct LinkList {
 
 private:
     Boolean by_name_;
+    bool any_ = false;
 };
 
 /// Taking links off and telling what is left, which call each other: a text takes off what is stale, and taking off
@@ -24,8 +25,11 @@ public:
 
     Walk<Boolean> RemoveTaskPredecessor(KeyText key, KeyText predecessor);
     Walk<String> PredessorAsString(KeyText key, Boolean Name = False);
+    /// RemoveTaskPredecessor for one of many links; once the bound is met the rest go without a word.
+    void TakeOff(KeyText key, KeyText predecessor);
 
 private:
+    void Cut(KeyText key, KeyText predecessor);
     bool over() const { return removals_ > kMostRemovals || gathered_ > kMostGathered; }
 
     static constexpr std::size_t kMostRemovals = 100'000;

@@ -254,15 +254,28 @@ Boolean TasksCol::GetALLRelatedTask(const String& p_task, ByRef<Ref<Collection>>
             Ref<Collection> found;
             ReachedTasks reached;
 
-            Walk<Boolean> AddBelow(KeyText key) {
+            struct Step {
+                KeyText key;
+                const Step* above;
+
+                bool Passed(KeyText other) const {
+                    for (const Step* step = this; step != nullptr; step = step->above) {
+                        if (step->key == other) return true;
+                    }
+                    return false;
+                }
+            };
+
+            Walk<Boolean> AddBelow(KeyText key, const Step* above) {
                 auto& result = co_await kTail.Begin("GetALLRelatedTask");
+                const Step here{key, above};
                 const Ref<ChildOrder> children = In(col).Children(In(col).Item(key));
                 for (const Long number : children->keys) {
                     const KeyText child(number);
-                    if (reached.Has(child)) Raise(failure::kEndlessWalk);
+                    if (reached.Has(child)) Raise(here.Passed(child) ? failure::kEndlessWalk : failure::kDuplicateKey);
                     reached.Add(child);
                     found->Add(child.text(), child);
-                    auto below = AddBelow(child);
+                    auto below = AddBelow(child, &here);
                     co_await std::move(below);
                 }
                 result = True;
@@ -270,18 +283,19 @@ Boolean TasksCol::GetALLRelatedTask(const String& p_task, ByRef<Ref<Collection>>
         };
         if (!*p_Result) *p_Result = Make<Collection>();
         Descendants descendants{*this, *p_Result, ReachedTasks({})};
-        result = descendants.AddBelow(p_task).Run();
+        result = descendants.AddBelow(p_task, nullptr).Run();
     });
 }
 
 TasksCol::Internal::LastLinks TasksCol::Internal::TakeLinksOff(const Ref<TasksCls>& task, const String& key) {
     LastLinks last;
+    LinkWalk walk(self_);
     for (const String& predecessor : In(task).PredecessorKeys()) {
-        self_.RemoveTaskPredecessor(key, predecessor);
+        walk.TakeOff(key, predecessor);
         last.last_predecessor = predecessor;
     }
     for (const String& successor : In(task).SuccessorKeys()) {
-        self_.RemoveTaskPredecessor(successor, key);
+        walk.TakeOff(successor, key);
         last.last_successor = successor;
     }
     return last;

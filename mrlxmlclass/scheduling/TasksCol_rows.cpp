@@ -82,8 +82,7 @@ Boolean TasksCol::ArrangePred(const String& newvalue, const String& TaskKey) {
             AddLeadTime(TaskKey, key, 0);  // Kept: also where the link was refused
         });
         if (!rows.any_number()) return;
-        for (const auto& entry : Item(TaskKey)->TaskPredecessor()->Snapshot()) {
-            const String predecessor = entry.item.Key().text();
+        for (const String& predecessor : In(Item(TaskKey)).PredecessorKeys()) {
             if (!rows.Name(Item(predecessor))) RemoveTaskPredecessor(TaskKey, predecessor);
         }
     });
@@ -99,8 +98,7 @@ Boolean TasksCol::ArrangeSuccessor(const String& newvalue, const String& TaskKey
             if (!Item(TaskKey)->isSucesser(key)) AddTaskPredecessor(key, TaskKey);
         });
         if (!rows.any_number()) return;
-        for (const auto& entry : Item(TaskKey)->TaskSuccessor()->Snapshot()) {
-            const String successor = entry.item.Key().text();
+        for (const String& successor : In(Item(TaskKey)).SuccessorKeys()) {
             if (!rows.Name(Item(successor))) RemoveTaskPredecessor(successor, TaskKey);
         }
     });

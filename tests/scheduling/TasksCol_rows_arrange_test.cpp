@@ -273,5 +273,15 @@ TEST(ArrangeSuccessor, RecordsATaskThatIsNotThere) {
     EXPECT_EQ(plan.Heard(), "");
 }
 
+TEST(ArrangePred, RaisesNoFlagOfATaskThatGetsNoLink) {
+    LinkingPlan plan;
+    plan.Task("Alone");
+    plan.col().ArrangePred("1", "1");
+    plan.col().ArrangeSuccessor("1", "1");
+    EXPECT_FALSE(plan["Alone"].TaskPredecessorValid());
+    EXPECT_FALSE(plan["Alone"].TaskSuccessorValid());
+    EXPECT_EQ(plan.Heard(), "");
+}
+
 }  // namespace
 }  // namespace mrlxmlclass
