@@ -95,7 +95,7 @@ Walk<Boolean> DateWalk::DependsDateChanged(KeyText key, Date& changed_date, cons
             if (first && next) next->TaskLag(tasks_.LeadTowards(next, KeyText(task->TaskKey())));
             const bool summary = next && In(next).HasChildren();
             if (!summary || (!first && how.SummaryCalc)) {
-                const Integer lead = !first ? task->TaskLag() : next ? next->TaskLag() : Long(0);
+                const Integer lead = !next ? Long(0) : first ? next->TaskLag() : task->TaskLag();
                 // Kept: the parent of a later leaf stays as it was.
                 const Follow follow{lead, how.LeadTimeCalc, !summary, first || summary, how.p_not_same_parent};
                 auto walk = AdjustDate(next_key, task, follow, p_diff, old_start);

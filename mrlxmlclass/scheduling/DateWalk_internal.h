@@ -45,7 +45,8 @@ public:
 private:
     Date SetDate(const Ref<TasksCls>& task, Date& changed_date, const Change& how, Integer& p_diff);
     bool SetTarget(const Ref<TasksCls>& summary, Date& stDate, Date& UsethisDate, Integer& p_diff);
-    Date PlaceBehind(const Ref<TasksCls>& child, const Ref<TasksCls>& previous, Date& previous_end, Integer& p_diff);
+    Date PlaceBehind(const Ref<TasksCls>& child, Long lag, const Ref<TasksCls>& previous, Date& previous_end,
+                     Integer& p_diff);
     /// How a summary follows: see TasksCol::SummaryTaskDateChanged2.
     struct SummaryMove {
         Date stDate;

@@ -57,17 +57,19 @@ bool DateWalk::SetTarget(const Ref<TasksCls>& summary, Date& stDate, Date& Useth
     return exact;
 }
 
-/// Puts a child behind the one before it, at its old gap in working days; gives its start. `previous_end` is the end
-/// that the one before had, and becomes the child's own old end.
-Date DateWalk::PlaceBehind(const Ref<TasksCls>& child, const Ref<TasksCls>& previous, Date& previous_end,
+/// Puts a child behind the one before it, at its old gap in working days, and gives it its lag back; gives its start.
+/// `previous_end` is the end that the one before had, and becomes the child's own old end.
+Date DateWalk::PlaceBehind(const Ref<TasksCls>& child, Long lag, const Ref<TasksCls>& previous, Date& previous_end,
                            Integer& p_diff) {
     const Integer gap = col_.GetLeadTimeNoLink(child->TaskBDate(), previous_end);
     previous_end = child->TaskEDate();
     tasks_.AdjustDateNoLink(child, previous, gap);
     const PublicDays days;
     SeekStart(child, previous->TaskEDate(), gap, days);
-    if (!In(child).HasChildren()) p_diff = ShiftFrom(previous_end, child->TaskBDate(), days);
-    return child->TaskBDate();
+    const Date start = child->TaskBDate();
+    child->TaskLag(lag);
+    if (!In(child).HasChildren()) p_diff = ShiftFrom(previous_end, start, days);
+    return start;
 }
 
 /// SummaryTaskDateChanged2 from a successor on, with dates of its own.
@@ -102,8 +104,7 @@ Walk<Boolean> DateWalk::SummaryTaskDateChanged2(KeyText key, Date& stDate, Date&
             target = exact ? UsethisDate : child->TaskBDate() + static_cast<double>(p_diff.value());
             previous_end = child->TaskEDate();
         } else {
-            target = PlaceBehind(child, tasks_.Item(previous), previous_end, p_diff);
-            child->TaskLag(lag);
+            target = PlaceBehind(child, lag, tasks_.Item(previous), previous_end, p_diff);
         }
         previous = child_key;
         if (!In(child).HasChildren()) {

@@ -251,5 +251,26 @@ TEST(DependsDateChanged, KeepsLeavingSummariesAloneAtTheFirstLinkOnly) {
                                 Moved(4, Monday + 7, Tuesday + 7, 2) + Summed(3, Monday + 7, Tuesday + 7, 2));
 }
 
+TEST(DependsDateChanged, TakesOffALaterDanglingLinkWhateverTheLagOfTheTaskThatChanged) {
+    Plan plan;
+    plan.WithLinks().Task("Design").From(Monday).Task("Build").From(Tuesday).After("Design");
+    plan["Design"].TaskSuccessor()->Add("99", "99");
+    plan["Design"].TaskLag(40'000);
+    EXPECT_TRUE(plan.col().DependsDateChanged("1", Date(), 0));
+    EXPECT_EQ(Listed(plan["Design"].TaskSuccessor()), "2");
+    plan.Heard();
+}
+
+TEST(DependsDateChanged, FindsNoShiftForADateThatTheTaskHasAlready) {
+    Plan plan;
+    plan.WithLinks().Task("A").Holding(Saturday, Saturday, 1);
+    plan.calendar().SetADayAsHoliday(Monday + 7);
+    DateChange change{.LeadTimeCalc = True};
+    EXPECT_TRUE(change.Move(plan, "A", Saturday));
+    EXPECT_EQ(plan["A"].TaskBDate(), Tuesday + 7) << "over three free days";
+    EXPECT_EQ(change.p_diff, 0);
+    plan.Heard();
+}
+
 }  // namespace
 }  // namespace mrlxmlclass

@@ -352,5 +352,17 @@ TEST(SummaryTaskDateChanged2, GoesDownAnyOutlineOnASmallStack) {
     });
 }
 
+TEST(SummaryTaskDateChanged2, GivesAChildItsLagBackBeforeAShiftThatNoIntegerHolds) {
+    Plan plan;
+    plan.WithLinks().Task("House").Task("Walls").Under("House").From(Wednesday);
+    plan.Task("Roof").Under("House").Holding(Date(), Friday, 1);
+    plan["Roof"].TaskLag(4);
+    SummaryMove move{.stDate = Friday, .p_diff = 2};
+    EXPECT_FALSE(move.Of(plan, "House"));
+    EXPECT_EQ(plan.failures.Taken(), "TasksCol/SummaryTaskDateChanged2 6\n");
+    EXPECT_EQ(plan["Roof"].TaskLag(), 4);
+    plan.Heard();
+}
+
 }  // namespace
 }  // namespace mrlxmlclass

@@ -254,5 +254,33 @@ TEST(DurationChanged, RecordsATaskThatIsNotThere) {
     }
 }
 
+TEST(DurationChanged, MovesASummaryBehindTheTaskByTheDaysThatItsEndMoved) {
+    Plan plan;
+    plan.WithLinks().Task("Design").From(Monday).Lasting(3).Task("House").After("Design");
+    plan.Task("Walls").Under("House").From(Thursday);
+    plan.col().AdjustSummary(plan.Key("House"));
+    plan.col().DurationChanged("1", 1.0);
+    EXPECT_EQ(plan["Walls"].TaskBDate(), Tuesday);
+    plan.Heard();
+}
+
+TEST(DurationChanged, AppliesTheGapOfASuccessorOnceAndMeasuresItAnew) {
+    Plan plan;
+    plan.WithLinks().Task("Design").From(Monday).Task("Build").From(Friday).After("Design", 3);
+    plan.col().DurationChanged("1", 2.0);
+    EXPECT_EQ(plan["Build"].TaskBDate(), Monday + 7);
+    EXPECT_EQ(Listed(plan["Build"].TaskLeadTime()), "1|3");
+    plan.Heard();
+}
+
+TEST(DurationChanged, BringsAMilestoneFromAFreeDayForward) {
+    Plan plan;
+    plan.WithLinks().Task("Done").Holding(Saturday, Saturday, 1);
+    plan.col().DurationChanged("1", 0.0);
+    EXPECT_EQ(plan["Done"].TaskBDate(), Monday + 7);
+    EXPECT_TRUE(plan["Done"].TaskMilstones());
+    plan.Heard();
+}
+
 }  // namespace
 }  // namespace mrlxmlclass
