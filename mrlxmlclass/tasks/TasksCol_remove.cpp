@@ -141,9 +141,9 @@ void TasksCol::Remove(const Variant& Index, ByRef<Ref<TaskAssigmentRelationCol>>
                 last_successor = In(*this).TakeLinksOff(task, key.text()).last_successor;
                 parent = KeyText(task->ParentID()).text();
             }
+            if (!task->TaskCondidat()) candidates_ -= 1;  // Kept: a second time where a listener removed it meanwhile
             RemovePhase(Variant(key.text()));
             if (!In(*this).TakeOut(key)) Raise(failure::kUnknownKey);  // a relation or a listener was quicker
-            if (!task->TaskCondidat()) candidates_ -= 1;
         } else {
             if (p_arrange) ArrangePositionAfterDelete(key.text());
             task->ParentID(0);  // Kept: without arranging it stays in its former parent's list.

@@ -1,5 +1,6 @@
 #include <gtest/gtest.h>
 
+#include "tests/support/Interruption.h"
 #include "tests/tasks/Removals.h"
 
 namespace mrlxmlclass {
@@ -60,6 +61,34 @@ TEST(DeleteAllSubTasks, GoesOnWhenAListenerRemovesTheNextChild) {
     const Meddler meddler(plan, plan.Number("Build"));
     EXPECT_EQ(Listed(plan.DeletePhase()), "2 3");
     EXPECT_EQ(Walked(plan.col()), "Last");
+}
+
+/// A candidate that another task waits for.
+class Waiting : public Plan {
+public:
+    Waiting() {
+        WithLinks().Task("A").From(Monday).Task("X").Candidate().Task("Z").After("X");
+        col().SetPhases();
+        Heard();
+    }
+};
+
+TEST(RemoveTask, CountsACandidateOutBeforeItLeaves) {
+    Waiting plan;
+    const Interruption host(plan, "SucessorChange", 2, [&] { plan.col().RemoveForLib("2"); });
+    Delete(plan, 2);
+    EXPECT_EQ(plan.col().Count(True), 2);
+    EXPECT_EQ(plan.col().Count(False), 2) << "though a listener was quicker";
+    plan.Heard();
+}
+
+TEST(RemoveTask, KeepsCountingOutTwiceACandidateThatAListenerRemovesMeanwhile) {
+    Waiting plan;
+    const Interruption host(plan, "SucessorChange", 2, [&] { Delete(plan, 2); });
+    Delete(plan, 2);
+    EXPECT_EQ(plan.col().Count(True), 2);
+    EXPECT_EQ(plan.col().Count(False), 3);
+    plan.Heard();
 }
 
 }  // namespace
