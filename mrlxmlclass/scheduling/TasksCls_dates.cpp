@@ -327,9 +327,11 @@ Long TasksCls::SetDurationWithoutWeekend(Date DateStart, Date DateEnd) {
 
 Boolean TasksCls::setBDatewithoutWeekend() {
     return kTail.Run<Boolean>("setBDatewithoutWeekend", [&](Boolean& result) {
-        const Date day_before = f_.TaskBDate.value.day() - 1;
-        const Date start = NextWorkingDay(day_before, -1);
-        if (start == day_before) return;
+        const Date old_start = f_.TaskBDate.value;
+        const Date day_before = old_start.day() - 1;
+        const Date working_day = NextWorkingDay(day_before, -1);
+        if (working_day == day_before) return;
+        const Date start = old_start - (old_start.day().days() - working_day.days());  // it keeps its time of day
         f_.TaskBDate.value = start;
         TaskEDate(DateAdd(Interval::Days, f_.TaskDuration.value, start));
         result = True;

@@ -426,5 +426,14 @@ TEST(TaskDurationUnit, RepairsTheRecordWhenItIsRead) {
     }
 }
 
+TEST(SetBDatewithoutWeekend, LeavesTheStartItsTimeOfDay) {
+    Row row;
+    row.Holding(Monday + 7 + kTenOClock, Monday + 7, 1);
+    Module().g_MaxDate = Date();
+    EXPECT_EQ(row.task.setBDatewithoutWeekend(), True);
+    EXPECT_EQ(row.task.TaskBDate(), Friday);
+    EXPECT_EQ(Module().g_MaxDate, Friday + kTenOClock) << "the end, of which no getter tells the time";
+}
+
 }  // namespace
 }  // namespace mrlxmlclass
