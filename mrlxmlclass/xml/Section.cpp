@@ -21,9 +21,9 @@ std::string_view DeclarationText(Declaration declaration, Boolean unicode) {
     return {};
 }
 
+/// A name that no element can have leaves the document without a root.
 void Seed(const Ref<dom::Document>& document, std::string_view root_name, std::string_view declaration) {
-    if (document->LoadXML(String(declaration).append("<").append(root_name).append("/>"))) return;
-    Raise(failure::kUnknownKey, "\"" + String(root_name) + "\" cannot name an element");
+    document->LoadXML(String(declaration).append("<").append(root_name).append("/>"));
 }
 
 }  // namespace
@@ -63,7 +63,7 @@ Ref<dom::Document> NewDocument(std::string_view root_name, Boolean header, Boole
                                const BodyWriter& write_body) {
     auto document = Make<dom::Document>();
     Seed(document, root_name, DeclarationText(header ? Declaration::Encoded : Declaration::None, unicode));
-    write_body(document, document->documentElement());
+    if (const dom::Node root = document->documentElement()) write_body(document, root);
     return document;
 }
 

@@ -52,7 +52,8 @@ bool IsAutosave(std::string_view file_name);
 /// there before.
 void SaveByRule(const Ref<dom::Document>& document, const String& file_name);
 
-/// A document of its own for one object: its root, named `root_name`, holds the body.
+/// A document of its own for one object: its root, named `root_name`, holds the body. Empty where no element can have
+/// that name.
 Ref<dom::Document> NewDocument(std::string_view root_name, Boolean header, Boolean unicode,
                                const BodyWriter& write_body);
 

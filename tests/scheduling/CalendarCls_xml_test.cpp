@@ -176,5 +176,14 @@ TEST(CalendarFromXmlFile, RecordsAFileThatIsNotThere) {
     EXPECT_EQ(Drawn(calendar), "||");
 }
 
+TEST(CalendarCls, WritesNothingUnderANameThatNoElementCanHave) {
+    CalendarSession session;
+    session.calendar->elementName("1");
+    EXPECT_EQ(session.calendar->ToXml(), "");
+    EXPECT_FALSE(session.calendar->ToXmlFile(session.Path("a.prx"), {}, True, False, False, False, True));
+    EXPECT_EQ(session.failures.Taken(), "");
+    EXPECT_FALSE(session.Exists("a.prx"));
+}
+
 }  // namespace
 }  // namespace mrlxmlclass

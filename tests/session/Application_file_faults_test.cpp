@@ -78,13 +78,13 @@ TEST(SaveXml, OutlivesAListenerThatLetsGoOfTheSession) {
     EXPECT_EQ(project.failures.Taken(), "Projectcls/ToXmlFile 57\nApplication/Save 91\n");
 }
 
-TEST(SaveXml, TellsThatTheRootsNameIsNone) {
+TEST(SaveXml, FailsWhereTheRootsNameIsNone) {
     SavedProject project;
     project.app->xProject()->elementName("1");
 
     EXPECT_EQ(project.app->SaveXml(), False);
 
-    EXPECT_EQ(project.failures.Taken(), "Projectcls/ToXmlFile 5\nApplication/Save 91\n");
+    EXPECT_EQ(project.failures.Taken(), "Application/Save 91\n");
     EXPECT_FALSE(project.platform.Exists("plans/house.prx"));
 }
 
