@@ -128,6 +128,13 @@ std::string_view WithoutTime(std::string_view text) {
     return blank == std::string_view::npos ? text : Trim(text.substr(0, blank));
 }
 
+/// Which part of a format an entry describes; a host may have filed it under what is no text.
+const KeyText& PartOf(const DictionaryKey& key) {
+    const KeyText* part = key.text();
+    if (part == nullptr) Raise(failure::kTypeMismatch);
+    return *part;
+}
+
 Ref<Dictionary> DescribeParts(std::string_view format, std::string_view separator) {
     auto parts = Make<Dictionary>();
     std::size_t place = 1;
@@ -145,6 +152,7 @@ Ref<Dictionary> DescribeParts(std::string_view format, std::string_view separato
 }  // namespace
 
 String FormatDate(Date date, std::string_view pattern) {
+    if (!std::isfinite(date.days())) Raise(failure::kOverflow);
     double whole = std::floor(date.days());
     int seconds = static_cast<int>(std::round((date.days() - whole) * kSecondsADay));
     if (seconds == kSecondsADay) {
@@ -246,14 +254,15 @@ String ConvertDateText(const String& /*p_sys_date_format*/, const String& /*p_cu
 
     const auto part_of = [&](const KeyText& key) {
         for (std::size_t i = 0; i < parts.size(); ++i) {
-            if (*file_parts[i].key.text() == key) return String(parts[i]);
+            if (PartOf(file_parts[i].key) == key) return String(parts[i]);
         }
         Raise(failure::kTypeMismatch);
     };
     String converted;
     for (const auto& entry : p_sys->Snapshot()) {
-        String part = part_of(*entry.key.text());
-        if (entry.key.text()->text() == "y") {
+        const KeyText& key = PartOf(entry.key);
+        String part = part_of(key);
+        if (key.text() == "y") {
             const std::optional<int> year = DigitsOnly(part);
             if (!year) Raise(failure::kTypeMismatch);
             part = std::to_string(FullYear(part, *year));

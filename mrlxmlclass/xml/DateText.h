@@ -7,7 +7,7 @@
 namespace mrlxmlclass {
 
 /// The date by a short date pattern (d, dd, M, MM, yyyy), the year always with four digits; a time that is not midnight
-/// follows as HH:mm:ss, rounded to the second.
+/// follows as HH:mm:ss, rounded to the second. What is no number of days fails (6).
 String FormatDate(Date date, std::string_view pattern);
 
 /// The short date pattern of the locale, without blanks and without a separator at its end.

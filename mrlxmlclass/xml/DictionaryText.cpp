@@ -8,6 +8,12 @@
 namespace mrlxmlclass::Conversions {
 namespace {
 
+/// A host may have filed numbers, or days; the colons of a time of day would not be read back.
+String SideText(const Variant& side) {
+    const Date* date = side.If<Date>();
+    return date != nullptr ? DateToString(date->day()) : side.Text();
+}
+
 Ref<Dictionary> Filled(const String& text, const std::function<String(const String&)>& convert) {
     auto dictionary = Make<Dictionary>();
     for (const String& entry : Split(text, ";")) {
@@ -24,7 +30,7 @@ String CreateSucessorString(const Ref<Dictionary>& dictionary) {
     String text;
     for (const auto& entry : dictionary->Snapshot()) {
         if (!text.empty()) text += ';';
-        text += entry.key.value().Text() + ":" + entry.item.Text();  // a host may have filed dates or numbers
+        text += SideText(entry.key.value()) + ":" + SideText(entry.item);
     }
     return text;
 }

@@ -4,7 +4,7 @@
 
 namespace mrlxmlclass::Conversions {
 
-/// Key, ":" and item for each entry, joined by ";"; "" for an empty dictionary.
+/// Key, ":" and item for each entry, joined by ";"; "" for an empty dictionary. A moment is written as its day.
 String CreateSucessorString(const Ref<Dictionary>& dictionary);
 
 /// The dictionary that such a text describes. An entry without ":" fails (9), a key that comes twice fails (457).

@@ -104,7 +104,7 @@ void TasksCls::ToXmlInt(const Ref<dom::Document>& xmlDoc, dom::Node xmlElm) {
         out.Write("TaskPositionInItem", f_.TaskPositionInitem);
         out.Write("TaskCost", f_.TaskCost);
         out.Write("TaskCostUp", f_.TaskCostUp);
-        if (Module().BVersion && f_.PredecessorDirty) out.Write("PredecessorDirty", f_.PredecessorDirty);
+        if (Module().BVersion && f_.PredecessorDirty.full()) out.Write("PredecessorDirty", f_.PredecessorDirty);
     });
 }
 

@@ -2,6 +2,8 @@
 
 #include <gtest/gtest.h>
 
+#include <limits>
+
 #include "mrlxmlclass/xml/Conversions.h"
 #include "tests/support/TestSession.h"
 
@@ -361,6 +363,27 @@ TEST(ConvertDateText, GivesEveryDateBackBetweenAnyTwoFormats) {
 
 TEST(DateAdjustment, LeavesTheTextAloneWhenItIsOff) {
     EXPECT_EQ(DateAdjustment().Adjusted("31/12/2008 14:30"), "31/12/2008 14:30");
+}
+
+TEST(FormatDate, RefusesWhatIsNoMoment) {
+    for (const double days : {std::numeric_limits<double>::quiet_NaN(), std::numeric_limits<double>::infinity(),
+                              -std::numeric_limits<double>::infinity()}) {
+        EXPECT_EQ(NumberOf([&] { FormatDate(Date(days), "d/M/yyyy"); }), failure::kOverflow);
+        EXPECT_EQ(NumberOf([&] { FormatDate(Date(days), "never"); }), failure::kOverflow);
+    }
+}
+
+TEST(ConvertDateText, RefusesPartsThatAHostFiledUnderOtherThanTexts) {
+    TestSession session;
+    const DateAdjustment plain = AdjustmentOf("dd/MM/yyyy", "M/d/yyyy");
+    const auto numbers = Make<Dictionary>();
+    for (const int place : {1, 2, 3}) numbers->Add(place, "2|1|dd");
+    DateAdjustment of_file = plain;
+    of_file.file_parts = numbers;
+    EXPECT_EQ(NumberOf([&] { of_file.Adjusted("31/12/2008"); }), failure::kTypeMismatch);
+    DateAdjustment of_system = plain;
+    of_system.system_parts = numbers;
+    EXPECT_EQ(NumberOf([&] { of_system.Adjusted("31/12/2008"); }), failure::kTypeMismatch);
 }
 
 }  // namespace

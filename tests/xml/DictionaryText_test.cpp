@@ -109,5 +109,25 @@ TEST(DictionaryFromText, TakesAnEmptySideButNoEmptyEntry) {
     EXPECT_EQ(NumberOf([] { DictionaryToString(";"); }), failure::kIndexOutOfRange);
 }
 
+TEST(DictionaryAsText, WritesADayThatCameWithATimeAsThatDay) {
+    TestSession session;
+    const auto days = Make<Dictionary>();
+    days->Add(Date(Date::Of(2026, 1, 1).days() + 0.5), Date(Date::Of(2026, 1, 2).days() + 0.25));
+    EXPECT_EQ(CreateSucessorString(days), "1/1/2026:1/2/2026");
+    EXPECT_EQ(CreateSucessorString(DictionaryToString(CreateSucessorString(days), DateAdjustment())),
+              "1/1/2026:1/2/2026");
+}
+
+TEST(DictionaryAsText, WritesEveryKindThatHasAText) {
+    TestSession session;
+    const auto odd = Make<Dictionary>();
+    odd->Add("1", True);
+    odd->Add("2", 1.5);
+    odd->Add("3", Currency(2));
+    odd->Add("4", Variant());
+    odd->Add(2.5, "x");
+    EXPECT_EQ(CreateSucessorString(odd), "1:True;2:1.5;3:2;4:;2.5:x");
+}
+
 }  // namespace
 }  // namespace mrlxmlclass

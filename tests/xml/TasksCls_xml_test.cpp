@@ -148,6 +148,8 @@ TEST(TasksClsToXml, WritesADirtyPredecessorOnlyWhenItIsTrue) {
     EXPECT_EQ(FieldText(*task, "PredecessorDirty"), "true");
     task->PredecessorDirty(False);
     EXPECT_EQ(FieldText(*task, "PredecessorDirty"), "-");
+    task->PredecessorDirty(Boolean::Raw(1));
+    EXPECT_EQ(FieldText(*task, "PredecessorDirty"), "-") << "only the full True is written";
 }
 
 TEST(TasksClsToXml, WritesTheUnitWhenTheTextOfItsFlagSaysSo) {
