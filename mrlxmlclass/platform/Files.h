@@ -79,8 +79,10 @@ public:
 
     /// Tests, without disturbing anybody, whether a file is held. What cannot be opened counts as in use.
     virtual FileUse Use(const String& path) = 0;
+    /// The number that Hold gives next: the lowest free one, from 1.
+    virtual Integer NextNumber() = 0;
     /// Creates the file if need be and holds it against other openers, in this process and in others, until it is
-    /// released or the process ends. Gives the lowest free file number, from 1. Fails (70) when somebody else holds it.
+    /// released or the process ends. Gives its number. Fails (70) when somebody else holds it.
     virtual Integer Hold(const String& path) = 0;
     /// Lets go of a number; deletes the file first unless `path_to_delete` is empty or names another file by now. A
     /// file that cannot be deleted is let go all the same. A number that holds nothing, or by now another path, does

@@ -22,6 +22,7 @@ public:
     Integer Attributes(const String& path) override { return files_.Attributes(path); }
     void SetAttributes(const String& path, Integer value) override { files_.SetAttributes(path, value); }
     FileUse Use(const String& path) override { return files_.Use(path); }
+    Integer NextNumber() override { return files_.NextNumber(); }
     Integer Hold(const String& path) override { return files_.Hold(path); }
     void Release(Integer number, const String& path) override { files_.Release(number, path); }
     String ProgramFolder() override { return files_.ProgramFolder(); }

@@ -163,6 +163,7 @@ public:
     void SetAttributes(const String& path, Integer value) override { attributes_.Set(path, value); }
 
     FileUse Use(const String& path) override { return UseOf(path); }
+    Integer NextNumber() override { return numbers_.Next(); }
     Integer Hold(const String& path) override { return numbers_.Hold(path); }
     void Release(Integer number, const String& path_to_delete) override { numbers_.Release(number, path_to_delete); }
 

@@ -77,6 +77,7 @@ FileFacts FactsOf(const struct stat& status);
 /// The files that this process holds, by number.
 class FileNumbers {
 public:
+    Integer Next();
     Integer Hold(const String& path);
     void Release(Integer number, const String& path_to_delete);
 
@@ -85,6 +86,8 @@ private:
         Descriptor file;
         String path;
     };
+
+    std::size_t FirstFree() const;
 
     std::mutex mutex_;
     std::vector<Held> held_;  // number 1 stands first; one without a file is free

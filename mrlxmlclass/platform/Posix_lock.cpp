@@ -64,13 +64,23 @@ FileUse UseOf(const String& path) {
     return lock.l_type == F_UNLCK ? FileUse::Free : FileUse::InUse;
 }
 
+std::size_t FileNumbers::FirstFree() const {
+    const auto place = std::ranges::find_if(held_, [](const Held& held) { return !held.file; });
+    return static_cast<std::size_t>(place - held_.begin());
+}
+
+Integer FileNumbers::Next() {
+    const std::scoped_lock guard(mutex_);
+    return FirstFree() + 1;
+}
+
 Integer FileNumbers::Hold(const String& path) {
     Descriptor file = OpenHeld(path);
     const std::scoped_lock guard(mutex_);
-    auto place = std::ranges::find_if(held_, [](const Held& held) { return !held.file; });
-    const Integer number = place - held_.begin() + 1;
-    if (place == held_.end()) place = held_.emplace(place);
-    *place = {std::move(file), path};
+    const std::size_t place = FirstFree();
+    const Integer number = place + 1;
+    if (place == held_.size()) held_.emplace_back();
+    held_[place] = {std::move(file), path};
     return number;
 }
 

@@ -47,7 +47,8 @@ Boolean CreateLockFile(const String& p_file) {
             module.g_ReadOnly = True;
             return;
         }
-        // Kept: an earlier lock is not released, only forgotten.
+        // Kept: an earlier lock is not released, only forgotten, and its number is forgotten even where this one fails.
+        module.g_LockFileNumber = Platform().files.NextNumber();
         module.g_LockFileNumber = Platform().files.Hold(lock_file);
         module.g_LockFileName = lock_file;
         result = True;

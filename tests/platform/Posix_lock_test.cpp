@@ -166,6 +166,16 @@ TEST_F(HeldFile, TakesTheLowestFreeNumber) {
     EXPECT_EQ(numbers.Hold(plat.Path("e")), 4);
 }
 
+TEST_F(HeldFile, TellsTheNumberBeforeItIsTaken) {
+    EXPECT_EQ(numbers.Next(), 1);
+    numbers.Hold(plat.Path("a"));
+    numbers.Hold(plat.Path("b"));
+    EXPECT_EQ(numbers.Next(), 3);
+    numbers.Release(1, plat.Path("a"));
+    EXPECT_EQ(numbers.Next(), 1);
+    EXPECT_EQ(numbers.Hold(plat.Path("c")), 1);
+}
+
 TEST_F(HeldFile, GoesWithItsRelease) {
     numbers.Hold(path);
     numbers.Release(1, path);

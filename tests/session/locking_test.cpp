@@ -219,5 +219,17 @@ TEST_F(EndReadOnly, RecordsAFileThatCannotBeDeletedAndTriesAgainNextTime) {
     EXPECT_FALSE(session.Exists("~p.prxl"));
 }
 
+TEST_F(CreateLockFile, KeepsTheNumberOfALockThatItCouldNotMake) {
+    EXPECT_EQ(locking::CreateLockFile(project), True);
+    EXPECT_EQ(locking::CreateLockFile(session.Path("missing/p.prx")), False);
+    EXPECT_EQ(session.failures.Taken(), "locking/CreateLockFile 76\n");
+    EXPECT_EQ(Module().g_LockFileNumber, 2);
+    EXPECT_EQ(Module().g_LockFileName, lock_file);
+
+    EXPECT_EQ(locking::EndReadOnly(), True) << "closes a number that holds nothing";
+    EXPECT_FALSE(session.Exists("~p.prxl"));
+    Platform().files.Release(1, "");
+}
+
 }  // namespace
 }  // namespace mrlxmlclass::testing
