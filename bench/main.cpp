@@ -38,6 +38,10 @@ public:
         Ratio("OutlineWalkDown/100/100", "OutlineWalkDown/10/100", "a task; linear: 1");
         Ratio("LinksAcrossSummaries/1000", "LinksAcrossSummaries/100", "a task; linear: 1");
         Ratio("ResetStartDateOfAll/30000", "ResetStartDateOfAll/1000", "a task; linear: 1");
+        for (const char* of :
+             {"AssignPeople", "UnAssignPeople", "AssignGoals", "UnAssignGoals", "LoadRelations", "SaveRelations"}) {
+            Ratio(std::string(of) + "/10000", std::string(of) + "/1000", "two relations a task; linear: 10");
+        }
         ConsoleReporter::Finalize();
     }
 
