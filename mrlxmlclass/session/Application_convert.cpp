@@ -164,7 +164,7 @@ public:
 
 private:
     Ref<TasksCls> ConvertTask(const Ref<OldTask>& old, Long parent_key, Integer sub_position, Boolean condidat) {
-        const Ref<TasksCls> task = tasks_->Add();
+        Ref<TasksCls> task = tasks_->Add();
         task->ParentID(parent_key);
         tasks_->AddParentTask(task->ParentID(), task->TaskKey());
         task->ProjectID(1);

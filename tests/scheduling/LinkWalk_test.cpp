@@ -86,8 +86,8 @@ TEST(PredessorAsString, EndsInOneFailureWhereStaleLinksMultiplyBeyondMeasure) {
 }
 
 TEST(RemoveTask, TakesThousandsOfStaleLinksOffInOneWalkThatFailsOnce) {
-    const TimeLimit limit("the removal of a task with twenty thousand stale links");
-    Flooded plan(20'000);
+    const TimeLimit limit("the removal of a task with two thousand stale links");
+    Flooded plan(2'000);
     plan.Task("Design");
     plan["T"].TaskPredecessor()->Add("2", "2");
     plan["Design"].TaskSuccessor()->Add("1", "1");
