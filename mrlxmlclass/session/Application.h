@@ -106,11 +106,12 @@ public:
     /// An empty path changes nothing. Gives True.
     Boolean SetErrorFileName(const String& p_erro_file_name);
 
-    /// Builds a project of a plan of version 3 on this session, which has been through `Init`; the host saves afterwards.
-    /// What reads such plans is the host's: see platform/OldPlans.h; without it a failure (429) is recorded, and nothing
-    /// has changed. Phases and tasks become the outline; a task that only a person, a goal or an obstacle lists stands
-    /// beside it. No weekday is free afterwards. An empty `xFileName` becomes `FileName3` with ".prx" for ".prj", unless
-    /// `FileName4` is given. `p_resource` is not used. A failure on the way gives False; what was converted stays.
+    /// Builds a project of a plan of version 3 on this session, which has been through `Init`; the host saves
+    /// afterwards. What reads such plans is the host's: see platform/OldPlans.h; without it a failure (429) is
+    /// recorded, and nothing has changed. Phases and tasks become the outline; a task that only a person, a goal or an
+    /// obstacle lists stands beside it. No weekday is free afterwards. An empty `xFileName` becomes `FileName3` with
+    /// ".prx" for ".prj", unless `FileName4` is given. `p_resource` is not used. A failure on the way gives False; what
+    /// was converted stays.
     Boolean Convert3to4(const String& FileName3, const Ref<Collection>& p_resource, const String& FileName4 = {});
 
     // --- The lock ---------------------------------------------------------------------------------------------------

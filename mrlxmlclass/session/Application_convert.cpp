@@ -3,6 +3,7 @@
 #include "mrlxmlclass/items/NotesCol.h"
 #include "mrlxmlclass/items/PeopleCol.h"
 #include "mrlxmlclass/items/PlanItem_internal.h"
+#include "mrlxmlclass/items/Relation_internal.h"
 #include "mrlxmlclass/items/TaskAssigmentRelationCol.h"
 #include "mrlxmlclass/items/TaskGoalRelationCol.h"
 #include "mrlxmlclass/items/TaskNoteRelationCol.h"
@@ -109,54 +110,21 @@ public:
     }
 
     void ConvertGoals() {
-        const Ref<GoalsCol> goals = app_.xGoalCol();
-        const Ref<TaskGoalRelationCol> relations = app_.xTaskGoalRelationcol();
-        Integer position;
-        for (const Ref<OldItem>& old : old_->goals()) {
-            auto goal = Make<GoalsCls>();
-            goal->GoalName(old->Name());
-            goal->GoalDescription(old->Note());
-            goal->GoalPosition(position);
-            goal = goals->AddItem(goal);
-            EachTaskOf(
-                *old,
-                [&](const Ref<TasksCls>& candidate) {
-                    const auto relation = Make<TaskGoalRelationCls>();
-                    relation->TaskKey(candidate->TaskKey());
-                    relation->Goalkey(goal->Goalkey());
-                    relations->AddItem(relation);
-                },
-                [&](const Ref<TasksCls>& task) {
-                    goals->AssigneGoal(TextOf(goal->Goalkey()), Integer(task->TaskKey()), tasks_, relations);
-                });
-            ++position;
-        }
+        ConvertItems(old_->goals(), app_.xGoalCol(), app_.xTaskGoalRelationcol(), &GoalsCol::AssigneGoal,
+                     [](GoalsCls& goal, OldItem& old, Integer position) {
+                         goal.GoalName(old.Name());
+                         goal.GoalDescription(old.Note());
+                         goal.GoalPosition(position);
+                     });
     }
 
     void ConvertObstacles() {
-        const Ref<obstaclesCol> obstacles = app_.xObstaclesCol();
-        const Ref<TaskObstaclesRelationCol> relations = app_.xTaskObstaclesRelationcol();
-        Integer position;
-        for (const Ref<OldItem>& old : old_->Obstacles()) {
-            auto obstacle = Make<ObstaclesCls>();
-            obstacle->ObstaclesName(old->Name());
-            obstacle->ObstaclesDescription(old->Note());
-            obstacle->ObstaclesPosition(position);
-            obstacle = obstacles->AddItem(obstacle);
-            EachTaskOf(
-                *old,
-                [&](const Ref<TasksCls>& candidate) {
-                    const auto relation = Make<TaskObstaclesRelationCls>();
-                    relation->TaskKey(candidate->TaskKey());
-                    relation->Obstaclekey(obstacle->Obstacleskey());
-                    relations->AddItem(relation);
-                },
-                [&](const Ref<TasksCls>& task) {
-                    obstacles->AssigneObstacles(TextOf(obstacle->Obstacleskey()), Integer(task->TaskKey()), tasks_,
-                                                relations);
-                });
-            ++position;
-        }
+        ConvertItems(old_->Obstacles(), app_.xObstaclesCol(), app_.xTaskObstaclesRelationcol(),
+                     &obstaclesCol::AssigneObstacles, [](ObstaclesCls& obstacle, OldItem& old, Integer position) {
+                         obstacle.ObstaclesName(old.Name());
+                         obstacle.ObstaclesDescription(old.Note());
+                         obstacle.ObstaclesPosition(position);
+                     });
     }
 
     /// Tells the bar that a row of the old plan is done.
@@ -224,6 +192,32 @@ private:
             const Ref<TasksCls> task = ConvertTask(old, level.parent_key, Integer(level.next), True);
             ++level.next;
             levels.push_back({old->Tasks(), task->TaskKey()});
+        }
+    }
+
+    /// Goals, or obstacles, each tied to all tasks of its list; `fill` takes over what the old one says of itself.
+    template <class Items, class Relations, class Fill>
+    void ConvertItems(const std::vector<Ref<OldItem>>& old_items, const Ref<Items>& items,
+                      const Ref<Relations>& relations,
+                      Boolean (Items::*assign)(const String&, Integer, const Ref<TasksCol>&, const Ref<Relations>&),
+                      Fill&& fill) {
+        Integer position;
+        for (const Ref<OldItem>& old : old_items) {
+            auto item = Make<typename Items::Held>();
+            fill(*item, *old, position);
+            item = items->AddItem(item);
+            EachTaskOf(
+                *old,
+                [&](const Ref<TasksCls>& candidate) {
+                    const auto relation = Make<typename Relations::Held>();
+                    relation->TaskKey(candidate->TaskKey());
+                    In(relation).item_key(In(item).key());
+                    relations->AddItem(relation);
+                },
+                [&](const Ref<TasksCls>& task) {
+                    ((*items).*assign)(TextOf(In(item).key()), Integer(task->TaskKey()), tasks_, relations);
+                });
+            ++position;
         }
     }
 
