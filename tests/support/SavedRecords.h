@@ -40,8 +40,7 @@ String Difference(const SavedRecords& expected, const SavedRecords& found);
 String WrittenAs(const char* format, Date day);
 Date ReadAs(const char* format, const String& text);
 
-/// What the file of a plan holds once it was loaded under a format, and saved again. `adjusts` is for every load but
-/// that of a library, which reads no dates at all.
+/// What the file of a plan holds once it was loaded under a format, and saved again.
 SavedRecords AfterALoad(SavedRecords saved, const char* written, const char* read);
 /// The same for a load of the tasks only.
 SavedRecords AfterALoadOfTasks(const SavedRecords& saved, const char* written, const char* read);
