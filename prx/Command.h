@@ -94,6 +94,12 @@ std::unique_ptr<Command> MakeMove(CLI::App& app);
 std::unique_ptr<Command> MakePhase(CLI::App& app);
 std::unique_ptr<Command> MakeShift(CLI::App& app);
 std::unique_ptr<Command> MakeRemove(CLI::App& app);
+std::unique_ptr<Command> MakePerson(CLI::App& app);
+std::unique_ptr<Command> MakeGoal(CLI::App& app);
+std::unique_ptr<Command> MakeObstacle(CLI::App& app);
+std::unique_ptr<Command> MakeNote(CLI::App& app);
+std::unique_ptr<Command> MakeAssign(CLI::App& app);
+std::unique_ptr<Command> MakeUnassign(CLI::App& app);
 std::unique_ptr<Command> MakeCalendar(CLI::App& app);
 std::unique_ptr<Command> MakeCheck(CLI::App& app);
 

@@ -2,12 +2,16 @@
 
 #include <fmt/core.h>
 
+#include <unordered_map>
+#include <unordered_set>
+
 #include "mrlxmlclass/items/GoalsCol.h"
 #include "mrlxmlclass/items/PeopleCol.h"
 #include "mrlxmlclass/items/TaskAssigmentRelationCol.h"
 #include "mrlxmlclass/items/TaskGoalRelationCol.h"
 #include "mrlxmlclass/items/TaskObstaclesRelationCol.h"
 #include "mrlxmlclass/items/obstaclesCol.h"
+#include "prx/Items.h"
 #include "prx/Refusal.h"
 #include "prx/Terminal.h"
 #include "prx/Values.h"
@@ -17,10 +21,6 @@ namespace prx {
 using namespace mrlxmlclass;
 
 namespace {
-
-bool IsNumber(std::string_view text) {
-    return !text.empty() && text.find_first_not_of("0123456789") == std::string_view::npos;
-}
 
 Ref<TasksCls> OfTheOutline(Ref<TasksCls> task, const std::string& text) {
     if (!task) throw Refusal(fmt::format("there is no task \"{}\"", Plain(text)));
@@ -59,6 +59,21 @@ void PutOnTop(const Project& project, TasksCls& task) {
 /// A new task takes its parent's start, or keeps the day that the library gave it, as a date that was set.
 void GiveFirstDates(TasksCls& task, const Ref<TasksCls>& parent) {
     task.TaskBDate(parent && parent->TaskBDate().set() ? parent->TaskBDate() : task.TaskBDate());
+}
+
+/// The task and all below it, also where parents run in a circle.
+std::vector<Ref<TasksCls>> Subtree(const Project& project, const Ref<TasksCls>& task) {
+    std::unordered_multimap<std::int64_t, Ref<TasksCls>> children;
+    for (const auto& entry : project.tasks()->NewEnum()) children.emplace(entry.item->ParentID(), entry.item);
+    std::vector<Ref<TasksCls>> subtree = {task};
+    std::unordered_set<std::int64_t> seen = {task->TaskKey()};
+    for (std::size_t i = 0; i < subtree.size(); ++i) {
+        const auto [first, last] = children.equal_range(subtree[i]->TaskKey());
+        for (auto child = first; child != last; ++child) {
+            if (seen.insert(child->second->TaskKey()).second) subtree.push_back(child->second);
+        }
+    }
+    return subtree;
 }
 
 }  // namespace
@@ -110,6 +125,8 @@ void NameNewTask(const Project& project, const Ref<TasksCls>& task, const std::s
 }
 
 void RemoveTask(const Project& project, const Ref<TasksCls>& task) {
+    // A task that something is tied to would stay as a candidate, which no command shows.
+    for (const Ref<TasksCls>& going : Subtree(project, task)) UnassignAll(project, going);
     Application& app = project.app();
     project.tasks()->DeleteAllSubTasks(KeyOf(*task), app.xTaskPeopleRelationcol(), app.xPeopleCol(),
                                        app.xTaskGoalRelationcol(), app.xGoalCol(), app.xTaskObstaclesRelationcol(),

@@ -24,7 +24,7 @@ mrlxmlclass::Ref<mrlxmlclass::TasksCls> AddTask(const Project& project, const Pl
 /// Gives a new task its name, which is when the library's listeners hear of it, and brings its summaries up to date.
 void NameNewTask(const Project& project, const mrlxmlclass::Ref<mrlxmlclass::TasksCls>& task, const std::string& name);
 
-/// Removes a task with all below it, and whatever ties people, goals and obstacles to them.
+/// Removes a task with all below it, and whatever ties people, goals, obstacles and notes to them; these stay.
 void RemoveTask(const Project& project, const mrlxmlclass::Ref<mrlxmlclass::TasksCls>& task);
 
 /// The summaries above a task follow its dates, and its cost.

@@ -36,6 +36,11 @@ std::optional<int> Digits(std::string_view text) {
     return WholeText<int>(text);
 }
 
+bool IsLine(std::string_view text) {
+    return dom::FirstForbidden(text) == std::string_view::npos &&
+           text.find_first_of("\r\n\t") == std::string_view::npos;
+}
+
 [[noreturn]] void Refuse(std::string_view text, std::string_view expected) {
     throw Refusal(fmt::format("\"{}\" is not {}", Plain(text), expected));
 }
@@ -58,6 +63,10 @@ Date ReadDate(std::string_view text) {
 std::string Text(Date date) {
     if (!date.set()) return "none";
     return fmt::format("{:04}-{:02}-{:02}", date.year(), date.month(), date.day_of_month());
+}
+
+bool IsNumber(std::string_view text) {
+    return !text.empty() && text.find_first_not_of("0123456789") == std::string_view::npos;
 }
 
 Long ReadWhole(std::string_view text, int lowest, int highest) {
@@ -138,14 +147,26 @@ String ReadUnit(std::string_view text) {
     return unit;
 }
 
-String ReadName(std::string_view text) {
-    if (Trim(text).empty()) throw Refusal("a task needs a name");
-    if (dom::FirstForbidden(text) != std::string_view::npos || text.find_first_of("\r\n\t") != std::string_view::npos) {
-        Refuse(text, "a name: it must be one line of UTF-8 text");
-    }
+String ReadName(std::string_view text, std::string_view owner) {
+    if (Trim(text).empty()) throw Refusal(fmt::format("{} needs a name", owner));
+    if (!IsLine(text)) Refuse(text, "a name: it must be one line of UTF-8 text");
     constexpr std::size_t kLongestName = 160;
     if (Length(text) > kLongestName) {
         throw Refusal(fmt::format("the name has {} characters; {} are the most", Length(text), kLongestName));
+    }
+    return String(text);
+}
+
+String ReadLine(std::string_view text) {
+    if (!IsLine(text)) Refuse(text, "one line of UTF-8 text");
+    return String(text);
+}
+
+String ReadText(std::string_view text) {
+    if (Trim(text).empty()) throw Refusal("a note needs a text");
+    // A carriage return would not come back from the file.
+    if (dom::FirstForbidden(text) != std::string_view::npos || text.find('\r') != std::string_view::npos) {
+        Refuse(text, "a text in UTF-8 with line feeds");
     }
     return String(text);
 }

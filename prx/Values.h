@@ -14,6 +14,8 @@ mrlxmlclass::Date ReadDate(std::string_view text);
 /// "none" for a date that is not set.
 std::string Text(mrlxmlclass::Date date);
 
+/// Digits alone, such as a key.
+bool IsNumber(std::string_view text);
 /// A whole number between the two.
 mrlxmlclass::Long ReadWhole(std::string_view text, int lowest, int highest);
 /// Up to four decimals behind a point.
@@ -35,8 +37,12 @@ DurationText ReadDuration(std::string_view text);
 /// One of the five units, also by its first letters.
 mrlxmlclass::String ReadUnit(std::string_view text);
 
-/// A text of one line that a project can hold.
-mrlxmlclass::String ReadName(std::string_view text);
+/// A text of one line that a project can hold; `owner` is whose name it is.
+mrlxmlclass::String ReadName(std::string_view text, std::string_view owner = "a task");
+/// The same of any length.
+mrlxmlclass::String ReadLine(std::string_view text);
+/// A text of one line or more.
+mrlxmlclass::String ReadText(std::string_view text);
 
 /// 1 = Sunday ... 7 = Saturday, by name or its first three letters.
 mrlxmlclass::Long ReadWeekday(std::string_view text);

@@ -14,10 +14,12 @@ int Run(int argc, char** argv) {
     CLI::App app("Plans in .prx files: start, show, change and check them.", "prx");
     app.require_subcommand(1);
     prx::Commands commands;
-    for (const auto make : {prx::MakeNew,   prx::MakeConvert, prx::MakeImport,    prx::MakeShow,     prx::MakeAdd,
-                            prx::MakeSet,   prx::MakeRename,  prx::MakeMilestone, prx::MakeDone,     prx::MakeCost,
-                            prx::MakeLink,  prx::MakeUnlink,  prx::MakeIndent,    prx::MakeOutdent,  prx::MakeMove,
-                            prx::MakePhase, prx::MakeShift,   prx::MakeRemove,    prx::MakeCalendar, prx::MakeCheck}) {
+    for (const auto make :
+         {prx::MakeNew,      prx::MakeConvert,   prx::MakeImport,   prx::MakeShow,  prx::MakeAdd,    prx::MakeSet,
+          prx::MakeRename,   prx::MakeMilestone, prx::MakeDone,     prx::MakeCost,  prx::MakeLink,   prx::MakeUnlink,
+          prx::MakeIndent,   prx::MakeOutdent,   prx::MakeMove,     prx::MakePhase, prx::MakeShift,  prx::MakeRemove,
+          prx::MakePerson,   prx::MakeGoal,      prx::MakeObstacle, prx::MakeNote,  prx::MakeAssign, prx::MakeUnassign,
+          prx::MakeCalendar, prx::MakeCheck}) {
         commands.push_back(make(app));
     }
     try {
