@@ -152,13 +152,18 @@ void CheckDates(const std::vector<OutlineRow>& rows, Lines& lines) {
 
 }  // namespace
 
-std::vector<std::string> Losses(const Project& project) {
+std::vector<std::string> LostRecords(const Project& project) {
     Lines lines;
     for (const auto& entry : MissingSections(project.path())->Snapshot()) {
         lines.push_back(fmt::format("the section {} is missing: the file was cut short", entry.item.As<String>()));
     }
     const auto document = Make<dom::Document>();
     if (document->Load(project.path())) CompareCounts(project, document->documentElement(), lines);
+    return lines;
+}
+
+std::vector<std::string> Losses(const Project& project) {
+    Lines lines = LostRecords(project);
     const Lines failures = project.Failures();
     lines.insert(lines.end(), failures.begin(), failures.end());
     return lines;

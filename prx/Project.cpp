@@ -16,6 +16,7 @@
 #include "prx/Inspection.h"
 #include "prx/Refusal.h"
 #include "prx/Terminal.h"
+#include "prx/TieFaults.h"
 
 namespace prx {
 
@@ -105,7 +106,11 @@ Project Project::ToEdit(Host& host, const std::string& file, bool force) {
     if (project.read_only_) {
         throw Refusal(fmt::format("{}: somebody else has this project open; try again later", Plain(project.path_)));
     }
-    if (!force) project.RefuseUnlessWhole();
+    if (force) {
+        MendTies(project);  // nothing stays tied to what is lost
+    } else {
+        project.RefuseUnlessWhole();
+    }
     project.KeepCreationDate();
     project.tasks()->Phases();  // a list that is not there yet cannot lose a phase
     project.tasks()->AutoLink(True);
@@ -113,15 +118,22 @@ Project Project::ToEdit(Host& host, const std::string& file, bool force) {
 }
 
 Project Project::Fresh(Host& /*host*/, const std::string& file) {
+    RefuseToReplace(file);
     Project project(file);
-    if (Platform().files.Facts(project.path_).exists) {
-        throw Refusal(fmt::format("{}: there is such a file already", Plain(project.path_)));
-    }
-    if (!project.app().CreateLockFile() && Module().g_ReadOnly) {
-        throw Refusal(fmt::format("{}: somebody else is at work on this project", Plain(project.path_)));
-    }
+    project.LockNewFile();
     project.failures_at_opening_ = CountRecorded();
     return project;
+}
+
+void Project::RefuseToReplace(const std::string& file) {
+    const std::string path = Absolute(file);
+    if (Platform().files.Facts(path).exists)
+        throw Refusal(fmt::format("{}: there is such a file already", Plain(path)));
+}
+
+void Project::LockNewFile() {
+    if (app().CreateLockFile() || !Module().g_ReadOnly) return;
+    throw Refusal(fmt::format("{}: somebody else is at work on this project", Plain(path_)));
 }
 
 void Project::RefuseUnlessWhole() const {
@@ -159,6 +171,20 @@ void Project::Save() {
         throw Refusal(fmt::format("the change did not go through, so nothing was saved:\n  {}",
                                   fmt::join(Shortened(failed), "\n  ")));
     }
+    Write();
+}
+
+void Project::SaveAs(const std::string& file) {
+    RefuseToReplace(file);
+    KeepCreationDate();
+    app().endreadonly();
+    path_ = Absolute(file);
+    app().xFileName(path_);
+    LockNewFile();
+    Write();
+}
+
+void Project::Write() {
     const String problem = SaveSafely(session_.app);
     if (!problem.empty()) throw Refusal(fmt::format("{}: not saved: {}", Plain(path_), Plain(problem)));
 }

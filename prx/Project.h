@@ -21,6 +21,9 @@ public:
     /// Starts a project under a name that no file has yet.
     static Project Fresh(Host& host, const std::string& file);
 
+    /// Refuses a name that a file has already.
+    static void RefuseToReplace(const std::string& file);
+
     Project(Project&&) = default;
 
     mrlxmlclass::Application& app() const { return *session_.app; }
@@ -37,6 +40,8 @@ public:
 
     /// Replaces the file, or leaves it as it is and refuses: also when the edit did not go through.
     void Save();
+    /// Lets go of the file and goes on as a new one, which is saved; an edit that did not go through is, too.
+    void SaveAs(const std::string& file);
 
 private:
     /// Lets go of the lock at the end.
@@ -53,6 +58,8 @@ private:
     void Load(Host& host);
     void RefuseUnlessWhole() const;
     void KeepCreationDate();
+    void LockNewFile();
+    void Write();
 
     std::string path_;
     Session session_;

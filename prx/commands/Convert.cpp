@@ -9,6 +9,7 @@
 #include "prx/Project.h"
 #include "prx/Refusal.h"
 #include "prx/Terminal.h"
+#include "prx/TieFaults.h"
 #include "prx/Values.h"
 
 namespace prx {
@@ -27,6 +28,7 @@ protected:
         Project project =
             Project::Fresh(host, to_.empty() ? std::filesystem::path(file()).replace_extension(".prx").string() : to_);
         project.app().Convert3to4(file(), {}, project.path());
+        MendTies(project);  // the conversion ties a candidate to its item twice
         project.Save();
         const auto tasks = project.tasks()->NewEnum();
         const auto rows =

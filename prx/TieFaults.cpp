@@ -1,0 +1,168 @@
+#include "prx/TieFaults.h"
+
+#include <fmt/core.h>
+#include <fmt/ranges.h>
+
+#include <map>
+#include <set>
+#include <unordered_map>
+
+#include "prx/Kinds.h"
+#include "prx/Terminal.h"
+
+namespace prx {
+
+using namespace mrlxmlclass;
+
+namespace {
+
+using Lines = std::vector<std::string>;
+constexpr std::size_t kWidestName = 60;
+
+std::string Shown(const std::string& name) {
+    return Plain(CutTo(name, kWidestName));
+}
+
+/// One kind of items, looked at or mended.
+template <class K>
+class Ties {
+public:
+    Ties(Application& app, bool mends, Lines& lines) : app_(app), mends_(mends), lines_(lines) {}
+
+    void Look() {
+        for (const auto& entry : K::All(app_)->NewEnum()) items_.emplace(K::KeyOf(*entry.item), entry.item);
+        LookAtRelations();
+        for (const auto& entry : app_.xTaskCol()->NewEnum()) {
+            const std::string key = KeyText(entry.item->TaskKey()).text();
+            if (LookAtList(*entry.item, TaskName(*entry.item), of_task_[key])) LookAtCopies(*entry.item, of_task_[key]);
+        }
+        if constexpr (K::kKind != Kind::kNote) {
+            for (const auto& [key, item] : items_) LookAtList(*item, ItemName(key), of_item_[key]);
+        }
+    }
+
+private:
+    using Relation = typename K::Relation;
+    using Relations = typename K::Relations;
+    using Own = std::vector<Ref<Relation>>;
+
+    void LookAtRelations() {
+        std::set<std::pair<std::string, std::string>> pairs;
+        for (const auto& entry : K::Ties(app_)->NewEnum()) {
+            const Relation& relation = *entry.item;
+            const std::string task = KeyText(relation.TaskKey()).text();
+            const std::string item = K::ItemOf(relation);
+            std::string fault;
+            if (!app_.xTaskCol()->Item(relation.TaskKey())) {
+                fault = fmt::format("leads to task {}, which is not there", task);
+            } else if (!items_.contains(item)) {
+                fault = fmt::format("leads to {} {}, which is not there", K::kName, Plain(item));
+            } else if (!pairs.emplace(task, item).second) {
+                fault = fmt::format("ties task {} to {} {} a second time", task, K::kName, item);
+            } else {
+                of_task_[task].push_back(entry.item);
+                of_item_[item].push_back(entry.item);
+                continue;
+            }
+            wrong_.insert(relation.elementKey());
+            Tell(fmt::format("{} {}", RelationName(relation.elementKey()), fault), "taken out");
+            if (mends_) K::Ties(app_)->Remove(entry.key.text());
+        }
+    }
+
+    /// The keys that a task or an item lists; true when they are its own.
+    template <class Owner>
+    bool LookAtList(Owner& owner, const std::string& name, const Own& own) {
+        std::unordered_map<std::string, Ref<Relation>> missing;
+        for (const Ref<Relation>& relation : own) missing.emplace(relation->elementKey(), relation);
+        const auto mended = Make<Relations>();
+        bool right = true;
+        if (const Ref<Relations> listed = K::Listed(owner)) {
+            for (const auto& entry : listed->NewEnum()) {
+                const std::string key = entry.item->elementKey();
+                if (missing.erase(key) == 1) {
+                    mended->AddItem(entry.item);
+                    continue;
+                }
+                right = false;
+                if (wrong_.contains(key)) continue;  // told already
+                Tell(fmt::format("{} lists {}, {}", name, RelationName(key),
+                                 Holds(K::Ties(app_), key) ? "which ties others" : "which is not there"),
+                     "taken off");
+            }
+        }
+        for (const Ref<Relation>& relation : own) {
+            if (!missing.contains(relation->elementKey())) continue;
+            right = false;
+            Tell(fmt::format("{} does not list {}, which ties it to {}", name, RelationName(relation->elementKey()),
+                             OtherSide(owner, *relation)),
+                 "put on");
+            mended->AddItem(relation);
+        }
+        if constexpr (requires { K::List(owner, mended); }) {
+            if (mends_ && !right) K::List(owner, mended);
+        }
+        return right;
+    }
+
+    /// The items that a task shows are those that its relations lead to, by their present names.
+    void LookAtCopies(TasksCls& task, const Own& own) {
+        std::multiset<std::string> expected;
+        for (const Ref<Relation>& relation : own) expected.insert(K::NameOf(*items_.at(K::ItemOf(*relation))));
+        std::multiset<std::string> shown;
+        for (const auto& entry : K::Copies(task)) shown.insert(K::NameOf(*entry.item));
+        if (shown == expected) return;
+        const auto list = [](const std::multiset<std::string>& names) {
+            return Shown(fmt::format("{}", fmt::join(names, ", ")));
+        };
+        Tell(fmt::format("{} shows the {} \"{}\" instead of \"{}\"", TaskName(task), K::kPlural, list(shown),
+                         list(expected)),
+             "read anew");
+    }
+
+    void Tell(const std::string& fault, const char* mended) {
+        lines_.push_back(mends_ ? fmt::format("{}: {}", fault, mended) : fault);
+    }
+
+    static std::string RelationName(const std::string& key) { return fmt::format("{} {}", K::kRelation, Plain(key)); }
+    static std::string TaskName(const TasksCls& task) {
+        return fmt::format("task {} \"{}\"", task.TaskKey().value(), Shown(task.TaskName()));
+    }
+    std::string ItemName(const std::string& key) const {
+        return fmt::format("{} {} \"{}\"", K::kName, key, Shown(K::NameOf(*items_.at(key))));
+    }
+    std::string OtherSide(const TasksCls& /*owner*/, const Relation& relation) const {
+        return ItemName(K::ItemOf(relation));
+    }
+    std::string OtherSide(const typename K::Record& /*owner*/, const Relation& relation) const {
+        return TaskName(*app_.xTaskCol()->Item(relation.TaskKey()));
+    }
+
+    Application& app_;
+    bool mends_;
+    Lines& lines_;
+    std::map<std::string, Ref<typename K::Record>> items_;
+    std::set<std::string> wrong_;  ///< relations that are told of
+    std::unordered_map<std::string, Own> of_task_;
+    std::unordered_map<std::string, Own> of_item_;
+};
+
+Lines LookAt(const Project& project, bool mends) {
+    Lines lines;
+    for (const Kind kind : kKinds) {
+        With(kind, [&]<class K>(K) { Ties<K>(project.app(), mends, lines).Look(); });
+    }
+    return lines;
+}
+
+}  // namespace
+
+std::vector<std::string> TieFaults(const Project& project) {
+    return LookAt(project, /*mends=*/false);
+}
+
+std::vector<std::string> MendTies(const Project& project) {
+    return LookAt(project, /*mends=*/true);
+}
+
+}  // namespace prx
