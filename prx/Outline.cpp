@@ -1,13 +1,14 @@
 #include "prx/Outline.h"
 
 #include <fmt/core.h>
+#include <fmt/ranges.h>
 
 #include <algorithm>
-#include <array>
 #include <unordered_map>
 
 #include "mrlxmlclass/xml/ProjectsCls.h"
 #include "prx/Calendar.h"
+#include "prx/Items.h"
 #include "prx/Json.h"
 #include "prx/Terminal.h"
 #include "prx/Values.h"
@@ -18,9 +19,11 @@ using namespace mrlxmlclass;
 
 namespace {
 
-constexpr std::size_t kColumns = 8;
-constexpr std::size_t kNameColumn = 2;
-using Cells = std::array<std::string, kColumns>;
+struct Column {
+    const char* heading;
+    bool left;
+    std::string (*cell)(const OutlineRow&);
+};
 
 // However deep a plan is and however long its names, a line stays a line.
 constexpr std::size_t kDeepestDrawn = 20;
@@ -31,36 +34,77 @@ std::string NameCell(const OutlineRow& row) {
     return std::string(2 * std::min(row.level, kDeepestDrawn), ' ') + name;
 }
 
-Cells CellsOf(const OutlineRow& row) {
-    TasksCls& task = *row.task;
-    return {Text(task.TaskPosition()),
-            Text(task.TaskKey()),
-            NameCell(row),
-            task.TaskBDate().set() ? Text(task.TaskBDate()) : "",
-            task.TaskEDate().set() ? Text(task.TaskEDate()) : "",
-            task.TaskMilstones() ? "milestone" : fmt::format("{} {}", task.TaskDuration(), task.TaskDurationUnit()),
-            task.TaskPercentDoneValid() ? Text(task.TaskPercentDone()) + "%" : "",
-            task.TaskCost() != Currency(0) ? Text(task.TaskCost()) : ""};
+std::string Names(const OutlineRow& row, Kind kind) {
+    return Plain(fmt::format("{}", fmt::join(NamesOn(*row.task, kind), ", ")));
 }
 
-bool LeftAligned(std::size_t column) {
-    return column >= kNameColumn && column <= kNameColumn + 2;
-}
+const Column kRow = {"Row", false, [](const OutlineRow& row) { return Text(row.task->TaskPosition()); }};
+const Column kKey = {"Key", false, [](const OutlineRow& row) { return Text(row.task->TaskKey()); }};
+const Column kName = {"Name", true, NameCell};
+const Column kStart = {"Start", true, [](const OutlineRow& row) {
+                           return row.task->TaskBDate().set() ? Text(row.task->TaskBDate()) : "";
+                       }};
+const Column kEnd = {
+    "End", true, [](const OutlineRow& row) { return row.task->TaskEDate().set() ? Text(row.task->TaskEDate()) : ""; }};
+const Column kDuration = {"Duration", false, [](const OutlineRow& row) {
+                              return row.task->TaskMilstones()
+                                         ? "milestone"
+                                         : fmt::format("{} {}", row.task->TaskDuration(), row.task->TaskDurationUnit());
+                          }};
+const Column kDone = {"Done", false, [](const OutlineRow& row) {
+                          return row.task->TaskPercentDoneValid() ? Text(row.task->TaskPercentDone()) + "%" : "";
+                      }};
+const Column kCost = {"Cost", false, [](const OutlineRow& row) {
+                          return row.task->TaskCost() != Currency(0) ? Text(row.task->TaskCost()) : "";
+                      }};
+const Column kPeople = {"People", true, [](const OutlineRow& row) { return Names(row, Kind::kPerson); }};
+const Column kNotes = {"Notes", true, [](const OutlineRow& row) { return Names(row, Kind::kNote); }};
 
-std::string Line(const Cells& cells, const std::array<std::size_t, kColumns>& widths) {
-    std::string line;
-    for (std::size_t i = 0; i < kColumns; ++i) {
-        if (i > 0) line += "  ";
-        line += LeftAligned(i) ? PadRight(cells[i], widths[i]) : PadLeft(cells[i], widths[i]);
+constexpr std::size_t kGap = 2;
+
+/// The columns as lines; the last `shared` ones share the width that the others leave.
+std::string Table(const std::vector<OutlineRow>& rows, const std::vector<Column>& columns, std::size_t shared,
+                  std::size_t width) {
+    constexpr std::size_t kNarrowest = 12;
+    std::vector<std::vector<std::string>> cells;
+    std::size_t taken = 0;
+    for (std::size_t i = 0; i < columns.size(); ++i) {
+        std::vector<std::string> column = {columns[i].heading};
+        for (const OutlineRow& row : rows) column.push_back(columns[i].cell(row));
+        const std::size_t sharing = i + shared < columns.size() ? 0 : columns.size() - i;
+        std::size_t widest = 0;
+        const std::size_t left = width > taken ? (width - taken) / std::max<std::size_t>(sharing, 1) : 0;
+        for (std::string& cell : column) {
+            if (sharing > 0) cell = CutTo(cell, std::max(kNarrowest, left > kGap ? left - kGap : 0));
+            widest = std::max(widest, Width(cell));
+        }
+        for (std::string& cell : column) cell = columns[i].left ? PadRight(cell, widest) : PadLeft(cell, widest);
+        taken += widest + kGap;
+        cells.push_back(std::move(column));
     }
-    line.erase(line.find_last_not_of(' ') + 1);
-    return line + "\n";
+    std::string text;
+    for (std::size_t row = 0; row <= rows.size(); ++row) {
+        std::string line;
+        for (const std::vector<std::string>& column : cells) {
+            if (&column != &cells.front()) line.append(kGap, ' ');
+            line += column[row];
+        }
+        line.erase(line.find_last_not_of(' ') + 1);
+        text += line + "\n";
+    }
+    return text;
 }
 
 std::string KeysOf(const Ref<Collection>& keys) {
     std::vector<std::string> texts;
     for (const auto& entry : keys->Snapshot()) texts.push_back(json::Quote(entry.item.Key().text()));
     return json::Array(texts);
+}
+
+std::string TextsOf(const std::vector<std::string>& texts) {
+    std::vector<std::string> quoted;
+    for (const std::string& text : texts) quoted.push_back(json::Quote(text));
+    return json::Array(quoted);
 }
 
 std::string DateOrNull(Date date) {
@@ -87,6 +131,7 @@ std::string JsonOf(const OutlineRow& row, const Ref<TasksCol>& tasks) {
         .Add("colour", task.TaskcolorValid() ? number(task.TaskColor()) : "null")
         .Add("lag", number(task.TaskLag()));
     if (task.TaskPredecessorValid()) object.Add("predecessors", KeysOf(task.TaskPredecessor()));
+    for (const Kind kind : kKinds) object.Add(PluralOf(kind), TextsOf(NamesOn(task, kind)));
     return object.Text();
 }
 
@@ -117,19 +162,18 @@ std::vector<OutlineRow> Outline(const Ref<TasksCol>& tasks) {
     return rows;
 }
 
-std::string AsTable(Application& app) {
+std::string AsTable(Application& app, const TableView& view) {
     const std::vector<OutlineRow> rows = Outline(app.xTaskCol());
-    std::vector<Cells> table = {{"Row", "Key", "Name", "Start", "End", "Duration", "Done", "Cost"}};
-    for (const OutlineRow& row : rows) table.push_back(CellsOf(row));
-
-    std::array<std::size_t, kColumns> widths{};
-    for (const Cells& cells : table) {
-        for (std::size_t i = 0; i < kColumns; ++i) widths[i] = std::max(widths[i], Width(cells[i]));
-    }
     std::string text = Heading(app, rows.size());
     if (rows.empty()) return text;
-    for (const Cells& cells : table) text += Line(cells, widths);
-    return text;
+    std::vector<Column> columns = {kRow, kKey, kName, kStart, kEnd};
+    if (view.people || view.notes) {
+        if (view.people) columns.push_back(kPeople);
+        if (view.notes) columns.push_back(kNotes);
+    } else {
+        columns.insert(columns.end(), {kDuration, kDone, kCost});
+    }
+    return text + Table(rows, columns, (view.people ? 1U : 0U) + (view.notes ? 1U : 0U), view.width);
 }
 
 std::string AsJson(Application& app) {

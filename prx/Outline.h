@@ -18,8 +18,14 @@ struct OutlineRow {
 /// The tasks of the outline by row.
 std::vector<OutlineRow> Outline(const mrlxmlclass::Ref<mrlxmlclass::TasksCol>& tasks);
 
+/// What a table shows behind the dates: durations, progress and costs, or the people and notes of the tasks.
+struct TableView {
+    bool people = false;
+    bool notes = false;
+    std::size_t width = 80;  ///< columns of the terminal, which people and notes are cut to
+};
 /// The project's name and span, and its outline as a table with a line a task.
-std::string AsTable(mrlxmlclass::Application& app);
+std::string AsTable(mrlxmlclass::Application& app, const TableView& view);
 /// All of it for programs: the project, its calendar and its tasks, a line each.
 std::string AsJson(mrlxmlclass::Application& app);
 

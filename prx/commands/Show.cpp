@@ -16,6 +16,11 @@ public:
     explicit Show(CLI::App& app) : Command(app, "show", "Print the outline") {
         auto* json = options().add_flag("--json", json_, "Print everything as JSON, for programs");
         auto* gantt = options().add_flag("--gantt", gantt_, "Draw it as bars over a time line")->excludes(json);
+        options()
+            .add_flag("--people", people_, "Show who works on what, instead of durations and costs")
+            ->excludes(json)
+            ->excludes(gantt);
+        options().add_flag("--notes", notes_, "Show the notes of the tasks")->excludes(json)->excludes(gantt);
         options().add_option("--from", from_, "First day of the bars, yyyy-mm-dd")->needs(gantt);
         options().add_option("--to", to_, "Last day of the bars, yyyy-mm-dd")->needs(gantt);
         options()
@@ -26,7 +31,9 @@ public:
     int Run(Host& host) override {
         const GanttView view = View();
         const Project project = Project::ToLook(host, file());
-        fmt::print("{}", gantt_ ? AsGantt(project, view) : json_ ? AsJson(project.app()) : AsTable(project.app()));
+        fmt::print("{}", gantt_  ? AsGantt(project, view)
+                         : json_ ? AsJson(project.app())
+                                 : AsTable(project.app(), {people_, notes_, OutputWidth()}));
         if (!Losses(project).empty()) {
             Note(fmt::format("{}: this is not all of it; see \"prx check\"", Plain(project.path())));
         }
@@ -46,6 +53,8 @@ private:
 
     bool json_ = false;
     bool gantt_ = false;
+    bool people_ = false;
+    bool notes_ = false;
     std::string from_;
     std::string to_;
     std::string width_;

@@ -20,6 +20,49 @@ TEST(Show, DrawsTheOutlineAsATable) {
               "  3    3    Done  2026-03-05  2026-03-05  milestone\n");
 }
 
+TEST(Show, DrawsPeopleAndNotesWithinTheLine) {
+    const Folder folder;
+    folder.Output({"new", "a.prx", "--name", "Trial"});
+    folder.Output({"add", "a.prx", "Phase", "--start", "2026-03-02"});
+    folder.Output({"add", "a.prx", "Build", "--under", "Phase", "--start", "2026-03-02", "--duration", "3d"});
+    for (const char* name : {"Ann", "Ben", "Catherine the Great of the North"}) {
+        folder.Output({"person", "a.prx", "add", name});
+        folder.Output({"assign", "a.prx", "Build", "person", name});
+    }
+    folder.Output({"note", "a.prx", "add", "Ask\nthe town hall before the digger comes, and the neighbours"});
+    folder.Output({"assign", "a.prx", "Phase", "note", "1"});
+
+    EXPECT_EQ(folder.Output({"show", "a.prx", "--people"}),
+              "Trial: 2 tasks, 2026-03-02 to 2026-03-04\n"
+              "Row  Key  Name     Start       End         People\n"
+              "  1    1  Phase    2026-03-02  2026-03-04\n"
+              "  2    2    Build  2026-03-02  2026-03-04  Ann, Ben, Catherine the Great of...\n");
+    EXPECT_EQ(folder.Output({"show", "a.prx", "--people", "--notes"}),
+              "Trial: 2 tasks, 2026-03-02 to 2026-03-04\n"
+              "Row  Key  Name     Start       End         People            Notes\n"
+              "  1    1  Phase    2026-03-02  2026-03-04                    Ask the town h...\n"
+              "  2    2    Build  2026-03-02  2026-03-04  Ann, Ben, Cat...\n");
+    EXPECT_EQ(folder.Prx({"show", "a.prx", "--people", "--json"}).status, 2);
+}
+
+TEST(Show, NamesTheItemsOfATaskInJson) {
+    const Folder folder;
+    folder.Output({"new", "a.prx"});
+    folder.Output({"add", "a.prx", "Phase", "--start", "2026-03-02"});
+    for (const char* kind : {"person", "goal", "obstacle", "note"}) {
+        folder.Output({kind, "a.prx", "add", std::string("\"") + kind});
+        folder.Output({"assign", "a.prx", "Phase", kind, "1"});
+    }
+
+    const std::string json = folder.Output({"show", "--json", "a.prx"});
+
+    EXPECT_EQ(JsonFault(json), "");
+    EXPECT_NE(
+        json.find(R"("people": ["\"person"], "goals": ["\"goal"], "obstacles": ["\"obstacle"], "notes": ["\"note"])"),
+        std::string::npos)
+        << json;
+}
+
 TEST(Show, PrintsJsonThatProgramsCanRead) {
     const Folder folder;
     for (const char* example : {"house.prx", "festival.prx", "orchard.prx"}) {
