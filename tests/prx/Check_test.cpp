@@ -39,12 +39,12 @@ TEST(Check, FindsNothingWrongInTheExamples) {
 }
 
 TEST(Check, NamesTheSectionsThatAreMissing) {
-    const Damaged folder("<Goals/>", "");
+    const Damaged folder("Goals>", "Plans>");
     ExpectIn(folder.Faults(), "the section Goals is missing");
 }
 
 TEST(Check, NamesASectionThatStandsTwice) {
-    const Damaged folder("<Goals/>", "<Goals/><Goals/>");
+    const Damaged folder("</Goals>", "</Goals><Goals/>");
     ExpectIn(folder.Faults(), "the section Goals stands 2 times");
 }
 

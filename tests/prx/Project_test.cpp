@@ -75,7 +75,7 @@ TEST(Project, IsNotChangedWhenItsFileWasCutShort) {
 TEST(Project, IsChangedByForceAndIsWholeThen) {
     const Folder folder;
     folder.CopyExample("house.prx", "a.prx");
-    folder.Write("a.prx", Replaced(folder.Read("a.prx"), "<Goals/>", ""));
+    folder.Write("a.prx", Replaced(folder.Read("a.prx"), "Goals>", "Plans>"));
 
     folder.Output({"set", "a.prx", "Excavate", "done=5", "--force"});
 

@@ -99,7 +99,7 @@ TEST(Show, KeepsATaskInOneLineAndTheTerminalUnsteered) {
 TEST(Show, TellsOnTheErrorOutputThatSomethingIsMissing) {
     const Folder folder;
     folder.CopyExample("house.prx", "a.prx");
-    folder.Write("a.prx", Replaced(folder.Read("a.prx"), "<Goals/>", ""));
+    folder.Write("a.prx", Replaced(folder.Read("a.prx"), "Goals>", "Plans>"));
 
     const Result result = folder.Prx({"show", "a.prx"});
 
