@@ -81,61 +81,66 @@ Walk<Boolean> DateWalk::DependsDateChanged(KeyText key, Date& changed_date, cons
     if (!module_.BVersion || !In(task).PeekSuccessor()) co_return;
 
     const auto successors = In(task).PeekSuccessor()->Snapshot();
-    KeyText previous;
-    bool eligible = !how.p_not_same_parent;
+    Turn turn(/*with_siblings=*/!how.p_not_same_parent);
     Date old_start;
-    for (const auto& entry : successors) {
-        const KeyText next_key = entry.item.Key();
-        const Ref<TasksCls> next = tasks_.Item(next_key);
-        const bool first = previous.none();
-        // Kept: once one is eligible, so is the rest of the list.
-        if (!eligible) eligible = !next || next->ParentID() == 0 || next->ParentID() != task->ParentID();
-        if (eligible && TakesItsTurn(next_key, next, first, previous)) {
-            // Kept: only the first takes its lag afresh; a later one follows by the changed task's.
-            if (first && next) next->TaskLag(tasks_.LeadTowards(next, KeyText(task->TaskKey())));
-            const bool summary = next && In(next).HasChildren();
-            if (!summary || (!first && how.SummaryCalc)) {
-                const Integer lead = !next ? Long(0) : first ? next->TaskLag() : task->TaskLag();
-                // Kept: the parent of a later leaf stays as it was.
-                const Follow follow{lead, how.LeadTimeCalc, !summary, first || summary, how.p_not_same_parent};
-                auto walk = AdjustDate(next_key, task, follow, p_diff, old_start);
-                co_await std::move(walk);
-            }
-            if (summary && how.SummaryCalc) {
-                const bool behind = first && remembered != task->TaskBDate();
-                auto walk = MoveSummary(
-                    next_key, behind ? ExactlyBehind(next_key, task, remembered, p_diff) : ByShift(next_key, p_diff));
-                co_await std::move(walk);
-            }
-            reached_.Add(next_key);
+    for (std::size_t place = 0; place < successors.size(); ++place) {
+        turn.Next(successors[place].item.Key());
+        if (!Takes(turn, task, how)) continue;
+        if (turn.adjusts) {
+            auto walk = AdjustDate(turn.key, task, turn.follow, p_diff, old_start);
+            co_await std::move(walk);
         }
-        previous = next_key == kNoText ? KeyText() : next_key;
+        if (turn.summary && how.SummaryCalc) {
+            auto walk = MoveSummary(turn.key, MoveBehind(turn, task, remembered, p_diff));
+            co_await std::move(walk);
+        }
+        reached_.Add(turn.key);
     }
 }
 
-/// A summary that keeps its gap to the task that changed.
-DateWalk::SummaryMove DateWalk::ExactlyBehind(KeyText key, const Ref<TasksCls>& changed, Date remembered,
-                                              Integer& p_diff) {
-    Date start = tasks_.Item(key)->TaskBDate();
+void DateWalk::Turn::Next(KeyText next) {
+    previous = key == kNoText ? KeyText() : key;
+    key = next;
+}
+
+/// Whether a successor is moved now, and how it follows then.
+bool DateWalk::Takes(Turn& turn, const Ref<TasksCls>& changed, const Change& how) {
+    const Ref<TasksCls> next = tasks_.Item(turn.key);
+    // Kept: once one is eligible, so is the rest of the list.
+    if (!turn.eligible) turn.eligible = !next || next->ParentID() == 0 || next->ParentID() != changed->ParentID();
+    if (!turn.eligible || !IsDue(turn, next)) return false;
+    const bool first = turn.first();
+    // Kept: only the first takes its lag afresh; a later one follows by the changed task's.
+    if (first && next) next->TaskLag(tasks_.LeadTowards(next, KeyText(changed->TaskKey())));
+    turn.summary = next && In(next).HasChildren();
+    turn.adjusts = !turn.summary || (!first && how.SummaryCalc);
+    if (!turn.adjusts) return true;
+    const Integer lead = !next ? Long(0) : first ? next->TaskLag() : changed->TaskLag();
+    // Kept: the parent of a later leaf stays as it was.
+    turn.follow = {lead, how.LeadTimeCalc, !turn.summary, first || turn.summary, how.p_not_same_parent};
+    return true;
+}
+
+/// Kept: a later one that was moved already has its parent adjusted once more, unless it waits for the one before it.
+bool DateWalk::IsDue(const Turn& turn, const Ref<TasksCls>& task) {
+    const bool later = !turn.first() && task;
+    if (later && In(task).HasPredecessor(turn.previous)) return false;  // the walk through that one reaches it
+    if (!reached_.Has(turn.key)) return true;
+    if (later) AdjustParentOf(task);
+    return false;
+}
+
+/// A first summary keeps its gap to the task that changed, if that moved; any other moves as far as that.
+DateWalk::SummaryMove DateWalk::MoveBehind(const Turn& turn, const Ref<TasksCls>& changed, Date remembered,
+                                           Integer& p_diff) {
+    const bool keeps_gap = turn.first() && remembered != changed->TaskBDate();
+    Date start = tasks_.Item(turn.key)->TaskBDate();
+    if (!keeps_gap) return {start, Date(), p_diff};
     tasks_.AdjustDateForSummary(start, changed->TaskBDate(), remembered, p_diff);
     return {start, start, 0};
 }
 
-/// A summary that moves as far as the task that changed.
-DateWalk::SummaryMove DateWalk::ByShift(KeyText key, Integer p_diff) {
-    return {tasks_.Item(key)->TaskBDate(), Date(), p_diff};
-}
-
-/// Whether a successor is moved now. Kept: a later one that was moved already has its parent adjusted once more, unless
-/// it waits for the one before it.
-bool DateWalk::TakesItsTurn(KeyText key, const Ref<TasksCls>& task, bool first, KeyText previous) {
-    if (!first && task && In(task).HasPredecessor(previous)) return false;  // the walk through that one reaches it
-    if (!reached_.Has(key)) return true;
-    if (!first && task) AdjustParentOf(task);
-    return false;
-}
-
-Walk<Boolean> DateWalk::AdjustDate(KeyText key, Ref<TasksCls> changed, const Follow& how, Integer& p_diff,
+Walk<Boolean> DateWalk::AdjustDate(KeyText key, const Ref<TasksCls>& changed, const Follow& how, Integer& p_diff,
                                    Date& p_preview_date) {
     auto& result = co_await kTail.Begin("AdjustDate");
     const Ref<TasksCls> task = tasks_.Item(key);
@@ -148,9 +153,10 @@ Walk<Boolean> DateWalk::AdjustDate(KeyText key, Ref<TasksCls> changed, const Fol
     task->TaskLag(tasks_.LeadTowards(task, KeyText(changed->TaskKey())));
     if (task->TaskBDate().set()) {
         PutBehind(task, changed, how.theLeadTime);
-        p_diff = DaysBetween(p_preview_date, task->TaskBDate());
+        Date start = task->TaskBDate();
+        p_diff = DaysBetween(p_preview_date, start);
         if (how.AdjustOtherDate) {
-            Date start = task->TaskBDate();  // Kept: unless measured anew, the lag is in it and added once more
+            // Kept: unless measured anew, the lag is in the start and is added once more.
             const Change change{1, how.LeadTimeCalc, True, how.p_do_same_parent, True};
             auto walk = DependsDateChanged(key, start, change, p_diff);
             result = co_await std::move(walk);

@@ -33,7 +33,7 @@ public:
         Boolean adjustParent;
         Boolean p_do_same_parent;
     };
-    Walk<Boolean> AdjustDate(KeyText key, Ref<TasksCls> changed, const Follow& how, Integer& p_diff,
+    Walk<Boolean> AdjustDate(KeyText key, const Ref<TasksCls>& changed, const Follow& how, Integer& p_diff,
                              Date& p_preview_date);
 
     /// `below` bounds the way down from the summary at which it began.
@@ -47,16 +47,29 @@ private:
     bool SetTarget(const Ref<TasksCls>& summary, Date& stDate, Date& UsethisDate, Integer& p_diff);
     Date PlaceBehind(const Ref<TasksCls>& child, Long lag, const Ref<TasksCls>& previous, Date& previous_end,
                      Integer& p_diff);
+    /// The turn of a successor, one after the other.
+    struct Turn {
+        explicit Turn(bool with_siblings) : eligible(with_siblings) {}
+        void Next(KeyText next);
+        bool first() const { return previous.none(); }
+
+        KeyText key;
+        KeyText previous;
+        bool eligible;
+        bool summary = false;  ///< what it is, and how it follows, once it takes its turn
+        bool adjusts = false;
+        Follow follow{};
+    };
+    bool Takes(Turn& turn, const Ref<TasksCls>& changed, const Change& how);
+    bool IsDue(const Turn& turn, const Ref<TasksCls>& task);
     /// How a summary follows: see TasksCol::SummaryTaskDateChanged2.
     struct SummaryMove {
         Date stDate;
         Date UsethisDate;
         Integer p_diff;
     };
-    SummaryMove ExactlyBehind(KeyText key, const Ref<TasksCls>& changed, Date remembered, Integer& p_diff);
-    SummaryMove ByShift(KeyText key, Integer p_diff);
+    SummaryMove MoveBehind(const Turn& turn, const Ref<TasksCls>& changed, Date remembered, Integer& p_diff);
     Walk<Boolean> MoveSummary(KeyText key, SummaryMove move);
-    bool TakesItsTurn(KeyText key, const Ref<TasksCls>& task, bool first, KeyText previous);
     void AdjustParentOf(const Ref<TasksCls>& task);
 
     Ref<TasksCol> held_;  // a listener may let go of the collection

@@ -24,7 +24,7 @@ Boolean TasksCol::AdjustDate(const String& Key, const Ref<TasksCls>& oChangedTas
                              Boolean LeadTimeCalc, Boolean AdjustOtherDate, Boolean adjustParent,
                              ByRef<Ref<Dictionary>> p_changeds, Boolean p_do_same_parent, ByRef<Integer> p_diff,
                              ByRef<Date> p_preview_date) {
-    return kTail.Run<Boolean>("AdjustDate", [&](Boolean& result) {
+    return kTail.Run<Boolean>("AdjustDate", [&, oChangedTask](Boolean& result) {
         DateWalk walk(*this, p_changeds);
         const DateWalk::Follow follow{theLeadTime, LeadTimeCalc, AdjustOtherDate, adjustParent, p_do_same_parent};
         result = walk.AdjustDate(Key, oChangedTask, follow, *p_diff, *p_preview_date).Run();
