@@ -35,6 +35,8 @@ public:
     Long Count() const { return store_.size(); }
 
     bool Has(KeyText key) const { return store_.IndexOf(key) != Store::npos; }
+    /// The items, to walk while nothing changes them.
+    const Store& Items() const { return store_; }
     /// The items as they stand now, to walk while the collection changes.
     Store Snapshot() const { return store_; }
     std::uint64_t Stamp() const { return store_.Stamp(); }

@@ -54,8 +54,8 @@ String KeyText::text() const {
     return is_number() ? std::to_string(id_) : Texts().TextOf(id_);
 }
 
-Long KeyText::Number() const {
-    return is_number() ? Long(number()) : KeyNumber(text());
+Long KeyText::NumberOfText() const {
+    return KeyNumber(text());
 }
 
 std::optional<Long> WholeNumberIn(std::string_view text) {

@@ -48,7 +48,7 @@ public:
 
     String text() const;
     /// The number that the text stands for; 0 for a text that is no number.
-    Long Number() const;
+    Long Number() const { return is_number() ? Long(number()) : NumberOfText(); }
 
     friend constexpr bool operator==(KeyText, KeyText) = default;
 
@@ -65,6 +65,7 @@ private:
     }
     void Intern(std::string_view text);
     void InternNegative();
+    Long NumberOfText() const;
 
     std::int32_t id_ = kNoKey;
 };

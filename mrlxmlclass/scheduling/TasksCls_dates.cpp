@@ -56,8 +56,7 @@ Date WithLag(Date start, Long lag) {
     return day;
 }
 
-void KeepMinDate(Date start, Long key) {
-    ModuleState& module = Module();
+void KeepMinDate(ModuleState& module, Date start, Long key) {
     if (module.g_MinDate <= start) {
         if (!module.g_MinDate.set()) {
             module.g_MinDate = start;
@@ -73,24 +72,21 @@ void KeepMinDate(Date start, Long key) {
 }
 
 /// Widens the cached end of the plan; false when it reaches that far already.
-bool WidensMaxDate(Date end, Long key) {
-    ModuleState& module = Module();
+bool WidensMaxDate(ModuleState& module, Date end, Long key) {
     if (module.g_MaxDate >= end && module.g_MaxDate.set()) return false;
     module.g_MaxDate = end;
     module.g_MaxDateTaskKey = key;
     return true;
 }
 
-void KeepMaxDateOfStart(Date end, Long key) {
-    ModuleState& module = Module();
-    if (WidensMaxDate(end, key) || module.g_MaxDateTaskKey != key) return;
+void KeepMaxDateOfStart(ModuleState& module, Date end, Long key) {
+    if (WidensMaxDate(module, end, key) || module.g_MaxDateTaskKey != key) return;
     module.g_MaxDate = Date();
     module.g_MaxDateTaskKey = 0;
 }
 
-void KeepMaxDateOfEnd(Date end, Long key) {
-    ModuleState& module = Module();
-    if (WidensMaxDate(end, key) || module.g_MaxDateTaskKey != key) return;
+void KeepMaxDateOfEnd(ModuleState& module, Date end, Long key) {
+    if (WidensMaxDate(module, end, key) || module.g_MaxDateTaskKey != key) return;
     module.g_MaxDate = end;  // a holder that ends earlier pulls the cache down with it
 }
 
@@ -180,8 +176,9 @@ void TasksCls::TaskBDate(Date value) {
             }
         }
         if (f_.TaskCondidat) {
-            KeepMinDate(f_.TaskBDate.value, f_.TaskKey);
-            KeepMaxDateOfStart(f_.TaskEDate.value, f_.TaskKey);
+            ModuleState& module = Module();
+            KeepMinDate(module, f_.TaskBDate.value, f_.TaskKey);
+            KeepMaxDateOfStart(module, f_.TaskEDate.value, f_.TaskKey);
         }
     });
 }
@@ -227,7 +224,7 @@ void TasksCls::TaskEDate(Date value) {
             f_.TaskDuration.valid = True;
             if (!f_.TaskMilstones) TaskDuration(1);
         }
-        if (f_.TaskCondidat) KeepMaxDateOfEnd(end, f_.TaskKey);
+        if (f_.TaskCondidat) KeepMaxDateOfEnd(Module(), end, f_.TaskKey);
     });
 }
 

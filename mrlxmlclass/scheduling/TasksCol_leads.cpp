@@ -62,10 +62,9 @@ private:
     /// The number that stands at `at`, and `at` behind it; -1 for none, for a long one and for a needless zero.
     static std::int32_t Digits(std::string_view text, std::size_t& at) {
         const std::size_t first = at;
+        const std::size_t end = std::min(text.size(), first + kMostDigits);
         std::int32_t number = 0;
-        while (at < text.size() && text[at] >= '0' && text[at] <= '9' && at - first < kMostDigits) {
-            number = number * 10 + (text[at++] - '0');
-        }
+        while (at < end && text[at] >= '0' && text[at] <= '9') number = number * 10 + (text[at++] - '0');
         const bool canonical = at > first && (text[first] != '0' || at == first + 1);
         return canonical ? number : -1;
     }
@@ -85,7 +84,7 @@ Integer LeadIn(KeyText predecessor, const Collection::Store& leads) {
 }
 
 void RemoveLead(const String& key, const Ref<Collection>& leads) {
-    const std::size_t place = PlaceOfLead(key, leads->Snapshot());
+    const std::size_t place = PlaceOfLead(key, leads->Items());
     if (place != Collection::Store::npos) leads->Remove(Long(place + 1));
 }
 
@@ -131,13 +130,13 @@ Boolean TasksCol::RemoveLeadTime(const String& TaskKey, const String& Predecesso
 
 Integer TasksCol::GetLeadTime(const String& thePredecessor, const Ref<Collection>& LeadCol) {
     return kTail.Run<Integer>("GetLeadTime",
-                              [&](Integer& result) { result = LeadIn(thePredecessor, LeadCol->Snapshot()); });
+                              [&](Integer& result) { result = LeadIn(thePredecessor, LeadCol->Items()); });
 }
 
 Integer TasksCol::Internal::LeadTowards(const Ref<TasksCls>& task, KeyText predecessor) const {
     return kTail.Run<Integer>("GetLeadTime", [&](Integer& result) {
-        const Ref<Collection> leads = In(task).PeekLeadTime();
-        if (leads) result = LeadIn(predecessor, leads->Snapshot());
+        const Ref<Collection>& leads = In(task).PeekLeadTime();
+        if (leads) result = LeadIn(predecessor, leads->Items());
     });
 }
 

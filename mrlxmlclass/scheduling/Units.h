@@ -18,7 +18,7 @@ struct DurationUnit {
 /// What nearly every task is measured in.
 extern const DurationUnit kDays;
 inline bool IsDays(std::string_view unit) {
-    return unit.size() == 4 && unit[0] == 'd' && unit[1] == 'a' && unit[2] == 'y' && unit[3] == 's';
+    return unit == "days";
 }
 /// The unit of that name, which stands as long as the program; nothing for a text that is no unit.
 const DurationUnit* UnitNamed(std::string_view name);

@@ -41,8 +41,7 @@ std::optional<Date> PublicDays::WorkingDayAfter(Date date, std::int64_t count) c
     return day ? std::optional(Date(*day)) : std::nullopt;
 }
 
-Date PublicDays::NextWorkingDay(Date date, int step) const {
-    if (table_ == nullptr || !date.set()) return date;
+Date PublicDays::SearchWorkingDay(Date date, int step) const {
     if (date.in_calendar()) {  // as good as always, and the answer is near
         int day = date.number();
         for (int searched = 0; searched < kNear && Date(day).in_calendar(); ++searched, day += step) {

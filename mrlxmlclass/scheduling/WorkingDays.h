@@ -26,9 +26,15 @@ public:
     /// than 10,000 days.
     std::optional<Date> WorkingDayAfter(Date date, std::int64_t count) const;
     /// The first working day from `date` on, `step` days at a time; 0 for no date.
-    Date NextWorkingDay(Date date, int step) const;
+    Date NextWorkingDay(Date date, int step) const {
+        if (table_ == nullptr || !date.set()) return date;
+        if (date.in_calendar() && !table_->NonWorking(date.number())) return Date(date.number());
+        return SearchWorkingDay(date, step);
+    }
 
 private:
+    Date SearchWorkingDay(Date date, int step) const;
+
     WorkingDayTable* table_;
 };
 

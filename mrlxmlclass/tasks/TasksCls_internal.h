@@ -90,7 +90,7 @@ public:
 
     Ref<Collection> PeekSuccessor() const { return f_.TaskSuccessor.cell.Peek(); }
     Ref<Collection> PeekPredecessor() const { return f_.TaskPredecessor.cell.Peek(); }
-    Ref<Collection> PeekLeadTime() const { return f_.TaskLeadTime; }
+    const Ref<Collection>& PeekLeadTime() const { return f_.TaskLeadTime; }
     Ref<TaskNoteRelationCol> PeekNoteRelation() const { return f_.TaskNoteRelation.cell.Peek(); }
     Ref<TaskObstaclesRelationCol> PeekObstaclesRelation() const { return f_.TaskObstaclesRelation.cell.Peek(); }
     Ref<TaskGoalRelationCol> PeekGoalRelation() const { return f_.TaskGoalRelation.cell.Peek(); }
