@@ -12,13 +12,13 @@ constexpr int kYearOfNoDate = 1900;
 
 /// The span of a summary, widened by its children in their order.
 void WidenOverChildren(const TasksCol::Internal& tasks, const Ref<TasksCls>& summary, const ChildOrder& children) {
+    Date start = summary->TaskBDate();
+    Date end = summary->TaskEDate();
     for (const Long key : children.keys) {
-        const Ref<TasksCls> child = tasks.Item(KeyText(key));
+        const TasksCls& child = tasks.Existing(KeyText(key));
         // Kept: a child without a start lowers the start to 0, and only a later dated child sets it again.
-        if (child->TaskBDate() < summary->TaskBDate() || !summary->TaskBDate().set()) {
-            In(summary).StoreStart(child->TaskBDate());
-        }
-        if (child->TaskEDate() > summary->TaskEDate()) In(summary).StoreEnd(child->TaskEDate());
+        if (child.TaskBDate() < start || !start.set()) In(summary).StoreStart(start = child.TaskBDate());
+        if (child.TaskEDate() > end) In(summary).StoreEnd(end = child.TaskEDate());
     }
 }
 

@@ -278,8 +278,6 @@ public:
     Boolean FromXmlFile(const String& FileName, const Ref<StaticCls>& oPublicStaticCls);
     Boolean FromXml(const String& xmlIn, const Ref<StaticCls>& oPublicStaticCls, Boolean p_for_lib = False);
 
-    EventSource<TasksClsEvents> Events;
-
     class Internal;
 
 private:
@@ -328,6 +326,9 @@ private:
         Flagged<Long> TaskColor;
     };
     Fields f_;
+
+public:
+    EventSource<TasksClsEvents> Events;  // last, so that the fields that walks read share their few cache lines
 };
 
 }  // namespace mrlxmlclass

@@ -28,6 +28,11 @@ public:
     Ref<TasksCls> Find(Long key) const { return Find(KeyText(key)); }
     /// As the public Item: a task without a key is never found.
     Ref<TasksCls> Item(KeyText key) const { return key == KeyText(Long(0)) ? Ref<TasksCls>() : Find(key); }
+    /// The same for a look that lasts no longer than the collection stands; none fails (91).
+    const TasksCls& Existing(KeyText key) const {
+        const Ref<TasksCls>* task = key == KeyText(Long(0)) ? nullptr : self_.tasks_.Find(key);
+        return task != nullptr ? **task : *Ref<TasksCls>();
+    }
     bool isParent(KeyText key) const {
         const Ref<TasksCls> task = key.Number() != 0 ? Item(key) : Ref<TasksCls>();
         return task && IsParent(task, key);
