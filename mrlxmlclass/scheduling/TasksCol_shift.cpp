@@ -31,7 +31,7 @@ void TellInDays(TasksCol& tasks, const Ref<TasksCls>& task, KeyText key) {
 /// Moves the anchors of the plan: its top level, or what of that `anchors` says.
 template <class Anchors>
 void MoveAnchors(TasksCol& tasks, Double shift, Boolean measure_gaps, Anchors&& anchors) {
-    tasks.SortMe(True);
+    In(tasks).SortRows();
     for (const auto& entry : tasks.NewEnum()) {
         const Ref<TasksCls>& task = entry.item;
         if (task->ParentID() != 0 || !anchors(task)) continue;
@@ -91,7 +91,7 @@ Boolean TasksCol::ResetStartDatefordependency(Double p_shift_time) {
 Boolean TasksCol::ResetStartDatefordependency2(Double p_shift_time) {
     return kTail.Run<Boolean>("ResetStartDatefordependency2", [&](Boolean&) {
         const Ref<TasksCol> held(this);  // a listener may let go of the collection
-        SortMe(True);
+        In(*this).SortRows();
         Date old_end;
         Date new_end;
         for (const auto& entry : NewEnum()) {

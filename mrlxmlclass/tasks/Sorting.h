@@ -1,6 +1,8 @@
 #pragma once
 
+#include <algorithm>
 #include <cstddef>
+#include <functional>
 #include <numeric>
 #include <type_traits>
 #include <utility>
@@ -20,6 +22,8 @@ std::vector<std::size_t> HeapOrder(std::size_t count, KeyOf&& key_of) {
     std::vector<std::invoke_result_t<KeyOf, std::size_t>> keys;
     keys.reserve(count);
     for (const std::size_t place : places) keys.push_back(key_of(place));
+    // Most often they ascend already, and different keys have only one order.
+    if (std::ranges::adjacent_find(keys, std::ranges::greater_equal{}) == keys.end()) return places;
 
     const auto sift_down = [&](std::size_t start, std::size_t length) {
         while (start < length / 2) {

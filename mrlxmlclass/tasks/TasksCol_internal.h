@@ -46,6 +46,8 @@ public:
     void File(const KeyText& key, const Ref<TasksCls>& task);
     /// Puts the same tasks in another order.
     void PutInOrder(Store sorted);
+    /// What `SortMe(True)` does where nobody takes its result.
+    void SortRows();
     /// Takes a task out of the collection and touches nothing else; false when there is none under that key.
     bool TakeOut(KeyText key);
     /// The keys of a task's children in ascending position. Nothing without a task, and, recorded, when one of several

@@ -160,7 +160,7 @@ void TasksCol::Remove(const Variant& Index, ByRef<Ref<TaskAssigmentRelationCol>>
         if (oPublicStaticCls && ForceDelete && !In(oPublicStaticCls).IsFree(StaticCls::Internal::Task, key)) {
             In(oPublicStaticCls).Free(StaticCls::Internal::Task, key);
         }
-        if (p_sort) SortMe(True);
+        if (p_sort) In(*this).SortRows();
         Module().g_InAddOrRemove = False;
         ForgetDatesOf(number);
     });

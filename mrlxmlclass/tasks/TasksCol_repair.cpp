@@ -128,7 +128,7 @@ Boolean TasksCol::AddTaskParentForAll() {
 
 Boolean TasksCol::Internal::FixProject() {
     return kTail.Run<Boolean>("FixProject", [&](Boolean& result) {
-        self_.SortMe(True);
+        SortRows();
         Long position = 0;
         for (const auto& entry : self_.NewEnum()) {
             if (entry.item->TaskCondidat()) entry.item->TaskPosition(position += 1);

@@ -73,6 +73,10 @@ Ref<Collection> TasksCol::SortMe(const Variant& byPos) {
     });
 }
 
+void TasksCol::Internal::SortRows() {
+    kTail.Run("SortMe", [&] { PutInOrder(Sorted(self_.tasks_, /*by_position=*/true)); });
+}
+
 Ref<Collection> TasksCol::Sort(const Variant& byPos) {
     return kTail.Run<Ref<Collection>>(
         "Sort", [&](Ref<Collection>& result) { result = AsCollection(Sorted(tasks_, ByPosition(byPos))); });

@@ -92,5 +92,18 @@ TEST(HeapOrder, OrdersEqualKeysAsThePlainHeapDoes) {
     }
 }
 
+TEST(HeapOrder, OrdersAscendingKeysAsThePlainHeapDoes) {
+    for (std::size_t n = 2; n <= 33; ++n) {
+        std::vector<int> ascending(n);
+        std::iota(ascending.begin(), ascending.end(), 0);
+        EXPECT_EQ(OrderOf(ascending), PlainHeap(ascending).ZeroBased()) << n << " keys";
+        for (std::size_t place = 1; place < n; ++place) {
+            std::vector<int> keys = ascending;
+            keys[place] = keys[place - 1];
+            EXPECT_EQ(OrderOf(keys), PlainHeap(keys).ZeroBased()) << n << " keys, two equal ones at " << place;
+        }
+    }
+}
+
 }  // namespace
 }  // namespace mrlxmlclass
