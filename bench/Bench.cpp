@@ -76,6 +76,18 @@ String FileOf(int tasks) {
     return path;
 }
 
+Ref<Application> TimeLoading(benchmark::State& state, const String& path) {
+    auto app = Make<Application>();
+    app->SetErrorFileName(ScratchPath("errors.xml"));
+    app->Init(True);
+    app->xFileName(path);
+    for (auto _ : state) {
+        if (!app->LoadXML()) state.SkipWithError("the plan did not load");
+        app->endreadonly();
+    }
+    return app;
+}
+
 std::size_t HeapInUse() {
     return mallinfo2().uordblks;
 }

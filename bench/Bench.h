@@ -1,5 +1,7 @@
 #pragma once
 
+#include <benchmark/benchmark.h>
+
 #include "mrlxmlclass/session/Application.h"
 #include "mrlxmlclass/tasks/TasksCol.h"
 
@@ -12,6 +14,9 @@ String ScratchPath(const String& name);
 Ref<Application> PlanOf(int tasks);
 /// The path of that plan's file, written at first use.
 String FileOf(int tasks);
+
+/// Times loading that file; gives the session in which it was loaded.
+Ref<Application> TimeLoading(benchmark::State& state, const String& path);
 
 /// Bytes that the program holds of its heap.
 std::size_t HeapInUse();

@@ -17,15 +17,7 @@ void BareParse(benchmark::State& state) {
 }
 
 void Load(benchmark::State& state) {
-    const String path = FileOf(static_cast<int>(state.range(0)));
-    auto app = Make<Application>();
-    app->SetErrorFileName(ScratchPath("errors.xml"));
-    app->Init(True);
-    app->xFileName(path);
-    for (auto _ : state) {
-        if (!app->LoadXML()) state.SkipWithError("the plan did not load");
-        app->endreadonly();
-    }
+    const Ref<Application> app = TimeLoading(state, FileOf(static_cast<int>(state.range(0))));
     app->Init(True);
     const std::size_t before = HeapInUse();
     app->LoadXML();

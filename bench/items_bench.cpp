@@ -115,15 +115,7 @@ String FileOfStaffed(int tasks) {
 }
 
 void LoadRelations(benchmark::State& state) {
-    const String path = FileOfStaffed(static_cast<int>(state.range(0)));
-    auto app = Make<Application>();
-    app->SetErrorFileName(ScratchPath("errors.xml"));
-    app->Init(True);
-    app->xFileName(path);
-    for (auto _ : state) {
-        if (!app->LoadXML()) state.SkipWithError("the plan did not load");
-        app->endreadonly();
-    }
+    TimeLoading(state, FileOfStaffed(static_cast<int>(state.range(0))));
     state.SetComplexityN(state.range(0));
 }
 
