@@ -5,10 +5,6 @@
 namespace prx_test {
 namespace {
 
-bool Has(const std::string& text, const std::string& part) {
-    return text.find(part) != std::string::npos;
-}
-
 /// How the import of that table is refused, behind the file's name.
 std::string RefusalOf(const std::string& table) {
     const Folder folder;

@@ -20,10 +20,6 @@ protected:
 
 using Unlink = Link;
 
-bool Has(const std::string& text, const std::string& part) {
-    return text.find(part) != std::string::npos;
-}
-
 }  // namespace
 
 TEST_F(Link, PutsATaskThatStartsTooEarlyBehindItsPredecessor) {

@@ -27,10 +27,6 @@ using Outdent = Moving;
 using Move = Moving;
 using Phase = Moving;
 
-bool Has(const std::string& text, const std::string& part) {
-    return text.find(part) != std::string::npos;
-}
-
 /// Does it to each task of each example, every time to a fresh copy; the outline stays whole or the file as it was.
 void ToEachTask(const std::vector<std::string>& arguments) {
     const PlanFolder plan;

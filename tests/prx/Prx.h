@@ -43,6 +43,9 @@ private:
 /// Why the text is no JSON; "" when it is.
 std::string JsonFault(const std::string& text);
 
+/// Whether the part stands in the text.
+bool Has(const std::string& text, const std::string& part);
+
 /// The text with every occurrence replaced.
 std::string Replaced(std::string text, const std::string& from, const std::string& to);
 

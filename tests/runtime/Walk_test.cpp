@@ -15,11 +15,11 @@ namespace {
 
 using testing::Failures;
 
-constexpr FailureTail kTail{"Climber"};
+constexpr FailureTail kClimberTail{"Climber"};
 constexpr FailureTail kKeepingTail{"Keeper", FailureTail::Gives::SoFar};
 
 Walk<Long> Depth(int levels) {
-    auto& result = co_await kTail.Begin("Depth");
+    auto& result = co_await kClimberTail.Begin("Depth");
     if (levels == 0) co_return;
     auto below = Depth(levels - 1);
     result = co_await std::move(below);
@@ -28,7 +28,7 @@ Walk<Long> Depth(int levels) {
 
 /// Fails on the level `bad`, and says afterwards what came from below.
 Walk<String> Descend(int level, int bad, String& seen) {
-    auto& result = co_await kTail.Begin("Descend");
+    auto& result = co_await kClimberTail.Begin("Descend");
     result = "level " + std::to_string(level);
     if (level == bad) Raise(failure::kUnknownKey);
     if (level == 3) co_return;
@@ -80,9 +80,9 @@ TEST(Walk, GivesTheResultSoFarUnderATailThatKeepsIt) {
 
 TEST(Walk, LetsNoOtherExceptionPass) {
     Failures failures;
-    EXPECT_EQ(FailsWith([] { throw std::bad_alloc(); }, kTail).Run(), 0);
-    EXPECT_EQ(FailsWith([] { throw std::logic_error("not ours"); }, kTail).Run(), 0);
-    EXPECT_EQ(FailsWith([] { throw 1; }, kTail).Run(), 0);
+    EXPECT_EQ(FailsWith([] { throw std::bad_alloc(); }, kClimberTail).Run(), 0);
+    EXPECT_EQ(FailsWith([] { throw std::logic_error("not ours"); }, kClimberTail).Run(), 0);
+    EXPECT_EQ(FailsWith([] { throw 1; }, kClimberTail).Run(), 0);
     EXPECT_EQ(failures.Taken(), "Climber/FailsWith 7\nClimber/FailsWith 51\nClimber/FailsWith 51\n");
 }
 
@@ -90,7 +90,7 @@ TEST(Walk, RecordsAsItsOwnWhatFailsBeforeATailIsOpen) {
     Failures failures;
     const auto late = [](bool fail) -> Walk<Long> {
         if (fail) Raise(failure::kUnknownKey);
-        auto& result = co_await kTail.Begin("late");
+        auto& result = co_await kClimberTail.Begin("late");
         result = 7;
     };
     EXPECT_EQ(late(false).Run(), 7);
@@ -107,7 +107,7 @@ TEST(Walk, LeavesANumberSilentThatItsTailDoesNotRecord) {
 TEST(Walk, RunsAnotherWalkInside) {
     const Failures failures;
     Long inner;
-    EXPECT_EQ(FailsWith([&] { inner = Depth(3).Run(); }, kTail).Run(), 8);
+    EXPECT_EQ(FailsWith([&] { inner = Depth(3).Run(); }, kClimberTail).Run(), 8);
     EXPECT_EQ(inner, 3);
 }
 
@@ -115,7 +115,7 @@ TEST(Walk, DoesNothingBeforeItRuns) {
     const Failures failures;
     bool ran = false;
     {
-        const auto walk = FailsWith([&] { ran = true; }, kTail);
+        const auto walk = FailsWith([&] { ran = true; }, kClimberTail);
     }
     EXPECT_FALSE(ran);
 }
@@ -130,7 +130,7 @@ TEST(Walk, TakesItsFramesDownAsItReturns) {
     int alive = 0;
     int most = 0;
     const auto below = [&](auto&& self, int levels) -> Walk<Long> {
-        auto& result = co_await kTail.Begin("below");
+        auto& result = co_await kClimberTail.Begin("below");
         const Watched watched(alive);
         most = std::max(most, alive);
         result = levels;

@@ -11,12 +11,6 @@ namespace {
 
 using namespace testing;
 
-constexpr double kTenOClock = 10.0 / 24;
-
-String Text(const Ref<Dictionary>& days) {
-    return Conversions::CreateSucessorString(days);
-}
-
 TEST(CalendarCls, HasNoNonWorkingDayAtFirst) {
     TestSession session;
     const auto calendar = Make<CalendarCls>();
@@ -58,11 +52,11 @@ TEST(CalendarCls, CarriesTheHostsValuesPlainly) {
 
 TEST(SetAsNonWorkingDay, FilesTheWeekdayUnderItsText) {
     CalendarSession session;
-    EXPECT_EQ(Text(session.calendar->NonWorkingDay()), "7:7;1:1");
+    EXPECT_EQ(Conversions::CreateSucessorString(session.calendar->NonWorkingDay()), "7:7;1:1");
     EXPECT_EQ(session.calendar->SetAsNonWorkingDay(4), True);
     EXPECT_EQ(session.calendar->IsNonWorkingDay(4), True);
     EXPECT_EQ(session.calendar->SetAsNonWorkingDay(4), True);
-    EXPECT_EQ(Text(session.calendar->NonWorkingDay()), "7:7;1:1;4:4");
+    EXPECT_EQ(Conversions::CreateSucessorString(session.calendar->NonWorkingDay()), "7:7;1:1;4:4");
 }
 
 TEST(SetAsNonWorkingDay, StoresAWeekdayThatNeverComesLikeAnyOther) {
@@ -71,15 +65,17 @@ TEST(SetAsNonWorkingDay, StoresAWeekdayThatNeverComesLikeAnyOther) {
         EXPECT_EQ(session.calendar->SetAsNonWorkingDay(weekday), True);
         EXPECT_EQ(session.calendar->IsNonWorkingDay(weekday), True);
     }
-    EXPECT_EQ(Text(session.calendar->NonWorkingDay()), "7:7;1:1;0:0;8:8;-1:-1;2147483647:2147483647");
+    EXPECT_EQ(Conversions::CreateSucessorString(session.calendar->NonWorkingDay()),
+              "7:7;1:1;0:0;8:8;-1:-1;2147483647:2147483647");
 }
 
 TEST(SetAsWorkingDay, TakesTheExceptionDaysOfThatWeekdayAlong) {
     CalendarSession session;
     for (const Date day : {Saturday, Sunday, Sunday + 7, Friday}) session.calendar->SetADayAsExceptionDay(day);
     EXPECT_EQ(session.calendar->SetAsWorkingDay(1), True);
-    EXPECT_EQ(Text(session.calendar->NonWorkingDay()), "7:7");
-    EXPECT_EQ(Text(session.calendar->ExceptionDay()), "3/7/2026:3/7/2026;3/6/2026:3/6/2026");
+    EXPECT_EQ(Conversions::CreateSucessorString(session.calendar->NonWorkingDay()), "7:7");
+    EXPECT_EQ(Conversions::CreateSucessorString(session.calendar->ExceptionDay()),
+              "3/7/2026:3/7/2026;3/6/2026:3/6/2026");
 }
 
 TEST(SetAsWorkingDay, ChangesNothingWhereTheWeekdayIsWorkedAlready) {
@@ -111,7 +107,7 @@ TEST(SetADayAsHoliday, IsHarmlessTheSecondTime) {
     CalendarSession session;
     EXPECT_EQ(session.calendar->SetADayAsHoliday(Friday), True);
     EXPECT_EQ(session.calendar->SetADayAsHoliday(Friday + kTenOClock), True);
-    EXPECT_EQ(Text(session.calendar->Holiday()), "3/6/2026:3/6/2026");
+    EXPECT_EQ(Conversions::CreateSucessorString(session.calendar->Holiday()), "3/6/2026:3/6/2026");
 }
 
 TEST(SetADayAsHoliday, LeavesTheCallersDateAlone) {
@@ -138,7 +134,7 @@ TEST(SetADayAsExceptionDay, ComesAndGoes) {
     CalendarSession session;
     EXPECT_EQ(session.calendar->SetADayAsExceptionDay(Saturday), True);
     EXPECT_EQ(session.calendar->SetADayAsExceptionDay(Saturday), True);
-    EXPECT_EQ(Text(session.calendar->ExceptionDay()), "3/7/2026:3/7/2026");
+    EXPECT_EQ(Conversions::CreateSucessorString(session.calendar->ExceptionDay()), "3/7/2026:3/7/2026");
     EXPECT_EQ(session.calendar->isExceptionDay(Saturday), True);
     EXPECT_EQ(session.calendar->isExceptionDay(Sunday), False);
     EXPECT_EQ(session.calendar->SetAsNonException(Saturday), True);
@@ -188,7 +184,8 @@ TEST(IsHoliday, FollowsTheLocale) {
     EXPECT_EQ(session.calendar->isHoliday(Friday), False);
     session.calendar->SetADayAsHoliday(Friday);
     EXPECT_EQ(session.calendar->isHoliday(Friday), True);
-    EXPECT_EQ(Text(session.calendar->Holiday()), "3/6/2026:3/6/2026;06.03.2026:06.03.2026");
+    EXPECT_EQ(Conversions::CreateSucessorString(session.calendar->Holiday()),
+              "3/6/2026:3/6/2026;06.03.2026:06.03.2026");
 }
 
 TEST(IsExceptionDay, CutsTheTimeAndFindsDatesAsWellAsTexts) {
@@ -272,7 +269,7 @@ TEST(SetUsualWeekend, PutsSaturdayBeforeSunday) {
     TestSession session;
     const auto calendar = Make<CalendarCls>();
     In(calendar).SetUsualWeekend();
-    EXPECT_EQ(Text(calendar->NonWorkingDay()), "7:7;1:1");
+    EXPECT_EQ(Conversions::CreateSucessorString(calendar->NonWorkingDay()), "7:7;1:1");
 }
 
 }  // namespace

@@ -10,13 +10,11 @@ namespace {
 
 using namespace testing;
 
-String Text(const Ref<Dictionary>& days) {
-    return Conversions::CreateSucessorString(days);
-}
-
 /// The three sets as texts, with bars between.
 String Drawn(const Ref<CalendarCls>& calendar) {
-    return Text(calendar->NonWorkingDay()) + "|" + Text(calendar->Holiday()) + "|" + Text(calendar->ExceptionDay());
+    return Conversions::CreateSucessorString(calendar->NonWorkingDay()) + "|" +
+           Conversions::CreateSucessorString(calendar->Holiday()) + "|" +
+           Conversions::CreateSucessorString(calendar->ExceptionDay());
 }
 
 constexpr const char* kWhole =

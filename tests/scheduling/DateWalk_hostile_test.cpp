@@ -12,9 +12,9 @@ namespace {
 using namespace testing;
 
 /// Build and Test wait for Design; Late waits for nobody.
-class Fork : public Plan {
+class LooseFork : public Plan {
 public:
-    Fork() {
+    LooseFork() {
         WithLinks().Task("Design").From(Monday).Task("Build").From(Tuesday).After("Design");
         Task("Test").From(Tuesday).After("Design").Task("Late").From(Tuesday);
     }
@@ -24,7 +24,7 @@ public:
 // --- Hosts that come back in -----------------------------------------------------------------------------------------
 
 TEST(DependsDateChanged, WalksTheLinksAsTheyStoodBeforeTheFirstSuccessorMoved) {
-    Fork plan;
+    LooseFork plan;
     {
         const OnStart act(plan, [&](Long key) {
             if (key != 2) return;
@@ -38,7 +38,7 @@ TEST(DependsDateChanged, WalksTheLinksAsTheyStoodBeforeTheFirstSuccessorMoved) {
 }
 
 TEST(DependsDateChanged, SeesLinksThatTheHostMakesWhenItHearsOfTheTask) {
-    Fork plan;
+    LooseFork plan;
     {
         const OnStart act(plan, [&](Long key) {
             if (key == 1) plan.links()->Add("4", "4");
@@ -50,7 +50,7 @@ TEST(DependsDateChanged, SeesLinksThatTheHostMakesWhenItHearsOfTheTask) {
 }
 
 TEST(DependsDateChanged, TakesOffTheLinkToATaskThatTheHostTookAwayMeanwhile) {
-    Fork plan;
+    LooseFork plan;
     DateChange change;
     {
         const OnStart act(plan, [&](Long key) {
@@ -64,7 +64,7 @@ TEST(DependsDateChanged, TakesOffTheLinkToATaskThatTheHostTookAwayMeanwhile) {
 }
 
 TEST(DependsDateChanged, LetsTheHostStartAnotherWalkInside) {
-    Fork plan;
+    LooseFork plan;
     plan.Task("Other").From(Monday).Task("Behind").From(Tuesday).After("Other");
     bool once = true;
     {
@@ -86,7 +86,7 @@ TEST(DependsDateChanged, LetsTheHostStartAnotherWalkInside) {
 }
 
 TEST(DependsDateChanged, LetsTheHostMoveTheSameTaskAgainInside) {
-    Fork plan;
+    LooseFork plan;
     bool once = true;
     {
         const OnStart act(plan, [&](Long key) {
@@ -103,7 +103,7 @@ TEST(DependsDateChanged, LetsTheHostMoveTheSameTaskAgainInside) {
 
 TEST(DependsDateChanged, SurvivesAHostThatTakesTheTaskAwayWhileItIsTold) {
     for (const int victim : {1, 2}) {
-        Fork plan;
+        LooseFork plan;
         {
             const OnStart act(plan, [&](Long key) {
                 if (key == victim) plan.col().RemoveForLib(key);
@@ -154,7 +154,7 @@ TEST(DependsDateChanged, RecordsGapsThatMoveATaskFurtherThanAnIntegerCounts) {
 }
 
 TEST(DependsDateChanged, EndsAtALagOfTheChangedTaskThatNoIntegerHolds) {
-    Fork plan;
+    LooseFork plan;
     plan["Design"].TaskLag(100'000);
     DateChange change{.p_calc_date = False};
     EXPECT_FALSE(change.Move(plan, "Design", Monday));

@@ -11,13 +11,11 @@ namespace {
 
 using namespace testing;
 
-const Date kNextMonday = Monday + 7;
-
 TEST(GapBetween, CountsTheWorkingDaysFromAnEndToAStart) {
     CalendarSession session;
     EXPECT_EQ(GapBetween(Tuesday, Monday), 1);
-    EXPECT_EQ(GapBetween(kNextMonday, Friday), 1);
-    EXPECT_EQ(GapBetween(Friday, kNextMonday), -1);
+    EXPECT_EQ(GapBetween(NextMonday, Friday), 1);
+    EXPECT_EQ(GapBetween(Friday, NextMonday), -1);
     EXPECT_EQ(GapBetween(Monday, Friday), -4);
     EXPECT_EQ(GapBetween(Monday, Monday), 0);
 }
@@ -53,7 +51,7 @@ TEST(SeekGap, StepsForwardToTheGapWanted) {
     CalendarSession session;
     for (const auto& [from, wanted, found] :
          {std::tuple{Monday, 0, Monday}, std::tuple{Tuesday, 1, Tuesday}, std::tuple{Monday, 4, Friday},
-          std::tuple{Tuesday, 5, kNextMonday}, std::tuple{Friday - 7, 3, Thursday},
+          std::tuple{Tuesday, 5, NextMonday}, std::tuple{Friday - 7, 3, Thursday},
           std::tuple{Tuesday, 9, Friday + 7}}) {
         SCOPED_TRACE(DayName(from) + " to " + std::to_string(wanted));
         Date start = from;
@@ -66,7 +64,7 @@ TEST(SeekGap, StepsBackForANegativeGap) {
     CalendarSession session;
     for (const auto& [from, wanted, found] :
          {std::tuple{Friday, -1, Thursday}, std::tuple{Thursday, -4, Monday}, std::tuple{Thursday, -5, Friday - 7},
-          std::tuple{kNextMonday, -2, Wednesday}, std::tuple{Monday, -4, Monday}}) {
+          std::tuple{NextMonday, -2, Wednesday}, std::tuple{Monday, -4, Monday}}) {
         SCOPED_TRACE(DayName(from) + " to " + std::to_string(wanted));
         Date start = from;
         EXPECT_TRUE(SeekGap(start, Friday, wanted));

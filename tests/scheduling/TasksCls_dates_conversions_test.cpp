@@ -11,8 +11,6 @@ namespace {
 using namespace testing;
 using Row = DatedRow;
 
-constexpr double kTenOClock = 10.0 / 24;
-
 // --- The three conversions -------------------------------------------------------------------------------------------
 
 TEST(SetDateWithoutWeekend, CountsTheStartDayWhateverItIs) {

@@ -9,8 +9,6 @@ namespace {
 using namespace testing;
 using Row = DatedRow;
 
-constexpr double kTenOClock = 10.0 / 24;
-
 TEST(TaskEDate, RefusesAnEndBeforeTheStartAndMendsItFromTheDuration) {
     for (const Date given : {Sunday - 7, Date()}) {
         Row row;

@@ -1,5 +1,6 @@
 #include <gtest/gtest.h>
 
+#include "tests/scheduling/Adjusted.h"
 #include "tests/scheduling/DatedRow.h"
 
 namespace mrlxmlclass {
@@ -7,9 +8,6 @@ namespace {
 
 using namespace testing;
 using Row = DatedRow;
-
-constexpr double kTenOClock = 10.0 / 24;
-constexpr const char* kAdjusted = "Some dates had to be adjusted to fit within the program's range. ";
 
 // --- The start -------------------------------------------------------------------------------------------------------
 

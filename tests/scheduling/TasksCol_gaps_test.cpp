@@ -8,8 +8,6 @@ namespace {
 
 using namespace testing;
 
-const Date kNextMonday = Monday + 7;
-
 // --- GetLeadTimeNoLink -----------------------------------------------------------------------------------------------
 
 struct Gap {
@@ -24,13 +22,13 @@ TEST(GetLeadTimeNoLink, CountsWorkingDaysFromTheEndToTheStart) {
     for (const Gap& gap : {
              Gap{"the next day", Tuesday, Monday, 1},
              Gap{"three days on", Thursday, Monday, 3},
-             Gap{"the Monday behind a Friday", kNextMonday, Friday, 1},
-             Gap{"the Tuesday behind a Friday", kNextMonday + 1, Friday, 2},
+             Gap{"the Monday behind a Friday", NextMonday, Friday, 1},
+             Gap{"the Tuesday behind a Friday", NextMonday + 1, Friday, 2},
              Gap{"over two weekends", Monday + 15, Thursday, 8},
              Gap{"the same day", Monday, Monday, 0},
              Gap{"the day before", Monday, Tuesday, -1},
              Gap{"two days before", Wednesday, Friday, -2},
-             Gap{"the Friday before a Monday", Friday, kNextMonday, -1},
+             Gap{"the Friday before a Monday", Friday, NextMonday, -1},
              Gap{"back over two weekends", Thursday, Monday + 14, -7},
          }) {
         SCOPED_TRACE(gap.what);
@@ -43,12 +41,12 @@ TEST(GetLeadTimeNoLink, CountsAFreeDayAtEitherSideAsNone) {
     for (const Gap& gap : {
              Gap{"to a Saturday", Saturday, Friday, 0},
              Gap{"to a Sunday", Sunday, Friday, 0},
-             Gap{"from a Saturday to the Monday", kNextMonday, Saturday, 0},
-             Gap{"from a Sunday to the Monday", kNextMonday, Sunday, 0},
-             Gap{"from a Sunday to the Tuesday", kNextMonday + 1, Sunday, 1},
+             Gap{"from a Saturday to the Monday", NextMonday, Saturday, 0},
+             Gap{"from a Sunday to the Monday", NextMonday, Sunday, 0},
+             Gap{"from a Sunday to the Tuesday", NextMonday + 1, Sunday, 1},
              Gap{"from a Saturday to the Sunday", Sunday, Saturday, -1},
-             Gap{"back to a Sunday", Sunday, kNextMonday, 0},
-             Gap{"back to a Saturday", Saturday, kNextMonday, 0},
+             Gap{"back to a Sunday", Sunday, NextMonday, 0},
+             Gap{"back to a Saturday", Saturday, NextMonday, 0},
              Gap{"back from a Sunday", Friday, Sunday, 0},
          }) {
         SCOPED_TRACE(gap.what);
@@ -68,13 +66,13 @@ TEST(GetLeadTimeNoLink, KnowsHolidaysAndExceptionDays) {
     plan.calendar().SetADayAsExceptionDay(Saturday);
     EXPECT_EQ(plan.col().GetLeadTimeNoLink(Thursday, Monday), 2);
     EXPECT_EQ(plan.col().GetLeadTimeNoLink(Monday, Thursday), -2);
-    EXPECT_EQ(plan.col().GetLeadTimeNoLink(kNextMonday, Friday), 2);
+    EXPECT_EQ(plan.col().GetLeadTimeNoLink(NextMonday, Friday), 2);
 }
 
 TEST(GetLeadTimeNoLink, CountsEveryDayWithoutACalendar) {
     Plan plan;
     Module().g_PublicCalendar = {};
-    EXPECT_EQ(plan.col().GetLeadTimeNoLink(kNextMonday, Friday), 3);
+    EXPECT_EQ(plan.col().GetLeadTimeNoLink(NextMonday, Friday), 3);
     EXPECT_EQ(plan.col().GetLeadTimeNoLink(Saturday, Saturday), 0);
 }
 
@@ -122,9 +120,9 @@ TEST(CalcLeadTimeNoLink, MeasuresFromAnEndToATasksStart) {
     for (const bool links : {true, false}) {
         Plan plan;
         if (links) plan.WithLinks();
-        plan.Task("Build").From(kNextMonday);
+        plan.Task("Build").From(NextMonday);
         EXPECT_EQ(plan.col().CalcLeadTimeNoLink("1", Friday), 1);
-        EXPECT_EQ(plan.col().CalcLeadTimeNoLink("1", kNextMonday + 2), -2);
+        EXPECT_EQ(plan.col().CalcLeadTimeNoLink("1", NextMonday + 2), -2);
     }
 }
 
@@ -228,14 +226,14 @@ struct Summary {
 TEST(AdjustDateForSummary, KeepsTheDistanceInWorkingDaysAndTakesTheFreeDaysOffTheShift) {
     for (const Summary& row : {
              Summary{"within the week", Wednesday, Monday, Tuesday, 1, Thursday, 1},
-             Summary{"over the weekend", Thursday, Wednesday, Friday, 2, kNextMonday, 0},
-             Summary{"over the weekend, shift and all", Thursday, Wednesday, Friday, 4, kNextMonday, 2},
+             Summary{"over the weekend", Thursday, Wednesday, Friday, 2, NextMonday, 0},
+             Summary{"over the weekend, shift and all", Thursday, Wednesday, Friday, 4, NextMonday, 2},
              Summary{"far ahead", Thursday, Wednesday, Wednesday + 14, 14, Thursday + 14, 10},
-             Summary{"back over the weekend", kNextMonday, Friday, Wednesday, -2, Thursday, 0},
-             Summary{"back, shift and all", kNextMonday, Friday, Wednesday, -4, Thursday, -2},
-             Summary{"on the predecessor's day", Monday, Monday, Saturday, 5, kNextMonday, 3},
-             Summary{"in front of it", Tuesday, Wednesday, kNextMonday, 5, Friday, 5},
-             Summary{"in front, from behind the weekend", Friday, kNextMonday, Monday, -7, Friday - 7, -5},
+             Summary{"back over the weekend", NextMonday, Friday, Wednesday, -2, Thursday, 0},
+             Summary{"back, shift and all", NextMonday, Friday, Wednesday, -4, Thursday, -2},
+             Summary{"on the predecessor's day", Monday, Monday, Saturday, 5, NextMonday, 3},
+             Summary{"in front of it", Tuesday, Wednesday, NextMonday, 5, Friday, 5},
+             Summary{"in front, from behind the weekend", Friday, NextMonday, Monday, -7, Friday - 7, -5},
              Summary{"nowhere", Thursday, Wednesday, Wednesday, 0, Thursday, 0},
              Summary{"without a start", Date(), Monday, Friday, 0, Friday, -13168},
          }) {
@@ -255,7 +253,7 @@ TEST(AdjustDateForSummary, KeepsTakingFreeDaysOffAShiftBeyondItsSign) {
     Variant shift = 1;
     plan.col().AdjustDateForSummary(start, Friday, Wednesday, shift);
     EXPECT_EQ(shift, Variant(-1));
-    start = kNextMonday;
+    start = NextMonday;
     shift = -1;
     plan.col().AdjustDateForSummary(start, Wednesday, Friday, shift);
     EXPECT_EQ(shift, Variant(1));
@@ -273,11 +271,11 @@ TEST(AdjustDateForSummary, TakesFreeDaysOffAnyKindOfNumber) {
 
 TEST(AdjustDateForSummary, StepsOverHolidays) {
     Plan plan;
-    plan.calendar().SetADayAsHoliday(kNextMonday);
+    plan.calendar().SetADayAsHoliday(NextMonday);
     Date start = Thursday;
     Variant shift = 2;
     plan.col().AdjustDateForSummary(start, Friday, Wednesday, shift);
-    EXPECT_EQ(DayName(start), DayName(kNextMonday + 1));
+    EXPECT_EQ(DayName(start), DayName(NextMonday + 1));
     EXPECT_EQ(shift, Variant(-1));
 }
 

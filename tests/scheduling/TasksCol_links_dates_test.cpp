@@ -1,6 +1,7 @@
 #include <gtest/gtest.h>
 
 #include "mrlxmlclass/tasks/TasksCol_internal.h"
+#include "tests/scheduling/Adjusted.h"
 #include "tests/support/Links.h"
 #include "tests/support/Weeks.h"
 
@@ -8,8 +9,6 @@ namespace mrlxmlclass {
 namespace {
 
 using namespace testing;
-
-constexpr const char* kAdjusted = "Some dates had to be adjusted to fit within the program's range. ";
 
 // --- The first time -------------------------------------------------------------------------------------------------
 

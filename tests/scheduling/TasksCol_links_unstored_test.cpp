@@ -1,6 +1,7 @@
 #include <gtest/gtest.h>
 
 #include "mrlxmlclass/tasks/TasksCol_internal.h"
+#include "tests/scheduling/Adjusted.h"
 #include "tests/support/Links.h"
 #include "tests/support/Weeks.h"
 
@@ -9,7 +10,6 @@ namespace {
 
 using namespace testing;
 
-constexpr const char* kAdjusted = "Some dates had to be adjusted to fit within the program's range. ";
 const Date kFirstWorkingDay =
     Date::Of(2001, 1, 1);  // where day 1 of the calendar ends up: 31 December 2000 is a Sunday
 

@@ -11,13 +11,13 @@ namespace {
 
 using namespace testing;
 
-/// Site  |.##..  |
+/// SmallSite  |.##..  |
 /// House |.##..  |
 /// Walls |.##..  |
-class Site : public Plan {
+class SmallSite : public Plan {
 public:
-    Site() {
-        Task("Site").Task("House").Under("Site").Task("Walls").Under("House").From(Tuesday).Lasting(2);
+    SmallSite() {
+        Task("SmallSite").Task("House").Under("SmallSite").Task("Walls").Under("House").From(Tuesday).Lasting(2);
         col().AdjustSummary("2");
         Heard();
     }
@@ -26,7 +26,7 @@ public:
 };
 
 TEST(RollUpDateChanged, EndsAtAParentThatTheHostTookAwayMeanwhile) {
-    Site plan;
+    SmallSite plan;
     Double diff = 0;
     {
         const Interruption host(plan, "DateStartChange", 2, [&] { plan.col().RemoveForLib("1"); });
@@ -38,7 +38,7 @@ TEST(RollUpDateChanged, EndsAtAParentThatTheHostTookAwayMeanwhile) {
 }
 
 TEST(RollUpDateChanged, LetsTheHostRollUpAnotherTaskInside) {
-    Site plan;
+    SmallSite plan;
     plan.Task("Roof").Under("House").From(Tuesday);
     Double diff = 0;
     Double inside = 0;
@@ -52,7 +52,7 @@ TEST(RollUpDateChanged, LetsTheHostRollUpAnotherTaskInside) {
 }
 
 TEST(RollUpDateChanged, EndsAndRecordsWhereAListenerThrows) {
-    Site plan;
+    SmallSite plan;
     Double diff = 0;
     {
         const Interruption host(plan, "IamASummary", 1, [] { throw std::runtime_error("no more"); });
@@ -66,20 +66,20 @@ TEST(RollUpDateChanged, EndsAndRecordsWhereAListenerThrows) {
 }
 
 TEST(RolUpOneDate, EndsAtATaskThatTheHostTookAwayMeanwhile) {
-    Site plan;
+    SmallSite plan;
     {
         const Interruption host(plan, "TaskDurationChange", 2, [&] { plan.col().RemoveForLib("2"); });
         EXPECT_FALSE(plan.col().RolUpOneDate("3", "2", True));
     }
     EXPECT_EQ(plan.failures.Taken(), "TasksCol/RolUpOneDate 91\n");
-    EXPECT_EQ(Span(plan["Site"]), "2026-03-03 2026-03-04 2");
+    EXPECT_EQ(Span(plan["SmallSite"]), "2026-03-03 2026-03-04 2");
     const String heard = plan.Heard();
     EXPECT_NE(heard.find("DateStartChange(2,"), String::npos) << "it is told to the end";
     EXPECT_EQ(heard.find("(1,"), String::npos);
 }
 
 TEST(RolUpOneDate, GoesToTheParentThatTheHostGaveTheTaskMeanwhile) {
-    Site plan;
+    SmallSite plan;
     plan.Task("Yard").From(Friday);
     {
         const Interruption host(plan, "TaskDurationChange", 2, [&] { plan["House"].ParentID(plan.Number("Yard")); });
@@ -90,7 +90,7 @@ TEST(RolUpOneDate, GoesToTheParentThatTheHostGaveTheTaskMeanwhile) {
 }
 
 TEST(RolUpOneDate, EndsAndRecordsWhereAListenerThrows) {
-    Site plan;
+    SmallSite plan;
     plan["Walls"].TaskBDate(Thursday);
     {
         const Interruption host(plan, "TaskDurationChange", 2, [] { throw std::runtime_error("no more"); });
@@ -98,15 +98,15 @@ TEST(RolUpOneDate, EndsAndRecordsWhereAListenerThrows) {
     }
     EXPECT_EQ(plan.failures.Taken(), "TasksCol/RolUpOneDate 51\n");
     EXPECT_EQ(DayName(plan["House"].TaskBDate()), DayName(Thursday)) << "what was done stands";
-    EXPECT_EQ(DayName(plan["Site"].TaskBDate()), DayName(Tuesday));
+    EXPECT_EQ(DayName(plan["SmallSite"].TaskBDate()), DayName(Tuesday));
     plan.Heard();
     plan.col().RolUpOneDate("3", "2");
-    EXPECT_EQ(DayName(plan["Site"].TaskBDate()), DayName(Thursday)) << "the next one goes to the top";
+    EXPECT_EQ(DayName(plan["SmallSite"].TaskBDate()), DayName(Thursday)) << "the next one goes to the top";
     plan.Heard();
 }
 
 TEST(RollUpDateChanged, GoesToItsEndUnderAHostThatStartsAnotherProject) {
-    Site plan;
+    SmallSite plan;
     struct NewProject : TasksColEvents {
         explicit NewProject(Plan& of) : plan(of) { plan.col().Events.Add(*this); }
         void DateStartChange(Long, Date, Boolean, Boolean) override {

@@ -17,9 +17,11 @@ struct Answer {
 };
 
 /// 1 Before, 2 Phase, 3   Inside, 4 Design, 5 Build, which waits for Design.
-class Outline : public Plan {
+class InsertedRows : public Plan {
 public:
-    Outline() { WithLinks().Task("Before").Task("Phase").Task("Inside").Under("Phase").Task("Design").Task("Build"); }
+    InsertedRows() {
+        WithLinks().Task("Before").Task("Phase").Task("Inside").Under("Phase").Task("Design").Task("Build");
+    }
 };
 
 TEST(ValidPredecessors, TakesAListOfRowsThatAreAllValid) {
@@ -36,26 +38,26 @@ TEST(ValidPredecessors, TakesAListOfRowsThatAreAllValid) {
              Answer{"one", False},   Answer{"32768", False}, Answer{"99999999999999999999", False},
          }) {
         SCOPED_TRACE(list.rows);
-        Outline plan;
+        InsertedRows plan;
         EXPECT_EQ(plan.col().ValidPredecessors("5", list.rows), list.valid);
         EXPECT_EQ(plan.Heard(), "");
     }
 }
 
 TEST(ValidPredecessors, RefusesANumberLongerThanAnyDouble) {
-    Outline plan;
+    InsertedRows plan;
     EXPECT_EQ(plan.col().ValidPredecessors("5", "1," + String(400, '9')), False);
 }
 
 TEST(ValidPredecessors, KeepsAnEmptyListValidForWhomever) {
-    Outline plan;
+    InsertedRows plan;
     EXPECT_EQ(plan.col().ValidPredecessors("5", ""), True);
     EXPECT_EQ(plan.col().ValidPredecessors("", "", True), True);
     EXPECT_EQ(plan.col().ValidPredecessors("77", ""), True);
 }
 
 TEST(ValidPredecessors, AsksTheOtherWayRoundForSuccessors) {
-    Outline plan;
+    InsertedRows plan;
     EXPECT_EQ(plan.col().ValidPredecessors("4", "2"), False);
     EXPECT_EQ(plan.col().ValidPredecessors("4", "2", /*l_succ=*/True), True) << "a summary may wait";
     EXPECT_EQ(plan.col().ValidPredecessors("2", "4"), True);
@@ -72,7 +74,7 @@ TEST(ValidPredecessors, LooksForLoopsOfTwoInEitherDirection) {
 }
 
 TEST(ValidPredecessors, ReadsRowsAndNotKeys) {
-    Outline plan;
+    InsertedRows plan;
     plan["Before"].TaskPosition(2);
     plan["Phase"].TaskPosition(1);
     EXPECT_EQ(plan.col().ValidPredecessors("5", "2"), True);
@@ -82,9 +84,9 @@ TEST(ValidPredecessors, ReadsRowsAndNotKeys) {
 // --- ArrangePred ----------------------------------------------------------------------------------------------------
 
 /// "T" in row 5 behind four tasks, each named as its row, waits for 3 and 4.
-class Waiting : public LinkingPlan {
+class FourRows : public LinkingPlan {
 public:
-    Waiting() {
+    FourRows() {
         for (const char* row : {"1", "2", "3", "4"}) Task(row).From(Monday);
         Task("T").From(Friday).After("3", 3).After("4", 3);
     }
@@ -92,7 +94,7 @@ public:
 };
 
 TEST(ArrangePred, AddsWhatIsMissingKeepsWhatIsThereAndRemovesTheRest) {
-    Waiting plan;
+    FourRows plan;
 
     EXPECT_EQ(plan.col().ArrangePred("2,3", "5"), False);
 
@@ -107,7 +109,7 @@ TEST(ArrangePred, AddsWhatIsMissingKeepsWhatIsThereAndRemovesTheRest) {
 }
 
 TEST(ArrangePred, ReadsRowsAndNotKeys) {
-    Waiting plan;
+    FourRows plan;
     plan["1"].TaskPosition(4);
     plan["4"].TaskPosition(1);
     plan.col().ArrangePred("4", "5");
@@ -117,7 +119,7 @@ TEST(ArrangePred, ReadsRowsAndNotKeys) {
 TEST(ArrangePred, ChangesNothingForAnEmptyList) {
     for (const char* list : {"", ",", ", ", ",,"}) {
         SCOPED_TRACE(list);
-        Waiting plan;
+        FourRows plan;
         EXPECT_EQ(plan.col().ArrangePred(list, "5"), False);
         EXPECT_EQ(plan.Predecessors(), "3 4");
         EXPECT_EQ(plan.Heard(), "");
@@ -127,7 +129,7 @@ TEST(ArrangePred, ChangesNothingForAnEmptyList) {
 TEST(ArrangePred, ChangesNothingForAListThatIsNone) {
     for (const char* list : {"1,x", "1.0", " 1", "1;2", "-1", "1, 2 3"}) {
         SCOPED_TRACE(list);
-        Waiting plan;
+        FourRows plan;
         plan["4"].TaskCondidat(False);
         EXPECT_EQ(plan.col().ArrangePred(list, "5"), False);
         EXPECT_EQ(plan.Predecessors(), "3 4") << "not even a stale link goes";
@@ -138,21 +140,21 @@ TEST(ArrangePred, ChangesNothingForAListThatIsNone) {
 TEST(ArrangePred, PassesByWhatIsNoNumberAndNoRow) {
     for (const char* list : {"1,4 2,3", "1,,3", ",1,3", "1,3, ", "1,40000,3", "1,99999999999999999999,3", "1,77,3"}) {
         SCOPED_TRACE(list);
-        Waiting plan;
+        FourRows plan;
         plan.col().ArrangePred(list, "5");
         EXPECT_EQ(plan.Predecessors(), "3 1");
     }
 }
 
 TEST(ArrangePred, PassesByANumberLongerThanAnyDouble) {
-    Waiting plan;
+    FourRows plan;
     plan.col().ArrangePred("1," + String(400, '9') + ",3", "5");
     EXPECT_EQ(plan.Predecessors(), "3 1");
     plan.Heard();
 }
 
 TEST(ArrangePred, RemovesAllForARowThatIsNotThere) {
-    Waiting plan;
+    FourRows plan;
     plan.col().ArrangePred("77", "5");
     EXPECT_EQ(plan.Predecessors(), "");
     EXPECT_EQ(plan.Heard(),
@@ -165,7 +167,7 @@ TEST(ArrangePred, RemovesAllForARowThatIsNotThere) {
 }
 
 TEST(ArrangePred, DropsAStaleLinkFirst) {
-    Waiting plan;
+    FourRows plan;
     plan["4"].TaskCondidat(False);
     plan.col().ArrangePred(",", "5");
     EXPECT_EQ(plan.Predecessors(), "3");
@@ -190,7 +192,7 @@ TEST(ArrangePred, MovesTheTaskWithoutAutoLinkAndLinksNothing) {
 }
 
 TEST(ArrangePred, RecordsATaskThatIsNotThere) {
-    Waiting plan;
+    FourRows plan;
     EXPECT_EQ(plan.col().ArrangePred("1", "77"), False);
     EXPECT_EQ(plan.failures.Taken(), "TasksCol/PredessorAsString 91\nTasksCol/ArrangePred 91\n");
     EXPECT_EQ(plan.Heard(), "");
@@ -243,7 +245,7 @@ TEST(ArrangeSuccessor, PassesByWhatIsNoNumberAndNoRow) {
 }
 
 TEST(ArrangeSuccessor, PassesByANumberLongerThanAnyDouble) {
-    Outline plan;
+    InsertedRows plan;
     plan.col().AutoLink(True);
     plan.col().ArrangeSuccessor("4," + String(400, '9') + ",5", "1");
     EXPECT_EQ(plan.col().SucessorAsString("1"), "4, 5");

@@ -16,8 +16,6 @@ namespace {
 
 using namespace testing;
 
-constexpr double kTenOClock = 10.0 / 24;
-
 /// Asks questions of a drawn calendar that changes between them, in many rounds.
 template <class Ask>
 void OnRandomCalendars(int questions, Ask&& ask) {

@@ -15,8 +15,6 @@ using Gloabal::IsNonWorkingDay;
 using Gloabal::NumberOFNonWorkingDay;
 using Gloabal::SetNextWorkingDay;
 
-constexpr double kTenOClock = 10.0 / 24;
-
 TEST(IsNonWorkingDay, NeverHoldsWithoutAPublicCalendar) {
     CalendarSession session;
     session.calendar->SetADayAsHoliday(Monday);

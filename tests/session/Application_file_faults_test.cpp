@@ -9,10 +9,9 @@ namespace mrlxmlclass {
 namespace {
 
 using testing::kSections;
+using testing::kSideFile;
 using testing::Listed;
 using testing::SavedProject;
-
-constexpr const char* kSideFile = "program/steps.xml";
 
 /// The class labels under which the writes of a save are recorded, one a write.
 constexpr std::array kWriters{

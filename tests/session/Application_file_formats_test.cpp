@@ -1,14 +1,13 @@
 #include <gtest/gtest.h>
 
 #include "mrlxmlclass/xml/ProjectsCls.h"
+#include "tests/session/Formats.h"
 #include "tests/support/WholeProject.h"
 
 namespace mrlxmlclass {
 namespace {
 
 using namespace testing;
-
-constexpr const char* kFormats[] = {"M/d/yyyy", "dd/MM/yyyy", "d.M.yyyy", "yyyy-MM-dd"};
 
 const Date kFifthOfMarch = Date::Of(2026, 3, 5);
 const Date kThirdOfMay = Date::Of(2026, 5, 3);

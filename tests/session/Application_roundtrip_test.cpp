@@ -1,5 +1,6 @@
 #include <gtest/gtest.h>
 
+#include "tests/session/Formats.h"
 #include "tests/support/RandomProject.h"
 #include "tests/support/SavedRecords.h"
 #include "tests/support/Wiring.h"
@@ -8,8 +9,6 @@ namespace mrlxmlclass {
 namespace {
 
 using namespace testing;
-
-constexpr const char* kFormats[] = {"M/d/yyyy", "dd/MM/yyyy", "d.M.yyyy", "yyyy-MM-dd"};
 
 /// With MRLXMLCLASS_ROUNDS=25 a thousand projects.
 constexpr unsigned kProjects = 40;

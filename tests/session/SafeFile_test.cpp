@@ -15,11 +15,10 @@ namespace {
 
 using testing::FileCall;
 using testing::kSections;
+using testing::kSideFile;
 using testing::Listed;
 using testing::SavedProject;
 using testing::SectionsFrom;
-
-constexpr const char* kSideFile = "program/steps.xml";
 
 /// Hands out another content than the file's.
 class TamperingFiles : public ForwardingFiles {

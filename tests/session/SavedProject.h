@@ -25,6 +25,9 @@ inline String Listed(const Ref<Collection>& texts) {
     return list;
 }
 
+/// The file of the session that is saved beside a project.
+inline constexpr const char* kSideFile = "program/steps.xml";
+
 /// The sections of a whole project file in the order in which they are written.
 inline constexpr std::array<std::string_view, 10> kSections{
     "Tasks",

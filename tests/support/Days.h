@@ -12,6 +12,10 @@ inline const Date Thursday = Monday + 3;
 inline const Date Friday = Monday + 4;
 inline const Date Saturday = Monday + 5;
 inline const Date Sunday = Monday + 6;
+inline const Date NextMonday = Monday + 7;
+
+/// Ten in the morning, as a part of a day.
+inline constexpr double kTenOClock = 10.0 / 24;
 
 /// yyyy-mm-dd; "-" for no date.
 String DayName(Date day);

@@ -17,13 +17,9 @@ namespace {
 
 using namespace testing;
 
-Ref<TasksCls> NewTask() {
-    return Make<TasksCls>();
-}
-
 TEST(Clone, CopiesEveryValueWithItsFlag) {
     TestSession session;
-    const auto task = NewTask();
+    const auto task = Make<TasksCls>();
     task->ProjectID(1);
     task->ParentID(2);
     task->TaskType(True);
@@ -88,7 +84,7 @@ TEST(Clone, CopiesEveryValueWithItsFlag) {
 
 TEST(Clone, LeavesAFreshUnitUnrepaired) {
     TestSession session;
-    const auto clone = NewTask()->Clone();
+    const auto clone = Make<TasksCls>()->Clone();
     EXPECT_EQ(clone->TaskDurationUnitValid(), "False");
     EXPECT_EQ(clone->TaskDurationUnit(), "days");
     EXPECT_EQ(clone->TaskDurationUnitValid(), "True");
@@ -96,7 +92,7 @@ TEST(Clone, LeavesAFreshUnitUnrepaired) {
 
 TEST(Clone, SharesItsCollectionsBeforeAnythingWasRead) {
     TestSession session;
-    const auto task = NewTask();
+    const auto task = Make<TasksCls>();
     const auto clone = task->Clone();
     const auto second = clone->Clone();
     clone->TaskPredecessor()->Add("5", "5");
@@ -116,7 +112,7 @@ TEST(Clone, SharesItsCollectionsBeforeAnythingWasRead) {
 
 TEST(Clone, SharesWhatWasReadBefore) {
     TestSession session;
-    const auto task = NewTask();
+    const auto task = Make<TasksCls>();
     task->TaskPredecessor()->Add("5", "5");
     In(task).Tasks()->Add("8", "8");
     const auto clone = task->Clone();
@@ -128,7 +124,7 @@ TEST(Clone, SharesWhatWasReadBefore) {
 
 TEST(Clone, DropsAndReplacesCollectionsOfItsOwnOnly) {
     TestSession session;
-    const auto task = NewTask();
+    const auto task = Make<TasksCls>();
     task->TaskPredecessor()->Add("5", "5");
     const auto clone = task->Clone();
     clone->TaskPredecessorValid(False);
@@ -140,7 +136,7 @@ TEST(Clone, DropsAndReplacesCollectionsOfItsOwnOnly) {
 
 TEST(Clone, KeepsItsLeadTimesNotesGoalsAndObstaclesEmpty) {
     TestSession session;
-    const auto task = NewTask();
+    const auto task = Make<TasksCls>();
     task->TaskLeadTime()->Add("5|2", "5");
     const auto note = Make<NotesCls>();
     note->NoteKey("1");
@@ -158,7 +154,7 @@ TEST(Clone, KeepsItsLeadTimesNotesGoalsAndObstaclesEmpty) {
 
 TEST(Clone, KeepsCountingItsCostsAsSet) {
     TestSession session;
-    const auto task = NewTask();
+    const auto task = Make<TasksCls>();
     const auto clone = task->Clone();
     EXPECT_EQ(clone->TaskCost(), Currency());
     EXPECT_EQ(task->ToXml(False).find("<TaskCost"), String::npos);
@@ -169,7 +165,7 @@ TEST(Clone, KeepsCountingItsCostsAsSet) {
 TEST(Clone, AddsNoEmptyElementsOfCollections) {
     TestSession session;
     Module().BVersion = True;
-    const auto task = NewTask();
+    const auto task = Make<TasksCls>();
     const String before = task->ToXml(False);
     task->Clone()->TaskPredecessor();
     task->isPredecessor(1);

@@ -13,10 +13,6 @@ namespace {
 
 using namespace testing;
 
-Ref<TasksCls> NewTask() {
-    return Make<TasksCls>();
-}
-
 /// What the latest failure says, without the line and the time behind it.
 String LatestWords() {
     const Ref<ErrorEntries> entries = Module().g_ErrorsHandler->Log()->Error_Col();
@@ -54,7 +50,7 @@ TEST(ValidFlag, RisesWithItsValueAndClearsItWhenItChanges) {
     TestSession session;
     for (const Pair<Long>& pair : kClearing) {
         SCOPED_TRACE(pair.name);
-        const auto held = NewTask();
+        const auto held = Make<TasksCls>();
         TasksCls& task = *held;
         (task.*pair.let)(5);
         EXPECT_EQ((task.*pair.get)(), 5);
@@ -69,7 +65,7 @@ TEST(ValidFlag, RisesWithItsValueAndClearsItWhenItChanges) {
 
 TEST(ValidFlag, ClearsAValueOnItsWayUpToo) {
     TestSession session;
-    const auto task = NewTask();
+    const auto task = Make<TasksCls>();
     In(task).TaskLag_Int(5);
     task->TaskLagValid(True);
     EXPECT_EQ(task->TaskLag(), 0);
@@ -82,7 +78,7 @@ TEST(ValidFlag, OnlyStoresWhereAValueStandsByItself) {
     TestSession session;
     for (const Pair<Long>& pair : kStanding) {
         SCOPED_TRACE(pair.name);
-        const auto held = NewTask();
+        const auto held = Make<TasksCls>();
         TasksCls& task = *held;
         (task.*pair.let)(5);
         EXPECT_EQ((task.*pair.flag)(), True);
@@ -94,7 +90,7 @@ TEST(ValidFlag, OnlyStoresWhereAValueStandsByItself) {
 
 TEST(ValidFlag, ClearsTheLinkTextAndTheModification) {
     TestSession session;
-    const auto task = NewTask();
+    const auto task = Make<TasksCls>();
     task->TaskLink("a:|LINK|b");
     task->TaskModifiedDate(Monday + 0.5);
     task->TaskModified(True);
@@ -113,7 +109,7 @@ TEST(ValidFlag, ClearsTheLinkTextAndTheModification) {
 
 TEST(ValidFlag, GuardsTheModification) {
     TestSession session;
-    const auto task = NewTask();
+    const auto task = Make<TasksCls>();
     In(task).TaskModifiedDate_Int(Monday);
     In(task).TaskModified_Int(True);
     EXPECT_EQ(task->TaskModifiedDate(), Date());
@@ -139,7 +135,7 @@ template <class Held>
 void ExpectGuard(const GuardedPair<Held>& pair) {
     SCOPED_TRACE(pair.words);
     TestSession session;
-    const auto held = NewTask();
+    const auto held = Make<TasksCls>();
     TasksCls& task = *held;
     const Ref<Held> made = (task.*pair.read)();
     ASSERT_TRUE(made);
@@ -157,7 +153,7 @@ void ExpectGuard(const GuardedPair<Held>& pair) {
     (task.*pair.let)(given);
     EXPECT_EQ((task.*pair.read)(), given);
 
-    const auto other = NewTask();
+    const auto other = Make<TasksCls>();
     auto inside = In(other);
     (inside.*pair.let_inside)(given);
     EXPECT_EQ(((*other).*pair.flag)(), False);
@@ -173,7 +169,7 @@ void ExpectGuard(const GuardedPair<Held>& pair) {
     ((*other).*pair.let_flag)(True);
     EXPECT_TRUE(((*other).*pair.read)());
 
-    const auto empty = NewTask();
+    const auto empty = Make<TasksCls>();
     auto inside_empty = In(empty);
     (inside_empty.*pair.let_inside)({});
     const auto early_clone = empty->Clone();

@@ -17,13 +17,9 @@ namespace {
 
 using namespace testing;
 
-Ref<TasksCls> NewTask() {
-    return Make<TasksCls>();
-}
-
 TEST(TasksCls, StartsAsAPlainRowOfThePlan) {
     TestSession session;
-    const auto task = NewTask();
+    const auto task = Make<TasksCls>();
     EXPECT_EQ(task->TaskCondidat(), True);
     EXPECT_EQ(task->TaskType(), False);
     EXPECT_EQ(task->TaskMilstones(), False);
@@ -53,7 +49,7 @@ TEST(TasksCls, StartsAsAPlainRowOfThePlan) {
 
 TEST(TasksCls, RepairsItsUnitAtTheFirstRead) {
     TestSession session;
-    const auto task = NewTask();
+    const auto task = Make<TasksCls>();
     EXPECT_EQ(task->TaskDurationUnitValid(), "False");
     EXPECT_EQ(task->TaskDurationUnit(), "days");
     EXPECT_EQ(task->TaskDurationUnitValid(), "True");
@@ -61,7 +57,7 @@ TEST(TasksCls, RepairsItsUnitAtTheFirstRead) {
 
 TEST(TasksCls, StartsWithEveryFlagDown) {
     TestSession session;
-    const auto task = NewTask();
+    const auto task = Make<TasksCls>();
     EXPECT_EQ(task->ParentIDValid(), False);
     EXPECT_EQ(task->TaskBDateValid(), False);
     EXPECT_EQ(task->TaskEDateValid(), False);
@@ -86,16 +82,16 @@ TEST(TasksCls, StartsWithEveryFlagDown) {
 TEST(TasksCls, MakesTheSharedErrorLogWhereThereIsNone) {
     TestSession session;
     const Ref<ErrorsHandler> before = Module().g_ErrorsHandler;
-    NewTask();
+    Make<TasksCls>();
     EXPECT_EQ(Module().g_ErrorsHandler, before);
     Module().g_ErrorsHandler = {};
-    NewTask();
+    Make<TasksCls>();
     EXPECT_TRUE(Module().g_ErrorsHandler);
 }
 
 TEST(TasksCls, CarriesPlainValues) {
     TestSession session;
-    const auto task = NewTask();
+    const auto task = Make<TasksCls>();
     task->ProjectID(-3);
     task->TaskType(Boolean::Raw(1));
     task->TaskKey(70000);
@@ -116,7 +112,7 @@ TEST(TasksCls, CarriesPlainValues) {
 
 TEST(TaskName, CutsSilentlyBehind160Characters) {
     TestSession session;
-    const auto task = NewTask();
+    const auto task = Make<TasksCls>();
     task->TaskName(String(160, 'a'));
     EXPECT_EQ(task->TaskName(), String(160, 'a'));
     task->TaskName(String(161, 'b'));
@@ -126,7 +122,7 @@ TEST(TaskName, CutsSilentlyBehind160Characters) {
 
 TEST(TaskName, CountsUnitsOfSixteenBitsAndNeverHalvesACharacter) {
     TestSession session;
-    const auto task = NewTask();
+    const auto task = Make<TasksCls>();
     const String emoji = "\xF0\x9F\x8F\xA0";
     task->TaskName(String(158, 'a') + emoji);
     EXPECT_EQ(Length(task->TaskName()), 160U);
@@ -142,7 +138,7 @@ TEST(TaskName, CountsUnitsOfSixteenBitsAndNeverHalvesACharacter) {
 
 TEST(TaskName, StaysWholeWhereItComesFromAFileOrAClone) {
     TestSession session;
-    const auto task = NewTask();
+    const auto task = Make<TasksCls>();
     const String name(161, 'a');
     EXPECT_EQ(task->FromXml("<Tasks><TaskName>" + name + "</TaskName></Tasks>", {}), True);
     EXPECT_EQ(task->TaskName(), name);
@@ -153,7 +149,7 @@ TEST(TaskName, StaysWholeWhereItComesFromAFileOrAClone) {
 
 TEST(IsPredecessor, ComparesTheTextsOfKeys) {
     TestSession session;
-    const auto task = NewTask();
+    const auto task = Make<TasksCls>();
     EXPECT_EQ(task->isPredecessor(5), False);
     EXPECT_EQ(task->isSucesser(5), False);
     EXPECT_EQ(task->TaskPredecessorValid(), False) << "asking makes nothing";
@@ -169,7 +165,7 @@ TEST(IsPredecessor, ComparesTheTextsOfKeys) {
 
 TEST(IsPredecessor, RecordsAKeyThatIsNone) {
     TestSession session;
-    const auto task = NewTask();
+    const auto task = Make<TasksCls>();
     task->TaskPredecessor()->Add("5", "5");
     task->TaskSuccessor()->Add("5", "5");
     EXPECT_EQ(task->isPredecessor(Variant(Variant::Null{})), False);
@@ -179,7 +175,7 @@ TEST(IsPredecessor, RecordsAKeyThatIsNone) {
 
 TEST(TaskLeadTime, IsMadeOnFirstReadAndMayBeReplaced) {
     TestSession session;
-    const auto task = NewTask();
+    const auto task = Make<TasksCls>();
     EXPECT_FALSE(In(task).PeekLeadTime());
     const auto entries = task->TaskLeadTime();
     ASSERT_TRUE(entries);
@@ -191,7 +187,7 @@ TEST(TaskLeadTime, IsMadeOnFirstReadAndMayBeReplaced) {
 
 TEST(SetTaskLink, ReplacesTheWholeText) {
     TestSession session;
-    const auto task = NewTask();
+    const auto task = Make<TasksCls>();
     task->TaskLink("before");
     task->TaskLinkValid(False);
     String linked_to = "X";
@@ -203,7 +199,7 @@ TEST(SetTaskLink, ReplacesTheWholeText) {
 
 TEST(GetTaskLink, GivesTheValueBehindWhatContainsTheText) {
     TestSession session;
-    const auto task = NewTask();
+    const auto task = Make<TasksCls>();
     EXPECT_EQ(task->GetTaskLink("X"), "");
     task->SetTaskLink("V", "task X");
     EXPECT_EQ(task->GetTaskLink("task X"), "V");
@@ -218,7 +214,7 @@ TEST(GetTaskLink, GivesTheValueBehindWhatContainsTheText) {
 
 TEST(GetTaskLink, KeepsTheLastOfSeveralHits) {
     TestSession session;
-    const auto task = NewTask();
+    const auto task = Make<TasksCls>();
     task->TaskLink("X:|LINK|first X|LINK|second|LINK|third");
     EXPECT_EQ(task->GetTaskLink("X"), "second");
     EXPECT_EQ(task->GetTaskLink("second"), "third");
@@ -228,7 +224,7 @@ TEST(GetTaskLink, KeepsTheLastOfSeveralHits) {
 
 TEST(TasksClsTexts, JoinTheCopiesOfTheItems) {
     TestSession session;
-    const auto task = NewTask();
+    const auto task = Make<TasksCls>();
     EXPECT_EQ(task->PeopleAsString() + task->GoalsAsString() + task->ObstaclesAsString() + task->NoteAsString(), "");
     EXPECT_FALSE(In(task).PeekPeople()) << "asking makes nothing";
     const auto people = Make<PeopleCol>();
@@ -250,7 +246,7 @@ TEST(TasksClsTexts, JoinTheCopiesOfTheItems) {
 
 TEST(NoteIndex, CountsFromOneAndIsMinusOneForANoteThatIsNotThere) {
     TestSession session;
-    const auto task = NewTask();
+    const auto task = Make<TasksCls>();
     EXPECT_EQ(task->NoteIndex("4"), -1);
     for (const char* key : {"4", "9"}) {
         const auto note = Make<NotesCls>();
@@ -272,7 +268,7 @@ TEST(IncrementID, TakesAFreedKeyBeforeTheNext) {
     counters->TaskKeyValue(8);
     In(counters).Free(StaticCls::Internal::Task, "3");
     In(counters).Free(StaticCls::Internal::Task, "2");
-    const auto task = NewTask();
+    const auto task = Make<TasksCls>();
     for (const int key : {3, 2, 9, 10}) {
         EXPECT_EQ(In(task).IncrementID(counters), True);
         EXPECT_EQ(task->TaskKey(), key);
@@ -284,7 +280,7 @@ TEST(IncrementID, KeepsRecordingUnderTheNameOfObstacles) {
     TestSession session;
     const auto counters = Make<StaticCls>();
     counters->TaskKeyValue(32766);
-    const auto task = NewTask();
+    const auto task = Make<TasksCls>();
     EXPECT_EQ(In(task).IncrementID(counters), True);
     EXPECT_EQ(task->TaskKey(), 32767);
     EXPECT_EQ(In(task).IncrementID(counters), False);
@@ -295,7 +291,7 @@ TEST(IncrementID, KeepsRecordingUnderTheNameOfObstacles) {
 
 TEST(TaskCost, IsWrittenOnceItWasSet) {
     TestSession session;
-    const auto task = NewTask();
+    const auto task = Make<TasksCls>();
     task->TaskCost(Currency(12));
     task->TaskCostUp(Currency(3));
     EXPECT_EQ(task->TaskCost(), Currency(12));
@@ -308,7 +304,7 @@ TEST(TaskCost, IsWrittenOnceItWasSet) {
 
 TEST(TaskCondidat, MovesTheStampOfCandidaciesWhenItChangesOnly) {
     TestSession session;
-    const auto task = NewTask();
+    const auto task = Make<TasksCls>();
     const auto stamp = Module().candidacy_stamp;
     task->TaskCondidat(True);
     EXPECT_EQ(Module().candidacy_stamp, stamp);

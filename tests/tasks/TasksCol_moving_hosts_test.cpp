@@ -30,14 +30,14 @@ private:
     bool done_ = false;
 };
 
-struct Operation {
+struct MovingOperation {
     const char* name;
     std::function<void(TasksCol& col)> call;
     const char* last_event;
 };
 
 TEST(TasksColOperations, GoToTheirEndUnderAHostThatStartsAnotherProject) {
-    const std::vector<Operation> operations = {
+    const std::vector<MovingOperation> operations = {
         {"indent", [](TasksCol& col) { col.ChangeTaskParent("4", String("1"), "", "", "", True, "indent"); },
          "Indented(4, 1, )\n"},
         {"outdent", [](TasksCol& col) { col.ChangeRemoveTaskParent("3", "0", "1"); }, "Outented(3, 0, 1, )\n"},
@@ -56,7 +56,7 @@ TEST(TasksColOperations, GoToTheirEndUnderAHostThatStartsAnotherProject) {
         {"cost", [](TasksCol& col) { col.RollUpCostChangedImdParent("2", 5); }, "RoolUpCostChange(2, 5)\n"},
         {"shift", [](TasksCol& col) { col.ResetStartDate(1); }, "DateEndChange(5, "},
     };
-    for (const Operation& operation : operations) {
+    for (const MovingOperation& operation : operations) {
         SCOPED_TRACE(operation.name);
         LinkingPlan plan;
         plan.Task("House").Task("Design").Under("House").From(Monday);

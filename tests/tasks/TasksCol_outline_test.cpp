@@ -17,9 +17,9 @@ constexpr int kDeep = 30'000;
 /// 4     Pour
 /// 5   Roof
 /// 6 Garden
-class House : public Plan {
+class HouseWithCellar : public Plan {
 public:
-    House() {
+    HouseWithCellar() {
         Task("House").Task("Cellar").Under("House").Task("Dig").Under("Cellar").Task("Pour").Under("Cellar");
         Task("Roof").Under("House").Task("Garden");
         for (const char* summary : {"House", "Cellar"}) (*this)[summary].TaskType(False);
@@ -27,20 +27,20 @@ public:
 };
 
 TEST(IsParent, AsksForChildrenOnly) {
-    House plan;
+    HouseWithCellar plan;
     EXPECT_TRUE(plan.col().isParent(plan.Key("Cellar")));
     EXPECT_FALSE(plan.col().isParent(plan.Key("Dig")));
     for (const char* key : {"", "0", "77", "abc"}) EXPECT_FALSE(plan.col().isParent(key)) << key;
 }
 
 TEST(IsParent, CountsACandidateThatStillHasChildren) {
-    House plan;
+    HouseWithCellar plan;
     plan["Cellar"].TaskCondidat(False);
     EXPECT_TRUE(plan.col().isParent(plan.Key("Cellar")));
 }
 
 TEST(Summary, IsATaskOfTheOutlineWithChildrenThatIsNoPlainRow) {
-    House plan;
+    HouseWithCellar plan;
     EXPECT_TRUE(plan.col().Summary(plan.Key("Cellar")));
     EXPECT_FALSE(plan.col().Summary(plan.Key("Garden")));
     EXPECT_FALSE(plan.col().Summary(""));
@@ -51,7 +51,7 @@ TEST(Summary, IsATaskOfTheOutlineWithChildrenThatIsNoPlainRow) {
 }
 
 TEST(GetTaskNumber, CountsChildrenAndNotGrandchildren) {
-    House plan;
+    HouseWithCellar plan;
     EXPECT_EQ(plan.col().GetTaskNumber(1), 2);
     EXPECT_EQ(plan.col().GetTaskNumber(6), 0);
     EXPECT_EQ(plan.col().GetTaskNumber(77), 0);
@@ -59,14 +59,14 @@ TEST(GetTaskNumber, CountsChildrenAndNotGrandchildren) {
 }
 
 TEST(GetLevel, IsZeroAtTheTop) {
-    House plan;
+    HouseWithCellar plan;
     EXPECT_EQ(plan.col().GetLevel(plan.Key("Garden")), 0);
     EXPECT_EQ(plan.col().GetLevel(plan.Key("Roof")), 1);
     EXPECT_EQ(plan.col().GetLevel(plan.Key("Dig")), 2);
 }
 
 TEST(GetLevel, RecordsATaskOrAParentThatIsNotThere) {
-    House plan;
+    HouseWithCellar plan;
     EXPECT_EQ(plan.col().GetLevel("77"), 0);
     EXPECT_EQ(plan.failures.Taken(), "TasksCol/GetLevel 91\n");
     plan["Cellar"].ParentID(77);
@@ -75,7 +75,7 @@ TEST(GetLevel, RecordsATaskOrAParentThatIsNotThere) {
 }
 
 TEST(GetLevel, KnowsATaskByTheIDThatItIsFiledUnder) {
-    House plan;
+    HouseWithCellar plan;
     plan.col().Add("abc");
     EXPECT_EQ(plan.col().GetLevel("abc"), 0);
 }
@@ -95,7 +95,7 @@ TEST(GetLevel, StopsAtATaskThatIsItsOwnParent) {
 }
 
 TEST(GetFirstChildKey, IsTheChildRightBehindItsParent) {
-    House plan;
+    HouseWithCellar plan;
     EXPECT_EQ(plan.col().GetFirstChildKey(plan.Key("House")), plan.Key("Cellar"));
     plan["Cellar"].TaskPosition(9);
     EXPECT_EQ(plan.col().GetFirstChildKey(plan.Key("House")), "");
@@ -103,13 +103,13 @@ TEST(GetFirstChildKey, IsTheChildRightBehindItsParent) {
 }
 
 TEST(GetFirstChildKey, TakesTheFirstOfTwoOnTheSameRow) {
-    House plan;
+    HouseWithCellar plan;
     plan["Roof"].TaskPosition(2);
     EXPECT_EQ(plan.col().GetFirstChildKey(plan.Key("House")), plan.Key("Cellar"));
 }
 
 TEST(GetFirstChildKey, RecordsATaskOrAChildThatIsNotThere) {
-    House plan;
+    HouseWithCellar plan;
     EXPECT_EQ(plan.col().GetFirstChildKey("77"), "");
     EXPECT_EQ(plan.failures.Taken(), "TasksCol/GetFirstChildKey 91\n");
     plan.col().AddParentTask(plan.Key("Garden"), 77);
@@ -118,7 +118,7 @@ TEST(GetFirstChildKey, RecordsATaskOrAChildThatIsNotThere) {
 }
 
 TEST(FirstChildInParent, IsNeverTrueAtTheTop) {
-    House plan;
+    HouseWithCellar plan;
     EXPECT_TRUE(plan.col().FirstChildInParent(plan.Key("Cellar")));
     EXPECT_TRUE(plan.col().FirstChildInParent(plan.Key("Dig")));
     EXPECT_FALSE(plan.col().FirstChildInParent(plan.Key("Roof")));
@@ -129,7 +129,7 @@ TEST(FirstChildInParent, IsNeverTrueAtTheTop) {
 }
 
 TEST(GetTaskKeyByPosition, FindsTheFirstTaskOfARowAndACandidateAtRowZero) {
-    House plan;
+    HouseWithCellar plan;
     EXPECT_EQ(plan.col().GetTaskKeyByPosition(3), plan.Key("Dig"));
     EXPECT_EQ(plan.col().GetTaskKeyByPosition(7), "");
     EXPECT_EQ(plan.col().GetTaskKeyByPosition(0), "");
@@ -140,7 +140,7 @@ TEST(GetTaskKeyByPosition, FindsTheFirstTaskOfARowAndACandidateAtRowZero) {
 }
 
 TEST(GetFirstLevelParentPosKey, ClimbsToTheTop) {
-    House plan;
+    HouseWithCellar plan;
     plan["House"].TaskPosition(11);
     EXPECT_EQ(plan.col().GetFirstLevelParentPosKey(plan.Key("Dig"), True), "1");
     EXPECT_EQ(plan.col().GetFirstLevelParentPosKey(plan.Key("Dig")), "11");
@@ -158,7 +158,7 @@ TEST(GetFirstLevelParentPosKey, StopsInARingAndAtAParentThatIsNotThere) {
 }
 
 TEST(GetLastParentPosKey, IsTheAncestorOnTheLevelBelowTheSharedParent) {
-    House plan;
+    HouseWithCellar plan;
     EXPECT_EQ(plan.col().GetLastParentPosKey(plan.Key("Dig"), plan.Key("House"), True), plan.Key("Cellar"));
     EXPECT_EQ(plan.col().GetLastParentPosKey(plan.Key("Dig"), plan.Key("House")), "2");
     EXPECT_EQ(plan.col().GetLastParentPosKey(plan.Key("Dig"), plan.Key("Cellar"), True), plan.Key("Dig"));
@@ -168,7 +168,7 @@ TEST(GetLastParentPosKey, IsTheAncestorOnTheLevelBelowTheSharedParent) {
 }
 
 TEST(GetLastParentPosKey, ComparesTheSharedParentAsANumber) {
-    House plan;
+    HouseWithCellar plan;
     EXPECT_EQ(plan.col().GetLastParentPosKey(plan.Key("Dig"), "02", True), plan.Key("Dig"));
 }
 
@@ -180,7 +180,7 @@ TEST(GetLastParentPosKey, StopsInARing) {
 }
 
 TEST(GetTaskAndSubNumber, GivesTheHighestRowOfASubtree) {
-    House plan;
+    HouseWithCellar plan;
     Integer highest = 0;
     EXPECT_EQ(plan.col().GetTaskAndSubNumber(plan.Key("House"), False, highest), 5);
     EXPECT_EQ(highest, 5);
@@ -190,21 +190,21 @@ TEST(GetTaskAndSubNumber, GivesTheHighestRowOfASubtree) {
 }
 
 TEST(GetTaskAndSubNumber, StartsFromTheRowThatIsHandedIn) {
-    House plan;
+    HouseWithCellar plan;
     Integer highest = 9;
     EXPECT_EQ(plan.col().GetTaskAndSubNumber(plan.Key("House"), False, highest), 9);
     EXPECT_EQ(highest, 9);
 }
 
 TEST(GetTaskAndSubNumber, GivesTheKeyOfTheLastLeafAndNotOfTheParent) {
-    House plan;
+    HouseWithCellar plan;
     EXPECT_EQ(plan.col().GetTaskAndSubNumber(plan.Key("House"), True), plan.Number("Roof"));
     plan["Roof"].TaskPosition(0);
     EXPECT_EQ(plan.col().GetTaskAndSubNumber(plan.Key("House"), True), plan.Number("Pour"));
 }
 
 TEST(GetTaskAndSubNumber, CountsABranchThatFailsAsNothingAndGoesOn) {
-    House plan;
+    HouseWithCellar plan;
     plan.col().AddParentTask(plan.Key("Cellar"), 77);  // a third child, which is no task
     Integer highest = 0;
     EXPECT_EQ(plan.col().GetTaskAndSubNumber(plan.Key("House"), False, highest), 5);

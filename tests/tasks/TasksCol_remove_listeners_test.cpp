@@ -9,10 +9,10 @@ namespace {
 using namespace testing;
 
 /// Removes a task, or brings another listener, while it is being told of a deletion.
-class Meddler : public TasksColEvents {
+class Deleter : public TasksColEvents {
 public:
-    Meddler(Plan& plan, Long key) : plan_(plan), key_(key) { plan_.col().Events.Add(*this); }
-    ~Meddler() override { plan_.col().Events.Remove(*this); }
+    Deleter(Plan& plan, Long key) : plan_(plan), key_(key) { plan_.col().Events.Add(*this); }
+    ~Deleter() override { plan_.col().Events.Remove(*this); }
 
     void TaskDeleted(Long, const String&, Long, Boolean) override {
         if (std::exchange(done_, true)) return;
@@ -29,7 +29,7 @@ private:
 
 TEST(RemoveTask, EndsSilentlyWhenAListenerWasQuicker) {
     ThreePhases plan;
-    const Meddler meddler(plan, 2);
+    const Deleter meddler(plan, 2);
     Delete(plan, 2, True);
     EXPECT_EQ(plan.Heard(), "TaskDeleted(2, 0, 2, True)\nTaskDeleted(2, , 0, False)\n");
     EXPECT_EQ(Rows(plan.col()), "A1 C2");
@@ -40,7 +40,7 @@ TEST(RemoveTask, EndsSilentlyWhenAListenerWasQuicker) {
 
 TEST(RemoveTask, LetsAListenerRemoveAnotherTask) {
     ThreePhases plan;
-    const Meddler meddler(plan, 3);
+    const Deleter meddler(plan, 3);
     Delete(plan, 2, True);
     EXPECT_EQ(plan.Heard(), "TaskDeleted(2, 0, 2, True)\nTaskDeleted(3, , 0, False)\nTaskDeleted(2, , 0, True)\n");
     EXPECT_EQ(Rows(plan.col()), "A1");
@@ -49,7 +49,7 @@ TEST(RemoveTask, LetsAListenerRemoveAnotherTask) {
 TEST(RemoveTask, LetsAListenerThatCameHearFromTheNextEventOn) {
     ThreePhases plan;
     EventLog newcomer;
-    Meddler meddler(plan, 3);
+    Deleter meddler(plan, 3);
     meddler.newcomer = &newcomer;
     Delete(plan, 2, True);
     EXPECT_EQ(newcomer.Taken(), "TaskDeleted(3, , 0, False)\nTaskDeleted(2, , 0, True)\n");
@@ -58,7 +58,7 @@ TEST(RemoveTask, LetsAListenerThatCameHearFromTheNextEventOn) {
 
 TEST(DeleteAllSubTasks, GoesOnWhenAListenerRemovesTheNextChild) {
     OnePhase plan;
-    const Meddler meddler(plan, plan.Number("Build"));
+    const Deleter meddler(plan, plan.Number("Build"));
     EXPECT_EQ(Listed(plan.DeletePhase()), "2 3");
     EXPECT_EQ(Walked(plan.col()), "Last");
 }

@@ -56,17 +56,17 @@ private:
     Texts& texts_;
 };
 
-struct Operation {
+struct TextOperation {
     const char* name;
     Texts texts;
     std::function<void(TasksCol& col, const Texts& texts)> call;
     bool links = true;
 };
-void PrintTo(const Operation& operation, std::ostream* out) {
+void PrintTo(const TextOperation& operation, std::ostream* out) {
     *out << operation.name;
 }
 
-class OwnTexts : public ::testing::TestWithParam<Operation> {
+class OwnTexts : public ::testing::TestWithParam<TextOperation> {
 protected:
     /// All that an operation does and tells.
     static String Done(bool under_a_writer) {
@@ -83,60 +83,62 @@ protected:
 INSTANTIATE_TEST_SUITE_P(
     TasksCol, OwnTexts,
     ::testing::Values(
-        Operation{"delete_row", {"4"}, [](TasksCol& col, const Texts& in) { col.ArrangePositionAfterDelete(in[0]); }},
-        Operation{"indent",
-                  {"5", "1", "", "indent", "grid"},
-                  [](TasksCol& col, const Texts& in) {
-                      col.ChangeTaskParent(in[0], String("4"), in[1], "", in[2], True, in[3], in[4]);
-                  }},
-        Operation{"indent_beside",
-                  {"4", "0", "5", "indent", "grid"},
-                  [](TasksCol& col, const Texts& in) {
-                      col.ChangeTaskParent(in[0], String("6"), in[1], "", in[2], True, in[3], in[4]);
-                  }},
-        Operation{"outdent",
-                  {"3", "0", "1", "4", "2", "grid"},
-                  [](TasksCol& col, const Texts& in) {
-                      col.ChangeRemoveTaskParent(in[0], in[1], in[2], in[3], in[4], in[5]);
-                  }},
-        Operation{
+        TextOperation{
+            "delete_row", {"4"}, [](TasksCol& col, const Texts& in) { col.ArrangePositionAfterDelete(in[0]); }},
+        TextOperation{"indent",
+                      {"5", "1", "", "indent", "grid"},
+                      [](TasksCol& col, const Texts& in) {
+                          col.ChangeTaskParent(in[0], String("4"), in[1], "", in[2], True, in[3], in[4]);
+                      }},
+        TextOperation{"indent_beside",
+                      {"4", "0", "5", "indent", "grid"},
+                      [](TasksCol& col, const Texts& in) {
+                          col.ChangeTaskParent(in[0], String("6"), in[1], "", in[2], True, in[3], in[4]);
+                      }},
+        TextOperation{"outdent",
+                      {"3", "0", "1", "4", "2", "grid"},
+                      [](TasksCol& col, const Texts& in) {
+                          col.ChangeRemoveTaskParent(in[0], in[1], in[2], in[3], in[4], in[5]);
+                      }},
+        TextOperation{
             "down",
             {"4", "1", "0", "grid"},
             [](TasksCol& col, const Texts& in) { col.MoveTaskUpOrDown(in[0], False, in[1], in[2], True, in[3]); }},
-        Operation{"down_without_links",
-                  {"4", "1", "0", "grid"},
-                  [](TasksCol& col, const Texts& in) { col.MoveTaskUpOrDown(in[0], False, in[1], in[2], True, in[3]); },
-                  false},
-        Operation{"name", {"5", "Hut"}, [](TasksCol& col, const Texts& in) { col.ChangeName(in[0], in[1], True); }},
-        Operation{"new_row", {"2"}, [](TasksCol& col, const Texts& in) { col.SetNewCondidat(1, in[0]); }},
-        Operation{
+        TextOperation{
+            "down_without_links",
+            {"4", "1", "0", "grid"},
+            [](TasksCol& col, const Texts& in) { col.MoveTaskUpOrDown(in[0], False, in[1], in[2], True, in[3]); },
+            false},
+        TextOperation{"name", {"5", "Hut"}, [](TasksCol& col, const Texts& in) { col.ChangeName(in[0], in[1], True); }},
+        TextOperation{"new_row", {"2"}, [](TasksCol& col, const Texts& in) { col.SetNewCondidat(1, in[0]); }},
+        TextOperation{
             "link", {"5", "6"}, [](TasksCol& col, const Texts& in) { col.AddTaskPredecessor(in[0], in[1], True); }},
-        Operation{
+        TextOperation{
             "unlink", {"4", "3"}, [](TasksCol& col, const Texts& in) { col.RemoveTaskPredecessor(in[0], in[1]); }},
-        Operation{"free_successors",
-                  {"4"},
-                  [](TasksCol& col, const Texts& in) {
-                      col.Item(4)->TaskSuccessor()->Add("5", "5");
-                      col.RemoveAllTaskPredecessor(in[0]);
-                  }},
-        Operation{"replace",
-                  {"4", "2"},
-                  [](TasksCol& col, const Texts& in) {
-                      col.Item(4)->TaskSuccessor()->Add("5", "5");
-                      col.ReplacePredecessor(in[0], in[1]);
-                  }},
-        Operation{"splice", {"5"}, [](TasksCol& col, const Texts& in) { col.SetPredSucByPos(5, in[0], True); }},
-        Operation{"predecessors",
-                  {"2, 5", "4"},
-                  [](TasksCol& col, const Texts& in) {
-                      col.Item(4)->TaskPredecessor()->Add("77", "77");
-                      col.ArrangePred(in[0], in[1]);
-                  }},
-        Operation{
+        TextOperation{"free_successors",
+                      {"4"},
+                      [](TasksCol& col, const Texts& in) {
+                          col.Item(4)->TaskSuccessor()->Add("5", "5");
+                          col.RemoveAllTaskPredecessor(in[0]);
+                      }},
+        TextOperation{"replace",
+                      {"4", "2"},
+                      [](TasksCol& col, const Texts& in) {
+                          col.Item(4)->TaskSuccessor()->Add("5", "5");
+                          col.ReplacePredecessor(in[0], in[1]);
+                      }},
+        TextOperation{"splice", {"5"}, [](TasksCol& col, const Texts& in) { col.SetPredSucByPos(5, in[0], True); }},
+        TextOperation{"predecessors",
+                      {"2, 5", "4"},
+                      [](TasksCol& col, const Texts& in) {
+                          col.Item(4)->TaskPredecessor()->Add("77", "77");
+                          col.ArrangePred(in[0], in[1]);
+                      }},
+        TextOperation{
             "successors", {"5,7", "4"}, [](TasksCol& col, const Texts& in) { col.ArrangeSuccessor(in[0], in[1]); }},
-        Operation{"clean", {"1"}, [](TasksCol& col, const Texts& in) { col.cleanPredcessor(in[0]); }},
-        Operation{"cost", {"2"}, [](TasksCol& col, const Texts& in) { col.AdjustCost(in[0]); }},
-        Operation{"span", {"2"}, [](TasksCol& col, const Texts& in) { col.AdjustSummary(in[0]); }}),
+        TextOperation{"clean", {"1"}, [](TasksCol& col, const Texts& in) { col.cleanPredcessor(in[0]); }},
+        TextOperation{"cost", {"2"}, [](TasksCol& col, const Texts& in) { col.AdjustCost(in[0]); }},
+        TextOperation{"span", {"2"}, [](TasksCol& col, const Texts& in) { col.AdjustSummary(in[0]); }}),
     [](const auto& operation) { return operation.param.name; });
 
 TEST_P(OwnTexts, AreGoneOnWithWhateverTheCallerWritesToItsVariables) {

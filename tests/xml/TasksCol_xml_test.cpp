@@ -29,7 +29,7 @@ Ref<dom::Document> ReadInto(Plan& plan, const String& text, Boolean for_lib = Fa
 }
 
 /// The keys in the order of the collection.
-String Order(const TasksCol& tasks) {
+String KeyOrder(const TasksCol& tasks) {
     String keys;
     for (const auto& entry : tasks.NewEnum()) keys += KeyText(entry.item->TaskKey()).text() + " ";
     return keys;
@@ -90,7 +90,7 @@ TEST(TasksColToXmlFile, KeepsSortingTheLiveTasksByTheirPlaceInTheItem) {
     plan["B"].TaskPositionInitem(1);
     plan["C"].TaskPositionInitem(2);
     plan.col().ToXmlFile("", DocumentOfText("<Project/>"), False);
-    EXPECT_EQ(Order(plan.col()), "2 3 1 ");
+    EXPECT_EQ(KeyOrder(plan.col()), "2 3 1 ");
 }
 
 TEST(TasksColToXmlFile, RecordsAFileThatCannotBeWrittenAndGivesNothing) {
@@ -154,7 +154,7 @@ TEST(TasksColFromXml, AddsToWhatIsThere) {
     const auto other = Make<TasksCol>();
     EXPECT_EQ(other->FromXml("<Task>" + Row(7, 1) + "</Task>", {}), True);
     EXPECT_EQ(other->FromXml(text, {}), True);
-    EXPECT_EQ(Order(*other), "7 1 2 ");
+    EXPECT_EQ(KeyOrder(*other), "7 1 2 ");
 }
 
 TEST(TasksColFromXml, KeepsSigningItsFailuresAsARecordsAndLeavesTheKeyAlone) {
@@ -203,7 +203,7 @@ TEST(TasksColFromXmlFile, LeavesTheSchedulersFlagWhereTheAttributeIsMissingAndEn
 TEST(TasksColFromXmlFile, EndsAtARecordOfAnotherNameAndYieldsAtEach) {
     Plan plan;
     ReadInto(plan, Document(Row(1, 1) + "<!-- between -->" + Row(2, 2) + "<Goal/>" + Row(3, 3)));
-    EXPECT_EQ(Order(plan.col()), "1 2 ");
+    EXPECT_EQ(KeyOrder(plan.col()), "1 2 ");
     EXPECT_EQ(plan.platform.ui.yields, 3);
 }
 
@@ -243,7 +243,7 @@ TEST(TasksColFromXmlFile, LeavesRowsAloneThatAreWhole) {
     Plan plan;
     ReadInto(plan, Document(Row(2, 2) + Row(1, 1) + Row(3, 3)));
     EXPECT_EQ(Rows(plan.col()), "1 2 3 ");
-    EXPECT_EQ(Order(plan.col()), "2 1 3 ") << "nothing was sorted";
+    EXPECT_EQ(KeyOrder(plan.col()), "2 1 3 ") << "nothing was sorted";
 }
 
 TEST(TasksColFromXmlFile, AsALibraryRepairsNothing) {
