@@ -1,6 +1,7 @@
 #include <gtest/gtest.h>
 
 #include "tests/prx/PlanFolder.h"
+#include "tests/support/Sample.h"
 
 namespace prx_test {
 namespace {
@@ -28,13 +29,16 @@ using Move = Moving;
 using Phase = Moving;
 
 /// Does it to each task of each example, every time to a fresh copy; the outline stays whole or the file as it was.
-void ToEachTask(const std::vector<std::string>& arguments) {
+/// A sample of the tasks starts with row `first`, so that the operations together have them all.
+void ToEachTask(int first, const std::vector<std::string>& arguments) {
+    constexpr int kStep = mrlxmlclass::testing::kSample;
     const PlanFolder plan;
     for (const char* example : kExamples) {
         plan.CopyExample(example, "a.prx");
         const int count = plan.Count();
+        int tried = 0;
         int done = 0;
-        for (int row = 1; row <= count; ++row) {
+        for (int row = (first - 1) % kStep + 1; row <= count; row += kStep, ++tried) {
             SCOPED_TRACE(std::string(example) + " #" + std::to_string(row));
             plan.CopyExample(example, "a.prx");
             const std::string before = plan.Read("a.prx");
@@ -50,7 +54,7 @@ void ToEachTask(const std::vector<std::string>& arguments) {
                 EXPECT_EQ(plan.Read("a.prx"), before);
             }
         }
-        EXPECT_GT(done, count / 4) << example;
+        EXPECT_GT(done, tried / 4) << example;
     }
 }
 
@@ -233,31 +237,31 @@ TEST_F(Phase, TakesATaskToTheTop) {
 }
 
 TEST(Examples, StayWholeWhateverIsIndented) {
-    ToEachTask({"indent"});
+    ToEachTask(1, {"indent"});
 }
 
 TEST(Examples, StayWholeWhateverIsOutdented) {
-    ToEachTask({"outdent"});
+    ToEachTask(2, {"outdent"});
 }
 
 TEST(Examples, StayWholeWhateverMovesUp) {
-    ToEachTask({"move", "--up"});
+    ToEachTask(3, {"move", "--up"});
 }
 
 TEST(Examples, StayWholeWhateverMovesDown) {
-    ToEachTask({"move", "--down"});
+    ToEachTask(4, {"move", "--down"});
 }
 
 TEST(Examples, StayWholeWhateverBecomesAPhase) {
-    ToEachTask({"phase"});
+    ToEachTask(5, {"phase"});
 }
 
 TEST(Examples, StayWholeWhateverGoesUnderTheFirstTask) {
-    ToEachTask({"move", "--under=#1"});
+    ToEachTask(6, {"move", "--under=#1"});
 }
 
 TEST(Examples, StayWholeWhateverGoesBehindALaterTask) {
-    ToEachTask({"move", "--after=#13"});
+    ToEachTask(7, {"move", "--after=#13"});
 }
 
 TEST(Examples, StayWholeWhateverIsUnlinked) {

@@ -3,17 +3,14 @@
 #include "mrlxmlclass/items/PeopleCol.h"
 #include "tests/dom/SmallStack.h"
 #include "tests/session/HostileFile.h"
+#include "tests/support/Sample.h"
 
 namespace mrlxmlclass {
 namespace {
 
 using namespace testing;
 
-#if defined(__SANITIZE_ADDRESS__)
-constexpr std::size_t kCases = 15;
-#else
-constexpr std::size_t kCases = 60;
-#endif
+constexpr std::size_t kCases = 60 / kSample;
 
 TEST(LoadHostileFile, CutAtAnyByteIsRefused) {
     for (const auto& [name, whole] : PlansToDamage()) {

@@ -1,8 +1,11 @@
 #pragma once
 
+#include <algorithm>
 #include <cstdlib>
 #include <iterator>
 #include <random>
+
+#include "tests/support/Sample.h"
 
 namespace mrlxmlclass::testing {
 
@@ -22,10 +25,12 @@ private:
     std::mt19937 random_;
 };
 
-/// How often a test with drawn values runs: as often as it says, times MRLXMLCLASS_ROUNDS where that is set.
+/// How often a test with drawn values runs: as often as it says or as a sample of that, times MRLXMLCLASS_ROUNDS where
+/// that is set.
 inline unsigned Rounds(unsigned ordinary) {
     const char* more = std::getenv("MRLXMLCLASS_ROUNDS");
-    return more != nullptr ? ordinary * static_cast<unsigned>(std::strtoul(more, nullptr, 10)) : ordinary;
+    const unsigned rounds = std::max(1U, ordinary / kSample);
+    return more != nullptr ? rounds * static_cast<unsigned>(std::strtoul(more, nullptr, 10)) : rounds;
 }
 
 }  // namespace mrlxmlclass::testing
