@@ -5,6 +5,7 @@
 #include "mrlxmlclass/platform/Locale.h"
 #include "mrlxmlclass/platform/OldPlans.h"
 #include "mrlxmlclass/platform/Shell.h"
+#include "mrlxmlclass/platform/TaskScreens.h"
 #include "mrlxmlclass/platform/Ui.h"
 
 namespace mrlxmlclass {
@@ -17,6 +18,8 @@ struct Services {
     Shell& shell;
     Ui& ui;
     OldPlans& old_plans = NoOldPlans();
+    TaskScreens& task_screens = NoTaskScreens();
+    HelpSystems& help_systems = NoHelpSystems();
 };
 
 /// The services of the system itself, to build a set of one's own from.

@@ -8,6 +8,7 @@
 namespace mrlxmlclass {
 
 class CalendarCls;
+class EditTask;
 class GoalsCol;
 class NotesCol;
 class PeopleCol;
@@ -114,6 +115,22 @@ public:
     /// was converted stays.
     Boolean Convert3to4(const String& FileName3, const Ref<Collection>& p_resource, const String& FileName4 = {});
 
+    // --- The task dialog --------------------------------------------------------------------------------------------
+
+    /// Lets a person edit a task, and returns when the dialog is closed: True when it was left with OK and another
+    /// duration; what else was changed shows in the task and in the events. `Fromwhere`, 1 to 9, tells which screen of
+    /// the host opens it, and so what shows and which tab comes first; any other number shows everything. `Ressource`
+    /// holds all texts (see dialog/EditTask.h), `p_date_format` is the form of dates in the pickers. From screen 1
+    /// ChangeName runs afterwards, after Cancel too.
+    ///
+    /// Blocks, while the host's events go on. What shows the dialog is the host's: see platform/TaskScreens.h; without
+    /// it a failure (429) is recorded.
+    Boolean showtaskinfo(const Variant& aTaskKey, const Ref<TasksCol>& oTaskCol, Integer Fromwhere,
+                         const Ref<Collection>& Ressource, const String& p_date_format = {});
+    /// Closes the dialog from outside, without saving: showtaskinfo then gives False, and its form counts as open
+    /// until the next. Gives False.
+    Boolean unloadtaskinfo();
+
     // --- The lock ---------------------------------------------------------------------------------------------------
 
     /// Takes the project's lock. False when somebody else holds it (`LoadXML` then tells read-only), when `xFileName`
@@ -175,6 +192,7 @@ private:
     Ref<CalendarCls> xCalendar_;
     String xFileCalendarName_;
     Ref<Steps> xStep_;
+    Ref<EditTask> open_dialog_;
 };
 
 }  // namespace mrlxmlclass

@@ -27,7 +27,10 @@ struct ModuleState {
     Integer g_LockFileNumber;  ///< 0 = no lock file was ever opened
     String g_LockFileName;     ///< "" = none is held
     Boolean g_ReadOnly;
+    String g_UrlResult;  ///< what the form for a web address gave
 
+    /// The host's help, once it was asked for.
+    Ref<class HelpSystem> help_system;
     /// Moves whenever a task's `TaskCondidat` changes, so that counts of candidates know when they are stale.
     std::uint64_t candidacy_stamp = 1;
     /// Moves whenever a task's row changes, or a task leaves its collection: what was sorted by row is stale then.

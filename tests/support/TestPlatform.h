@@ -6,6 +6,7 @@
 #include <vector>
 
 #include "mrlxmlclass/platform/Services.h"
+#include "tests/support/FakeTaskScreens.h"
 #include "tests/support/FaultyFiles.h"
 #include "tests/support/NumberOf.h"
 #include "tests/support/Printing.h"
@@ -110,11 +111,13 @@ public:
     SettableLocale locale;
     RecordingUi ui;
     RecordingShell shell;
+    FakeTaskScreens screens;
+    RecordingHelp help;
     TestFiles files{SystemServices().files, folder.path()};
     FaultyFiles faults{files};
 
 private:
-    Services services_{clock, locale, faults, shell, ui};
+    Services services_{clock, locale, faults, shell, ui, NoOldPlans(), screens, help};
     InstalledServices installed_{services_};
 };
 

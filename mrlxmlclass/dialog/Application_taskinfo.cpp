@@ -1,0 +1,67 @@
+#include "mrlxmlclass/dialog/EditTask.h"
+#include "mrlxmlclass/runtime/Tail.h"
+#include "mrlxmlclass/session/Application.h"
+#include "mrlxmlclass/session/ModuleState.h"
+#include "mrlxmlclass/tasks/TasksCol.h"
+
+namespace mrlxmlclass {
+namespace {
+
+constexpr FailureTail kTail{"Application"};
+constexpr const char* kFontName = "Arial";
+constexpr const char* kFontSize = "10";
+constexpr int kNamesOnly = 1;  // the screen that shows nothing of a task but its name
+
+/// The tab on which the dialog opens.
+Long StartTab(Integer Fromwhere) {
+    switch (Fromwhere.value()) {
+        case 5:
+        case 6:
+        case 7:
+            return 3;
+        case 8:
+        case 9:
+            return 2;
+        default:
+            return 0;
+    }
+}
+
+}  // namespace
+
+Boolean Application::showtaskinfo(const Variant& aTaskKey, const Ref<TasksCol>& oTaskCol, Integer Fromwhere,
+                                  const Ref<Collection>& Ressource, const String& p_date_format) {
+    const Ref<Application> self(this);  // a listener may let go of it
+    return kTail.Run<Boolean>("showtaskinfo", [&](Boolean& result) {
+        const auto form = Make<EditTask>();
+        open_dialog_ = form;
+        const String key = aTaskKey.Text();
+        form->Prepare(Fromwhere, oTaskCol->isParent(key), self);
+        Boolean changed;
+        if (!key.empty()) {
+            changed = form->GetTaskInfo(aTaskKey, self, oTaskCol, Ressource, StartTab(Fromwhere), p_date_format,
+                                        kFontName, kFontSize);
+        }
+        ModuleState& module = Module();
+        if (module.g_TaskInfoUnloading) {
+            // Kept: the form stays the open one, so that unloading it again unloads the next.
+            module.g_TaskInfoUnloading = False;
+            return;
+        }
+        // Kept: whatever the person chose, Cancel too.
+        if (Fromwhere == kNamesOnly) oTaskCol->ChangeName(key, oTaskCol->Item(key)->TaskName());
+        open_dialog_ = {};
+        result = changed;
+    });
+}
+
+Boolean Application::unloadtaskinfo() {
+    return kTail.Run<Boolean>("unloadtaskinfo", [&](Boolean&) {
+        const Ref<EditTask> form = open_dialog_;
+        if (!form) return;
+        Module().g_TaskInfoUnloading = True;
+        form->Unload();
+    });
+}
+
+}  // namespace mrlxmlclass

@@ -1,0 +1,155 @@
+#include "mrlxmlclass/dialog/EditTask.h"
+
+#include "mrlxmlclass/dialog/Desktop.h"
+#include "mrlxmlclass/dialog/EditTask_internal.h"
+#include "mrlxmlclass/platform/Services.h"
+#include "mrlxmlclass/session/Application.h"
+#include "mrlxmlclass/session/ModuleState.h"
+#include "mrlxmlclass/tasks/TasksCol.h"
+#include "mrlxmlclass/wizard/Steps.h"
+
+namespace mrlxmlclass {
+
+using dialog::kTail;
+
+void EditTask::Prepare(Integer Fromwhere, Boolean has_children, const Ref<Application>& oApplication) {
+    const auto show = [](Boolean flag, auto&... controls) { (controls.Visible(flag), ...); };
+    const auto show_all = [](Boolean flag, auto&... arrays) {
+        const auto each = [&](auto& array) {
+            for (auto& control : array) control.Visible(flag);
+        };
+        (each(arrays), ...);
+    };
+    const auto enable_duration = [&](Boolean flag) {
+        for (auto& field : TxtDurtion) field.Enabled(flag);
+        for (auto& arrows : VScrollDuration) arrows.Enabled(flag);
+    };
+    const auto show_dates = [&](Boolean flag) {
+        show(flag, DTPickerStart, DTPickerEnd, chkAsMilistones, LblStartDate, LblEndDate);
+        show_all(flag, LblDuration, TxtDurtion, VScrollDuration);
+    };
+
+    switch (Fromwhere.value()) {
+        case 1:
+            TabTask.TabEnabled(0, True);
+            TabTask.TabEnabled(1, False);
+            show_dates(False);
+            show(False, TxtPercentComplet, VScrollPercentComplete, lblPercentComplet);
+            break;
+        case 2:
+        case 9: {
+            const Boolean leaf = !has_children;
+            TabTask.TabEnabled(2, True);
+            show_dates(True);
+            DTPickerEnd.Enabled(leaf);
+            chkAsMilistones.Enabled(leaf);
+            LblEndDate.Enabled(leaf);
+            enable_duration(leaf);
+            break;
+        }
+        case 3:
+        case 5:
+        case 8:
+            TabTask.TabEnabled(1, False);
+            show(False, DTPickerStart, DTPickerEnd, chkAsMilistones, VScrollPercentComplete);
+            show(True, LblStartDate, LblEndDate, TxtPercentComplet, lblPercentComplet);
+            show_all(True, LblDuration, TxtDurtion, VScrollDuration);
+            FrStartDate.Visible(StepVisited(oApplication->xStep()->GantStep()));
+            break;
+        case 4:
+            TabTask.TabEnabled(1, False);
+            show_dates(True);
+            break;
+        default:
+            break;
+    }
+    if (!has_children) return;
+    DTPickerStart.Enabled(False);
+    DTPickerEnd.Enabled(False);
+    chkAsMilistones.Enabled(False);
+    enable_duration(False);
+    Txtcost.Enabled(False);
+}
+
+void EditTask::ShowModally() {
+    view_ = Platform().task_screens.NewView(*this);
+    struct Ended {
+        std::unique_ptr<EditTaskView>& view;
+        ~Ended() { view.reset(); }
+    } const ended{view_};
+    view_->ShowModally();
+}
+
+void EditTask::Unload() {
+    if (view_) view_->Close();
+}
+
+void EditTask::Form_Closed() {
+    unchanged_ = True;
+    Unload();
+}
+
+void EditTask::Form_Activate() {
+    kTail.Run("Form_Activate", [&] {
+        const Boolean priced = !Module().g_SourcePrima;
+        lblcost[0].Visible(priced);
+        Txtcost.Visible(priced);
+        for (auto& help : CmdHelp) help.Visible(priced);
+        TabTask.CurrTab(start_tab_);
+        Txtcost.SelStart(0);
+        View().ResetMousePointer();
+        if (VSFlexGridResource.SelectedRows() > 0) VSFlexGridResource.TopRow(1);
+        View().SetFocus(TabTask);
+    });
+}
+
+void EditTask::TabTask_Click() {
+    start_tab_ = TabTask.CurrTab();
+}
+
+void EditTask::CmdOK_Click(Integer) {
+    kTail.Run("CmdOK_Click", [&] {
+        SaveTaskInfo();
+        Unload();
+    });
+}
+
+void EditTask::CmdCancel_Click(Integer) {
+    kTail.Run("CmdCancel_Click", [&] { Form_Closed(); });
+}
+
+void EditTask::CmdHelp_Click(Integer) {
+    kTail.Run("CmdHelp_Click", [&] { Gloabal::ShowHelp(Ref<EditTask>(this), "editing1"); });
+}
+
+void EditTask::Refresh(const Control& control) {
+    if (view_) view_->Refresh(control);
+}
+
+// What the program fills is answered as what the person types: the rules of a field follow its content.
+void EditTask::Changed(Control& control) {
+    if (&control == &chkAsMilistones) {
+        chkAsMilistones_Click();
+    } else if (&control == &TxtPercentComplet) {
+        TxtPercentComplet_Change();
+    } else if (&control == &Txtcost) {
+        Txtcost_Change();
+    } else if (control.Name() == TxtDurtion[0].Name()) {
+        TxtDurtion_Change(control.Index());
+    }
+}
+
+Ref<TasksCls> EditTask::Stored() const {
+    return tasks_->Item(key_);
+}
+
+String EditTask::TaskKey() const {
+    return key_.Text();
+}
+
+EditTaskView& EditTask::View() const {
+    if (!view_) Raise(failure::kNothing);
+    return *view_;
+}
+
+}  // namespace mrlxmlclass

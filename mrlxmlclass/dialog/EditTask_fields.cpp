@@ -1,0 +1,213 @@
+#include "mrlxmlclass/dialog/EditTask_internal.h"
+#include "mrlxmlclass/dialog/LooseNumber.h"
+#include "mrlxmlclass/runtime/Text.h"
+#include "mrlxmlclass/scheduling/Progress.h"
+#include "mrlxmlclass/scheduling/RowText.h"
+#include "mrlxmlclass/scheduling/Units.h"
+#include "mrlxmlclass/tasks/TasksCol.h"
+#include "mrlxmlclass/xml/Conversions.h"
+
+namespace mrlxmlclass {
+
+using dialog::kTail;
+
+namespace {
+
+constexpr int kMostTypedDuration = 999;
+constexpr int kNameCharacters = 160;
+constexpr double kCostLimit = 99'999'999;
+constexpr const char* kNewPhase = "<New Phase>";
+
+/// What a picker shows for a date of the task.
+Variant DateOrNull(Date date) {
+    return date.set() ? Variant(date) : Variant(Variant::Null{});
+}
+
+}  // namespace
+
+// --- The milestone's box and the dates -------------------------------------------------------------------------------
+
+void EditTask::chkAsMilistones_Click() {
+    Answer(chkAsMilistones, "chkAsMilistones_Click", [&] {
+        if (chkAsMilistones.Value()) {
+            task_->TaskMilstones(True);
+            TxtDurtion[0].Text("0");
+        } else {
+            TxtDurtion[0].Text("1");
+            task_->TaskMilstones(False);
+        }
+    });
+}
+
+void EditTask::DTPickerStart_Change() {
+    Answer(DTPickerStart, "DTPickerStart_Change", [&] {
+        if (DTPickerStart.Value().is_null()) return PutDatenull();
+        task_->TaskLag(0);
+        task_->TaskBDate(DTPickerStart.Value().As<Date>());
+        tasks_->CalcLeadTime(TaskKey());
+        if (!task_->TaskEDate().set()) task_->TaskEDate(task_->TaskBDate());
+        DTPickerEnd.Value(DateOrNull(task_->TaskEDate()));
+        ShowDuration(0);
+    });
+}
+
+void EditTask::DTPickerEnd_Change() {
+    Answer(DTPickerEnd, "DTPickerEnd_Change", [&] {
+        if (DTPickerEnd.Value().is_null()) return PutDatenull();
+        task_->TaskEDate(DTPickerEnd.Value().As<Date>());
+        if (!task_->TaskBDate().set()) task_->TaskBDate(task_->TaskEDate());
+        ShowDates();
+        ShowDuration(0);
+    });
+}
+
+void EditTask::PutDatenull() {
+    task_->TaskEDate(Date());
+    task_->TaskBDate(Date());
+    task_->TaskDuration(0);
+    task_->TaskDurationUnit("");
+    DTPickerStart.Value(Variant::Null{});
+    DTPickerEnd.Value(Variant::Null{});
+    TxtDurtion[0].Text("0");
+}
+
+void EditTask::ShowDates() {
+    DTPickerEnd.Value(DateOrNull(task_->TaskEDate()));
+    DTPickerStart.Value(DateOrNull(task_->TaskBDate()));
+}
+
+void EditTask::ShowDuration(Integer Index) {
+    TxtDurtion[Index].Text(Conversions::DoubleToString(task_->TaskDuration()));
+}
+
+// --- The duration ----------------------------------------------------------------------------------------------------
+
+void EditTask::TakeDuration(Integer Index) {
+    TextControl& field = TxtDurtion[Index];
+    if (field.Text().empty()) field.Text("0");
+    if (LooseNumber(field.Text()) <= kMostTypedDuration) {
+        SetTxtValue(Index);
+    } else {
+        field.Text(Left(field.Text(), static_cast<std::size_t>(field.MaxLength().value())));
+    }
+}
+
+void EditTask::TxtDurtion_Change(Integer Index) {
+    Answer(TxtDurtion[Index], "TxtDurtion_Change", [&] { TakeDuration(Index); });
+}
+
+void EditTask::TxtDurtion_Validate(Integer Index) {
+    Answer(TxtDurtion[Index], "TxtDurtion_Validate", [&] { TakeDuration(Index); });
+}
+
+void EditTask::TxtDurtion_KeyPress(Integer, ByRef<Integer> KeyAscii) {
+    const bool passes = (*KeyAscii >= '0' && *KeyAscii <= '9') || *KeyAscii == kBackspace;
+    if (!passes) *KeyAscii = kNoKey;
+}
+
+void EditTask::SetTxtValue(Integer Index) {
+    if (TxtDurtion[Index].Text().empty()) {
+        for (TextControl& field : TxtDurtion) field.Text("");
+    }
+    String text = TxtDurtion[Index].Text();
+    Double duration = 0;
+    // Kept: a plain number takes the unit away.
+    task_->TaskDurationUnit(Gloabal::SetTaskUnit(text, duration));
+    task_->TaskDuration(duration);
+    if (task_->TaskEDate().set()) {
+        chkAsMilistones.Value(duration == 0);
+        if (duration == 0) task_->TaskEDate(task_->TaskBDate());
+    }
+    ShowDates();
+    for (TextControl& field : TxtDurtion) field.Text(Conversions::DoubleToString(task_->TaskDuration()));
+}
+
+void EditTask::VScrollDuration_DownClick(Integer Index) {
+    Answer(TxtDurtion[Index], "VScrollDuration_DownClick", [&] {
+        String text = TxtDurtion[Index].Text();
+        Double number = 0;
+        const String unit = Gloabal::SetTaskUnit(text, number);
+        if (number > 0) {
+            --number;
+            if (number == 0) SetTxtValue(Index);
+        }
+        TxtDurtion[Index].Text(Conversions::DoubleToString(number) + " " + unit);
+        SetTxtValue(Index);
+    });
+}
+
+void EditTask::VScrollDuration_UpClick(Integer Index) {
+    Answer(TxtDurtion[Index], "VScrollDuration_UpClick", [&] {
+        String text = TxtDurtion[Index].Text();
+        Double number = 0;
+        const String unit = Gloabal::SetTaskUnit(text, number);
+        if (number < kMostTypedDuration) ++number;
+        TxtDurtion[Index].Text(Conversions::DoubleToString(number) + " " + unit);
+        SetTxtValue(Index);
+    });
+}
+
+// --- Progress --------------------------------------------------------------------------------------------------------
+
+void EditTask::TxtPercentComplet_Click() {
+    TxtPercentComplet_Change();
+}
+
+void EditTask::TxtPercentComplet_Change() {
+    Answer(TxtPercentComplet, "TxtPercentComplet_Change", [&] {
+        const Double value = LooseNumber(TxtPercentComplet.Text());
+        if (Gloabal::isNumber(Conversions::DoubleToString(value)))
+            task_->TaskPercentDone(Gloabal::AdjustComplte(value));
+        TxtPercentComplet.Text(Conversions::LongToString(task_->TaskPercentDone()) + " %");
+    });
+}
+
+void EditTask::VScrollPercentComplete_DownClick() {
+    if (task_->TaskPercentDone() > 0) TxtPercentComplet.Text(Conversions::LongToString(task_->TaskPercentDone() - 1));
+}
+
+void EditTask::VScrollPercentComplete_UpClick() {
+    TxtPercentComplet.Text(Conversions::LongToString(task_->TaskPercentDone() + 1));
+}
+
+// --- The name --------------------------------------------------------------------------------------------------------
+
+void EditTask::TxtName_Validate(Integer Index) {
+    kTail.Run("TxtName_Validate", [&] {
+        const String& text = TxtName[Index].Text();
+        const std::size_t characters =
+            Length(std::string_view(text).substr(std::min(text.find_first_not_of(' '), text.size())));
+        if (characters > 0 && characters < kNameCharacters && text != kNewPhase) {
+            task_->TaskName(text);
+        } else {
+            TxtName[Index].Text(task_->TaskName());
+        }
+        const String name = TxtName[Index].Text().substr(0, TxtName[Index].Text().find("\r\n"));
+        for (TextControl& field : TxtName) field.Text(name);
+    });
+}
+
+// --- The cost --------------------------------------------------------------------------------------------------------
+
+void EditTask::Txtcost_Change() {
+    Answer(Txtcost, "Txtcost_Change", [&] { ChangeCost(); });
+}
+
+void EditTask::Txtcost_KeyPress(ByRef<Integer> KeyAscii) {
+    if (*KeyAscii == kEnter) Txtcost_Change();
+}
+
+void EditTask::ChangeCost() {
+    const String typed = Replace(Txtcost.Text(), "$", "");
+    if (LooseNumber(typed) == task_->TaskCost().ToDouble()) return;
+    const String cost = FormatWhole(typed);
+    if (!Conversions::isCurrency(cost)) {
+        if (cost.empty()) task_->TaskCost(0);
+    } else if (LooseNumber(cost) < kCostLimit) {
+        task_->TaskCost(Conversions::StringToCurrency(cost));
+    }
+    Txtcost.Text(Conversions::CurrencyToString(task_->TaskCost()));
+    Txtcost.SelStart(Length(Txtcost.Text()));
+}
+
+}  // namespace mrlxmlclass

@@ -1,0 +1,45 @@
+#include "mrlxmlclass/dialog/LooseNumber.h"
+
+#include <array>
+#include <charconv>
+#include <cmath>
+
+#include "mrlxmlclass/platform/Services.h"
+#include "mrlxmlclass/runtime/Text.h"
+#include "mrlxmlclass/xml/NumberText.h"
+
+namespace mrlxmlclass {
+
+Double LooseNumber(std::string_view text) {
+    String dense;
+    for (const char character : text) {
+        if (character != ' ' && character != '\t' && character != '\r' && character != '\n') dense += character;
+    }
+    std::string_view number = dense;
+    if (number.starts_with('+') && !number.starts_with("+-")) number.remove_prefix(1);
+    const std::size_t sign = number.starts_with('-') ? 1 : 0;
+    if (number.size() <= sign || !(IsDigit(number[sign]) || number[sign] == '.')) return 0;  // "inf" is no number
+    Double value = 0;
+    if (std::from_chars(number.data(), number.data() + number.size(), value).ec == std::errc::result_out_of_range) {
+        Raise(failure::kOverflow);
+    }
+    return value;
+}
+
+String FormatWhole(const String& text) {
+    const std::optional<String> plain = PlainNumber(text, Platform().locale.Settings());
+    if (!plain) return text;
+    const double whole = std::round(PlainToDouble(*plain));  // halves away from zero
+    std::array<char, 400> digits{};
+    char* const begin = digits.data();
+    String formatted(begin,
+                     std::to_chars(begin, begin + digits.size(), std::abs(whole), std::chars_format::fixed, 0).ptr);
+    formatted.insert(0, 3 - std::min<std::size_t>(3, formatted.size()), '0');
+    return whole < 0 ? "-" + formatted : formatted;
+}
+
+bool IsNumeric(std::string_view text) {
+    return PlainNumber(text, Platform().locale.Settings()).has_value();
+}
+
+}  // namespace mrlxmlclass
