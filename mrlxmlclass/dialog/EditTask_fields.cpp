@@ -4,6 +4,7 @@
 #include "mrlxmlclass/scheduling/Progress.h"
 #include "mrlxmlclass/scheduling/RowText.h"
 #include "mrlxmlclass/scheduling/Units.h"
+#include "mrlxmlclass/tasks/TasksCls_internal.h"
 #include "mrlxmlclass/tasks/TasksCol.h"
 #include "mrlxmlclass/xml/Conversions.h"
 
@@ -62,9 +63,10 @@ void EditTask::DTPickerEnd_Change() {
 }
 
 void EditTask::PutDatenull() {
-    task_->TaskEDate(Date());
-    task_->TaskBDate(Date());
-    task_->TaskDuration(0);
+    // Past the rules, which would refuse an end before the start, and find a start for the end.
+    In(task_).StoreEnd(Date());
+    In(task_).StoreStart(Date());
+    In(task_).StoreDuration(0);
     task_->TaskDurationUnit("");
     DTPickerStart.Value(Variant::Null{});
     DTPickerEnd.Value(Variant::Null{});

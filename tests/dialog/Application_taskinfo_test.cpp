@@ -1,0 +1,158 @@
+#include <gtest/gtest.h>
+
+#include "tests/support/Interruption.h"
+#include "tests/support/TaskDialog.h"
+
+namespace mrlxmlclass::testing {
+namespace {
+
+TEST(showtaskinfo, OpensNothingForAnEmptyKey) {
+    Plan plan;
+    plan.Task("Design");
+    EXPECT_EQ(plan.app->showtaskinfo("", plan.app->xTaskCol(), 2, DialogTexts()), False);
+    EXPECT_EQ(plan.platform.screens.shown, 0);
+    EXPECT_EQ(plan.app->unloadtaskinfo(), False);
+    EXPECT_EQ(Module().g_TaskInfoUnloading, False);  // none was open any more
+}
+
+TEST(showtaskinfo, TakesANumberForAKeyToo) {
+    Plan plan;
+    plan.Task("Design");
+    plan.app->showtaskinfo(1, plan.app->xTaskCol(), 2, DialogTexts());
+    EXPECT_EQ(plan.platform.screens.shown, 1);
+}
+
+TEST(showtaskinfo, RecordsATaskThatIsNotThere) {
+    Plan plan;
+    EXPECT_EQ(plan.app->showtaskinfo("7", plan.app->xTaskCol(), 2, DialogTexts()), False);
+    EXPECT_EQ(plan.failures.Taken(), "EditTask/GetTaskInfo 91\n");
+    EXPECT_EQ(plan.app->showtaskinfo("7", {}, 2, DialogTexts()), False);
+    EXPECT_EQ(plan.failures.Taken(), "Application/showtaskinfo 91\n");
+    EXPECT_EQ(plan.platform.screens.shown, 0);
+}
+
+TEST(showtaskinfo, RecordsAWizardsScreenWithoutAWizard) {
+    Plan plan;
+    plan.Task("Design");
+    plan.app->xStep({});
+    EXPECT_EQ(plan.app->showtaskinfo("1", plan.app->xTaskCol(), 3, DialogTexts()), False);
+    EXPECT_EQ(plan.failures.Taken(), "Application/showtaskinfo 91\n");
+}
+
+TEST(showtaskinfo, KeepsTellingTheNameOfAnOpenedTaskAfterCancelToo) {
+    Plan plan;
+    plan.Task("Design").From(Monday).Lasting(1);
+    EXPECT_EQ(EditInDialog(
+                  plan, "Design", [](EditTask& form) { form.CmdCancel_Click(0); }, /*from_where=*/1),
+              False);
+    EXPECT_EQ(plan.Heard(),
+              "TaskNameChanged(1, Design)\n"
+              "DateStartChange(1, 2026-03-02, False, False)\n"
+              "DateEndChange(1, 2026-03-02, False, False, days)\n"
+              "DurationChange(1, 1, days, False, False)\n"
+              "TaskDurationChange(1, 1, days, False, False)\n");
+}
+
+TEST(showtaskinfo, RecordsThatNothingShowsIt) {
+    Plan plan;
+    plan.Task("Design");
+    Services bare{plan.platform.clock, plan.platform.locale, plan.platform.faults, plan.platform.shell,
+                  plan.platform.ui};
+    const InstalledServices installed(bare);
+    EXPECT_EQ(plan.app->showtaskinfo("1", plan.app->xTaskCol(), 2, DialogTexts()), False);
+    EXPECT_EQ(plan.failures.Taken(), "EditTask/GetTaskInfo 429\n");
+}
+
+TEST(showtaskinfo, OpensOneInsideAnother) {
+    Plan plan;
+    plan.Task("Design").From(Monday).Lasting(1).Task("Build").From(Monday).Lasting(1);
+    EXPECT_EQ(EditInDialog(plan, "Design",
+                           [&](EditTask& outer) {
+                               EXPECT_EQ(EditInDialog(plan, "Build",
+                                                      [](EditTask& inner) {
+                                                          inner.TxtDurtion[0].Text("2");
+                                                          inner.CmdOK_Click(0);
+                                                      }),
+                                         True);
+                               outer.TxtDurtion[0].Text("3");
+                               outer.CmdOK_Click(0);
+                           }),
+              True);
+    EXPECT_EQ(plan["Design"].TaskDuration(), 3);
+    EXPECT_EQ(plan["Build"].TaskDuration(), 2);
+}
+
+TEST(showtaskinfo, OutlivesASessionThatIsDropped) {
+    Plan plan;
+    plan.Task("Design").From(Monday).Lasting(1);
+    const Ref<TasksCol> tasks = plan.app->xTaskCol();
+    plan.platform.screens.person = [&](EditTask& form) {
+        plan.app = Make<Application>();
+        form.TxtDurtion[0].Text("2");
+        form.txtNote.Text("Mind the roof");
+        form.CmdOK_Click(0);
+    };
+    Application* const session = plan.app.get();
+    EXPECT_EQ(session->showtaskinfo("1", tasks, 2, DialogTexts()), True);
+    EXPECT_EQ(tasks->Item(1)->TaskDuration(), 2);
+    plan.app->Init();
+}
+
+// --- unloadtaskinfo
+// ---------------------------------------------------------------------------------------------------
+
+TEST(unloadtaskinfo, DoesNothingWhileNoneIsOpen) {
+    Plan plan;
+    EXPECT_EQ(plan.app->unloadtaskinfo(), False);
+    EXPECT_EQ(Module().g_TaskInfoUnloading, False);
+}
+
+TEST(unloadtaskinfo, ClosesTheDialogWithoutSaving) {
+    Plan plan;
+    plan.Task("Design").From(Monday).Lasting(3);
+    EXPECT_EQ(EditInDialog(
+                  plan, "Design",
+                  [&](EditTask& form) {
+                      form.TxtDurtion[0].Text("5");
+                      EXPECT_EQ(plan.app->unloadtaskinfo(), False);
+                      EXPECT_EQ(Module().g_TaskInfoUnloading, True);
+                  },
+                  /*from_where=*/1),
+              False);
+    EXPECT_EQ(Module().g_TaskInfoUnloading, False);
+    EXPECT_EQ(plan["Design"].TaskDuration(), 3);
+    EXPECT_EQ(plan.Heard(), "");  // not even the name
+    EXPECT_EQ(plan.platform.screens.closed, 1);
+}
+
+TEST(unloadtaskinfo, KeepsTheFormOpenSoThatTheNextDialogGivesFalse) {
+    Plan plan;
+    plan.Task("Design").From(Monday).Lasting(3);
+    EditInDialog(plan, "Design", [&](EditTask&) { plan.app->unloadtaskinfo(); });
+    plan.app->unloadtaskinfo();
+    EXPECT_EQ(Module().g_TaskInfoUnloading, True);
+    EXPECT_EQ(EditInDialog(plan, "Design",
+                           [](EditTask& form) {
+                               form.TxtDurtion[0].Text("5");
+                               form.CmdOK_Click(0);
+                           }),
+              False);
+    EXPECT_EQ(plan["Design"].TaskDuration(), 5);
+}
+
+TEST(unloadtaskinfo, ByAHandlerWhileItSavesLetsTheSavingEnd) {
+    Plan plan;
+    plan.Task("Design").From(Monday).Lasting(3);
+    const Interruption host(plan, "RoolUpCostChange", 1, [&] { plan.app->unloadtaskinfo(); });
+    EXPECT_EQ(EditInDialog(plan, "Design",
+                           [](EditTask& form) {
+                               form.Txtcost.Text("25");
+                               form.txtNote.Text("Mind the roof");
+                               form.CmdOK_Click(0);
+                           }),
+              False);
+    EXPECT_EQ(NotesOf(plan, "Design"), "1:Mind the roof:");
+}
+
+}  // namespace
+}  // namespace mrlxmlclass::testing

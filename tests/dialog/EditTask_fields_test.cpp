@@ -1,0 +1,409 @@
+#include <gtest/gtest.h>
+
+#include "tests/support/TaskDialog.h"
+
+namespace mrlxmlclass::testing {
+namespace {
+
+/// Opens the dialog on a task that lasts from Monday to Wednesday, and leaves it by Cancel.
+void InDialog(const std::function<void(EditTask&)>& person) {
+    Plan plan;
+    plan.Task("Design").From(Monday).Lasting(3);
+    EditInDialog(plan, "Design", person);
+}
+
+/// Shows what the form shows of the dates: start, end and duration.
+String Dates(EditTask& form) {
+    const auto day = [](const DateControl& picker) {
+        return picker.Value().is_null() ? String("null") : DayName(picker.Value().As<Date>());
+    };
+    return day(form.DTPickerStart) + " " + day(form.DTPickerEnd) + " " + form.TxtDurtion[0].Text();
+}
+
+// --- The milestone's box
+// ----------------------------------------------------------------------------------------------
+
+TEST(chkAsMilistones, TickedWritesNoDurationAndSoBringsTheEndToTheStart) {
+    Plan plan;
+    plan.Task("Design").From(Monday).Lasting(1);
+    EditInDialog(plan, "Design", [](EditTask& form) {
+        form.chkAsMilistones.Value(True);
+        EXPECT_EQ(form.Task()->TaskMilstones(), True);
+        EXPECT_EQ(form.Task()->TaskDuration(), 0);
+        EXPECT_EQ(Dates(form), "2026-03-02 2026-03-02 0");
+    });
+}
+
+TEST(chkAsMilistones, KeepsADayOfDurationWhereTheEndHadToMove) {
+    InDialog([](EditTask& form) {
+        form.chkAsMilistones.Value(True);
+        EXPECT_EQ(form.Task()->TaskMilstones(), True);
+        EXPECT_EQ(form.chkAsMilistones.Value(), True);
+        EXPECT_EQ(Dates(form), "2026-03-02 2026-03-02 1");
+    });
+}
+
+TEST(chkAsMilistones, ClearedMakesATaskOfADay) {
+    Plan plan;
+    plan.Task("Done").From(Monday).Lasting(1);
+    plan.col().SeTAsMilstones(plan.app->xTaskCol(), plan.Key("Done"));
+    EditInDialog(plan, "Done", [](EditTask& form) {
+        EXPECT_EQ(form.chkAsMilistones.Value(), True);
+        form.chkAsMilistones.Value(False);
+        EXPECT_EQ(form.Task()->TaskMilstones(), False);
+        EXPECT_EQ(form.Task()->TaskDuration(), 1);
+        EXPECT_EQ(Dates(form), "2026-03-02 2026-03-02 1");
+    });
+}
+
+// --- The dates
+// --------------------------------------------------------------------------------------------------------
+
+TEST(DTPickerStart, MovesTheEndAlong) {
+    InDialog([](EditTask& form) {
+        form.Task()->TaskLag(2);
+        form.DTPickerStart.Value(Thursday);
+        form.DTPickerStart_Change();
+        EXPECT_EQ(Dates(form), "2026-03-05 2026-03-09 3");
+        EXPECT_EQ(form.Task()->TaskLag(), 0);
+    });
+}
+
+TEST(DTPickerStart, MeasuresTheLeadTimesOfTheStoredTask) {
+    Plan plan;
+    plan.WithLinks().Task("Design").From(Monday).Lasting(1).Task("Build").From(Thursday).Lasting(1).After("Design", 9);
+    EditInDialog(plan, "Build", [](EditTask& form) {
+        form.DTPickerStart.Value(Friday);
+        form.DTPickerStart_Change();
+    });
+    EXPECT_EQ(plan.col().GetLeadTime(plan.Key("Design"), plan["Build"].TaskLeadTime()), 2);
+}
+
+TEST(DTPickerStart, OfATaskWithoutAnEndBringsTheEndToTheStart) {
+    Plan plan;
+    plan.Task("Design");
+    plan["Design"].TaskEDate(Date());
+    EditInDialog(plan, "Design", [](EditTask& form) {
+        form.Task()->TaskEDateValid(True);
+        form.DTPickerStart.Value(Tuesday);
+        form.DTPickerStart_Change();
+        EXPECT_EQ(Dates(form), "2026-03-03 2026-03-03 1");
+    });
+}
+
+TEST(DTPickerEnd, CountsTheDurationAnew) {
+    InDialog([](EditTask& form) {
+        form.DTPickerEnd.Value(Friday);
+        form.DTPickerEnd_Change();
+        EXPECT_EQ(Dates(form), "2026-03-02 2026-03-06 5");
+    });
+}
+
+TEST(DTPickerEnd, BeforeTheStartIsRefused) {
+    InDialog([](EditTask& form) {
+        form.DTPickerEnd.Value(Monday - 3);
+        form.DTPickerEnd_Change();
+        EXPECT_EQ(Dates(form), "2026-03-02 2026-03-04 3");
+    });
+}
+
+TEST(PutDatenull, TakesDatesAndDurationAwayWhicheverPickerIsCleared) {
+    for (const bool start : {true, false}) {
+        InDialog([&](EditTask& form) {
+            (start ? form.DTPickerStart : form.DTPickerEnd).Value(Variant::Null{});
+            start ? form.DTPickerStart_Change() : form.DTPickerEnd_Change();
+            EXPECT_EQ(Dates(form), "null null 0");
+            EXPECT_EQ(form.Task()->TaskBDate(), Date());
+            EXPECT_EQ(form.Task()->TaskEDate(), Date());
+            EXPECT_EQ(form.Task()->TaskDuration(), 0);
+        });
+    }
+}
+
+TEST(PutDatenull, IsUndoneByADuration) {
+    InDialog([](EditTask& form) {
+        form.DTPickerStart.Value(Variant::Null{});
+        form.DTPickerStart_Change();
+        form.TxtDurtion[0].Text("2");
+        EXPECT_EQ(Dates(form), "2026-03-02 2026-03-03 2");
+    });
+}
+
+// --- The duration
+// -----------------------------------------------------------------------------------------------------
+
+TEST(TxtDurtion, MovesTheEnd) {
+    InDialog([](EditTask& form) {
+        form.TxtDurtion[0].Text("5");
+        EXPECT_EQ(Dates(form), "2026-03-02 2026-03-06 5");
+    });
+}
+
+TEST(TxtDurtion, ShowsTheFirstThreeDigitsOfAThousand) {
+    InDialog([](EditTask& form) {
+        form.TxtDurtion[0].Text("1000");
+        EXPECT_EQ(form.TxtDurtion[0].Text(), "100");
+        EXPECT_EQ(form.Task()->TaskDuration(), 3);
+    });
+}
+
+TEST(TxtDurtion, TakesEmptyForNothing) {
+    InDialog([](EditTask& form) {
+        form.TxtDurtion[0].Text("");
+        EXPECT_EQ(form.Task()->TaskMilstones(), True);
+        EXPECT_EQ(form.chkAsMilistones.Value(), True);
+        EXPECT_EQ(form.Task()->TaskEDate(), Monday);
+    });
+}
+
+TEST(TxtDurtion, ReadsWhatIsPasted) {
+    struct Row {
+        const char* text;
+        double duration;
+        const char* unit;
+    };
+    for (const Row& row : {Row{"999", 999, "days"}, Row{"1.5d", 1, "days"}, Row{"12 wks", 12, "wks"},
+                           Row{"4 mons", 4, "mons"}, Row{"7 x", 7, "days"}, Row{"2 ", 2, "days"}}) {
+        SCOPED_TRACE(row.text);
+        InDialog([&](EditTask& form) {
+            form.TxtDurtion[0].Text(row.text);
+            EXPECT_EQ(form.Task()->TaskDuration(), row.duration);
+            EXPECT_EQ(form.Task()->TaskDurationUnit(), row.unit);
+        });
+    }
+}
+
+TEST(TxtDurtion, KeepsTakingTheUnitAwayWithAPlainNumber) {
+    Plan plan;
+    plan.Task("Design").From(Monday).Lasting(2, "wks");
+    EditInDialog(plan, "Design", [](EditTask& form) {
+        form.TxtDurtion[0].Text("3");
+        EXPECT_EQ(form.Task()->TaskDurationUnit(), "days");
+        form.CmdOK_Click(0);
+    });
+    EXPECT_EQ(plan["Design"].TaskDurationUnit(), "wks");  // what is saved is the number alone
+    EXPECT_EQ(plan["Design"].TaskDuration(), 3);
+}
+
+TEST(TxtDurtion, SurvivesLettersAndFloods) {
+    for (const String& text : {String("abc"), String("-5"), String("inf"), String("1e999"), String(10'000, '9'),
+                               String("\x01\xFF\xFE", 3), String("- 4")}) {
+        Plan plan;
+        plan.Task("Design").From(Monday).Lasting(3);
+        EditInDialog(plan, "Design", [&](EditTask& form) {
+            form.TxtDurtion[0].Text(text);
+            EXPECT_LE(form.Task()->TaskDuration(), 999);
+        });
+        plan.failures.Taken();
+    }
+}
+
+TEST(TxtDurtion, RecordsANumberThatNothingHolds) {
+    Plan plan;
+    plan.Task("Design").From(Monday).Lasting(3);
+    EditInDialog(plan, "Design", [](EditTask& form) {
+        form.TxtDurtion[0].Text("1e999");
+        EXPECT_EQ(form.Task()->TaskDuration(), 3);
+    });
+    EXPECT_EQ(plan.failures.Taken(), "EditTask/TxtDurtion_Change 6\n");
+}
+
+TEST(TxtDurtion, LetsDigitsAndBackspaceThrough) {
+    InDialog([](EditTask& form) {
+        const auto passes = [&](int key) {
+            Integer typed = key;
+            form.TxtDurtion_KeyPress(0, typed);
+            EXPECT_TRUE(typed == key || typed == EditTask::kNoKey);
+            return typed == key;
+        };
+        for (const char key : String("0123456789")) EXPECT_TRUE(passes(key));
+        EXPECT_TRUE(passes(EditTask::kBackspace));
+        for (const char key : {'-', '.', 'a', ' ', '/', ':', '\r', '\x7F'}) EXPECT_FALSE(passes(key));
+    });
+}
+
+TEST(TxtDurtion, IsAnsweredAgainWhenItIsLeft) {
+    InDialog([](EditTask& form) {
+        form.TxtDurtion[0].Text("1000");
+        form.TxtDurtion_Validate(0);
+        EXPECT_EQ(form.Task()->TaskDuration(), 100);
+    });
+}
+
+TEST(VScrollDuration, GoesUpAndDownWithinTheRange) {
+    InDialog([](EditTask& form) {
+        form.VScrollDuration_UpClick(0);
+        EXPECT_EQ(Dates(form), "2026-03-02 2026-03-05 4");
+        form.VScrollDuration_DownClick(0);
+        form.VScrollDuration_DownClick(0);
+        EXPECT_EQ(Dates(form), "2026-03-02 2026-03-03 2");
+        form.TxtDurtion[0].Text("999");
+        form.VScrollDuration_UpClick(0);
+        EXPECT_EQ(form.Task()->TaskDuration(), 999);
+    });
+}
+
+TEST(VScrollDuration, DownToNothingMakesAMilestone) {
+    Plan plan;
+    plan.Task("Design").From(Monday).Lasting(1);
+    EditInDialog(plan, "Design", [](EditTask& form) {
+        form.VScrollDuration_DownClick(0);
+        EXPECT_EQ(Dates(form), "2026-03-02 2026-03-02 0");
+        EXPECT_EQ(form.chkAsMilistones.Value(), True);
+        form.VScrollDuration_DownClick(0);
+        EXPECT_EQ(form.TxtDurtion[0].Text(), "0");
+        form.VScrollDuration_UpClick(0);
+        EXPECT_EQ(Dates(form), "2026-03-02 2026-03-02 1");
+        EXPECT_EQ(form.Task()->TaskMilstones(), False);
+    });
+}
+
+// --- Progress
+// ---------------------------------------------------------------------------------------------------------
+
+TEST(TxtPercentComplet, ShowsWhatTheTaskTook) {
+    struct Row {
+        const char* typed;
+        int percent;
+    };
+    for (const Row& row : {Row{"25", 25}, Row{"25 %", 25}, Row{"100", 100}, Row{"250", 100}, Row{"12x", 12},
+                           Row{"2.5", 2}, Row{"-5", 40}, Row{"", 0}, Row{"abc", 0}, Row{"1e30", 40}, Row{" 7", 7}}) {
+        SCOPED_TRACE(row.typed);
+        InDialog([&](EditTask& form) {
+            form.TxtPercentComplet.Text("40");
+            form.TxtPercentComplet.Text(row.typed);
+            EXPECT_EQ(form.Task()->TaskPercentDone(), row.percent);
+            EXPECT_EQ(form.TxtPercentComplet.Text(), std::to_string(row.percent) + " %");
+        });
+    }
+}
+
+TEST(TxtPercentComplet, TakesAChosenEntry) {
+    InDialog([](EditTask& form) {
+        EXPECT_EQ(form.TxtPercentComplet.List(), (std::vector<String>{"0", "25", "50", "75", "100"}));
+        form.TxtPercentComplet.Text(form.TxtPercentComplet.List()[3]);
+        form.TxtPercentComplet_Click();
+        EXPECT_EQ(form.Task()->TaskPercentDone(), 75);
+    });
+}
+
+TEST(VScrollPercentComplete, GoesByOneWithinTheRange) {
+    InDialog([](EditTask& form) {
+        form.VScrollPercentComplete_DownClick();
+        EXPECT_EQ(form.Task()->TaskPercentDone(), 0);
+        form.VScrollPercentComplete_UpClick();
+        EXPECT_EQ(form.TxtPercentComplet.Text(), "1 %");
+        form.TxtPercentComplet.Text("100");
+        form.VScrollPercentComplete_UpClick();
+        EXPECT_EQ(form.Task()->TaskPercentDone(), 100);
+        form.VScrollPercentComplete_DownClick();
+        EXPECT_EQ(form.TxtPercentComplet.Text(), "99 %");
+    });
+}
+
+// --- The name
+// ---------------------------------------------------------------------------------------------------------
+
+TEST(TxtName, GoesIntoEveryField) {
+    InDialog([](EditTask& form) {
+        form.TxtName[2].Text(" Build");
+        form.TxtName_Validate(2);
+        for (TextControl& field : form.TxtName) EXPECT_EQ(field.Text(), " Build");
+        EXPECT_EQ(form.Task()->TaskName(), " Build");
+    });
+}
+
+TEST(TxtName, ComesBackWhenWhatWasTypedIsNoName) {
+    for (const String& text : {String(), String("   "), String(160, 'n'), String(161, 'n'), String("<New Phase>")}) {
+        SCOPED_TRACE(text);
+        InDialog([&](EditTask& form) {
+            form.TxtName[0].Text(text);
+            form.TxtName_Validate(0);
+            EXPECT_EQ(form.TxtName[0].Text(), "Design");
+            EXPECT_EQ(form.Task()->TaskName(), "Design");
+        });
+    }
+}
+
+TEST(TxtName, TakesUpTo159CharactersBehindItsBlanks) {
+    for (const String& text : {String(159, 'n'), "  " + String(150, 'n'), String(157, 'n') + "\xF0\x9F\x8F\xA0"}) {
+        InDialog([&](EditTask& form) {
+            form.TxtName[0].Text(text);
+            form.TxtName_Validate(0);
+            EXPECT_EQ(form.Task()->TaskName(), text);
+        });
+    }
+}
+
+TEST(TxtName, KeepsTheWholeTextOnTheTaskWhenALineBreakCutsIt) {
+    InDialog([](EditTask& form) {
+        form.TxtName[0].Text("Build\r\nand more");
+        form.TxtName_Validate(0);
+        for (TextControl& field : form.TxtName) EXPECT_EQ(field.Text(), "Build");
+        EXPECT_EQ(form.Task()->TaskName(), "Build\r\nand more");
+    });
+}
+
+// --- The cost
+// ---------------------------------------------------------------------------------------------------------
+
+TEST(Txtcost, TakesWholeAmounts) {
+    struct Row {
+        const char* typed;
+        double cost;
+        const char* shown;
+    };
+    for (const Row& row :
+         {Row{"25", 25, "25"}, Row{"$25", 25, "25"}, Row{"$$7", 7, "7"}, Row{"2.5", 3, "3"},
+          Row{"99999998", 99999998, "99999998"}, Row{"99999999", 12, "12"}, Row{"100000000", 12, "12"},
+          Row{"abc", 12, "12"}, Row{"-5", 12, "12"}, Row{"", 0, "0"}, Row{"0", 0, "0"}, Row{"1e99", 12, "12"}}) {
+        SCOPED_TRACE(row.typed);
+        Plan plan;
+        plan.Task("Design").Costing(12);
+        EditInDialog(plan, "Design", [&](EditTask& form) {
+            form.Txtcost.Text(row.typed);
+            EXPECT_EQ(form.Task()->TaskCost().ToDouble(), row.cost);
+            EXPECT_EQ(form.Txtcost.Text(), row.shown);
+            EXPECT_EQ(form.Txtcost.SelStart(), Long(String(row.shown).size()));
+        });
+    }
+}
+
+TEST(Txtcost, ReadsGroupsAsTheLocaleHasThem) {
+    Plan plan;
+    plan.platform.locale.Use("M/d/yyyy", ".", ",");
+    plan.Task("Design").Costing(12);
+    EditInDialog(plan, "Design", [](EditTask& form) {
+        form.Txtcost.Text("$1,234.56");
+        EXPECT_EQ(form.Task()->TaskCost(), 1235);
+        EXPECT_EQ(form.Txtcost.Text(), "1235");
+    });
+}
+
+TEST(Txtcost, KeepsAsItWasTypedWhatIsTheCostAlready) {
+    Plan plan;
+    plan.Task("Design").Costing(12);
+    EditInDialog(plan, "Design", [](EditTask& form) {
+        form.Txtcost.Text("12x");
+        EXPECT_EQ(form.Txtcost.Text(), "12x");
+        EXPECT_EQ(form.Task()->TaskCost(), 12);
+    });
+}
+
+TEST(Txtcost, AnswersEnterToo) {
+    Plan plan;
+    plan.Task("Design").Costing(12);
+    EditInDialog(plan, "Design", [](EditTask& form) {
+        form.Txtcost.Text("12x");
+        form.Task()->TaskCost(7);
+        Integer other = int{'x'};
+        form.Txtcost_KeyPress(other);
+        EXPECT_EQ(form.Txtcost.Text(), "12x");
+        Integer enter = EditTask::kEnter;
+        form.Txtcost_KeyPress(enter);
+        EXPECT_EQ(form.Txtcost.Text(), "7");
+    });
+}
+
+}  // namespace
+}  // namespace mrlxmlclass::testing

@@ -1,0 +1,310 @@
+#include <gtest/gtest.h>
+
+#include "mrlxmlclass/items/TaskNoteRelationCls.h"
+#include "tests/support/Interruption.h"
+#include "tests/support/TaskDialog.h"
+
+namespace mrlxmlclass::testing {
+namespace {
+
+/// A phase over a task, and another task beside them.
+class Saving : public ::testing::Test {
+protected:
+    Saving() {
+        plan.WithLinks();
+        plan.Task("Phase");
+        plan.Task("Design").Under("Phase").From(Monday).Lasting(3).Costing(10);
+        plan.Task("Survey").From(Monday).Lasting(1);
+        plan["Phase"].TaskCost(10);
+        plan.col().AutoLink(True);
+    }
+    /// Does something in the dialog on "Design" and leaves it with OK.
+    Boolean OnOk(const std::function<void(EditTask&)>& person) {
+        return EditInDialog(plan, "Design", [&](EditTask& form) {
+            person(form);
+            form.CmdOK_Click(0);
+        });
+    }
+    static void ChooseSurvey(EditTask& form) {
+        ASSERT_EQ(form.BeginEdit(form.VSFlexGridPredecessor, 1, 1), True);
+        form.EndEdit(form.VSFlexGridPredecessor, ComboEntry{"3", "Survey"});
+    }
+
+    Plan plan;
+};
+
+TEST_F(Saving, ChangesNothingWhereThePersonDidNothing) {
+    EXPECT_EQ(OnOk([](EditTask&) {}), False);
+    EXPECT_EQ(plan.Heard(), "");
+    EXPECT_EQ(plan["Design"].TaskEDate(), Wednesday);
+}
+
+TEST_F(Saving, OfANameAloneGivesFalse) {
+    EXPECT_EQ(OnOk([](EditTask& form) {
+                  form.TxtName[0].Text("Draw");
+                  form.TxtName_Validate(0);
+              }),
+              False);
+    EXPECT_EQ(plan.Heard(),
+              "TaskNameChanged(2, Draw)\n"
+              "DateStartChange(2, 2026-03-02, False, False)\n"
+              "DateEndChange(2, 2026-03-04, False, False, days)\n"
+              "DurationChange(2, 3, days, False, False)\n"
+              "TaskDurationChange(2, 3, days, False, False)\n");
+    EXPECT_EQ(plan["Design"].TaskName(), "Draw");
+}
+
+TEST_F(Saving, OfAStartStoresItWithItsLagAndTellsNobody) {
+    EXPECT_EQ(OnOk([](EditTask& form) {
+                  form.DTPickerStart.Value(Tuesday);
+                  form.DTPickerStart_Change();
+                  form.Task()->TaskLag(7);
+              }),
+              False);
+    EXPECT_EQ(plan.Heard(), "");
+    EXPECT_EQ(plan.Drawn(),
+              "1 Phase\n"
+              "2   Design  2026-03-03 2026-03-05\n"
+              "3 Survey  2026-03-02 2026-03-02\n");
+    EXPECT_EQ(plan["Design"].TaskLag(), 7);
+    EXPECT_EQ(plan["Design"].TaskBDateValid(), True);
+}
+
+TEST_F(Saving, OfADurationGivesTrueAndStoresItWithTheEnd) {
+    EXPECT_EQ(OnOk([](EditTask& form) { form.TxtDurtion[0].Text("5"); }), True);
+    EXPECT_EQ(plan.Heard(), "");
+    EXPECT_EQ(plan["Design"].TaskEDate(), Friday);
+    EXPECT_EQ(plan["Design"].TaskDuration(), 5);
+}
+
+TEST_F(Saving, KeepsGivingFalseForADateAlone) {
+    EXPECT_EQ(OnOk([](EditTask& form) {
+                  form.DTPickerStart.Value(Tuesday);
+                  form.DTPickerStart_Change();
+              }),
+              False);
+    EXPECT_EQ(plan["Design"].TaskBDate(), Tuesday);
+}
+
+TEST_F(Saving, OfProgressTellsIt) {
+    EXPECT_EQ(OnOk([](EditTask& form) { form.TxtPercentComplet.Text("50"); }), False);
+    EXPECT_EQ(plan.Heard(), "CompletedChange(2, 50)\n");
+    EXPECT_EQ(plan["Design"].TaskPercentDone(), 50);
+}
+
+TEST_F(Saving, OfAMilestoneStoresWhatTheBoxSays) {
+    OnOk([](EditTask& form) {
+        form.TxtDurtion[0].Text("1");
+        form.chkAsMilistones.Value(True);
+    });
+    EXPECT_EQ(plan["Design"].TaskMilstones(), True);
+    EXPECT_EQ(plan["Design"].TaskDuration(), 0);
+    EXPECT_EQ(plan.Heard(), "");
+}
+
+TEST_F(Saving, OfACostAddsTheDifferenceOnceToEveryAncestor) {
+    EXPECT_EQ(OnOk([](EditTask& form) { form.Txtcost.Text("25"); }), False);
+    EXPECT_EQ(plan.Heard(),
+              "RoolUpCostChange(2, 25)\n"
+              "RoolUpCostChange(1, 25)\n");
+    EXPECT_EQ(plan["Design"].TaskCost(), 25);
+    EXPECT_EQ(plan["Phase"].TaskCost(), 25);
+}
+
+TEST_F(Saving, OfPredecessorsLinksThemInTheOrderOfTheirRows) {
+    plan.Task("Permit").From(Monday).Lasting(1);
+    plan.Heard();
+    EXPECT_EQ(OnOk([](EditTask& form) {
+                  GridControl& grid = form.VSFlexGridPredecessor;
+                  form.BeginEdit(grid, 1, 1);
+                  form.EndEdit(grid, ComboEntry{"4", "Permit"});
+                  form.BeginEdit(grid, 2, 1);
+                  form.EndEdit(grid, ComboEntry{"3", "Survey"});
+              }),
+              False);
+    EXPECT_EQ(plan.Heard(),
+              "PredecessorChange(2, 3)\n"
+              "PredecessorKeyChange(2, 3, add)\n"
+              "SucessorChange(3, 2)\n"
+              "PredecessorChange(2, 3, 4)\n"
+              "PredecessorKeyChange(2, 4, add)\n"
+              "SucessorChange(4, 2)\n");
+}
+
+TEST_F(Saving, KeepsTheLagOfTheLastPredecessor) {
+    plan.Task("Permit").From(Monday).Lasting(1);
+    OnOk([](EditTask& form) {
+        ChooseSurvey(form);
+        GridControl& grid = form.VSFlexGridPredecessor;
+        form.BeginEdit(grid, 2, 1);
+        form.EndEdit(grid, ComboEntry{"4", "Permit"});
+        grid.TextMatrix(1, 3, "5");
+        grid.TextMatrix(2, 3, "3");
+    });
+    EXPECT_EQ(plan["Design"].TaskLag(), 3);
+}
+
+TEST_F(Saving, OfRemovedPredecessorsComesBeforeTheNewOnes) {
+    plan.About("Design").After("Survey");
+    plan.Task("Permit").From(Monday).Lasting(1);
+    OnOk([](EditTask& form) {
+        form.BeginEdit(form.VSFlexGridPredecessor, 1, 1);
+        form.EndEdit(form.VSFlexGridPredecessor, ComboEntry{"4", "Permit"});
+    });
+    EXPECT_EQ(plan.Heard(),
+              "SucessorChange(3, )\n"
+              "PredecessorChange(2, )\n"
+              "PredecessorKeyChange(2, 3, remove)\n"
+              "PredecessorChange(2, 4)\n"
+              "PredecessorKeyChange(2, 4, add)\n"
+              "SucessorChange(4, 2)\n");
+}
+
+TEST_F(Saving, EndsAtALagThatIsNoNumberAndWhatCameBeforeStands) {
+    AddNote(plan, "Design", "old");
+    EXPECT_EQ(OnOk([](EditTask& form) {
+                  form.TxtDurtion[0].Text("5");
+                  form.Txtcost.Text("25");
+                  form.txtNote.Text("new");
+                  ChooseSurvey(form);
+                  form.VSFlexGridPredecessor.TextMatrix(1, 3, "x");
+              }),
+              True);
+    EXPECT_EQ(plan.failures.Taken(), "EditTask/SaveTaskInfo 13\n");
+    EXPECT_EQ(plan["Design"].TaskDuration(), 5);
+    EXPECT_EQ(plan["Phase"].TaskCost(), 25);
+    EXPECT_EQ(plan.col().PredessorAsString("2"), "3");
+    EXPECT_EQ(plan["Design"].TaskLag(), 0);
+    EXPECT_EQ(NotesOf(plan, "Design"), "1:old:");
+}
+
+// --- Notes
+// ------------------------------------------------------------------------------------------------------------
+
+TEST_F(Saving, OfAFirstNoteMakesOneOnAllSides) {
+    OnOk([](EditTask& form) { form.txtNote.Text("Mind the roof"); });
+    EXPECT_EQ(plan.Heard(), "NoteChange(2, Mind the roof)\n");
+    EXPECT_EQ(NotesOf(plan, "Design"), "1:Mind the roof:");
+    EXPECT_EQ(MasterNotes(plan), "1:Mind the roof:");
+    const auto relation = plan.app->xTaskNotesRelationcol()->Item("1");
+    EXPECT_EQ(relation->NoteKey(), "1");
+    EXPECT_EQ(relation->TaskKey(), 2);
+}
+
+TEST_F(Saving, OfANoteUpdatesBothCopies) {
+    AddNote(plan, "Design", "old", "/link");
+    plan.app->xNoteCol()->Item("1")->NoteLink("");
+    OnOk([](EditTask& form) { form.txtNote.Text("new"); });
+    EXPECT_EQ(NotesOf(plan, "Design"), "1:new:/link");
+    EXPECT_EQ(MasterNotes(plan), "1:new:/link");
+    EXPECT_EQ(plan.Heard(), "");
+}
+
+TEST_F(Saving, OfNoNoteRemovesItFromAllSides) {
+    AddNote(plan, "Design", "old");
+    OnOk([](EditTask& form) { form.txtNote.Text(""); });
+    EXPECT_EQ(NotesOf(plan, "Design"), "");
+    EXPECT_EQ(MasterNotes(plan), "");
+    EXPECT_EQ(plan.app->xTaskNotesRelationcol()->Count(), 0);
+    EXPECT_EQ(plan["Design"].TaskNoteRelation()->Count(), 0);
+}
+
+TEST_F(Saving, OfNoNoteKeepsOneWhileAnAttachmentStays) {
+    AddNote(plan, "Design", "old");
+    AddNote(plan, "Design", "", "/attached");
+    OnOk([](EditTask& form) { form.txtNote.Text(""); });
+    EXPECT_EQ(NotesOf(plan, "Design"), "1::, 2::/attached");
+    EXPECT_EQ(MasterNotes(plan), "1::, 2::/attached");
+}
+
+TEST_F(Saving, KeepsTakingTheFirstNoteForTheTextThoughItIsAnAttachment) {
+    AddNote(plan, "Design", "", "/attached");
+    OnOk([](EditTask& form) { form.txtNote.Text("new"); });
+    EXPECT_EQ(NotesOf(plan, "Design"), "1:new:/attached");
+}
+
+TEST_F(Saving, OfAttachmentsAddsTheNewAndThenRemovesTheOld) {
+    AddNote(plan, "Design", "text");
+    AddNote(plan, "Design", "", "/old");
+    plan.platform.screens.file = "/a new one";
+    OnOk([](EditTask& form) {
+        form.CmdAttach_Click();
+        form.MoveTo(form.gridattachement, 0, 0);
+        form.CmdRemove_Click();
+    });
+    EXPECT_EQ(NotesOf(plan, "Design"), "1:text:, 3::/a new one");
+    EXPECT_EQ(MasterNotes(plan), "1:text:, 3::/a new one");
+    EXPECT_EQ(plan.app->xTaskNotesRelationcol()->Count(), 2);
+}
+
+TEST_F(Saving, KeepsNothingBehindTheBarOfANewLink) {
+    plan.platform.screens.file = "/a|b";
+    OnOk([](EditTask& form) { form.CmdAttach_Click(); });
+    EXPECT_EQ(MasterNotes(plan), "");  // "b|" was taken for the key of a note that is there
+}
+
+TEST_F(Saving, RecordsANoteThatTheProjectDoesNotHave) {
+    AddNote(plan, "Design", "old");
+    plan.app->xNoteCol()->Remove(1, "1");
+    OnOk([](EditTask& form) { form.txtNote.Text("new"); });
+    EXPECT_EQ(plan.failures.Taken(), "NotesCol/Item 5\nEditTask/SaveTaskInfo 91\n");
+}
+
+// --- All together
+// -----------------------------------------------------------------------------------------------------
+
+TEST_F(Saving, OfEverythingTellsInItsOrder) {
+    AddPerson(plan, "Ann");
+    EXPECT_EQ(OnOk([](EditTask& form) {
+                  form.TxtName[0].Text("Draw");
+                  form.TxtName_Validate(0);
+                  form.DTPickerStart.Value(Tuesday);
+                  form.DTPickerStart_Change();
+                  form.TxtDurtion[0].Text("2");
+                  form.TxtPercentComplet.Text("50");
+                  form.Txtcost.Text("25");
+                  form.VSFlexGridResource_Click(1);
+                  ChooseSurvey(form);
+                  form.txtNote.Text("Mind the roof");
+              }),
+              True);
+    EXPECT_EQ(plan.Heard(),
+              "TaskNameChanged(2, Draw)\n"
+              "DateStartChange(2, 2026-03-02, False, False)\n"
+              "DateEndChange(2, 2026-03-04, False, False, days)\n"
+              "DurationChange(2, 3, days, False, False)\n"
+              "TaskDurationChange(2, 3, days, False, False)\n"
+              "CompletedChange(2, 50)\n"
+              "RoolUpCostChange(2, 25)\n"
+              "RoolUpCostChange(1, 25)\n"
+              "AssigmentChange(2, Ann)\n"
+              "PredecessorChange(2, 3)\n"
+              "PredecessorKeyChange(2, 3, add)\n"
+              "SucessorChange(3, 2)\n"
+              "NoteChange(2, Mind the roof)\n");
+    EXPECT_EQ(plan["Design"].TaskBDate(), Tuesday);
+    EXPECT_EQ(plan["Design"].TaskEDate(), Wednesday);
+}
+
+TEST_F(Saving, IsToldNothingWhileTheHostIsSilenced) {
+    Plan silent;
+    silent.Silenced().Task("Design").From(Monday).Lasting(1);
+    EditInDialog(silent, "Design", [](EditTask& form) {
+        form.TxtPercentComplet.Text("50");
+        form.CmdOK_Click(0);
+    });
+    EXPECT_EQ(silent.Heard(), "");
+    EXPECT_EQ(silent["Design"].TaskPercentDone(), 50);
+}
+
+TEST_F(Saving, RecordsATaskThatAHandlerTookAway) {
+    const Interruption host(plan, "RoolUpCostChange", 1, [&] { plan.col().RemoveForLib("2"); });
+    OnOk([](EditTask& form) {
+        form.Txtcost.Text("25");
+        form.txtNote.Text("Mind the roof");
+    });
+    EXPECT_EQ(plan.failures.Taken(), "EditTask/SaveTaskInfo 91\n");
+}
+
+}  // namespace
+}  // namespace mrlxmlclass::testing

@@ -1,0 +1,51 @@
+#include "mrlxmlclass/dialog/LooseNumber.h"
+
+#include <gtest/gtest.h>
+
+#include "tests/support/TestSession.h"
+
+namespace mrlxmlclass::testing {
+namespace {
+
+TEST(LooseNumber, ReadsWhatATextBeginsWith) {
+    struct Row {
+        const char* text;
+        double number;
+    };
+    for (const Row& row : {Row{"12", 12}, Row{"12 wks", 12}, Row{" 1 2.5x", 12.5}, Row{"-3", -3}, Row{"+4", 4},
+                           Row{".5", 0.5}, Row{"1,5", 1}, Row{"2e3", 2000}, Row{"", 0}, Row{"x1", 0}, Row{"-", 0},
+                           Row{"inf", 0}, Row{"-inf", 0}, Row{"nan", 0}, Row{"+-4", 0}}) {
+        EXPECT_EQ(LooseNumber(row.text), row.number) << row.text;
+    }
+    EXPECT_EQ(NumberOf([] { LooseNumber("1e999"); }), failure::kOverflow);
+}
+
+TEST(FormatWhole, GivesThreeDigitsAtLeast) {
+    TestSession session;
+    struct Row {
+        const char* text;
+        const char* formatted;
+    };
+    for (const Row& row : {Row{"5", "005"}, Row{"25", "025"}, Row{"1234", "1234"}, Row{"2.5", "003"}, Row{"0.4", "000"},
+                           Row{"-5", "-005"}, Row{"-2.5", "-003"}, Row{"-0.2", "000"}, Row{"12x", "12x"}, Row{"", ""},
+                           Row{"abc", "abc"}}) {
+        EXPECT_EQ(FormatWhole(row.text), row.formatted) << row.text;
+    }
+    EXPECT_EQ(FormatWhole("1e300").size(), 301);
+}
+
+TEST(FormatWhole, ReadsTheNumberOfTheLocale) {
+    TestSession session;
+    session.locale.Use("d.M.yyyy", ",", ".");
+    EXPECT_EQ(FormatWhole("1.234,5"), "1235");
+    EXPECT_EQ(FormatWhole("12,4"), "012");
+}
+
+TEST(IsNumeric, TakesASignAndWhatTheLocaleReads) {
+    TestSession session;
+    for (const char* text : {"0", "-2", "+3", " 4 ", "1.5"}) EXPECT_TRUE(IsNumeric(text)) << text;
+    for (const char* text : {"", "-", "--3", "x", "3x"}) EXPECT_FALSE(IsNumeric(text)) << text;
+}
+
+}  // namespace
+}  // namespace mrlxmlclass::testing
