@@ -116,7 +116,7 @@ TEST_F(Attachments, OpenByTheShell) {
     EXPECT_TRUE(plan.platform.ui.messages.empty());
 }
 
-TEST_F(Attachments, KeepOpeningANoteOfOneDigitByTheLinkThatShows) {
+TEST_F(Attachments, KeepsOpeningANoteOfOneDigitByTheLinkThatShows) {
     AddNote(plan, "Design", "", "/shown");
     InDialog([&](EditTask& form) {
         form.MoveTo(form.gridattachement, 0, 0);
