@@ -43,6 +43,11 @@ Boolean EditTask::GetTaskInfo(const Variant& aTaskKey, const Ref<Application>& o
                               const Ref<TasksCol>& oTaskCol, const Ref<Collection>& Ressource, Long start_tab,
                               const String& p_date_format, const String& font_name, const String& font_size) {
     const Ref<EditTask> self(this);  // the host may let go of the session meanwhile
+    // The session may hold the form longer than it shows: then neither may hold the other.
+    struct LettingGo {
+        Ref<Application>& session;
+        ~LettingGo() { session = {}; }
+    } const letting_go{application_};
     return kTail.Run<Boolean>("GetTaskInfo", [&](Boolean& result) {
         key_ = aTaskKey;
         const Boolean summary = oTaskCol->Summary(TaskKey());

@@ -44,8 +44,7 @@ TEST_F(Attachments, ShowAFolderWhole) {
     InDialog([&](EditTask& form) { EXPECT_EQ(Shown(form), plan.platform.folder.path()); });
 }
 
-// --- Adding
-// -----------------------------------------------------------------------------------------------------------
+// --- Adding ----------------------------------------------------------------------------------------------------------
 
 TEST_F(Attachments, TakeAFileThatIsChosen) {
     plan.platform.Write("plan.pdf", "x");
@@ -100,8 +99,7 @@ TEST_F(Attachments, TakeNoAddressWhenItsFormIsCancelled) {
     });
 }
 
-// --- Opening
-// ----------------------------------------------------------------------------------------------------------
+// --- Opening ---------------------------------------------------------------------------------------------------------
 
 TEST_F(Attachments, OpenByTheShell) {
     for (int note = 1; note < 10; ++note) AddNote(plan, "Design", "");
@@ -173,8 +171,7 @@ TEST_F(Attachments, TellThatANoteHasLostItsLink) {
     EXPECT_EQ(plan.platform.ui.messages.size(), 1);
 }
 
-// --- Removing
-// ---------------------------------------------------------------------------------------------------------
+// --- Removing --------------------------------------------------------------------------------------------------------
 
 TEST_F(Attachments, GoOnOkOnly) {
     AddNote(plan, "Design", "first");
@@ -208,8 +205,7 @@ TEST_F(Attachments, LeaveNothingToDoWhenANewOneIsRemoved) {
     EXPECT_EQ(plan.Heard(), "");
 }
 
-// --- The note
-// ---------------------------------------------------------------------------------------------------------
+// --- The note --------------------------------------------------------------------------------------------------------
 
 using NoteText = Attachments;
 

@@ -20,8 +20,7 @@ String Dates(EditTask& form) {
     return day(form.DTPickerStart) + " " + day(form.DTPickerEnd) + " " + form.TxtDurtion[0].Text();
 }
 
-// --- The milestone's box
-// ----------------------------------------------------------------------------------------------
+// --- The milestone's box ---------------------------------------------------------------------------------------------
 
 TEST(chkAsMilistones, TickedWritesNoDurationAndSoBringsTheEndToTheStart) {
     Plan plan;
@@ -56,8 +55,7 @@ TEST(chkAsMilistones, ClearedMakesATaskOfADay) {
     });
 }
 
-// --- The dates
-// --------------------------------------------------------------------------------------------------------
+// --- The dates -------------------------------------------------------------------------------------------------------
 
 TEST(DTPickerStart, MovesTheEndAlong) {
     InDialog([](EditTask& form) {
@@ -129,8 +127,7 @@ TEST(PutDatenull, IsUndoneByADuration) {
     });
 }
 
-// --- The duration
-// -----------------------------------------------------------------------------------------------------
+// --- The duration ----------------------------------------------------------------------------------------------------
 
 TEST(TxtDurtion, MovesTheEnd) {
     InDialog([](EditTask& form) {
@@ -258,8 +255,7 @@ TEST(VScrollDuration, DownToNothingMakesAMilestone) {
     });
 }
 
-// --- Progress
-// ---------------------------------------------------------------------------------------------------------
+// --- Progress --------------------------------------------------------------------------------------------------------
 
 TEST(TxtPercentComplet, ShowsWhatTheTaskTook) {
     struct Row {
@@ -301,8 +297,7 @@ TEST(VScrollPercentComplete, GoesByOneWithinTheRange) {
     });
 }
 
-// --- The name
-// ---------------------------------------------------------------------------------------------------------
+// --- The name --------------------------------------------------------------------------------------------------------
 
 TEST(TxtName, GoesIntoEveryField) {
     InDialog([](EditTask& form) {
@@ -344,8 +339,7 @@ TEST(TxtName, KeepsTheWholeTextOnTheTaskWhenALineBreakCutsIt) {
     });
 }
 
-// --- The cost
-// ---------------------------------------------------------------------------------------------------------
+// --- The cost --------------------------------------------------------------------------------------------------------
 
 TEST(Txtcost, TakesWholeAmounts) {
     struct Row {

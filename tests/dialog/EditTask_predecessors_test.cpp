@@ -71,8 +71,7 @@ TEST(PredecessorTab, IsOffWithoutLiveLinks) {
     });
 }
 
-// --- Editing a cell
-// ---------------------------------------------------------------------------------------------------
+// --- Editing a cell --------------------------------------------------------------------------------------------------
 
 TEST_F(PredecessorTable, OffersRowsAndNamesAndRefusesTheType) {
     InDialog([](EditTask& form) {
@@ -129,8 +128,7 @@ TEST_F(PredecessorTable, LetsDigitsAndOneSignIntoALag) {
     });
 }
 
-// --- Choosing
-// ---------------------------------------------------------------------------------------------------------
+// --- Choosing --------------------------------------------------------------------------------------------------------
 
 TEST_F(PredecessorTable, GetsANewRowForATaskThatIsChosen) {
     InDialog([](EditTask& form) {
@@ -196,8 +194,7 @@ TEST_F(PredecessorTable, LetsGoOfThePredecessorWhoseRowWentToOneThatWasThere) {
     EXPECT_EQ(plan.col().PredessorAsString("4"), "1, 3");
 }
 
-// --- Lags
-// -------------------------------------------------------------------------------------------------------------
+// --- Lags ------------------------------------------------------------------------------------------------------------
 
 TEST_F(PredecessorTable, KeepsMeasuringALagThatIsNotNegativeFromTheStart) {
     plan["A"].TaskEDate(Friday);
@@ -261,8 +258,7 @@ TEST_F(PredecessorTable, RecordsALagWhileNoStartIsShown) {
     EXPECT_EQ(plan.failures.Taken(), "EditTask/VSFlexGridPredecessor_AfterEdit 13\n");
 }
 
-// --- Deleting
-// ---------------------------------------------------------------------------------------------------------
+// --- Deleting --------------------------------------------------------------------------------------------------------
 
 TEST_F(PredecessorTable, LosesTheRowThatIsDeletedAndTheTaskItsPredecessorOnOk) {
     const auto delete_first = [](EditTask& form) {

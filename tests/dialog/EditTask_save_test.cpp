@@ -178,8 +178,7 @@ TEST_F(Saving, EndsAtALagThatIsNoNumberAndWhatCameBeforeStands) {
     EXPECT_EQ(NotesOf(plan, "Design"), "1:old:");
 }
 
-// --- Notes
-// ------------------------------------------------------------------------------------------------------------
+// --- Notes -----------------------------------------------------------------------------------------------------------
 
 TEST_F(Saving, OfAFirstNoteMakesOneOnAllSides) {
     OnOk([](EditTask& form) { form.txtNote.Text("Mind the roof"); });
@@ -250,8 +249,7 @@ TEST_F(Saving, RecordsANoteThatTheProjectDoesNotHave) {
     EXPECT_EQ(plan.failures.Taken(), "NotesCol/Item 5\nEditTask/SaveTaskInfo 91\n");
 }
 
-// --- All together
-// -----------------------------------------------------------------------------------------------------
+// --- All together ----------------------------------------------------------------------------------------------------
 
 TEST_F(Saving, OfEverythingTellsInItsOrder) {
     AddPerson(plan, "Ann");

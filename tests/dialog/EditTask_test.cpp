@@ -8,8 +8,7 @@
 namespace mrlxmlclass::testing {
 namespace {
 
-// --- Opening and closing
-// ----------------------------------------------------------------------------------------------
+// --- Opening and closing ---------------------------------------------------------------------------------------------
 
 TEST(GetTaskInfo, GivesTrueWhenThePersonLeavesWithAnotherDuration) {
     Plan plan;
@@ -133,8 +132,7 @@ TEST(OpeningTheDialog, AThousandTimesLeavesNothingBehind) {
     EXPECT_EQ(plan.col().Count(), 2);
 }
 
-// --- The screens of the host
-// ------------------------------------------------------------------------------------------
+// --- The screens of the host -----------------------------------------------------------------------------------------
 
 /// What a screen makes of the dialog, a line: which tabs are on, what does not show, what is not enabled.
 String Layout(EditTask& form) {
