@@ -3,6 +3,7 @@
 #include <algorithm>
 
 #include "mrlxmlclass/platform/Services.h"
+#include "mrlxmlclass/runtime/Text.h"
 #include "mrlxmlclass/session/ModuleState.h"
 
 namespace mrlxmlclass::Gloabal {
@@ -25,8 +26,19 @@ Boolean PathIsURL(std::string_view text) {
 }
 
 Boolean IsValidURL(std::string_view text) {
-    const auto ends_an_address = [](char c) { return static_cast<unsigned char>(c) <= ' ' || c == '\x7F'; };
-    return HasScheme(text) && !text.ends_with(':') && std::ranges::none_of(text, ends_an_address);
+    if (!HasScheme(text)) return False;
+    const String scheme = LowerCase(text.substr(0, text.find(':')));
+    std::string_view rest = text.substr(scheme.size() + 1);
+    const auto nobody_writes = [](char c) {
+        return static_cast<unsigned char>(c) <= ' ' || c == '\x7F' || c == '<' || c == '>' || c == '"';
+    };
+    if (rest.empty() || std::ranges::any_of(rest, nobody_writes)) return False;
+    if (scheme != "http" && scheme != "https" && scheme != "ftp") return True;
+    if (!rest.starts_with("//")) return False;
+    rest.remove_prefix(2);
+    const std::string_view authority = rest.substr(0, rest.find_first_of("/?#"));
+    const std::string_view host = authority.substr(authority.find('@') + 1);  // from the start where there is none
+    return !host.substr(0, host.find(':')).empty();
 }
 
 }  // namespace mrlxmlclass::Gloabal

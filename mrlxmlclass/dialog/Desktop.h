@@ -16,7 +16,8 @@ Boolean ShowHelp(const Ref<Counted>& owner_form, const String& page);
 
 /// Whether a text is an address: "scheme:" and what follows, see HasScheme.
 Boolean PathIsURL(std::string_view text);
-/// Whether an address could be opened at all: something behind the scheme, no blank and no control character.
+/// Whether an address could be opened at all: something behind the scheme without blanks, control characters and any
+/// of <>", and for http, https and ftp "//" and a host.
 Boolean IsValidURL(std::string_view text);
 
 }  // namespace mrlxmlclass::Gloabal

@@ -108,10 +108,13 @@ void EditTask::TabTask_Click() {
 }
 
 void EditTask::CmdOK_Click(Integer) {
+    if (saving_) return;  // a person presses twice while the host is heard
+    saving_ = true;
     kTail.Run("CmdOK_Click", [&] {
         SaveTaskInfo();
         Unload();
     });
+    saving_ = false;
 }
 
 void EditTask::CmdCancel_Click(Integer) {

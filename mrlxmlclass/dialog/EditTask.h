@@ -13,9 +13,10 @@ namespace mrlxmlclass {
 
 class Application;
 class NotesCls;
+class NotesCol;
 class PeopleCol;
 class TaskAssigmentRelationCol;
-class TaskNoteRelationCls;
+class TaskNoteRelationCol;
 class TasksCls;
 class TasksCol;
 
@@ -220,23 +221,24 @@ private:
     void SetTxtValue(Integer Index);
     /// No dates and no duration.
     void PutDatenull();
-    void ChangeCost();
+    Boolean ChangeCost();
+    void ShowProgress(std::int64_t percent);
     void ShowDates();
     void ShowDuration(Integer Index);
     void TakeDuration(Integer Index);
     void StartBehind(TasksCls& predecessor, Integer lag);
     void AfterEdit(GridControl& grid, Long row, Long col);
 
-    void FormatCellLink(const String& link, const String& NoteKey, Boolean isUrl);
+    Variant FormatCellLink(const String& link, const String& NoteKey, Boolean isUrl);
     /// Opens the link of a note of the stored task; a key that is none of its notes is taken as the link itself. Gives
     /// what the shell gives.
     Long ExecuteLInk(const String& key);
 
     /// Carries what the person did into the stored task, in a fixed order. What was saved before a failure stands.
     Boolean SaveTaskInfo();
-    void AddAllLink();
-    void RemoveAllLink();
-    void RemoveFirstNote();
+    Boolean AddAllLink();
+    Boolean RemoveAllLink();
+    Boolean RemoveFirstNote();
     void SaveNameAndDates();
     void SaveProgressAndCost();
     void SavePredecessors();
@@ -250,9 +252,13 @@ private:
     Variant key_;
     Ref<TasksCol> tasks_;
     Ref<TasksCls> task_;
-    Ref<Application> application_;
+    // Of the session, as they were when the dialog was opened: a host that starts another project meanwhile keeps it
+    // clean.
+    Ref<TasksCol> plan_;
     Ref<PeopleCol> people_;
     Ref<TaskAssigmentRelationCol> assignments_;
+    Ref<NotesCol> notes_;
+    Ref<TaskNoteRelationCol> note_relations_;
     String predecessor_names_;
     String predecessor_positions_;
     Ref<Collection> removed_predecessors_;
@@ -271,6 +277,7 @@ private:
 
     std::unique_ptr<EditTaskView> view_;  ///< while the dialog shows
     bool loading_ = false;
+    bool saving_ = false;
     std::vector<const Control*> answered_;  ///< fields whose rules are running
 };
 

@@ -20,7 +20,7 @@ public:
     /// Shows the form, calls `Form_Activate` once it stands there, and returns when the person or the program has
     /// closed it. The host's own windows go on living meanwhile.
     virtual void ShowModally() = 0;
-    /// Ends ShowModally. May come from anywhere, also while nothing shows.
+    /// Ends ShowModally, and whatever was opened from there. May come from anywhere, also while nothing shows.
     virtual void Close() = 0;
 
     /// A control shows something else than before.

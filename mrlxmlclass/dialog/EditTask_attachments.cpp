@@ -34,12 +34,17 @@ void EditTask::txtNote_RightButton() {
 
 // --- Adding ----------------------------------------------------------------------------------------------------------
 
-void EditTask::FormatCellLink(const String& link, const String& NoteKey, Boolean isUrl) {
-    const FileFacts facts = isUrl ? FileFacts{} : Platform().files.Facts(link);
+Variant EditTask::FormatCellLink(const String& link, const String& NoteKey, Boolean isUrl) {
+    // What the system cannot even be asked about is no file.
+    const bool is_file = !isUrl && kTail.Silent().Run<Boolean>("FormatCellLink", [&](Boolean& result) {
+        const FileFacts facts = Platform().files.Facts(link);
+        result = facts.exists && !facts.folder;
+    });
     const Long row = gridattachement.AddItem("");
-    gridattachement.TextMatrix(row, 0, facts.exists && !facts.folder ? FileNameOf(link) : link);
+    gridattachement.TextMatrix(row, 0, is_file ? FileNameOf(link) : link);
     gridattachement.ShowsLink(row, True);
     gridattachement.RowData(row, link + "|" + NoteKey);
+    return {};
 }
 
 void EditTask::mnuLinkNote_Click() {
@@ -54,9 +59,8 @@ void EditTask::Cmdlink_Click() {
         url_form_.Form_Load();
         View().ShowModally(url_form_);
         const String address = Module().g_UrlResult;
-        const String lower = LowerCase(address);
-        if (lower.empty() || lower == "http://www.") return;
-        const bool of_the_web = lower.find("www") != String::npos || lower.find("http://") != String::npos;
+        if (address.empty() || LowerCase(address) == "http://www.") return;
+        const bool of_the_web = address.find("www") != String::npos || address.find("http://") != String::npos;
         if (!Gloabal::PathIsURL(address) || !of_the_web || !Gloabal::IsValidURL(address)) return;
         FormatCellLink(address, /*NoteKey=*/{}, /*isUrl=*/True);
     });

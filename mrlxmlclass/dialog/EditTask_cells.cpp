@@ -36,6 +36,7 @@ Integer EditTask::EditKey(GridControl& grid, const String& text, Integer KeyAsci
 void EditTask::EndEdit(GridControl& grid, const ComboEntry& chosen) {
     const Long row = grid.Row();
     const Long col = grid.Col();
+    if (row < grid.FixedRows() || row >= grid.Rows()) return;
     grid.ComboData(chosen.data);
     Boolean finish;
     if (&grid == &VSFlexGridPredecessor) {

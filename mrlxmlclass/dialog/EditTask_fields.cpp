@@ -46,7 +46,7 @@ void EditTask::DTPickerStart_Change() {
         task_->TaskLag(0);
         task_->TaskBDate(DTPickerStart.Value().As<Date>());
         tasks_->CalcLeadTime(TaskKey());
-        if (!task_->TaskEDate().set()) task_->TaskEDate(task_->TaskBDate());
+        if (!task_->TaskEDate().set()) In(task_).StoreEnd(task_->TaskBDate());
         DTPickerEnd.Value(DateOrNull(task_->TaskEDate()));
         ShowDuration(0);
     });
@@ -56,7 +56,7 @@ void EditTask::DTPickerEnd_Change() {
     Answer(DTPickerEnd, "DTPickerEnd_Change", [&] {
         if (DTPickerEnd.Value().is_null()) return PutDatenull();
         task_->TaskEDate(DTPickerEnd.Value().As<Date>());
-        if (!task_->TaskBDate().set()) task_->TaskBDate(task_->TaskEDate());
+        if (!task_->TaskBDate().set()) In(task_).StoreStart(task_->TaskEDate());
         ShowDates();
         ShowDuration(0);
     });
@@ -87,11 +87,9 @@ void EditTask::ShowDuration(Integer Index) {
 void EditTask::TakeDuration(Integer Index) {
     TextControl& field = TxtDurtion[Index];
     if (field.Text().empty()) field.Text("0");
-    if (LooseNumber(field.Text()) <= kMostTypedDuration) {
-        SetTxtValue(Index);
-    } else {
-        field.Text(Left(field.Text(), static_cast<std::size_t>(field.MaxLength().value())));
-    }
+    const auto is_short = [&] { return LooseNumber(field.Text()) <= kMostTypedDuration; };
+    if (!is_short()) field.Text(Left(field.Text(), static_cast<std::size_t>(field.MaxLength().value())));
+    if (is_short()) SetTxtValue(Index);
 }
 
 void EditTask::TxtDurtion_Change(Integer Index) {
@@ -118,7 +116,7 @@ void EditTask::SetTxtValue(Integer Index) {
     task_->TaskDuration(duration);
     if (task_->TaskEDate().set()) {
         chkAsMilistones.Value(duration == 0);
-        if (duration == 0) task_->TaskEDate(task_->TaskBDate());
+        if (duration == 0) In(task_).StoreEnd(task_->TaskBDate());
     }
     ShowDates();
     for (TextControl& field : TxtDurtion) field.Text(Conversions::DoubleToString(task_->TaskDuration()));
@@ -165,11 +163,15 @@ void EditTask::TxtPercentComplet_Change() {
 }
 
 void EditTask::VScrollPercentComplete_DownClick() {
-    if (task_->TaskPercentDone() > 0) TxtPercentComplet.Text(Conversions::LongToString(task_->TaskPercentDone() - 1));
+    kTail.Run("VScrollPercentComplete_DownClick", [&] { ShowProgress(task_->TaskPercentDone() - 1); });
 }
 
 void EditTask::VScrollPercentComplete_UpClick() {
-    TxtPercentComplet.Text(Conversions::LongToString(task_->TaskPercentDone() + 1));
+    kTail.Run("VScrollPercentComplete_UpClick", [&] { ShowProgress(task_->TaskPercentDone() + 1); });
+}
+
+void EditTask::ShowProgress(std::int64_t percent) {
+    TxtPercentComplet.Text(std::to_string(std::clamp<std::int64_t>(percent, 0, 100)));
 }
 
 // --- The name --------------------------------------------------------------------------------------------------------
@@ -199,17 +201,21 @@ void EditTask::Txtcost_KeyPress(ByRef<Integer> KeyAscii) {
     if (*KeyAscii == kEnter) Txtcost_Change();
 }
 
-void EditTask::ChangeCost() {
+Boolean EditTask::ChangeCost() {
     const String typed = Replace(Txtcost.Text(), "$", "");
-    if (LooseNumber(typed) == task_->TaskCost().ToDouble()) return;
-    const String cost = FormatWhole(typed);
-    if (!Conversions::isCurrency(cost)) {
-        if (cost.empty()) task_->TaskCost(0);
-    } else if (LooseNumber(cost) < kCostLimit) {
-        task_->TaskCost(Conversions::StringToCurrency(cost));
+    const Double value = LooseNumber(typed);
+    if (value == task_->TaskCost().ToDouble()) return True;
+    if (typed.empty()) {
+        task_->TaskCost(0);
+    } else if (value < kCostLimit && IsNumeric(typed)) {
+        const String cost = FormatWhole(typed);
+        if (Conversions::isCurrency(cost) && LooseNumber(cost) < kCostLimit) {
+            task_->TaskCost(Conversions::StringToCurrency(cost));
+        }
     }
     Txtcost.Text(Conversions::CurrencyToString(task_->TaskCost()));
     Txtcost.SelStart(Length(Txtcost.Text()));
+    return True;
 }
 
 }  // namespace mrlxmlclass

@@ -1,7 +1,9 @@
 #include "mrlxmlclass/dialog/Desktop.h"
 #include "mrlxmlclass/dialog/EditTask_internal.h"
+#include "mrlxmlclass/items/NotesCol.h"
 #include "mrlxmlclass/items/PeopleCol.h"
 #include "mrlxmlclass/items/TaskAssigmentRelationCol.h"
+#include "mrlxmlclass/items/TaskNoteRelationCol.h"
 #include "mrlxmlclass/items/TaskNotes.h"
 #include "mrlxmlclass/platform/Services.h"
 #include "mrlxmlclass/runtime/Text.h"
@@ -43,18 +45,15 @@ Boolean EditTask::GetTaskInfo(const Variant& aTaskKey, const Ref<Application>& o
                               const Ref<TasksCol>& oTaskCol, const Ref<Collection>& Ressource, Long start_tab,
                               const String& p_date_format, const String& font_name, const String& font_size) {
     const Ref<EditTask> self(this);  // the host may let go of the session meanwhile
-    // The session may hold the form longer than it shows: then neither may hold the other.
-    struct LettingGo {
-        Ref<Application>& session;
-        ~LettingGo() { session = {}; }
-    } const letting_go{application_};
     return kTail.Run<Boolean>("GetTaskInfo", [&](Boolean& result) {
         key_ = aTaskKey;
         const Boolean summary = oTaskCol->Summary(TaskKey());
-        application_ = oApplication;
         tasks_ = oTaskCol;
+        plan_ = oApplication->xTaskCol();
         people_ = oApplication->xPeopleCol();
         assignments_ = oApplication->xTaskPeopleRelationcol();
+        notes_ = oApplication->xNoteCol();
+        note_relations_ = oApplication->xTaskNotesRelationcol();
         if (TaskKey().empty()) return;
         {
             const Raised loading(loading_);

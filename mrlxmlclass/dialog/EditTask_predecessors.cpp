@@ -98,8 +98,12 @@ void EditTask::VSFlexGridPredecessor_ComboCloseUp(Long Row, Long Col, ByRef<Bool
         }
         grid.TextMatrix(Row, dialog::kType, kFinishToStart);
         grid.TextMatrix(Row, dialog::kLag, "0");
-        grid.RowData(Row, key);
-        if (grid.FindRow(key) != Row) grid.RemoveItem(Row);  // a predecessor already
+        grid.RowData(Row, "");
+        if (grid.FindRow(key) == -1) {
+            grid.RowData(Row, key);
+        } else {
+            grid.RemoveItem(Row);  // a predecessor already
+        }
         EndWithAnEmptyRow(grid);
     });
 }
@@ -107,6 +111,7 @@ void EditTask::VSFlexGridPredecessor_ComboCloseUp(Long Row, Long Col, ByRef<Bool
 void EditTask::VSFlexGridPredecessor_AfterEdit(Long Row, Long Col) {
     kTail.Run("VSFlexGridPredecessor_AfterEdit", [&] {
         GridControl& grid = VSFlexGridPredecessor;
+        predecessors_changed_ = True;
         if (Col == dialog::kLag && !grid.RowData(Row).empty() && IsNumeric(grid.TextMatrix(Row, Col))) {
             StartBehind(*tasks_->Item(grid.RowData(Row)), Conversions::StringToInteger(grid.TextMatrix(Row, Col)));
         } else if (Col == dialog::kLag) {
@@ -116,7 +121,6 @@ void EditTask::VSFlexGridPredecessor_AfterEdit(Long Row, Long Col) {
                 Removed(removed_predecessors_, previous_row_key_);
             }
         }
-        predecessors_changed_ = True;
     });
 }
 

@@ -51,9 +51,9 @@ void EditTask::VSFlexGridResource_Click(Long Row) {
     });
 }
 
-void EditTask::VSFlexGridResource_BeforeEdit(Long Row, Long, ByRef<Boolean> Cancel) {
+void EditTask::VSFlexGridResource_BeforeEdit(Long Row, Long Col, ByRef<Boolean> Cancel) {
     kTail.Run("VSFlexGridResource_BeforeEdit", [&] {
-        if (VSFlexGridResource.RowData(Row) != kNewPerson) {
+        if (VSFlexGridResource.RowData(Row) != kNewPerson || Col != dialog::kPerson) {
             *Cancel = True;
             return;
         }
@@ -66,8 +66,8 @@ void EditTask::VSFlexGridResource_AfterEdit(Long Row, Long Col) {
         GridControl& grid = VSFlexGridResource;
         const String name = grid.TextMatrix(Row, Col);
         // Kept: somebody called as the row's own data is nobody.
-        if (!EqualsIgnoringCase(name, new_person_caption_) && !Trim(name).empty() && grid.FindRow(kNewPerson) == Row &&
-            grid.RowData(Row) != name) {
+        if (!EqualsIgnoringCase(name, new_person_caption_) && !Trim(name).empty() && grid.RowData(Row) == kNewPerson &&
+            name != kNewPerson) {
             const String person = Gloabal::AddPeople(people_, /*personkey=*/{}, name, {}, {}, {}, {}, {}, True);
             grid.RowData(Row, person + kPersonMark);
             grid.TextMatrix(Row, dialog::kNumber, Conversions::LongToString(grid.Rows()));

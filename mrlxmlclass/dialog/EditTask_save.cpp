@@ -5,7 +5,6 @@
 #include "mrlxmlclass/items/TaskAssigmentRelationCol.h"
 #include "mrlxmlclass/items/TaskNoteRelationCol.h"
 #include "mrlxmlclass/items/TaskNotes.h"
-#include "mrlxmlclass/session/Application.h"
 #include "mrlxmlclass/tasks/TasksCls_internal.h"
 #include "mrlxmlclass/tasks/TasksCol.h"
 #include "mrlxmlclass/xml/Conversions.h"
@@ -19,8 +18,8 @@ Boolean EditTask::SaveTaskInfo() {
         SaveNameAndDates();
         SaveProgressAndCost();
         if (resources_changed_) {
-            Gloabal::AssignAllPeopleInTheGrid(VSFlexGridResource, application_->xPeopleCol(), Integer(task_->TaskKey()),
-                                              application_->xTaskCol(), application_->xTaskPeopleRelationcol());
+            Gloabal::AssignAllPeopleInTheGrid(VSFlexGridResource, people_, Integer(task_->TaskKey()), plan_,
+                                              assignments_);
         }
         SavePredecessors();
         AddAllLink();
@@ -86,7 +85,7 @@ void EditTask::SavePredecessors() {
 
 // --- Attachments -----------------------------------------------------------------------------------------------------
 
-void EditTask::AddAllLink() {
+Boolean EditTask::AddAllLink() {
     for (Long row = 0; row < gridattachement.Rows(); ++row) {
         const dialog::Attachment attachment = dialog::AttachmentIn(gridattachement.RowData(row));
         if (!attachment.note_key.empty()) continue;
@@ -95,22 +94,25 @@ void EditTask::AddAllLink() {
             note.NoteDescription("");
         });
     }
+    return True;
 }
 
-void EditTask::RemoveAllLink() {
-    if (!removed_attachments_) return;
+Boolean EditTask::RemoveAllLink() {
+    if (!removed_attachments_) return True;
     for (const auto& removed : removed_attachments_->Snapshot()) {
         const String note_key = removed.item.As<String>();
         RemoveNote(note_key);
         const Integer place = Stored()->NoteIndex(note_key);
         if (place != -1) Stored()->TaskNotes()->Remove(place);
     }
+    return True;
 }
 
-void EditTask::RemoveFirstNote() {
+Boolean EditTask::RemoveFirstNote() {
     const Ref<class TaskNotes> notes = Stored()->TaskNotes();
     RemoveNote(notes->Item(1)->NoteKey());
     notes->Remove(1);
+    return True;
 }
 
 // --- Notes -----------------------------------------------------------------------------------------------------------
@@ -130,7 +132,7 @@ void EditTask::SaveNoteText() {
 
 void EditTask::DescribeFirstNote(const String& text) {
     const Ref<NotesCls> note = Stored()->TaskNotes()->Item(1);
-    const Ref<NotesCls> master = application_->xNoteCol()->Item(note->NoteKey());
+    const Ref<NotesCls> master = notes_->Item(note->NoteKey());
     note->NoteDescription(text);
     master->NoteDescription(text);
     master->NoteLink(note->NoteLink());
@@ -140,8 +142,8 @@ template <class Describe>
 void EditTask::AddNote(Describe&& describe) {
     const auto note = Make<NotesCls>();
     describe(*note);
-    const Ref<TaskNoteRelationCls> relation = application_->xTaskNotesRelationcol()->Add("");
-    const Ref<NotesCls> stored = application_->xNoteCol()->AddItem(note);
+    const Ref<TaskNoteRelationCls> relation = note_relations_->Add("");
+    const Ref<NotesCls> stored = notes_->AddItem(note);
     relation->NoteKey(stored->NoteKey());
     relation->TaskKey(task_->TaskKey());
     tasks_->AddNote(TaskKey(), relation, stored);
@@ -149,15 +151,14 @@ void EditTask::AddNote(Describe&& describe) {
 
 // Takes out the relation, both the project's and the task's, and the project's note; the task's copy stays.
 void EditTask::RemoveNote(const String& note_key) {
-    const Ref<TaskNoteRelationCol> relations = application_->xTaskNotesRelationcol();
-    for (const auto& entry : relations->NewEnum()) {
+    for (const auto& entry : note_relations_->NewEnum()) {
         if (entry.item->NoteKey() != note_key) continue;
         const String key = entry.item->elementKey();
-        relations->Remove(key);
+        note_relations_->Remove(key);
         Stored()->TaskNoteRelation()->Remove(key);
         break;
     }
-    application_->xNoteCol()->Remove(1, note_key);
+    notes_->Remove(1, note_key);
 }
 
 }  // namespace mrlxmlclass

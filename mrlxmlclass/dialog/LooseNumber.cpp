@@ -3,6 +3,7 @@
 #include <array>
 #include <charconv>
 #include <cmath>
+#include <limits>
 
 #include "mrlxmlclass/platform/Services.h"
 #include "mrlxmlclass/runtime/Text.h"
@@ -21,7 +22,10 @@ Double LooseNumber(std::string_view text) {
     if (number.size() <= sign || !(IsDigit(number[sign]) || number[sign] == '.')) return 0;  // "inf" is no number
     Double value = 0;
     if (std::from_chars(number.data(), number.data() + number.size(), value).ec == std::errc::result_out_of_range) {
-        Raise(failure::kOverflow);
+        // Too near to 0 it is 0.
+        const bool tiny = number.find("e-") != std::string_view::npos || number.find("E-") != std::string_view::npos;
+        value = tiny ? 0 : std::numeric_limits<Double>::infinity();
+        if (sign != 0) value = -value;
     }
     return value;
 }

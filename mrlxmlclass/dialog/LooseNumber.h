@@ -7,11 +7,11 @@
 namespace mrlxmlclass {
 
 /// The number with which a typed text begins, blanks passed by, a point before its fraction whatever the locale; 0 when
-/// it begins with none. One beyond a Double fails (6).
+/// it begins with none. One beyond a Double is endless.
 Double LooseNumber(std::string_view text);
 
-/// A whole number of three digits at least, halves away from zero, for a text that the locale reads as a number; any
-/// other text comes back as it stands.
+/// A whole number of three digits at least, halves away from zero, for a text that the locale reads as a number, which
+/// fails (6) beyond a Double; any other text comes back as it stands.
 String FormatWhole(const String& text);
 
 /// Whether the locale reads the text as a number, a sign before it allowed.

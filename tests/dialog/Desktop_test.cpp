@@ -33,12 +33,16 @@ TEST(PathIsURL, AsksForASchemeAlone) {
 }
 
 TEST(IsValidURL, RefusesWhatNobodyCouldOpen) {
-    for (const char* text : {"http://www.example.org/?q=\"a\";$(id)|'",
-                             "http://www.b\xC3\xBC"
-                             "cher.example"}) {
+    for (const char* text :
+         {"http://www.example.org/?q='a';$(id)|",
+          "http://www.b\xC3\xBC"
+          "cher.example",
+          "http://www.x:", "https://ann@example.org:80/x", "ftp://x", "mailto:ann@example.org", "news:x"}) {
         EXPECT_EQ(Gloabal::IsValidURL(text), True) << text;
     }
-    for (const char* text : {"http:", "http://a b", "http://a\nb", "http://a\x7F", "www.example.org", ""}) {
+    for (const char* text :
+         {"http:", "http://", "http:www.x", "http:///www.x", "http://:80", "http://ann@", "http://?www", "http://a b",
+          "http://a\nb", "http://a\x7F", "http://www.a<b>", "http://www.x/\"q\"", "www.example.org", "news:", ""}) {
         EXPECT_EQ(Gloabal::IsValidURL(text), False) << text;
     }
 }

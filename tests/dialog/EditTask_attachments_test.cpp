@@ -39,6 +39,12 @@ TEST_F(Attachments, ShowTheNameOfAFileAndOtherwiseTheLink) {
     });
 }
 
+TEST_F(Attachments, ShowALinkThatNoFileCanBeCalled) {
+    const String link = "/" + String(10'000, 'a');
+    AddNote(plan, "Design", "", link);
+    InDialog([&](EditTask& form) { EXPECT_EQ(Shown(form), link); });
+}
+
 TEST_F(Attachments, ShowAFolderWhole) {
     AddNote(plan, "Design", "", plan.platform.folder.path());
     InDialog([&](EditTask& form) { EXPECT_EQ(Shown(form), plan.platform.folder.path()); });
@@ -68,12 +74,14 @@ TEST_F(Attachments, TakeAnAddressOfTheWeb) {
         const char* shown;
     };
     const String long_address = "http://www.example.org/" + String(10'000, 'a');
-    for (const Row& row : {Row{"http://www.example.org", "http://www.example.org"},
-                           Row{"https://www.example.org/?a=\"b\"&c;$(id)", "https://www.example.org/?a=\"b\"&c;$(id)"},
-                           Row{"http://www.", ""}, Row{"HTTP://WWW.", ""}, Row{"ftp://example.org", ""},
-                           Row{"www.example.org", ""}, Row{"", ""}, Row{"https://example.org", ""},
-                           Row{"ftp://www.example.org", "ftp://www.example.org"}, Row{"http://a b", ""},
-                           Row{"-http://x", ""}, Row{"http:", ""}, Row{long_address.c_str(), long_address.c_str()}}) {
+    for (const Row& row :
+         {Row{"http://www.example.org", "http://www.example.org"},
+          Row{"https://www.example.org/?a='b'&c;$(id)", "https://www.example.org/?a='b'&c;$(id)"},
+          Row{"http://example.org", "http://example.org"}, Row{"HTTP://example.org", ""}, Row{"http://www.", ""},
+          Row{"HTTP://WWW.", ""}, Row{"ftp://example.org", ""}, Row{"www.example.org", ""}, Row{"", ""},
+          Row{"https://example.org", ""}, Row{"ftp://www.example.org", "ftp://www.example.org"},
+          Row{"http://www. b", ""}, Row{"-http://www", ""}, Row{"http:www", ""}, Row{"http://www\"x\"", ""},
+          Row{long_address.c_str(), long_address.c_str()}}) {
         SCOPED_TRACE(row.typed);
         plan.platform.screens.at_address = [&](frmurl& form) {
             EXPECT_EQ(form.txturl.Text(), "http://www.");

@@ -15,6 +15,7 @@ TEST(EndEdit, LeavesAloneWhatIsNoCellAnyMore) {
         form.EndEdit(grid, "5");
         grid.Row(-1);
         form.EndEdit(grid, "5");
+        form.EndEdit(grid, ComboEntry{"1", "Design"});
         EXPECT_EQ(grid.Rows(), 1);
         EXPECT_EQ(form.PredecessorsChanged(), False);
     });

@@ -97,6 +97,7 @@ TEST_F(PeopleTable, LetsNobodyButTheLastRowBeEdited) {
     InDialog([](EditTask& form) {
         EXPECT_EQ(form.BeginEdit(form.VSFlexGridResource, 1, kPerson), False);
         EXPECT_EQ(form.VSFlexGridResource.TextMatrix(1, kPerson), "Ann");
+        EXPECT_EQ(form.BeginEdit(form.VSFlexGridResource, 3, 0), False);
         EXPECT_EQ(form.BeginEdit(form.VSFlexGridResource, 3, kPerson), True);
     });
 }
@@ -135,9 +136,12 @@ TEST_F(PeopleTable, TakesItsCaptionForNobody) {
 TEST_F(PeopleTable, KeepsAFurtherRowForAnEditThatLeftItsLastRowEmpty) {
     for (const char* text : {"", "   "}) {
         InDialog([&](EditTask& form) {
-            Type(form, 3, text);
-            EXPECT_EQ(plan.app->xPeopleCol()->Count(), 2);
-            EXPECT_EQ(form.VSFlexGridResource.RowData(4), "newperson");
+            const int last = form.VSFlexGridResource.Rows().value() - 1;
+            Type(form, last, text);
+            EXPECT_EQ(form.VSFlexGridResource.RowData(last + 1), "newperson");
+            form.MoveTo(form.VSFlexGridResource, 1, kPerson);
+            Type(form, last + 1, text == String() ? "Cleo" : "Dan");  // either row takes somebody
+            EXPECT_EQ(plan.app->xPeopleCol()->Count(), text == String() ? 3 : 4);
         });
     }
 }

@@ -295,6 +295,33 @@ TEST_F(Saving, IsToldNothingWhileTheHostIsSilenced) {
     EXPECT_EQ(silent["Design"].TaskPercentDone(), 50);
 }
 
+TEST_F(Saving, HappensOnceHoweverOftenOkIsPressedMeanwhile) {
+    plan.About("Design").After("Survey");
+    plan.platform.screens.file = "/attached";
+    OnOk([this](EditTask& form) {
+        form.CmdAttach_Click();
+        form.MoveTo(form.VSFlexGridPredecessor, 1, 1);
+        form.VSFlexGridPredecessor_KeyDown(EditTask::kDelete, 0);
+        plan.platform.ui.on_yield = [&form] { form.CmdOK_Click(0); };
+    });
+    EXPECT_EQ(MasterNotes(plan), "1::/attached");
+}
+
+TEST_F(Saving, LeavesAProjectAloneThatWasStartedMeanwhile) {
+    AddPerson(plan, "Ann");
+    const Ref<TasksCol> before = plan.app->xTaskCol();
+    OnOk([this](EditTask& form) {
+        plan.app->Init();
+        plan.app->xTaskCol()->Add();
+        AddPerson(plan, "Bob");
+        form.VSFlexGridResource_Click(1);
+        form.txtNote.Text("Mind the roof");
+    });
+    EXPECT_EQ(plan.app->xTaskPeopleRelationcol()->Count(), 0);
+    EXPECT_EQ(MasterNotes(plan), "");
+    EXPECT_EQ(before->Item(2)->PeopleAsString(), "Ann");
+}
+
 TEST_F(Saving, RecordsATaskThatAHandlerTookAway) {
     const Interruption host(plan, "RoolUpCostChange", 1, [&] { plan.col().RemoveForLib("2"); });
     OnOk([](EditTask& form) {
