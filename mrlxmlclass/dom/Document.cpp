@@ -109,7 +109,7 @@ void Document::Tree::Bury(pugi::xml_node node) {
     Made(graveyard.append_move(node));
 }
 
-Document::Document() : tree_(std::make_unique<Tree>()) {}
+Document::Document() : tree_(std::make_shared<Tree>()) {}
 
 Document::~Document() = default;
 
@@ -141,7 +141,7 @@ bool Document::Parse(String source) {
     if (check.flaw != nullptr) {
         return Fail(kNotWellFormed, String(check.flaw) + " (" + PlaceInWords(source, check.place) + ")");
     }
-    auto tree = std::make_unique<Tree>();
+    auto tree = std::make_shared<Tree>();
     tree->declaration = DeclarationOf(source);
     tree->source = std::move(source);
     const unsigned options =
@@ -159,7 +159,7 @@ bool Document::Parse(String source) {
 
 bool Document::Fail(int code, String text) {
     last_save_.reset();
-    tree_ = std::make_unique<Tree>();
+    tree_ = std::make_shared<Tree>();
     error_code_ = code;
     error_text_ = std::move(text);
     return false;

@@ -12,7 +12,8 @@ namespace mrlxmlclass::dom {
 ///
 /// Text is UTF-8. Line ends in it become line feeds when they are set, and characters that XML 1.0 cannot hold are
 /// dropped, so that every reader takes the file back. Blank text inside an element that holds no other is kept; between
-/// elements it is nothing. What is replaced stays readable through nodes taken earlier, as long as the document lives.
+/// elements it is nothing. What is replaced stays readable through nodes taken earlier, as long as the document lives
+/// and loads nothing else; `Contents` outlasts that, too.
 ///
 /// A change fails with 91 when a node is null, and with 5 when it is a node of another document or of a kind that
 /// cannot be changed so.
@@ -46,6 +47,8 @@ public:
 
     /// The root element, or a null node.
     Node documentElement() const;
+    /// What the document holds now: whoever keeps it may read on in its nodes after another load.
+    std::shared_ptr<const void> Contents() const { return tree_; }
     /// The document as a node, to walk its children: the declaration or other instructions, comments, the root.
     Node node() const;
 
@@ -78,7 +81,7 @@ private:
     void SaveWhole(const String& file_name);
     void SaveGrowth(std::unique_ptr<LastSave> last);
 
-    std::unique_ptr<Tree> tree_;
+    std::shared_ptr<Tree> tree_;
     std::unique_ptr<LastSave> last_save_;
     int error_code_ = 0;
     String error_text_;

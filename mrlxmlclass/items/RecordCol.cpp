@@ -68,6 +68,7 @@ Ref<dom::Document> RecordCol<Self, Record>::ReadSection(const String& FileName, 
                                                         ByRef<Ref<dom::Document>>& xmlDoc, Boolean p_for_lib) {
     return kTail<Self>.template Run<Ref<dom::Document>>("FromXmlFile", [&](Ref<dom::Document>& result) {
         const Ref<dom::Document> document = DocumentToRead(FileName, loaded, xmlDoc);
+        const auto contents = document->Contents();  // whoever hears a yield may load it anew
         const dom::Node section = RootOf(document).selectSingleNode(kRow<Self>.section);
         if (section) Internal(*this).FromXmlInt(section, section.firstChild(), p_for_lib);
         result = document;
@@ -88,10 +89,10 @@ template <class Self, class Record>
 dom::Node RecordCol<Self, Record>::Internal::FromXmlInt(dom::Node /*xmlParent*/, dom::Node xmlChild,
                                                         Boolean p_for_lib) {
     return kTail<Self>.template Run<dom::Node>("FromXmlInt", [&](dom::Node& result) {
-        const Reading reading{self_.oPublicStaticCls, p_for_lib};
+        const Ref<RecordCol> held(&self_);  // whoever hears a yield may let go of the collection
         result = ReadItems(xmlChild, self_.element_name_, [&](dom::Node element) {
             const auto record = Make<Record>();
-            In(record).FromXmlInt(element, FirstElementIn(element), reading);
+            In(record).FromXmlInt(element, FirstElementIn(element), {self_.oPublicStaticCls, p_for_lib});
             if constexpr (requires { In(record).KeyOnceRead(); }) {
                 File(In(record).KeyOnceRead(), record);
             } else {

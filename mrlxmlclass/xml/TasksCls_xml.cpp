@@ -110,6 +110,7 @@ void TasksCls::ToXmlInt(const Ref<dom::Document>& xmlDoc, dom::Node xmlElm) {
 
 Boolean TasksCls::FromXmlFile(const String& FileName, const Ref<StaticCls>& oPublicStaticCls) {
     return kTail.Run<Boolean>("FromXmlFile", [&](Boolean& result) {
+        const Ref<TasksCls> held(this);  // whoever hears a yield may let go of it
         ReadRoot(DocumentOfFile(FileName),
                  [&](dom::Node root, dom::Node first) { In(*this).FromXmlInt(root, first, oPublicStaticCls); });
         result = True;
@@ -118,6 +119,7 @@ Boolean TasksCls::FromXmlFile(const String& FileName, const Ref<StaticCls>& oPub
 
 Boolean TasksCls::FromXml(const String& xmlIn, const Ref<StaticCls>& oPublicStaticCls, Boolean p_for_lib) {
     return kTail.Run<Boolean>("FromXml", [&](Boolean& result) {
+        const Ref<TasksCls> held(this);  // whoever hears a yield may let go of it
         ReadRoot(DocumentOfText(xmlIn), [&](dom::Node root, dom::Node first) {
             In(*this).FromXmlInt(root, first, oPublicStaticCls, p_for_lib);
         });

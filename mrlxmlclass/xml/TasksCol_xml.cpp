@@ -18,6 +18,7 @@ Ref<dom::Document> TasksCol::ToXmlFile(const String& FileName, const Ref<dom::Do
                                        Boolean includeDocHeader, Boolean /*useNamespace*/, Boolean unicode,
                                        Boolean FileExist, Boolean Save) {
     return kTail.Run<Ref<dom::Document>>("ToXmlFile", [&](Ref<dom::Document>& result) {
+        const Ref<TasksCol> held(this);  // a listener may let go of the collection
         // Kept: a document of its own gets no declaration.
         result =
             WriteSection({kSection, element_name_, Declaration::None},
@@ -49,13 +50,15 @@ String TasksCol::ToXmlPart(const Ref<Collection>& p_col, Boolean includeDocHeade
 }
 
 void TasksCol::ToXmlInt(const Ref<dom::Document>& xmlDoc, dom::Node xmlElm) {
-    kTail.Run("ToXmlInt", [&] {
+    kTail.Run("ToXmlInt", [&, xmlDoc] {
+        const Ref<TasksCol> held(this);  // a listener may let go of the collection
         for (const auto& entry : NewEnum()) WriteTask(entry.item, element_name_, xmlDoc, xmlElm);
     });
 }
 
 void TasksCol::ToXmlIntPartial(const Ref<Collection>& p_col, const Ref<dom::Document>& xmlDoc, dom::Node xmlElm) {
-    kTail.Run("ToXmlIntPartial", [&] {
+    kTail.Run("ToXmlIntPartial", [&, xmlDoc] {
+        const Ref<TasksCol> held(this);  // a listener may let go of the collection
         for (const auto& entry : p_col->Snapshot()) {
             const Ref<TasksCls> task = Item(entry.item);
             if (!task) Raise(failure::kNothing);
@@ -69,7 +72,9 @@ Ref<dom::Document> TasksCol::FromXmlFile(const String& FileName, Boolean loaded,
                                          const String& p_sys_date_format, const String& p_date_spe,
                                          const Ref<Dictionary>& p_cur, const Ref<Dictionary>& p_sys) {
     return kTail.As("GoalsCol").Run<Ref<dom::Document>>("FromXmlFile", [&](Ref<dom::Document>& result) {
+        const Ref<TasksCol> held(this);  // whoever hears a yield may let go of the collection
         const Ref<dom::Document> document = DocumentToRead(FileName, loaded, xmlDoc);
+        const auto contents = document->Contents();  // whoever hears a yield may load it anew
         const dom::Node section = RootOf(document).selectSingleNode(kSection);
         if (!section) Raise(failure::kNothing, "The document has no Tasks element");
         if (section.HasAttribute("scheduler")) {
@@ -87,6 +92,7 @@ Ref<dom::Document> TasksCol::FromXmlFile(const String& FileName, Boolean loaded,
 
 Boolean TasksCol::FromXml(const String& xmlIn, const Ref<StaticCls>& counters) {
     return kTail.As("TasksCls").Run<Boolean>("FromXml", [&](Boolean& result) {
+        const Ref<TasksCol> held(this);  // whoever hears a yield may let go of the collection
         const Ref<dom::Document> document = DocumentOfText(xmlIn);
         const dom::Node root = RootOf(document);
         const Ref<StaticCls> own = std::exchange(oPublicStaticCls, counters);
@@ -100,6 +106,7 @@ dom::Node TasksCol::FromXmlInt(dom::Node /*xmlParent*/, dom::Node xmlChild, Bool
                                const String& p_cur_date_format, const String& p_sys_date_format,
                                const String& p_date_spe, const Ref<Dictionary>& p_cur, const Ref<Dictionary>& p_sys) {
     return kTail.Run<dom::Node>("FromXmlInt", [&](dom::Node& result) {
+        const Ref<TasksCol> held(this);  // whoever hears a yield may let go of the collection
         const DateAdjustment dates{p_adjust_date, p_cur_date_format, p_sys_date_format, p_date_spe, p_cur, p_sys};
         result = ReadItems(xmlChild, element_name_, [&](dom::Node item) {
             auto task = Make<TasksCls>();

@@ -17,7 +17,7 @@ constexpr std::string_view kNamespaceOf = {};
 
 /// What a record's reader is given beside the elements.
 struct Reading {
-    const Ref<StaticCls>& counters;
+    Ref<StaticCls> counters;  ///< held, as whoever hears a yield may write to the variable they came from
     Boolean for_lib;
 };
 

@@ -22,6 +22,7 @@ Ref<dom::Document> DocumentOfRecord(Record& record, Boolean header, Boolean unic
 
 template <class Record>
 void ReadRecord(Record& record, const Ref<dom::Document>& document, const Reading& reading) {
+    const Ref<Record> held(&record);  // whoever hears a yield may let go of it
     ReadRoot(document, [&](dom::Node root, dom::Node first) { In(record).FromXmlInt(root, first, reading); });
 }
 
