@@ -126,7 +126,7 @@ public:
     void Step(SourceLine where = SourceLine::Here()) {
         if (--left_ < 0) Raise(failure::kEndlessWalk, where);
     }
-    /// A step up to a task: the same task once more fails at once.
+    /// A step to a task, up or down: the same task once more fails before long.
     void Climb(KeyText key, SourceLine where = SourceLine::Here()) {
         if (key == landmark_) left_ = 0;
         Step(where);

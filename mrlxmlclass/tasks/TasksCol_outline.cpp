@@ -6,6 +6,7 @@ namespace {
 
 constexpr auto kTail = kTasksColTail;
 constexpr int kMostLevels = 10;
+constexpr int kMostVisits = 100'000;
 
 String KeyOf(const TasksCls& task) {
     return KeyText(task.TaskKey()).text();
@@ -59,32 +60,43 @@ Integer LevelUnder(TasksCol& tasks, const String& key, const String& new_parent_
     return above == task->ParentID() ? level : Integer(level + LevelUpwards(tasks, above));
 }
 
-/// The last leaf of a subtree, or its highest row. A branch that is damaged counts as 0, and its siblings go on.
+/// The last leaf of a subtree, or its highest row. A branch that is damaged counts as 0, and its siblings go on; one
+/// that leads back into itself ends all. A task is visited once for each list that it stands in.
 struct LastOfSubtree {
     TasksCol& tasks;
     Boolean keys;
     Integer& highest;
-    OutlineWalk walk;
+    int visits = 0;
+    bool over = false;
 
-    Walk<Integer> Of(KeyText key) {
+    /// `line` came down to the task.
+    Walk<Integer> Of(KeyText key, OutlineWalk line) {
         auto& result = co_await kTail.Begin("GetTaskAndSubNumber");
-        if (walk.over()) co_return;
-        walk.Step();
+        if (over) co_return;
+        Visit(key, line);
         Ref<TasksCls> task = In(tasks).Item(key);
         while (In(task).HasChildren()) {
             const Ref<ChildOrder> children = In(tasks).Children(task);
             const std::vector<Long>& keys_below = children->keys;
             for (std::size_t place = 0; place + 1 < keys_below.size(); ++place) {
-                auto below = Of(KeyText(keys_below[place]));
+                auto below = Of(KeyText(keys_below[place]), line);
                 co_await std::move(below);
             }
             // The last child's answer is its parent's, so that a deep line of them is a loop.
-            if (walk.over()) co_return;
-            walk.Step();
-            task = In(tasks).Item(KeyText(keys_below.back()));
+            if (over) co_return;
+            key = KeyText(keys_below.back());
+            Visit(key, line);
+            task = In(tasks).Item(key);
         }
         if (!keys && task->TaskPosition() > highest) highest = task->TaskPosition();
         result = keys ? Integer(task->TaskKey()) : highest;
+    }
+
+    void Visit(KeyText key, OutlineWalk& line) {
+        over = true;  // where one of these fails
+        if (++visits > kMostVisits) Raise(failure::kEndlessWalk);
+        line.Climb(key);
+        over = false;
     }
 };
 
@@ -173,8 +185,9 @@ String TasksCol::GetLastParentPosKey(const String& TaskKey, const String& Shared
 
 Integer TasksCol::GetTaskAndSubNumber(const String& TaskId, Boolean keys, ByRef<Integer> oldPos) {
     return kTail.Run<Integer>("GetTaskAndSubNumber", [&](Integer& result) {
-        LastOfSubtree last{*this, keys, *oldPos, OutlineWalk(*this)};
-        if (!TaskId.empty()) result = last.Of(KeyText(TaskId)).Run();
+        const Ref<TasksCol> held(this);  // a listener may let go of the collection
+        LastOfSubtree last{*this, keys, *oldPos};
+        if (!TaskId.empty()) result = last.Of(KeyText(TaskId), OutlineWalk(*this)).Run();
     });
 }
 

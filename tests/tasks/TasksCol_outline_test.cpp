@@ -3,6 +3,7 @@
 #include "mrlxmlclass/tasks/TasksCol_internal.h"
 #include "tests/dom/SmallStack.h"
 #include "tests/support/Outlines.h"
+#include "tests/support/TimeLimit.h"
 
 namespace mrlxmlclass {
 namespace {
@@ -211,6 +212,60 @@ TEST(GetTaskAndSubNumber, CountsABranchThatFailsAsNothingAndGoesOn) {
     EXPECT_EQ(plan.failures.Taken(), "TasksCol/GetTasksAsKeys 91\nTasksCol/GetTaskAndSubNumber 91\n");
     EXPECT_EQ(plan.col().GetTaskAndSubNumber("77"), 0);
     EXPECT_EQ(plan.failures.Taken(), "TasksCol/GetTaskAndSubNumber 91\n");
+}
+
+/// 1 A
+/// 2   B (1 child)
+/// 3     the child
+/// 4   C (1 child)
+/// 5     the child
+/// 6   Last
+class TwoPairs : public Plan {
+public:
+    TwoPairs() {
+        Task("A").Task("B").Under("A").Task("Below B").Under("B").Task("C").Under("A").Task("Below C").Under("C");
+        Task("Last").Under("A");
+        col().SetPhases();
+        Heard();
+    }
+    /// Makes it a candidate that stays in its parent's list.
+    void SetAside(const String& name) { col().Remove(Key(name), {}, {}, {}, {}, {}, {}, False); }
+};
+
+TEST(GetTaskAndSubNumber, GoesOnPastAnyNumberOfChildrenThatAreNoTasks) {
+    TwoPairs plan;
+    for (const char* name : {"Below B", "Below C"}) {
+        plan.SetAside(name);
+        plan.col().Remove(plan.Key(name), {}, {}, {}, {}, {}, {}, /*ForceDelete=*/True);
+    }
+    plan.failures.Taken();
+    EXPECT_EQ(plan.col().Count(True), 4);
+    EXPECT_EQ(plan.col().GetTaskAndSubNumber(plan.Key("A"), True), plan.Number("Last"));
+    EXPECT_EQ(plan.failures.Taken(), "TasksCol/GetTaskAndSubNumber 91\nTasksCol/GetTaskAndSubNumber 91\n");
+}
+
+TEST(GetTaskAndSubNumber, TakesAChildThatStandsInSeveralLists) {
+    TwoPairs plan;
+    for (const char* name : {"Below B", "Below C"}) {
+        plan.SetAside(name);
+        for (const char* parent : {"B", "C"}) plan.col().AddParentTask(plan.Key(parent), plan.Key(name));
+    }
+    EXPECT_EQ(plan.col().GetTaskAndSubNumber(plan.Key("A"), True), plan.Number("Last"));
+    EXPECT_EQ(plan.col().GetTaskAndSubNumber(plan.Key("A")), 6);
+}
+
+TEST(GetTaskAndSubNumber, EndsWhereTheListsMultiplyBeyondMeasure) {
+    const TimeLimit limit("lists that multiply");
+    Plan plan;
+    constexpr int kLevels = 40;
+    for (int i = 1; i <= 2 * kLevels; ++i) plan.Task(std::to_string(i));
+    for (int level = 0; level + 1 < kLevels; ++level) {
+        for (const int above : {1, 2}) {
+            for (const int below : {3, 4}) plan.col().AddParentTask(2 * level + above, 2 * level + below);
+        }
+    }
+    plan.col().GetTaskAndSubNumber("1");
+    EXPECT_EQ(plan.failures.Taken(), "TasksCol/GetTaskAndSubNumber 28\n");
 }
 
 TEST(GetTaskAndSubNumber, CountsALeafBeyondTheRangeAsNothingAndGoesOn) {
