@@ -22,7 +22,8 @@ constexpr FailureTail kAssigningTail{kRow<Self>.assigning, kSoFar};
 template <class Self, class ItemOf, class Relations>
 Boolean NamedItemCol<Self, ItemOf, Relations>::Assigne(const String& item_key, Integer TaskKey,
                                                        const Ref<TasksCol>& oTaskCol, const Ref<Relations>& relations) {
-    return kAssigningTail<Self>.template Run<Boolean>(kRow<Self>.assigne, [&](Boolean& result) {
+    const Ref<Self> held(static_cast<Self*>(this));  // a host may let go of the list, and of what it was called with
+    const auto assigne = [&, item_key, oTaskCol, relations](Boolean& result) {
         const auto relation = Make<typename Relations::Held>();
         In(relation).IncrementID(this->oPublicStaticCls);
         relation->TaskKey(TaskKey);
@@ -32,14 +33,16 @@ Boolean NamedItemCol<Self, ItemOf, Relations>::Assigne(const String& item_key, I
         relations->AddItem(relation);
         item->Tasks()->AddItem(oTaskCol->Item(TaskKey));
         result = True;
-    });
+    };
+    return kAssigningTail<Self>.template Run<Boolean>(kRow<Self>.assigne, assigne);
 }
 
 template <class Self, class ItemOf, class Relations>
 Boolean NamedItemCol<Self, ItemOf, Relations>::UnAssigne(const Variant& item_key, const Variant& TaskKey,
                                                          const Ref<TasksCol>& /*oTaskCol*/,
                                                          const Ref<Relations>& relations) {
-    return kAssigningTail<Self>.template Run<Boolean>(kRow<Self>.unassigne, [&](Boolean& result) {
+    const Ref<Self> held(static_cast<Self*>(this));  // a host may let go of the list, and of what it was called with
+    return kAssigningTail<Self>.template Run<Boolean>(kRow<Self>.unassigne, [&, TaskKey, relations](Boolean& result) {
         const Ref<ItemOf> item = In(static_cast<Self&>(*this)).Find(item_key.Key());
         const Variant key = item->FindRelationKey(TaskKey, relations);
         if (key.is_empty()) return;

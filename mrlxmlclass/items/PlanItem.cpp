@@ -25,7 +25,8 @@ Ref<TasksCol> PlanItem<Self, Relations, FieldsOf>::Tasks() {
 template <class Self, class Relations, class FieldsOf>
 Boolean PlanItem<Self, Relations, FieldsOf>::SetTasksCollection(const Ref<Relations>& oTaskRelationcol,
                                                                 const Ref<TasksCol>& TaskCol) {
-    return kTail<Self>.As(kRow<Self>.wiring).template Run<Boolean>("SetTasksCollection", [&](Boolean& result) {
+    const Ref<Self> held(static_cast<Self*>(this));  // a listener may let go of it, and of what it was called with
+    const auto wire = [&, oTaskRelationcol, TaskCol](Boolean& result) {
         if constexpr (kRow<Self>.drops_copies) {
             f_.Tasks.Set({});
         } else {
@@ -41,7 +42,8 @@ Boolean PlanItem<Self, Relations, FieldsOf>::SetTasksCollection(const Ref<Relati
             }
         }
         result = True;
-    });
+    };
+    return kTail<Self>.As(kRow<Self>.wiring).template Run<Boolean>("SetTasksCollection", wire);
 }
 
 template <class Self, class Relations, class FieldsOf>

@@ -21,6 +21,7 @@ constexpr FailureTail kTail{kSection<Self>.label, FailureTail::Gives::SoFar};
 template <class Self, class ItemOf, class Relations>
 Ref<ItemOf> PlanItemCol<Self, ItemOf, Relations>::Add(const Variant& ID) {
     return kTail<Self>.template Run<Ref<ItemOf>>("Add", [&](Ref<ItemOf>& result) {
+        const Ref<Self> held(static_cast<Self*>(this));  // a listener may let go of the list
         const auto item = Make<ItemOf>();
         In(item).elementName(this->element_name_);
         // Kept: an ID that is given is used for nothing, the item is filed under its key, 0.
@@ -33,6 +34,7 @@ Ref<ItemOf> PlanItemCol<Self, ItemOf, Relations>::Add(const Variant& ID) {
 template <class Self, class ItemOf, class Relations>
 Ref<ItemOf> PlanItemCol<Self, ItemOf, Relations>::AddItem(const Ref<ItemOf>& newProperty) {
     return kTail<Self>.template Run<Ref<ItemOf>>("AddItem", [&](Ref<ItemOf>& result) {
+        const Ref<Self> held(static_cast<Self*>(this));  // a listener may let go of the list
         const Ref<ItemOf> clone = newProperty->Clone();
         In(clone).elementName(this->element_name_);
         if (In(clone).key() == 0) In(clone).IncrementID(this->oPublicStaticCls);

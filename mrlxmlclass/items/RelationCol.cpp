@@ -29,6 +29,7 @@ constexpr FailureTail kRemoveTail = kRow<Record>.removal == RelationRemoval::The
 template <class Self, class Record>
 Ref<Record> RelationCol<Self, Record>::Add(const String& ID) {
     return kTail<Self>.template Run<Ref<Record>>("Add", [&](Ref<Record>& result) {
+        const Ref<Self> held(static_cast<Self*>(this));  // a listener may let go of the list
         const auto record = Make<Record>();
         if (ID.empty()) {
             In(record).IncrementID(this->oPublicStaticCls);
@@ -44,6 +45,7 @@ Ref<Record> RelationCol<Self, Record>::Add(const String& ID) {
 template <class Self, class Record>
 Ref<Record> RelationCol<Self, Record>::AddItem(const Ref<Record>& newProperty) {
     return kTail<Self>.template Run<Ref<Record>>("AddItem", [&](Ref<Record>& result) {
+        const Ref<Self> held(static_cast<Self*>(this));  // a listener may let go of the list
         const Ref<Record> clone = newProperty->Clone();
         if (kRow<Record>.names_records) In(clone).elementName(this->element_name_);
         if (kRow<Record>.issues_key) {
@@ -143,6 +145,7 @@ template class RelationCol<TaskNoteRelationCol, TaskNoteRelationCls>;
 
 Boolean TaskAssigmentRelationCol::RemoveForRelatedPople(ByRef<String> p_person_key, ByRef<Ref<TasksCol>> p_task_col) {
     return kTail<TaskAssigmentRelationCol>.Run<Boolean>("RemoveForRelatedPople", [&](Boolean& result) {
+        const Ref<TaskAssigmentRelationCol> held(this);  // a listener may let go of the list
         const Long person = KeyNumber(*p_person_key);
         for (const auto& entry : NewEnum()) {
             if (entry.item->personkey() != person) continue;

@@ -38,8 +38,8 @@ Boolean Unhook(const char* member_label, const Ref<Relations>& own, ByRef<Ref<Re
 /// Adds the items that a task's relations name in the project's relations and items. Kept: a key that leads nowhere
 /// ends it, and the rest of the task's relations stay unresolved.
 template <class Relations, class Items, class Copies>
-Boolean ResolveAll(const char* member_label, const Ref<Relations>& own, const Ref<Relations>& project,
-                   const Ref<Items>& all, Copies&& copies) {
+Boolean ResolveAll(const char* member_label, Ref<Relations> own, Ref<Relations> project, Ref<Items> all,
+                   Copies&& copies) {
     return kTail.Run<Boolean>(member_label, [&](Boolean&) {
         for (const auto& entry : ItemsOf(own)) {
             const auto relation = project->Item(entry.item->elementKey());
@@ -148,7 +148,8 @@ void TasksCls::TaskObstacles(const Ref<obstaclesCol>& obstacles) {
 
 Boolean TasksCls::SetNoteCollection(const Ref<TaskNoteRelationCol>& oTaskNoteRelationCol,
                                     const Ref<class NotesCol>& NotesCol) {
-    return kTail.Run<Boolean>("SetNoteCollection", [&](Boolean&) {
+    const Ref<TasksCls> held(this);  // a listener may let go of it, and of what it was called with
+    return kTail.Run<Boolean>("SetNoteCollection", [&, oTaskNoteRelationCol, NotesCol](Boolean&) {
         for (const auto& entry : ItemsOf(f_.TaskNoteRelation.cell.Peek())) {
             const Ref<TaskNoteRelationCls> relation = In(oTaskNoteRelationCol).Find(entry.item->elementKey());
             if (relation) TaskNotes()->AddItem(NotesCol->Item(relation->NoteKey()));
@@ -159,19 +160,20 @@ Boolean TasksCls::SetNoteCollection(const Ref<TaskNoteRelationCol>& oTaskNoteRel
 Boolean TasksCls::SetGoalCollection(const Ref<TaskGoalRelationCol>& oTaskGoalRelationcol,
                                     const Ref<GoalsCol>& oGoalCol) {
     return ResolveAll("SetGoalCollection", f_.TaskGoalRelation.cell.Peek(), oTaskGoalRelationcol, oGoalCol,
-                      [&] { return TasksGoals(); });
+                      [held = Ref<TasksCls>(this)] { return held->TasksGoals(); });
 }
 
 Boolean TasksCls::SetobstaclesCollection(const Ref<TaskObstaclesRelationCol>& oTaskobstaclesRelationcol,
                                          const Ref<obstaclesCol>& oobstaclesCol) {
     // Kept: recorded under another spelling.
     return ResolveAll("SetObstaclesCollection", f_.TaskObstaclesRelation.cell.Peek(), oTaskobstaclesRelationcol,
-                      oobstaclesCol, [&] { return TaskObstacles(); });
+                      oobstaclesCol, [held = Ref<TasksCls>(this)] { return held->TaskObstacles(); });
 }
 
 Boolean TasksCls::SetPeopleCollection(const Ref<TaskAssigmentRelationCol>& oTaskPeopleRelationcol,
                                       const Ref<PeopleCol>& oPeopleCol) {
-    return kTail.Run<Boolean>("SetPeopleCollection", [&](Boolean&) {
+    const Ref<TasksCls> held(this);  // a listener may let go of it, and of what it was called with
+    return kTail.Run<Boolean>("SetPeopleCollection", [&, oTaskPeopleRelationcol, oPeopleCol](Boolean&) {
         for (const auto& entry : ItemsOf(f_.TaskPeopleRelation.cell.Peek())) {
             const Ref<TaskAssigmentRelationCls> relation = oTaskPeopleRelationcol->Item(entry.item->elementKey());
             if (!relation || relation->TaskKey() != f_.TaskKey) continue;
@@ -185,8 +187,9 @@ Boolean TasksCls::SetPeopleCollection(const Ref<TaskAssigmentRelationCol>& oTask
 
 Boolean TasksCls::UpdatePeopleCollection(const Ref<TaskAssigmentRelationCol>& oTaskPeopleRelationcol,
                                          const Ref<PeopleCol>& oPeopleCol, const Variant& personkey) {
+    const Ref<TasksCls> held(this);  // a listener may let go of it, and of what it was called with
     // Kept: recorded under the name of another member.
-    return kTail.Run<Boolean>("SetPeopleCollection", [&](Boolean& result) {
+    return kTail.Run<Boolean>("SetPeopleCollection", [&, oTaskPeopleRelationcol, oPeopleCol](Boolean& result) {
         const Long person = personkey.Key().Number();
         for (const auto& entry : ItemsOf(f_.TaskPeopleRelation.cell.Peek())) {
             if (entry.item->personkey() != person) continue;

@@ -24,7 +24,6 @@ struct Side {
     bool lends_counters = false;  ///< the task's relations receive the project's counters, where they have none
 
     void Tell(TasksCol& tasks, const Variant& key, TasksCls& task) const {
-        const Ref<TasksCol> held(&tasks);  // a listener may let go of the collection
         if (Loud()) tasks.Events.Raise(changed, NumberOf(key), (task.*text)());
     }
 };
@@ -39,10 +38,13 @@ constexpr Side<TaskObstaclesRelationCol, obstaclesCol> kObstacles{
 constexpr Side<TaskNoteRelationCol, TaskNotes> kNotes{&TasksCls::TaskNoteRelation, &TasksCls::TaskNotes,
                                                       &TasksCls::NoteAsString, &TasksColEvents::NoteChange};
 
+// A listener may let go of the collection in the two that follow, and of what they were called with.
+
 /// Adds a relation and an item to a task's lists. An unknown task fails.
 template <class Relations, class Copies, class Item>
-void Tie(TasksCol& tasks, const Side<Relations, Copies>& side, const Variant& key,
-         const Ref<typename Relations::Held>& relation, const Ref<Item>& item) {
+void Tie(TasksCol& tasks, const Side<Relations, Copies>& side, Variant key, Ref<typename Relations::Held> relation,
+         Ref<Item> item) {
+    const Ref<TasksCol> held(&tasks);
     const Ref<TasksCls> task = tasks.Item(key);
     const Ref<Relations> relations = (*task.*side.relations)();
     relations->AddItem(relation);
@@ -54,8 +56,8 @@ void Tie(TasksCol& tasks, const Side<Relations, Copies>& side, const Variant& ke
 
 /// Takes a relation and an item out of a task's lists. An unknown task fails.
 template <class Relations, class Copies>
-void Untie(TasksCol& tasks, const Side<Relations, Copies>& side, const Variant& key, const Variant& relation,
-           const Variant& item) {
+void Untie(TasksCol& tasks, const Side<Relations, Copies>& side, Variant key, Variant relation, Variant item) {
+    const Ref<TasksCol> held(&tasks);
     const Ref<TasksCls> task = tasks.Item(key);
     const Ref<Relations> relations = (*task.*side.relations)();
     if constexpr (RelationKind<typename Relations::Held>::row.removal == RelationRemoval::Raises) {

@@ -42,6 +42,7 @@ Boolean peopleCls::RemoveTasksRelation(const Variant& aTaskKey,
                                        const Ref<TaskAssigmentRelationCol>& oTaskPeopleRelationcol) {
     // Kept: recorded under the name of another member.
     return kTail.Run<Boolean>("SetTasksCollection", [&](Boolean& result) {
+        const Ref<peopleCls> held(this);  // a listener may let go of it
         const KeyText key = In(*this).FirstRelationTo(aTaskKey.Key(), oTaskPeopleRelationcol);
         if (!key.none()) {
             TaskPeopleRelation()->Remove(key.text());

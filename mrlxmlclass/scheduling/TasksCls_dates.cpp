@@ -152,7 +152,11 @@ Date NoLaterThanMaxYear(Date date) {
 
 void TasksCls::TaskBDate(Date value) {
     kTail.Run("TaskBDate", [&] {
-        if (value.set()) value = WithLag(InRange(value), f_.TaskLag.value);
+        const Ref<TasksCls> held(this);  // who is told of a date that does not fit may let go of it
+        if (value.set()) {
+            const Date start = InRange(value);
+            value = WithLag(start, f_.TaskLag.value);
+        }
         const bool changed = f_.TaskBDate.value.set() && f_.TaskBDate.value != value;
         f_.TaskBDate.Let(value.day());
 
@@ -185,6 +189,7 @@ void TasksCls::TaskBDate(Date value) {
 
 void TasksCls::TaskEDate(Date value) {
     kTail.Run("TaskEDate", [&] {
+        const Ref<TasksCls> held(this);  // a listener may let go of it
         Date& start = f_.TaskBDate.value;
         Date& end = f_.TaskEDate.value;
         if (start.set() && value < start) {
@@ -230,6 +235,7 @@ void TasksCls::TaskEDate(Date value) {
 
 void TasksCls::TaskDuration(Double value) {
     kTail.Run("TaskDuration", [&] {
+        const Ref<TasksCls> held(this);  // a listener may let go of it
         f_.TaskDuration.valid = True;
         if (f_.ParentID.value != 0) value = std::min<Double>(value, kMostUnits);
         f_.TaskDuration.value = value;
@@ -324,6 +330,7 @@ Long TasksCls::SetDurationWithoutWeekend(Date DateStart, Date DateEnd) {
 
 Boolean TasksCls::setBDatewithoutWeekend() {
     return kTail.Run<Boolean>("setBDatewithoutWeekend", [&](Boolean& result) {
+        const Ref<TasksCls> held(this);  // a listener may let go of it
         const Date old_start = f_.TaskBDate.value;
         const Date day_before = old_start.day() - 1;
         const Date working_day = NextWorkingDay(day_before, -1);
@@ -337,6 +344,7 @@ Boolean TasksCls::setBDatewithoutWeekend() {
 
 Boolean TasksCls::InitDate() {
     return kTail.Run<Boolean>("InitDate", [&](Boolean& result) {
+        const Ref<TasksCls> held(this);  // a listener may let go of it
         TaskBDate(Date());
         TaskEDate(Date());
         TaskDuration(0);

@@ -58,6 +58,7 @@ Boolean TasksCol::Internal::AdjustDateNoLink(const Ref<TasksCls>& task, const Re
 Variant TasksCol::AdjustDateForSummary(ByRef<Date> p_start_date, Date p_preview_date, Date p_old_prev_date,
                                        ByRef<Variant> p_diff) {
     return kTail.Run<Variant>("AdjustDateForSummary", [&](Variant&) {
+        const Ref<TasksCol> held(this);  // a listener may let go of the collection
         const Integer idle = KeepGap(*this, *p_start_date, p_preview_date, p_old_prev_date);
         const Double shift = WithoutIdleDays<Double>(p_diff->Number(), idle.value());
         *p_diff = p_diff->If<double>() != nullptr ? Variant(shift) : Variant(Long(shift));

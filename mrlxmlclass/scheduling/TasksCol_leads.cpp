@@ -154,6 +154,7 @@ Long TasksCol::GetFirstLeadTime(const String& p_task_key, const String& p_pred_l
 
 Integer TasksCol::CalcLeadTime(const String& TaskKey) {
     return kTail.Run<Integer>("CalcLeadTime", [&](Integer& result) {
+        const Ref<TasksCol> held(this);  // a listener may let go of the collection
         if (!Module().BVersion) return;
         if (const Ref<TasksCls> task = Item(TaskKey)) result = In(*this).CalcLeadTime(task);
     });

@@ -134,6 +134,7 @@ void Application::xStep(const Ref<Steps>& steps) {
 }
 
 Ref<TasksCol> Application::xPhases() {
+    const Ref<Application> self(this);  // a listener may let go of it
     return kTail.Run<Ref<TasksCol>>("xPhases", [&](Ref<TasksCol>& result) {
         const Ref<TasksCol> tasks = xTaskCol();
         tasks->SortMe(True);

@@ -33,6 +33,7 @@ ErrorsHandler::~ErrorsHandler() {
 
 Boolean ErrorsHandler::GetErrors(const String& ErrDescription, const String& ErrNumber, const String& ClassSource,
                                  const String& FunctionSource) {
+    const Ref<ErrorsHandler> self(this);  // a listener may let go of it
     return kTail.Silent().Run<Boolean>("GetErrors", [&](Boolean& result) {
         // This tail cannot record in the log that just failed, so it speaks to the user instead.
         try {
@@ -63,7 +64,7 @@ void ErrorsHandler::Record(const String& ErrDescription, const String& ErrNumber
 
 void RecordFailure(const Failure& what, const char* class_label, const char* member_label) noexcept {
     kTail.Silent().Run("RecordFailure", [&] {
-        const Ref<ErrorsHandler> handler = Module().g_ErrorsHandler;  // a listener may let go of the shared one
+        const Ref<ErrorsHandler> handler = Module().g_ErrorsHandler;
         if (!handler) return;
         handler->GetErrors(what.description() + ",Line: " + std::to_string(what.where().line),
                            std::to_string(what.number()), class_label, member_label);

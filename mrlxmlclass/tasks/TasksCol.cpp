@@ -21,6 +21,7 @@ TasksCol::TasksCol() {
 
 Ref<TasksCls> TasksCol::Add(const Variant& ID) {
     return kTail.Run<Ref<TasksCls>>("Add", [&](Ref<TasksCls>& result) {
+        const Ref<TasksCol> held(this);  // a listener may let go of the collection
         auto task = Make<TasksCls>();
         In(task).elementName(element_name_);
         if (ID.is_missing()) {
@@ -42,6 +43,7 @@ Ref<TasksCls> TasksCol::Add(const Variant& ID) {
 
 Ref<TasksCls> TasksCol::AddItem(const Ref<TasksCls>& newProperty) {
     return kTail.Run<Ref<TasksCls>>("AddItem", [&](Ref<TasksCls>& result) {
+        const Ref<TasksCol> held(this);  // a listener may let go of the collection
         // Kept: a failure on the way leaves the flag up.
         Module().g_InAddOrRemove = True;
         const Ref<TasksCls> task = newProperty->Clone();

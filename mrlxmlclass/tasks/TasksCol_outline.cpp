@@ -192,8 +192,10 @@ Integer TasksCol::GetTaskAndSubNumber(const String& TaskId, Boolean keys, ByRef<
 }
 
 Boolean TasksCol::CanbeLeveled(const String& p_task_id, const String& p_task_level_to) {
-    return kTail.Run<Boolean>(
-        "CanbeLeveled", [&](Boolean& result) { result = LevelUnder(*this, p_task_id, p_task_level_to) < kMostLevels; });
+    return kTail.Run<Boolean>("CanbeLeveled", [&](Boolean& result) {
+        const Ref<TasksCol> held(this);  // a listener may let go of the collection
+        result = LevelUnder(*this, p_task_id, p_task_level_to) < kMostLevels;
+    });
 }
 
 }  // namespace mrlxmlclass

@@ -74,6 +74,7 @@ Ref<Collection> TasksCol::Phases() {
 
 Variant TasksCol::SetPhases() {
     return kTail.Run<Variant>("SetPhases", [&](Variant&) {
+        const Ref<TasksCol> held(this);  // a listener may let go of the collection
         phases_ = {};
         for (const auto& entry : NewEnum()) {
             const TasksCls& task = *entry.item;

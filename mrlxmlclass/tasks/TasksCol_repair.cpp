@@ -98,6 +98,7 @@ private:
 
 Boolean TasksCol::AddTaskParentForAll() {
     return kFindingTail.Run<Boolean>("AddTaskParentForAll", [&](Boolean& needs_repair) {
+        const Ref<TasksCol> held(this);  // a listener may let go of the collection
         FreeRows rows(tasks_.size());
         Arranging arranging(*this);
         candidates_ = 0;  // so that a second call counts right

@@ -100,5 +100,120 @@ TEST(ItemXml, LendsTheCountersThatItWasCalledWith) {
     EXPECT_EQ(goal->TaskGoalRelation()->oPublicStaticCls, s.counters);
 }
 
+// --- Adding without counters -----------------------------------------------------------------------------------------
+
+/// A list that can issue no key, and of which the host lets go when it hears so.
+template <class Col>
+void ExpectAddingToItsEnd(const char* failed) {
+    SCOPED_TRACE(failed);
+    Items s;
+    {
+        HeldByHost<Col> col(s);
+        EXPECT_TRUE(col->Add());
+        EXPECT_TRUE(col.outlived());
+        EXPECT_EQ(s.failures.Taken(), failed);
+    }
+    HeldByHost<Col> col(s);
+    EXPECT_TRUE(col->AddItem(Make<typename Col::Held>()));
+    EXPECT_TRUE(col.outlived());
+    EXPECT_EQ(s.failures.Taken(), failed);
+}
+
+TEST(ItemAdd, GoesToItsEndUnderAListenerThatLetsGoOfTheList) {
+    ExpectAddingToItsEnd<PeopleCol>("peopleCls/IncrementID 91\n");
+    ExpectAddingToItsEnd<GoalsCol>("GoalCls/IncrementID 91\n");
+    ExpectAddingToItsEnd<obstaclesCol>("ObstaclesCls/IncrementID 91\n");
+}
+
+TEST(RelationAdd, GoesToItsEndUnderAListenerThatLetsGoOfTheList) {
+    ExpectAddingToItsEnd<TaskAssigmentRelationCol>("TaskAssigmentRelationCls/IncrementID 91\n");
+    ExpectAddingToItsEnd<TaskGoalRelationCol>("TaskGoalRelationCls/IncrementID 91\n");
+    ExpectAddingToItsEnd<TaskNoteRelationCol>("TaskNoteRelationCls/IncrementID 91\n");
+}
+
+// --- Tying and wiring ------------------------------------------------------------------------------------------------
+
+TEST(AssigneGoal, GoesToItsEndUnderAListenerThatLetsGoOfTheGoals) {
+    Items s;
+    HeldByHost<GoalsCol> goals(s);
+    const Ref<GoalsCls> goal = s.Goal("Dry");
+    goal->Goalkey(1);
+    const Ref<GoalsCls> dry = goals->AddItem(goal);
+    const auto task = Make<TasksCls>();
+    task->TaskKey(4);
+    Ref<TasksCol> tasks = Make<TasksCol>();
+    tasks->AddItem(task);
+    EXPECT_EQ(goals->AssigneGoal("1", 4, tasks, s.Master<TaskGoalRelationCol>()), True);
+    EXPECT_TRUE(goals.outlived());
+    EXPECT_EQ(KeysOf(dry->Tasks()), "4");
+    EXPECT_EQ(s.failures.Taken(), "TaskGoalRelationCls/IncrementID 91\nTaskGoalRelationCls/IncrementID 91\n")
+        << "no key from the goals, nor from the goal's own list";
+}
+
+TEST(SetTasksCollectionOfAGoal, GoesToItsEndUnderAListenerThatLetsGoOfIt) {
+    Items s;
+    HeldByHost<GoalsCls> goal(s);
+    const Ref<TasksCol> copies = goal->Tasks();
+    for (const char* key : {"1", "2"}) goal->TaskGoalRelation()->Add(key);
+    auto project = s.Master<TaskGoalRelationCol>();
+    project->Add("2")->TaskKey(4);
+    const auto task = Make<TasksCls>();
+    task->TaskKey(4);
+    const auto tasks = Make<TasksCol>();
+    tasks->AddItem(task);
+    EXPECT_EQ(goal->SetTasksCollection(project, tasks), True);
+    EXPECT_TRUE(goal.outlived());
+    EXPECT_EQ(KeysOf(copies), "4");
+    EXPECT_EQ(s.failures.Taken(), "TaskGoalRelationCol/Item 5\n");
+}
+
+TEST(SetNoteCollection, GoesToItsEndUnderAListenerThatLetsGoOfTheTask) {
+    Items s;
+    HeldByHost<TasksCls> task(s);
+    const auto project = s.Master<TaskNoteRelationCol>();
+    for (const char* key : {"1", "2"}) task->TaskNoteRelation()->AddItem(project->Add(key));
+    project->Item("1")->NoteKey("8");
+    project->Item("2")->NoteKey("9");
+    const auto notes = s.Master<NotesCol>();
+    const auto note = s.Note("the other is missing");
+    note->NoteKey("9");
+    notes->AddItem(note);
+    const Ref<TaskNotes> copies = task->TaskNotes();
+    task->SetNoteCollection(project, notes);
+    EXPECT_TRUE(task.outlived());
+    EXPECT_EQ(KeysOf(copies), "9");
+    EXPECT_EQ(s.failures.Taken(), "NotesCol/Item 5\nTaskNotes/AddItem 91\n");
+}
+
+TEST(AddAssigment, GoesToItsEndUnderAListenerThatLetsGoOfTheTasks) {
+    Items s;
+    HeldByHost<TasksCol> tasks(s);
+    tasks->oPublicStaticCls = s.counters;
+    const Ref<TasksCls> task = tasks->Add();
+    tasks->AddAssigment(1, Make<TaskAssigmentRelationCls>(), s.Person("Ann"));
+    EXPECT_TRUE(tasks.outlived());
+    EXPECT_EQ(task->PeopleAsString(), "Ann");
+    EXPECT_EQ(task->TaskPeopleRelation()->oPublicStaticCls, s.counters);
+    EXPECT_EQ(s.failures.Taken(), "TaskAssigmentRelationCls/IncrementID 91\npeopleCls/IncrementID 91\n");
+}
+
+TEST(RemoveForRelatedPople, GoesToItsEndUnderAListenerThatLetsGoOfTheRelations) {
+    Items s;
+    HeldByHost<TaskAssigmentRelationCol> project(s);
+    project->oPublicStaticCls = s.counters;
+    auto tasks = s.Master<TasksCol>();
+    tasks->Add();
+    for (const char* key : {"1", "2"}) {
+        const auto relation = project->Add(key);
+        relation->TaskKey(1);
+        relation->personkey(5);
+    }
+    EXPECT_EQ(project->RemoveForRelatedPople("5", tasks), True);
+    EXPECT_TRUE(project.outlived());
+    EXPECT_EQ(FreedIn(s.counters, Keys::AssigmentRelation), "1 2");
+    EXPECT_EQ(s.failures.Taken(), "TaskAssigmentRelationCol/Remove 5\nTaskAssigmentRelationCol/Remove 5\n")
+        << "the task's own list has neither";
+}
+
 }  // namespace
 }  // namespace mrlxmlclass::testing

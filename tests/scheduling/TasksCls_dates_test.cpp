@@ -2,6 +2,7 @@
 
 #include "tests/scheduling/Adjusted.h"
 #include "tests/scheduling/DatedRow.h"
+#include "tests/support/HeldByHost.h"
 
 namespace mrlxmlclass {
 namespace {
@@ -421,6 +422,61 @@ TEST(TaskDurationUnit, RepairsTheRecordWhenItIsRead) {
         EXPECT_EQ(bad.task.TaskDurationUnit(), "days") << unit;
         EXPECT_EQ(bad.task.SetAddValue(), "d") << unit;
         EXPECT_EQ(bad.task.TaskDurationUnitValid(), "False") << "only an empty unit raises the flag";
+    }
+}
+
+/// A host that acts when it is told of a date that does not fit.
+class ActingUi : public RecordingUi {
+public:
+    explicit ActingUi(DatedRow& row) : services_{row.clock, row.locale, row.faults, row.shell, *this} {}
+    void Message(const String& text) override {
+        RecordingUi::Message(text);
+        if (act) act();
+    }
+    std::function<void()> act;
+
+private:
+    Services services_;
+    InstalledServices installed_{services_};
+};
+
+TEST(TaskBDate, TellsOfTheRangeBeforeItTakesTheLag) {
+    Row row;
+    ActingUi ui(row);
+    ui.act = [&] { row.task.TaskLag(3); };
+    row.task.TaskBDate(Date::Of(1999, 3, 1));
+    EXPECT_EQ(row.task.TaskBDate(), Date::Of(2000, 3, 6)) << "three working days behind Wednesday";
+}
+
+TEST(TaskBDate, GoesToItsEndUnderAHostThatLetsGoOfTheTask) {
+    Row row;
+    ActingUi ui(row);
+    HeldByHost<TasksCls> task(row);
+    task->TaskKey(9);
+    ui.act = [&] { task.LetGo(); };
+    task->TaskBDate(Date::Of(1999, 3, 1));
+    EXPECT_TRUE(task.outlived());
+    EXPECT_EQ(Module().g_MinDateTaskKey, 9);
+}
+
+TEST(TaskDates, GoToTheirEndUnderAListenerThatLetsGoOfTheTask) {
+    for (const auto& set : std::vector<std::function<void(TasksCls&)>>{
+             [](TasksCls& task) { task.TaskBDate(Wednesday); },
+             [](TasksCls& task) {
+                 task.TaskDurationUnit("hrs");
+                 task.TaskEDate(Friday);
+             },
+             [](TasksCls& task) { task.TaskDuration(2); },
+             [](TasksCls& task) { task.setBDatewithoutWeekend(); },
+         }) {
+        Row row;
+        row.WithoutAnyWorkingDay();
+        HeldByHost<TasksCls> task(row);
+        In(*task).StoreStart(Monday);
+        In(*task).StoreEnd(Tuesday);
+        set(*task);
+        EXPECT_TRUE(task.outlived());
+        EXPECT_NE(row.failures.Taken(), "");
     }
 }
 

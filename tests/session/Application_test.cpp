@@ -310,6 +310,18 @@ TEST(MinDate, TellsTheHostWhenItIsSetUnlessItIsSilenced) {
     plan.app->Events.Remove(log);
 }
 
+TEST(XPhases, OutlivesAListenerThatLetsGoOfTheSession) {
+    Plan plan;
+    auto other = Make<Application>();
+    const auto task = other->xTaskCol()->Add("x");  // filed with the key 0
+    task->TaskType(False);
+    const testing::LettingGo listener(other);
+    EXPECT_TRUE(other->xPhases());
+    EXPECT_TRUE(listener.alive_when_told);
+    EXPECT_FALSE(SessionLives()) << "it went with the answer";
+    EXPECT_EQ(plan.failures.Taken(), "ObstaclesCls/IncrementID 91\n");
+}
+
 TEST(MinDate, OutlivesAListenerThatLetsGoOfTheSession) {
     struct Listener : ApplicationEvents {
         explicit Listener(Ref<Application>& held) : session(held) { session->Events.Add(*this); }

@@ -7,6 +7,7 @@
 
 #include "mrlxmlclass/runtime/Tail.h"
 #include "mrlxmlclass/xml/Section.h"
+#include "tests/support/HeldByHost.h"
 #include "tests/support/TestSession.h"
 
 namespace mrlxmlclass {
@@ -175,6 +176,16 @@ TEST_F(ErrorsHandlerTest, SurvivesAListenerThatLetsGoOfIt) {
     EXPECT_EQ(listener.heard, "SomeCls Some\n");
     EXPECT_EQ(ErrorsInFile().childCount(), 1);
     EXPECT_FALSE(Module().g_ErrorsHandler);
+}
+
+TEST_F(ErrorsHandlerTest, SurvivesAListenerThatLetsGoOfItWhereAHostCallsIt) {
+    testing::HeldByHost<ErrorsHandler> other(session);
+    listener.on_error = [&] { other.LetGo(); };
+    other->Events.Add(listener);
+    other->ErrFileName(session.Path("other.xml"));
+    EXPECT_EQ(other->GetErrors("It broke", "13", "SomeCls", "Some"), True);
+    EXPECT_TRUE(other.outlived());
+    EXPECT_EQ(listener.heard, "SomeCls Some\n");
 }
 
 TEST_F(ErrorsHandlerTest, TakesAFailureThatAListenerMeets) {
