@@ -133,6 +133,7 @@ private:
     void Reset();
     void ReadDates(RecordReader& in, const DateAdjustment& dates);
     void ReadLeadTimes(RecordReader& in);
+    void ReadPosition(RecordReader& in);
     template <class Relations, class... Prefix>
     void ReadKeys(RecordReader& in, const char* wrapper, Guarded<Relations>& relations, Prefix... prefix);
 

@@ -148,7 +148,7 @@ dom::Node TasksCls::Internal::FromXmlInt(dom::Node xmlParent, dom::Node xmlChild
             in.Step();
             if (!in.position()) Raise(failure::kNothing);
         } while (!in.At(kPosition));
-        in.Read(kPosition, f_.TaskPosition);
+        ReadPosition(in);
         return in.position();
     }
     ReadDates(in, dates);
@@ -171,13 +171,18 @@ dom::Node TasksCls::Internal::FromXmlInt(dom::Node xmlParent, dom::Node xmlChild
     } else {
         SkipLinks(in);
     }
-    in.Read(kPosition, f_.TaskPosition);
+    ReadPosition(in);
     in.Read("TaskSubPosition", f_.TaskSubPosition);
     in.Read("TaskPositionInItem", f_.TaskPositionInitem);
     in.Read("TaskCost", f_.TaskCost);
     in.Read("TaskCostUp", f_.TaskCostUp);
     if (Module().BVersion) in.Read("PredecessorDirty", f_.PredecessorDirty);
     return in.position();
+}
+
+void TasksCls::Internal::ReadPosition(RecordReader& in) {
+    in.Read(kPosition, f_.TaskPosition);
+    ++Module().outline_stamp;  // whoever was yielded to may have sorted by the row that was
 }
 
 void TasksCls::Internal::Reset() {

@@ -94,5 +94,28 @@ TEST(TasksClsXml, IsReadToItsEndUnderAHostThatLetsGoOfTheTask) {
     }
 }
 
+TEST(TasksClsXml, BringsTheOrderOfItsParentsChildrenUpToDate) {
+    Plan plan;
+    plan.Task("A").Task("B").Under("A").Task("C").Under("A");
+    const auto order = [&] {
+        String keys;
+        for (const Variant& key : plan.col().GetTasksAsKeys(1)->Keys()) keys += key.Key().text() + " ";
+        return keys;
+    };
+    for (const Boolean for_lib : {False, True}) {
+        plan["B"].TaskPosition(2);
+        String meanwhile;
+        plan.platform.ui.on_yield = [&] { meanwhile = order(); };
+        EXPECT_EQ(
+            plan["B"].FromXml("<Task><ParentID>1</ParentID><TaskKey>2</TaskKey><TaskNoteRelationsKeys><Key>1</Key>"
+                              "</TaskNoteRelationsKeys><TaskPosition>9</TaskPosition></Task>",
+                              {}, for_lib),
+            True);
+        plan.platform.ui.on_yield = nullptr;
+        EXPECT_EQ(meanwhile, for_lib ? "" : "2 3 ") << "its row is 0 until the new one is read";
+        EXPECT_EQ(order(), "3 2 ");
+    }
+}
+
 }  // namespace
 }  // namespace mrlxmlclass
