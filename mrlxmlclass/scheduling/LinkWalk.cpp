@@ -41,15 +41,19 @@ Walk<Boolean> LinkWalk::RemoveTaskPredecessor(KeyText key, KeyText predecessor_k
     if (over()) Raise(failure::kEndlessWalk);
     Cut(key, predecessor_key);
     Platform().ui.YieldToHost();
-    if (Loud()) {  // The reverse of the order in which adding tells the two sides.
-        const Long number = key.Number();
-        const String predecessor_text = predecessor_key.text();
+    // The reverse of the order in which adding tells the two sides. A handler may silence the rest.
+    if (Loud()) {
         col_.Events.Raise(&TasksColEvents::SucessorChange, predecessor_key.Number(),
-                          col_.SucessorAsString(predecessor_text));
+                          col_.SucessorAsString(predecessor_key.text()));
+    }
+    if (Loud()) {
         auto waits_for = PredessorAsString(key);
         const String predecessors = co_await std::move(waits_for);
-        col_.Events.Raise(&TasksColEvents::PredecessorChange, number, predecessors);
-        col_.Events.Raise(&TasksColEvents::PredecessorKeyChange, number, predecessor_text, String("remove"));
+        if (Loud()) col_.Events.Raise(&TasksColEvents::PredecessorChange, key.Number(), predecessors);
+    }
+    if (Loud()) {
+        col_.Events.Raise(&TasksColEvents::PredecessorKeyChange, key.Number(), predecessor_key.text(),
+                          String("remove"));
     }
     result = True;
 }

@@ -97,8 +97,11 @@ struct NewLink {
     void Tell() const {
         if (!Loud()) return;
         const Long number = KeyNumber(task_key);
-        col.Events.Raise(&TasksColEvents::PredecessorChange, number, col.PredessorAsString(task_key));
-        col.Events.Raise(&TasksColEvents::PredecessorKeyChange, number, predecessor_key, String("add"));
+        // This tells of what it takes off, and whoever is told may silence the rest.
+        const String predecessors = col.PredessorAsString(task_key);
+        if (Loud()) col.Events.Raise(&TasksColEvents::PredecessorChange, number, predecessors);
+        if (Loud()) col.Events.Raise(&TasksColEvents::PredecessorKeyChange, number, predecessor_key, String("add"));
+        if (!Loud()) return;
         col.Events.Raise(&TasksColEvents::SucessorChange, KeyNumber(predecessor_key),
                          col.SucessorAsString(predecessor_key));
     }
@@ -323,7 +326,9 @@ void TasksCol::Internal::NotifyLinkChange(const String& TaskKey, const String& o
 void TasksCol::Internal::NotifyPredecessorChange(const String& TaskKey) {
     kTail.Run("NotifyPredecessorChange", [&] {
         if (!Loud()) return;
-        self_.Events.Raise(&TasksColEvents::PredecessorChange, KeyNumber(TaskKey), self_.PredessorAsString(TaskKey));
+        const String predecessors =
+            self_.PredessorAsString(TaskKey);  // a handler that hears of it may silence the rest
+        if (Loud()) self_.Events.Raise(&TasksColEvents::PredecessorChange, KeyNumber(TaskKey), predecessors);
     });
 }
 

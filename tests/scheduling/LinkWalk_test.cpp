@@ -2,6 +2,7 @@
 
 #include "mrlxmlclass/tasks/TasksCol_internal.h"
 #include "tests/dom/SmallStack.h"
+#include "tests/support/Interruption.h"
 #include "tests/support/Links.h"
 #include "tests/support/TimeLimit.h"
 
@@ -114,6 +115,64 @@ TEST(SucessorAsString, SeparatesWhatStandsBehindAnUnnamedTask) {
     plan.Task("T").Task("X").After("T").Task("B").After("T");
     plan["X"].TaskName("");
     EXPECT_EQ(plan.col().SucessorAsString("1", True), ", B");
+}
+
+// --- A handler that silences the rest --------------------------------------------------------------------------------
+
+/// Design, for which Build waits or will.
+struct Pair : LinkingPlan {
+    explicit Pair(bool linked) {
+        Task("Design").From(Monday).Task("Build").From(Friday);
+        if (linked) After("Design");
+        Heard();
+    }
+};
+
+TEST(AddTaskPredecessor, TellsNothingMoreOnceAHandlerHasSilencedIt) {
+    Pair first(/*linked=*/false);
+    {
+        const Interruption host(first, "PredecessorChange", 2, [] { Module().g_SourcePrima = True; });
+        EXPECT_EQ(first.col().AddTaskPredecessor("2", "1"), True);
+        EXPECT_EQ(first.Heard(), "PredecessorChange(2, 1)\n");
+    }
+    Pair second(/*linked=*/false);
+    const Interruption host(second, "PredecessorKeyChange", 2, [] { Module().g_SourcePrima = True; });
+    EXPECT_EQ(second.col().AddTaskPredecessor("2", "1"), True);
+    EXPECT_EQ(second.Heard(), "PredecessorChange(2, 1)\nPredecessorKeyChange(2, 1, add)\n");
+}
+
+TEST(RemoveTaskPredecessor, TellsNothingMoreOnceAHandlerHasSilencedIt) {
+    Pair first(/*linked=*/true);
+    {
+        const Interruption host(first, "SucessorChange", 1, [] { Module().g_SourcePrima = True; });
+        EXPECT_EQ(first.col().RemoveTaskPredecessor("2", "1"), True);
+        EXPECT_EQ(first.Heard(), "SucessorChange(1, )\n");
+    }
+    Pair second(/*linked=*/true);
+    const Interruption host(second, "PredecessorChange", 2, [] { Module().g_SourcePrima = True; });
+    EXPECT_EQ(second.col().RemoveTaskPredecessor("2", "1"), True);
+    EXPECT_EQ(second.Heard(), "SucessorChange(1, )\nPredecessorChange(2, )\n");
+}
+
+TEST(RemoveTaskPredecessor, TellsNoTextWhoseMakingWasSilenced) {
+    Plan plan;
+    plan.WithLinks().Task("Aside").Candidate().Task("Design").Task("Build").After("Aside").After("Design");
+    plan.Heard();
+    const Interruption host(plan, "PredecessorKeyChange", 3, [] { Module().g_SourcePrima = True; });
+    EXPECT_EQ(plan.col().RemoveTaskPredecessor("3", "2"), True);
+    EXPECT_EQ(plan.Heard(),
+              "SucessorChange(2, )\n"
+              "SucessorChange(1, )\nPredecessorChange(3, )\nPredecessorKeyChange(3, 1, remove)\n")
+        << "the stale one's, which came first";
+}
+
+TEST(NotifyPredecessorChange, TellsNoTextWhoseMakingWasSilenced) {
+    Plan plan;
+    plan.WithLinks().Task("Aside").Candidate().Task("Build").After("Aside");
+    plan.Heard();
+    const Interruption host(plan, "SucessorChange", 1, [] { Module().g_SourcePrima = True; });
+    In(plan.col()).NotifyPredecessorChange("2");
+    EXPECT_EQ(plan.Heard(), "SucessorChange(1, )\n");
 }
 
 }  // namespace

@@ -29,6 +29,7 @@ public:
     void AssigmentChange(Long key, const String&) override { Heard("AssigmentChange", key); }
     void PredecessorChange(Long key, const String&) override { Heard("PredecessorChange", key); }
     void SucessorChange(Long key, const String&) override { Heard("SucessorChange", key); }
+    void PredecessorKeyChange(Long key, const String&, const String&) override { Heard("PredecessorKeyChange", key); }
     void IamASummary(Long key, Boolean) override { Heard("IamASummary", key); }
 
 private:
