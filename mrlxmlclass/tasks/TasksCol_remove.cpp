@@ -124,7 +124,6 @@ void TasksCol::Remove(const Variant& Index, ByRef<Ref<TaskAssigmentRelationCol>>
         const Ref<TasksCls> task = Item(Index);
         if (!task) return;  // Kept: the flag stays up until the next task is added or removed
 
-        const bool links = bool(Module().BVersion);
         String parent;
         String last_successor;
         if (ForceDelete) {
@@ -137,7 +136,7 @@ void TasksCol::Remove(const Variant& Index, ByRef<Ref<TaskAssigmentRelationCol>>
                     RemoveParentTask(task->ParentID(), key.text());
                 }
             }
-            if (links) {
+            if (Module().BVersion) {
                 last_successor = In(*this).TakeLinksOff(task, key.text()).last_successor;
                 parent = KeyText(task->ParentID()).text();
             }
@@ -153,7 +152,7 @@ void TasksCol::Remove(const Variant& Index, ByRef<Ref<TaskAssigmentRelationCol>>
             task->TaskPosition(0);
         }
 
-        if (links) MendAround(*this, parent, last_successor);
+        if (Module().BVersion) MendAround(*this, parent, last_successor);
         const Long number = key.Number();
         // Kept: the real parent and row went out with the arranging; here they are "" and 0.
         if (Loud()) Events.Raise(&TasksColEvents::TaskDeleted, number, String(), Long(0), p_arrange);

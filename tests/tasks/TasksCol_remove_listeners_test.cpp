@@ -91,5 +91,17 @@ TEST(RemoveTask, KeepsCountingOutTwiceACandidateThatAListenerRemovesMeanwhile) {
     plan.Heard();
 }
 
+TEST(RemoveTask, AsksAnewWhetherLinksAreLiveAfterItHasTold) {
+    Plan plan;
+    plan.WithLinks().Task("A").Task("B").Under("A").Task("C").After("B");
+    plan.col().SetPhases();
+    plan.Heard();
+    const Interruption host(plan, "IamASummary", 1, [] { Module().BVersion = False; });
+    Delete(plan, 2, True);
+    EXPECT_TRUE(plan["C"].isPredecessor("2")) << "links are not live any more when it would be taken off";
+    EXPECT_EQ(plan.Heard().find("Predecessor"), String::npos);
+    EXPECT_FALSE(plan.col().Item(2));
+}
+
 }  // namespace
 }  // namespace mrlxmlclass
