@@ -17,6 +17,7 @@ namespace {
 
 constexpr std::string_view kDateSeparators = "/-. ";
 constexpr std::size_t kLongestFormat = 15;
+constexpr std::size_t kMostDigits = 4;      // of a year
 constexpr std::size_t kLongestText = 1000;  // far longer than any date; no more is ever taken apart
 
 void AppendNumber(String& to, int number, std::size_t width) {
@@ -60,6 +61,13 @@ int FullYear(std::string_view part, int year) {
     return year < 30 ? 2000 + year : 1900 + year;
 }
 
+/// The year that a part of a written date names; one that no date has fails (13).
+int YearIn(std::string_view part) {
+    const std::optional<int> number = DigitsOnly(part);
+    if (!number || part.size() > kMostDigits) Raise(failure::kTypeMismatch);
+    return Date::Of(FullYear(part, *number), 1, 1).year();
+}
+
 /// What a letter of a pattern stands for: "d", "m" or "y", whatever its case and in French too; else itself.
 char KeyOf(char letter) {
     if (letter >= 'A' && letter <= 'Z') letter = static_cast<char>(letter - 'A' + 'a');
@@ -86,7 +94,7 @@ Date ParseDay(std::string_view text, std::string_view pattern) {
     std::size_t year_at = std::min<std::size_t>(order.find('y'), 2);
     for (std::size_t i = 0; i < 3; ++i) {
         const std::optional<int> number = DigitsOnly(parts[i]);
-        if (!number || parts[i].size() > 4) Raise(failure::kTypeMismatch);
+        if (!number || parts[i].size() > kMostDigits) Raise(failure::kTypeMismatch);
         numbers[i] = *number;
         if (parts[i].size() > 2) year_at = i;
     }
@@ -262,11 +270,7 @@ String ConvertDateText(const String& /*p_sys_date_format*/, const String& /*p_cu
     for (const auto& entry : p_sys->Snapshot()) {
         const KeyText& key = PartOf(entry.key);
         String part = part_of(key);
-        if (key.text() == "y") {
-            const std::optional<int> year = DigitsOnly(part);
-            if (!year) Raise(failure::kTypeMismatch);
-            part = std::to_string(FullYear(part, *year));
-        }
+        if (key.text() == "y") part = std::to_string(YearIn(part));
         if (!converted.empty()) converted += Module().g_SystemDateSeparator;
         converted += part;
     }

@@ -318,7 +318,8 @@ TEST(ConvertDateText, DropsATime) {
 TEST(ConvertDateText, RefusesATextThatDoesNotFollowTheFormat) {
     TestSession session;
     const DateAdjustment dates = AdjustmentOf("dd/MM/yyyy", "M/d/yyyy");
-    for (const char* text : {"", "31/12", "31/12/2008/1", "31-12-2008", "31//12/2008", "31/12/never", "14:30"}) {
+    for (const char* text : {"", "31/12", "31/12/2008/1", "31-12-2008", "31//12/2008", "31/12/never", "14:30",
+                             "31/12/0008", "5/6/0099", "5/6/099", "31/12/02008"}) {
         SCOPED_TRACE(text);
         EXPECT_EQ(NumberOf([&] { dates.Adjusted(text); }), failure::kTypeMismatch);
     }
