@@ -119,20 +119,19 @@ public:
 
     /// Resolves the relation keys of both sides into copies of what they name.
     void Wire() {
-        const Ref<TasksCol> tasks = app_.xTaskCol();
-        app_.xPeopleCol()->SetTasksCollection(app_.xTaskPeopleRelationcol(), tasks);
+        app_.xPeopleCol()->SetTasksCollection(app_.xTaskPeopleRelationcol(), app_.xTaskCol());
         Yield();
-        In(tasks).SetPeopleCollection(app_.xTaskPeopleRelationcol(), app_.xPeopleCol());
+        In(app_.xTaskCol()).SetPeopleCollection(app_.xTaskPeopleRelationcol(), app_.xPeopleCol());
         Yield();
-        In(tasks).SetNoteCollection(app_.xTaskNotesRelationcol(), app_.xNoteCol());
+        In(app_.xTaskCol()).SetNoteCollection(app_.xTaskNotesRelationcol(), app_.xNoteCol());
         Yield();
-        In(tasks).SetGoalCollection(app_.xTaskGoalRelationcol(), app_.xGoalCol());
+        In(app_.xTaskCol()).SetGoalCollection(app_.xTaskGoalRelationcol(), app_.xGoalCol());
         Yield();
-        app_.xGoalCol()->SetTasksCollection(app_.xTaskGoalRelationcol(), tasks);
+        app_.xGoalCol()->SetTasksCollection(app_.xTaskGoalRelationcol(), app_.xTaskCol());
         Yield();
-        In(tasks).SetobstaclesCollection(app_.xTaskObstaclesRelationcol(), app_.xObstaclesCol());
+        In(app_.xTaskCol()).SetobstaclesCollection(app_.xTaskObstaclesRelationcol(), app_.xObstaclesCol());
         Yield();
-        app_.xObstaclesCol()->SetTasksCollection(app_.xTaskObstaclesRelationcol(), tasks);
+        app_.xObstaclesCol()->SetTasksCollection(app_.xTaskObstaclesRelationcol(), app_.xTaskCol());
         Yield();
         Module().g_PublicCalendar = app_.xCalendar_;
         Yield();
