@@ -6,7 +6,8 @@ namespace {
 
 /// A plan with one task, one goal and one obstacle.
 struct GoalPlan : Plan {
-    GoalPlan() {
+    explicit GoalPlan(bool links = false) {
+        if (links) WithLinks();
         Task("Dig");
         goals().Add()->GoalName("Dry");
         obstacles().Add()->ObstaclesName("Rain");
@@ -97,6 +98,51 @@ TEST(UnAssigneGoal, OfAnUnknownGoalIsRecordedOnce) {
     GoalPlan plan;
     EXPECT_EQ(plan.goals().UnAssigneGoal(9, plan.dig(), plan.app->xTaskCol(), plan.relations()), False);
     EXPECT_EQ(plan.failures.Taken(), "GoalsCol/UnAssigneGoal 91\n");
+}
+
+/// A goal with two tasks of which one waits for the other, so that taking the copy of that one away yields to the host.
+struct LinkedGoalPlan : GoalPlan {
+    LinkedGoalPlan() : GoalPlan(/*links=*/true) {
+        Task("Fill").After("Dig");
+        for (const char* name : {"Dig", "Fill"}) {
+            goals().AssigneGoal("1", Number(name), app->xTaskCol(), relations());
+        }
+    }
+    ~LinkedGoalPlan() { platform.ui.on_yield = nullptr; }
+};
+
+TEST(UnAssigneGoal, TakesTheGoalsRelationBeforeTheCopyAndTheProjectsAfterIt) {
+    LinkedGoalPlan plan;
+    String seen;
+    plan.platform.ui.on_yield = [&] {
+        seen += KeysOf(plan.goals().Item(1)->TaskGoalRelation()) + " of the goal, " + KeysOf(plan.relations()) +
+                " of the project\n";
+    };
+    EXPECT_EQ(plan.goals().UnAssigneGoal(1, plan.Number("Fill"), plan.app->xTaskCol(), plan.relations()), True);
+    EXPECT_EQ(seen, "1 of the goal, 1 2 of the project\n");
+    EXPECT_EQ(KeysOf(plan.relations()), "1");
+}
+
+TEST(UnAssigneGoal, GoesOnWithTheRelationsThatItWasCalledWith) {
+    LinkedGoalPlan plan;
+    const Ref<TaskGoalRelationCol> project = plan.relations();
+    Ref<TaskGoalRelationCol> relations = project;
+    plan.platform.ui.on_yield = [&] { relations = {}; };
+    EXPECT_EQ(plan.goals().UnAssigneGoal(1, plan.Number("Fill"), plan.app->xTaskCol(), relations), True);
+    EXPECT_EQ(KeysOf(project), "1");
+    EXPECT_FALSE(relations);
+}
+
+TEST(UnAssigneGoal, SortsTheGoalsCopiesByTheirRows) {
+    GoalPlan plan;
+    plan.Task("Fill");
+    for (const char* name : {"Dig", "Fill"}) {
+        plan.goals().AssigneGoal("1", plan.Number(name), plan.app->xTaskCol(), plan.relations());
+    }
+    const Ref<TasksCol> copies = plan.goals().Item(1)->Tasks();
+    EXPECT_EQ(KeysOf(copies), "1 2");
+    EXPECT_EQ(plan.goals().UnAssigneGoal(1, plan.Number("Fill"), plan.app->xTaskCol(), plan.relations()), True);
+    EXPECT_EQ(KeysOf(copies), "2 1") << "the one that became a candidate has row 0";
 }
 
 TEST(UnAssigneGoal, KeepsTheFreedKeyOutOfNewRelations) {

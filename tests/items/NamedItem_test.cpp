@@ -104,6 +104,23 @@ TEST(NamedItemXml, NamesTheChildrenOfAnObstacleAsThatKindDoes) {
               "<ObstaclesDescription>d</ObstaclesDescription><ObstaclesTaskRelationKeys/></Obstacle>");
 }
 
+TEST(NamedItemXml, LeavesTheFlagsOfAnObstacleDownWhoseElementsAreNotThere) {
+    Items s;
+    const auto obstacle = Make<ObstaclesCls>();
+    obstacle->Obstacleskey(4);
+    obstacle->ObstaclesName("Rain");
+    const String bare = obstacle->ToXml(False);
+    EXPECT_EQ(bare,
+              "<Obstacle><Obstacleskey>4</Obstacleskey><ObstaclesPosition>0</ObstaclesPosition>"
+              "<ObstaclesName>Rain</ObstaclesName></Obstacle>");
+    const auto read = Make<ObstaclesCls>();
+    EXPECT_EQ(read->FromXml(bare, s.counters), True);
+    EXPECT_EQ(read->ObstaclesLinkValid(), False);
+    EXPECT_EQ(read->sObstaclesDescriptionValid(), False);
+    EXPECT_EQ(read->TaskObstaclesRelationValid(), False);
+    EXPECT_EQ(read->ToXml(False), bare);
+}
+
 TEST(NamedItemXml, GivesTheCountersToTheRelationsOfAGoalOnly) {
     Items s;
     const auto goal = Make<GoalsCls>();
@@ -128,6 +145,17 @@ TEST(NamedItemXml, ReadForALibraryKeepsOnlyKeyPositionAndName) {
     EXPECT_EQ(goal->GoalLinkValid(), False);
     EXPECT_EQ(goal->TaskGoalRelationValid(), False);
     EXPECT_EQ(s.counters->GoalKeyValue(), 9);
+}
+
+TEST(NamedItemXml, ReadForALibraryLeavesADescriptionWithoutALinkAlone) {
+    Items s;
+    const auto goal = Make<GoalsCls>();
+    EXPECT_EQ(goal->FromXml("<Goal><Goalkey>9</Goalkey><GoalName>n</GoalName>"
+                            "<GoalDescription>d</GoalDescription></Goal>",
+                            s.counters, True),
+              True);
+    EXPECT_EQ(goal->sGoalDescriptionValid(), False);
+    EXPECT_EQ(goal->TaskGoalRelationValid(), False);
 }
 
 }  // namespace

@@ -57,6 +57,23 @@ TEST(AssignePerson, WithoutThePersonLeavesTheirListsEmpty) {
     EXPECT_EQ(plan["Dig"].PeopleAsString(), "Ann");
 }
 
+TEST(AssignePerson, LendsTheCountersToThePersonsListsEvenWhereThoseStayEmpty) {
+    PersonPlan plan;
+    plan.Assign(True, False);
+    EXPECT_EQ(plan.ann().TaskPeopleRelation()->oPublicStaticCls, plan.app->oPublicStaticCls());
+    EXPECT_EQ(plan.ann().Tasks()->oPublicStaticCls, plan.app->oPublicStaticCls());
+}
+
+TEST(AssignePerson, LeavesThePersonsListsTheirOwnCounters) {
+    PersonPlan plan;
+    const auto own = Make<StaticCls>();
+    plan.ann().TaskPeopleRelation()->oPublicStaticCls = own;
+    plan.ann().Tasks()->oPublicStaticCls = own;
+    plan.Assign();
+    EXPECT_EQ(plan.ann().TaskPeopleRelation()->oPublicStaticCls, own);
+    EXPECT_EQ(plan.ann().Tasks()->oPublicStaticCls, own);
+}
+
 TEST(AssignePerson, TellsTheTasksSideBeforeTheProjectHasTheRelation) {
     PersonPlan plan;
     Long known = -1;
@@ -158,6 +175,39 @@ TEST(UnAssignePerson, TakesACandidateThatOnlyThePersonKnowsAway) {
     (void)plan.failures.Taken();
     EXPECT_EQ(plan.UnAssign(), True);
     EXPECT_EQ(plan.col().Count(True), 0);
+    (void)plan.failures.Taken();
+}
+
+TEST(UnAssignePerson, TellsTheTasksSideBeforeTheProjectLosesTheRelation) {
+    PersonPlan plan;
+    plan.Assign();
+    Long known = -1;
+    const Interruption host(plan, "AssigmentChange", 1, [&] { known = plan.relations()->Count(); });
+    EXPECT_EQ(plan.UnAssign(), True);
+    EXPECT_EQ(known, 1);
+    EXPECT_EQ(plan.relations()->Count(), 0);
+}
+
+TEST(UnAssignePerson, LendsTheCountersToAListThatHasOthers) {
+    PersonPlan plan;
+    plan.Assign(False);
+    plan.ann().TaskPeopleRelation()->oPublicStaticCls = Make<StaticCls>();
+    plan.UnAssign();
+    EXPECT_EQ(plan.ann().TaskPeopleRelation()->oPublicStaticCls, plan.app->oPublicStaticCls());
+}
+
+TEST(UnAssignePerson, ArrangesAndSortsWhereItTakesACandidateAway) {
+    PersonPlan plan;
+    plan.Task("Fill").Task("Pour");
+    plan["Fill"].TaskPosition(3);
+    plan["Pour"].TaskPosition(2);
+    plan.col().SetPhases();
+    plan.Assign(False);
+    plan["Dig"].TaskCondidat(False);
+    plan.Heard();
+    EXPECT_EQ(plan.UnAssign(), True);
+    EXPECT_EQ(plan.Heard(), "TaskDeleted(1, , 0, True)\n");
+    EXPECT_EQ(KeysOf(plan.app->xTaskCol()), "3 2");
     (void)plan.failures.Taken();
 }
 

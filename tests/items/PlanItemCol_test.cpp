@@ -147,6 +147,17 @@ TEST(ItemIamNotAvailable, TakesAFreedKeyOutOfItsPool) {
     EXPECT_EQ(people->IamNotAvailable("1"), True);  // an empty one
 }
 
+TEST(ItemIamNotAvailable, OfGoalsAndObstaclesTakesFromThePoolOfTheKind) {
+    Items s;
+    for (const auto pool : {Keys::Goal, Keys::Obstacle, Keys::Person}) In(s.counters).Free(pool, "3");
+    EXPECT_EQ(s.Master<GoalsCol>()->IamNotAvailable("3"), True);
+    EXPECT_EQ(FreedIn(s.counters, Keys::Goal), "");
+    EXPECT_EQ(FreedIn(s.counters, Keys::Obstacle), "3");
+    EXPECT_EQ(s.Master<obstaclesCol>()->IamNotAvailable("3"), True);
+    EXPECT_EQ(FreedIn(s.counters, Keys::Obstacle), "");
+    EXPECT_EQ(FreedIn(s.counters, Keys::Person), "3");
+}
+
 TEST(ItemSortMe, SortsByPositionAndStillFindsEachByKey) {
     Items s;
     const auto people = s.Master<PeopleCol>();

@@ -60,6 +60,14 @@ TEST(RelationAddItem, FilesAnObstacleRelationAsItStandsEvenWithoutAKey) {
     EXPECT_EQ(s.failures.Taken(), "TaskObstaclesRelationCol/AddItem 457\n");
 }
 
+TEST(RelationAddItem, NamesTheCloneAfterTheCollectionButForANote) {
+    Items s;
+    const auto goal = s.Master<TaskGoalRelationCol>()->AddItem(s.Bare<TaskGoalRelationCls>("7"));
+    const auto note = s.Master<TaskNoteRelationCol>()->AddItem(s.Bare<TaskNoteRelationCls>("7"));
+    EXPECT_EQ(In(goal).elementName(), "TaskGoalRelation");
+    EXPECT_EQ(In(note).elementName(), "TaskNoteKeys");
+}
+
 TEST(RelationAddItem, WithoutCountersFilesUnderZeroAndRecordsIt) {
     Items s;
     const auto own = Make<TaskAssigmentRelationCol>();
@@ -166,6 +174,15 @@ TEST(RelationIamNotAvailable, KeepsAnObstaclePoolThatNothingFills) {
     EXPECT_EQ(s.failures.Taken(), "TaskObstaclesRelationCol/IamNotAvailable 5\n");
 }
 
+TEST(RelationIamNotAvailable, TakesAnObstaclesKeyOutOfThePoolOfThatKind) {
+    Items s;
+    for (const auto pool : {Keys::ObstacleRelation, Keys::Obstacle, Keys::GoalRelation}) In(s.counters).Free(pool, "3");
+    EXPECT_EQ(s.Master<TaskObstaclesRelationCol>()->IamNotAvailable("3"), True);
+    EXPECT_EQ(FreedIn(s.counters, Keys::ObstacleRelation), "");
+    EXPECT_EQ(FreedIn(s.counters, Keys::Obstacle), "3");
+    EXPECT_EQ(FreedIn(s.counters, Keys::GoalRelation), "3");
+}
+
 TEST(RelationKeysOnly, WritesOneElementARecordWithTheCallersPrefix) {
     Items s;
     const auto own = Make<TaskAssigmentRelationCol>();
@@ -191,6 +208,18 @@ TEST(RelationKeysOnly, StopsReadingAtAnotherName) {
     EXPECT_EQ(read("<W><Key>3</Key><tKey>1</tKey></W>", "t"), "");
     EXPECT_EQ(read("<W><tKey>3</tKey><Key>1</Key><tKey>2</tKey></W>", "t"), "3");
     EXPECT_EQ(read("<W/>", ""), "");
+}
+
+TEST(RelationKeysOnly, NamesWhatItReadsAfterTheCollection) {
+    Items s;
+    const auto document = Make<dom::Document>();
+    document->LoadXML("<W><Key>3</Key></W>");
+    const auto read = [&](const auto& own) {
+        In(own).FromXmlInt(document->documentElement(), document->documentElement().firstChild(), True);
+        return In(own->Item("3")).elementName();
+    };
+    EXPECT_EQ(read(Make<TaskGoalRelationCol>()), "TaskGoalRelation");
+    EXPECT_EQ(read(Make<TaskNoteRelationCol>()), "TaskNoteRelation") << "this kind, too";
 }
 
 TEST(RelationKeysOnly, YieldsAtEveryNodeAndEndsAtADuplicateKey) {
@@ -238,6 +267,23 @@ TEST(RemoveForRelatedPople, EndsAtATaskThatIsNotThere) {
     EXPECT_EQ(project->RemoveForRelatedPople("5", Make<TasksCol>()), False);
     EXPECT_EQ(project->Count(), 2);
     EXPECT_EQ(s.failures.Taken(), "TaskAssigmentRelationCol/RemoveForRelatedPople 91\n");
+}
+
+TEST(RemoveForRelatedPople, RecordsWhatATaskDoesNotHaveAndGoesOn) {
+    Items s;
+    const auto project = s.Master<TaskAssigmentRelationCol>();
+    auto tasks = s.Master<TasksCol>();
+    tasks->Add();
+    for (const char* key : {"1", "2", "3"}) {
+        const auto relation = project->Add(key);
+        relation->TaskKey(1);
+        relation->personkey(5);
+        if (*key != '2') tasks->Item(1)->TaskPeopleRelation()->AddItem(relation);
+    }
+    EXPECT_EQ(project->RemoveForRelatedPople("5", tasks), True);
+    EXPECT_EQ(project->Count(), 0);
+    EXPECT_EQ(tasks->Item(1)->TaskPeopleRelation()->Count(), 0);
+    EXPECT_EQ(s.failures.Taken(), "TaskAssigmentRelationCol/Remove 5\n");
 }
 
 }  // namespace

@@ -324,6 +324,19 @@ TEST(UpdatePeopleCollection, TakesTheCopyOfAPersonAnew) {
     EXPECT_EQ(task->PeopleAsString(), "Anna");
 }
 
+TEST(UpdatePeopleCollection, TakesThePersonWhomTheProjectsRelationNames) {
+    Items s;
+    const auto task = TaskOf(4);
+    const auto project = Make<TaskAssigmentRelationCol>();
+    const auto people = s.Master<PeopleCol>();
+    for (const char* name : {"Ann", "Bob"}) people->Add()->PersonName(name);
+    task->TaskPeopleRelation()->Add("1")->personkey(1);
+    project->Add("1")->personkey(2);
+    task->TasksPeople()->AddItem(people->Item(1));
+    EXPECT_EQ(task->UpdatePeopleCollection(project, people, 1), True);
+    EXPECT_EQ(task->PeopleAsString(), "Bob");
+}
+
 TEST(UpdatePeopleCollection, LosesTheCopyOfAPersonWhomTheProjectLost) {
     Items s;
     const auto task = TaskOf(4);

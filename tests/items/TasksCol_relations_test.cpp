@@ -43,6 +43,26 @@ TEST(AddAssigment, KeepsFailingToIssueTheFirstKeyOfATask) {
     EXPECT_EQ(plan.failures.Taken(), "TaskAssigmentRelationCls/IncrementID 91\n");
 }
 
+TEST(AddAssigment, LeavesTheTasksListItsOwnCounters) {
+    Plan plan;
+    plan.Task("Dig");
+    const auto own = Make<StaticCls>();
+    plan["Dig"].TaskPeopleRelation()->oPublicStaticCls = own;
+    plan.col().AddAssigment(1, Keyed<TaskAssigmentRelationCls>("3"), Person(1, "Ann"));
+    EXPECT_EQ(plan["Dig"].TaskPeopleRelation()->oPublicStaticCls, own);
+}
+
+TEST(AddGoals, LendsNoCountersNorDoTheOtherTwo) {
+    Plan plan;
+    plan.Task("Dig");
+    plan.col().AddGoals(1, Keyed<TaskGoalRelationCls>("3"), plan.app->xGoalCol()->Add());
+    plan.col().AddObstacles(1, Keyed<TaskObstaclesRelationCls>("3"), plan.app->xObstaclesCol()->Add());
+    plan.col().AddNote(1, Keyed<TaskNoteRelationCls>("3"), Note("7", "n"));
+    EXPECT_FALSE(plan["Dig"].TaskGoalRelation()->oPublicStaticCls);
+    EXPECT_FALSE(plan["Dig"].TaskObstaclesRelation()->oPublicStaticCls);
+    EXPECT_FALSE(plan["Dig"].TaskNoteRelation()->oPublicStaticCls);
+}
+
 TEST(AddNote, KeepsBeingTheOneThatGivesTrue) {
     Plan plan;
     plan.Task("Dig");
@@ -136,6 +156,31 @@ TEST(RemoveNote, OfARelationThatIsNotThereIsSilentAndLeavesTheNote) {
     EXPECT_EQ(plan.Heard(), "NoteChange(1, )\n");
 }
 
+TEST(RemoveOfARelationThatIsNotThere, TakesTheCopyAndTellsOfItButForANote) {
+    Plan plan;
+    plan.Task("Dig");
+    const auto dry = plan.app->xGoalCol()->Add();
+    const auto rain = plan.app->xObstaclesCol()->Add();
+    plan.col().AddAssigment(1, Keyed<TaskAssigmentRelationCls>("3"), Person(1, "Ann"));
+    plan.col().AddGoals(1, Keyed<TaskGoalRelationCls>("3"), dry);
+    plan.col().AddObstacles(1, Keyed<TaskObstaclesRelationCls>("3"), rain);
+    (void)plan.Heard();
+
+    plan.col().RemoveAssigment(1, "8", 1);
+    EXPECT_EQ(plan.Heard(), "AssigmentChange(1, )\n");
+    EXPECT_EQ(plan.failures.Taken(), "TaskAssigmentRelationCol/Remove 5\n");
+    EXPECT_EQ(FreedIn(plan.app->oPublicStaticCls(), Keys::AssigmentRelation), "8");
+    plan.col().RemoveAssigendGoals(1, "8", 1);
+    EXPECT_EQ(plan.Heard(), "GoalChange(1, )\n");
+    plan.col().RemoveAssigendObstacles(1, "8", 1);
+    EXPECT_EQ(plan.Heard(), "ObstaclesChange(1, )\n");
+    EXPECT_EQ(plan.failures.Taken(), "TaskObstaclesRelationCol/Remove 5\n");
+
+    EXPECT_EQ(KeysOf(plan["Dig"].TaskPeopleRelation()), "3");
+    EXPECT_EQ(KeysOf(plan["Dig"].TaskGoalRelation()), "3");
+    EXPECT_EQ(KeysOf(plan["Dig"].TaskObstaclesRelation()), "3");
+}
+
 TEST(UpdatePeopleCollectionOfAll, RaisesOneEventForEachTaskThatHasThePerson) {
     Plan plan;
     plan.Task("Dig").Task("Pour").Task("Paint");
@@ -180,6 +225,20 @@ TEST(RemoveATask, KeepsReportingEachObstacleRelationThatIsTakenTwice) {
     plan.col().Remove(1, {}, {}, {}, {}, relations, obstacles, /*ForceDelete=*/True);
     EXPECT_EQ(relations->Count(), 0);
     EXPECT_EQ(plan.failures.Taken(), "TaskObstaclesRelationCol/Remove 5\n");
+}
+
+TEST(RemoveATask, IsSilentOfGoalRelationsThatAreTakenTwice) {
+    Plan plan;
+    plan.Task("Dig").Task("Pour");
+    plan.col().SetPhases();
+    const auto goals = plan.app->xGoalCol();
+    auto relations = plan.app->xTaskGoalRelationcol();
+    goals->Add();
+    goals->AssigneGoal("1", 1, plan.app->xTaskCol(), relations);
+    plan.col().AddGoals(1, relations->Item(1), goals->Item(1));
+    plan.col().Remove(1, {}, {}, relations, goals, {}, {}, /*ForceDelete=*/True);
+    EXPECT_EQ(relations->Count(), 0);
+    EXPECT_EQ(FreedIn(plan.app->oPublicStaticCls(), Keys::GoalRelation), "1");
 }
 
 TEST(RemoveATask, ClearsTheAssignmentsOfTheProject) {

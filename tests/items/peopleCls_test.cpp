@@ -160,5 +160,18 @@ TEST(RemoveTasksRelation, KeepsTakingTheChildFromTheLiveParentWhereThePersonHasA
     EXPECT_EQ(plan["Dig"].ParentID(), plan.Number("Phase"));  // the live child still names it
 }
 
+TEST(RemoveTasksRelation, SortsThePersonsCopiesByTheirRows) {
+    Plan plan;
+    plan.Task("Dig").Task("Fill");
+    const auto people = plan.app->xPeopleCol();
+    const auto relations = plan.app->xTaskPeopleRelationcol();
+    people->Add();
+    for (const int task : {1, 2}) people->AssignePerson("1", task, plan.app->xTaskCol(), relations);
+    const Ref<TasksCol> copies = people->Item(1)->Tasks();
+    EXPECT_EQ(KeysOf(copies), "1 2");
+    EXPECT_EQ(people->Item(1)->RemoveTasksRelation(2, relations), True);
+    EXPECT_EQ(KeysOf(copies), "2 1") << "the one that became a candidate has row 0";
+}
+
 }  // namespace
 }  // namespace mrlxmlclass::testing
