@@ -6,7 +6,7 @@
 
 namespace mrlxmlclass::dom {
 
-/// One node of a document, to read: a pointer that may be null and that lives as long as its document does.
+/// One node of a document, to read: a pointer that may be null and that lives until its document goes or loads anew.
 /// A null node answers every question with null, "" or 0.
 class Node {
 public:

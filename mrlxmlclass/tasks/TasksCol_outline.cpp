@@ -6,7 +6,7 @@ namespace {
 
 constexpr auto kTail = kTasksColTail;
 constexpr int kMostLevels = 10;
-constexpr int kMostVisits = 100'000;
+constexpr int kMostVisits = 100'000;  // lists that share children multiply
 
 String KeyOf(const TasksCls& task) {
     return KeyText(task.TaskKey()).text();
