@@ -54,7 +54,11 @@ TEST(SectionXml, IsReadToItsEndUnderAHostThatLoadsTheDocumentAnew) {
     for (const char* text : {"<Other/>", "<broken"}) {
         Items s;
         const TwoRecords two("Person", "Personkey", "People");
-        s.ui.on_yield = [&] { two.project->LoadXML(text); };
+        const std::weak_ptr<const void> contents = two.project->Contents();
+        s.ui.on_yield = [&] {
+            two.project->LoadXML(text);
+            EXPECT_FALSE(contents.expired()) << "they are being read";
+        };
         const auto people = s.Master<PeopleCol>();
         EXPECT_EQ(people->FromXmlFile("", True, two.project), two.project);
         EXPECT_EQ(KeysOf(people), "1 2");

@@ -46,7 +46,11 @@ TEST(TasksColXml, IsReadToItsEndUnderAHostThatLetsGoOfTheTasks) {
 TEST(TasksColXml, IsReadToItsEndUnderAHostThatLoadsTheDocumentAnew) {
     TestSession session;
     const Ref<dom::Document> project = DocumentOfText(String("<Project><Tasks>") + kTwoTasks + "</Tasks></Project>");
-    session.ui.on_yield = [&] { project->LoadXML("<Other/>"); };
+    const std::weak_ptr<const void> contents = project->Contents();
+    session.ui.on_yield = [&] {
+        project->LoadXML("<Other/>");
+        EXPECT_FALSE(contents.expired()) << "they are being read";
+    };
     const auto tasks = Make<TasksCol>();
     EXPECT_EQ(tasks->FromXmlFile("", True, project), project);
     EXPECT_EQ(tasks->Count(True), 2);
