@@ -16,7 +16,7 @@ using namespace testing;
 
 constexpr const char* kTwoTasks = "<Task><TaskKey>1</TaskKey></Task><Task><TaskKey>2</TaskKey></Task>";
 
-struct Reading {
+struct WayToRead {
     const char* name;
     std::function<void(TasksCol&)> read;
 };
@@ -25,13 +25,13 @@ TEST(TasksColXml, IsReadToItsEndUnderAHostThatLetsGoOfTheTasks) {
     const Ref<dom::Document> project = DocumentOfText(String("<Project><Tasks>") + kTwoTasks + "</Tasks></Project>");
     const String alone = String("<R>") + kTwoTasks + "</R>";
     const auto counters = Make<StaticCls>();
-    for (const Reading& way :
-         {Reading{"text", [&](TasksCol& tasks) { EXPECT_EQ(tasks.FromXml(alone, counters), True); }},
-          Reading{"file", [&](TasksCol& tasks) { EXPECT_EQ(tasks.FromXmlFile("", True, project), project); }},
-          Reading{"elements", [&](TasksCol& tasks) {
-                      const dom::Node root = project->documentElement().firstChild();
-                      EXPECT_FALSE(tasks.FromXmlInt(root, root.firstChild()));
-                  }}}) {
+    for (const WayToRead& way :
+         {WayToRead{"text", [&](TasksCol& tasks) { EXPECT_EQ(tasks.FromXml(alone, counters), True); }},
+          WayToRead{"file", [&](TasksCol& tasks) { EXPECT_EQ(tasks.FromXmlFile("", True, project), project); }},
+          WayToRead{"elements", [&](TasksCol& tasks) {
+                        const dom::Node root = project->documentElement().firstChild();
+                        EXPECT_FALSE(tasks.FromXmlInt(root, root.firstChild()));
+                    }}}) {
         SCOPED_TRACE(way.name);
         TestSession session;
         In(counters).Reset();
@@ -58,18 +58,18 @@ TEST(TasksColXml, IsReadToItsEndUnderAHostThatLoadsTheDocumentAnew) {
 
 TEST(TasksColXml, IsWrittenToItsEndUnderAListenerThatLetsGoOfTheTasks) {
     const Ref<dom::Document> project = DocumentOfText("<Project/>");
-    for (const Reading& way :
-         {Reading{"text", [](TasksCol& tasks) { EXPECT_NE(tasks.ToXml().find("<TaskKey>2<"), String::npos); }},
-          Reading{"part",
-                  [](TasksCol& tasks) {
-                      const auto keys = Make<Collection>();
-                      for (const Long key : {1, 2}) keys->Add(key);
-                      EXPECT_NE(tasks.ToXmlPart(keys).find("<TaskKey>2<"), String::npos);
-                  }},
-          Reading{"file", [&](TasksCol& tasks) {
-                      tasks.ToXmlFile("", project, /*includeDocHeader=*/False);
-                      EXPECT_NE(project->xml().find("<TaskKey>2<"), String::npos);
-                  }}}) {
+    for (const WayToRead& way :
+         {WayToRead{"text", [](TasksCol& tasks) { EXPECT_NE(tasks.ToXml().find("<TaskKey>2<"), String::npos); }},
+          WayToRead{"part",
+                    [](TasksCol& tasks) {
+                        const auto keys = Make<Collection>();
+                        for (const Long key : {1, 2}) keys->Add(key);
+                        EXPECT_NE(tasks.ToXmlPart(keys).find("<TaskKey>2<"), String::npos);
+                    }},
+          WayToRead{"file", [&](TasksCol& tasks) {
+                        tasks.ToXmlFile("", project, /*includeDocHeader=*/False);
+                        EXPECT_NE(project->xml().find("<TaskKey>2<"), String::npos);
+                    }}}) {
         SCOPED_TRACE(way.name);
         TestSession session;
         HeldByHost<TasksCol> tasks(session);
