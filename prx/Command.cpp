@@ -21,11 +21,15 @@ int TaskCommand::Run(Host& host) {
     Read();
     Project project = Project::ToEdit(host, file(), force());
     const EventLog events(project.tasks());
-    Change(project, FindTask(project, task_));
+    Change(project, Find(project, task_));
     project.Save();
     for (const std::string& note : notes_) Note(note);
     events.Print();
     return kDone;
+}
+
+mrlxmlclass::Ref<mrlxmlclass::TasksCls> TaskCommand::Find(const Project& project, const std::string& text) const {
+    return FindTask(project, text);
 }
 
 void TaskCommand::SetFieldsOf(const Project& project, const mrlxmlclass::Ref<mrlxmlclass::TasksCls>& task,

@@ -25,9 +25,10 @@ public:
     bool chosen() const { return options_->parsed(); }
 
 protected:
-    Command(CLI::App& app, const std::string& name, const std::string& summary)
+    Command(CLI::App& app, const std::string& name, const std::string& summary,
+            const std::string& of_file = "The project file")
         : options_(app.add_subcommand(name, summary)) {
-        options_->add_option("FILE", file_, "The project file")->required();
+        options_->add_option("FILE", file_, of_file)->required();
     }
     CLI::App& options() { return *options_; }
     const std::string& file() const { return file_; }
@@ -62,6 +63,8 @@ protected:
     /// Before the file is opened: refuses what can be no value.
     virtual void Read() {}
     virtual void Change(const Project& project, const mrlxmlclass::Ref<mrlxmlclass::TasksCls>& task) = 0;
+    /// The task that is meant.
+    virtual mrlxmlclass::Ref<mrlxmlclass::TasksCls> Find(const Project& project, const std::string& text) const;
 
     /// Told when all went through.
     void Tell(const std::string& note) { notes_.push_back(note); }

@@ -90,6 +90,13 @@ Ref<TasksCls> FindTask(const Project& project, const std::string& text) {
     return OfTheOutline(FindByName(project, text), text);
 }
 
+Ref<TasksCls> FindAnyTask(const Project& project, const std::string& text) {
+    if (IsNumber(text)) {
+        if (Ref<TasksCls> task = project.tasks()->Item(text)) return task;
+    }
+    return FindTask(project, text);
+}
+
 std::string KeyOf(const TasksCls& task) {
     return Text(task.TaskKey());
 }
@@ -124,9 +131,25 @@ void NameNewTask(const Project& project, const Ref<TasksCls>& task, const std::s
     if (task->ParentID() != 0 || task->TaskCost() != Currency(0)) AdjustCostFrom(project, *task);
 }
 
+Ref<TasksCls> AddBeside(const Project& project, const std::string& name, Long place) {
+    const Ref<TasksCls> task = project.tasks()->Add();
+    if (!task) throw Refusal("the library could not make a new task");
+    const Date today = Platform().clock.Today();
+    task->ProjectID(1);
+    task->TaskBDate(today);
+    task->TaskEDate(today);
+    task->TaskDuration(1);
+    task->TaskName(name);
+    task->TaskCondidat(False);
+    task->TaskType(True);
+    task->TaskPosition(0);
+    task->TaskPositionInitem(place);
+    return task;
+}
+
 void RemoveTask(const Project& project, const Ref<TasksCls>& task) {
     // A task that something is tied to would stay as a candidate, which no command shows.
-    for (const Ref<TasksCls>& going : Subtree(project, task)) UnassignAll(project, going);
+    UnassignAll(project, Subtree(project, task));
     Application& app = project.app();
     project.tasks()->DeleteAllSubTasks(KeyOf(*task), app.xTaskPeopleRelationcol(), app.xPeopleCol(),
                                        app.xTaskGoalRelationcol(), app.xGoalCol(), app.xTaskObstaclesRelationcol(),

@@ -11,6 +11,8 @@ namespace prx {
 /// The task that a text on the command line means: a key, "#" and a row, or a name that only one task has. Refuses what
 /// is no task of the outline.
 mrlxmlclass::Ref<mrlxmlclass::TasksCls> FindTask(const Project& project, const std::string& text);
+/// The same, and by its key alone work that does not stand in the outline.
+mrlxmlclass::Ref<mrlxmlclass::TasksCls> FindAnyTask(const Project& project, const std::string& text);
 /// The key as the library's operations take it.
 std::string KeyOf(const mrlxmlclass::TasksCls& task);
 
@@ -23,6 +25,10 @@ struct Place {
 mrlxmlclass::Ref<mrlxmlclass::TasksCls> AddTask(const Project& project, const Place& place);
 /// Gives a new task its name, which is when the library's listeners hear of it, and brings its summaries up to date.
 void NameNewTask(const Project& project, const mrlxmlclass::Ref<mrlxmlclass::TasksCls>& task, const std::string& name);
+
+/// Adds work that does not stand in the outline: today, for a day. `place` counts from 0 among that of its item.
+mrlxmlclass::Ref<mrlxmlclass::TasksCls> AddBeside(const Project& project, const std::string& name,
+                                                  mrlxmlclass::Long place);
 
 /// Removes a task with all below it, and whatever ties people, goals, obstacles and notes to them; these stay.
 void RemoveTask(const Project& project, const mrlxmlclass::Ref<mrlxmlclass::TasksCls>& task);

@@ -3,6 +3,7 @@
 #include <fmt/core.h>
 
 #include <unordered_map>
+#include <unordered_set>
 
 #include "mrlxmlclass/runtime/Text.h"
 #include "prx/Edit.h"
@@ -34,16 +35,31 @@ std::vector<std::string> TiesBetween(Application& app, Long task, const std::str
     return keys;
 }
 
-/// Unties on every side: the library leaves some of them to its host.
+/// Takes one tie off on every side: the library leaves some of them to its host.
 template <class K>
-void Untie(Application& app, const Ref<TasksCls>& task, const std::string& item_key) {
+void Untie(Application& app, const Ref<TasksCls>& task, const std::string& item_key, const std::string& tie) {
     const Ref<typename K::Record> item = Find<K>(app, item_key);
-    const std::string task_key = KeyOf(*task);
-    for (const std::string& tie : TiesBetween<K>(app, task->TaskKey(), item_key)) {
-        if (item) K::Untie(app, *task, *item);
-        if (Holds(K::Listed(*task), tie)) K::TakeOffTask(app, task_key, tie, item_key);
-        if (item && Holds(K::Listed(*item), tie)) K::Listed(*item)->Remove(tie);
-        if (Holds(K::Ties(app), tie)) K::Ties(app)->Remove(tie);
+    if (item) K::Untie(app, *task, *item);
+    if (Holds(K::Listed(*task), tie)) K::TakeOffTask(app, KeyOf(*task), tie, item_key);
+    if (item && Holds(K::Listed(*item), tie)) K::Listed(*item)->Remove(tie);
+    if (Holds(K::Ties(app), tie)) K::Ties(app)->Remove(tie);
+}
+
+/// Work beside the outline goes with the last thing that it is tied to: nothing else shows it.
+void RemoveWhatNothingLists(const Project& project, const std::vector<Ref<TasksCls>>& untied) {
+    std::vector<Ref<TasksCls>> beside;
+    for (const Ref<TasksCls>& task : untied) {
+        if (!task->TaskCondidat() && !project.tasks()->isParent(KeyOf(*task))) beside.push_back(task);
+    }
+    if (beside.empty()) return;
+    std::unordered_set<std::int64_t> tied;
+    for (const Kind kind : kKinds) {
+        With(kind, [&]<class K>(K) {
+            for (const auto& entry : K::Ties(project.app())->NewEnum()) tied.insert(entry.item->TaskKey());
+        });
+    }
+    for (const Ref<TasksCls>& task : beside) {
+        if (!tied.contains(task->TaskKey())) RemoveTask(project, task);
     }
 }
 
@@ -114,19 +130,24 @@ std::vector<std::string> NamesOn(TasksCls& task, Kind kind) {
     });
 }
 
-std::string FindItem(const Project& project, Kind kind, const std::string& text) {
+std::string FindItem(const Project& project, Kind kind, const std::string& text, const Ref<TasksCls>& of) {
     return With(kind, [&]<class K>(K) {
         if (const auto item = Find<K>(project.app(), text)) return K::KeyOf(*item);
-        std::string found;
+        std::vector<std::string> named;
+        std::vector<std::string> of_task;
         for (const auto& entry : K::All(project.app())->NewEnum()) {
             if (K::NameOf(*entry.item) != text) continue;
-            if (!found.empty()) {
-                throw Refusal(fmt::format("there is more than one {}; give its key instead", Named(K::kName, text)));
+            named.push_back(K::KeyOf(*entry.item));
+            if (of && !TiesBetween<K>(project.app(), of->TaskKey(), named.back()).empty()) {
+                of_task.push_back(named.back());
             }
-            found = K::KeyOf(*entry.item);
         }
+        const std::vector<std::string>& found = of_task.empty() ? named : of_task;
         if (found.empty()) throw Refusal(fmt::format("there is no {}", Named(K::kName, text)));
-        return found;
+        if (found.size() > 1) {
+            throw Refusal(fmt::format("there is more than one {}; give its key instead", Named(K::kName, text)));
+        }
+        return found.front();
     });
 }
 
@@ -145,15 +166,18 @@ std::string AddItem(const Project& project, Kind kind, const std::string& name,
 void RemoveItem(const Project& project, Kind kind, const std::string& key) {
     With(kind, [&]<class K>(K) {
         Application& app = project.app();
+        std::vector<Ref<TasksCls>> untied;
         for (const auto& entry : K::Ties(app)->NewEnum()) {
             if (K::ItemOf(*entry.item) != key) continue;
             if (const Ref<TasksCls> task = project.tasks()->Item(entry.item->TaskKey())) {
-                Untie<K>(app, task, key);
+                Untie<K>(app, task, key, entry.item->elementKey());
+                untied.push_back(task);
             } else {
                 K::Ties(app)->Remove(entry.item->elementKey());
             }
         }
         K::Remove(app, key);
+        RemoveWhatNothingLists(project, untied);
     });
 }
 
@@ -172,21 +196,29 @@ void Assign(const Project& project, const Ref<TasksCls>& task, Kind kind, const 
 
 void Unassign(const Project& project, const Ref<TasksCls>& task, Kind kind, const std::string& key) {
     With(kind, [&]<class K>(K) {
-        if (TiesBetween<K>(project.app(), task->TaskKey(), key).empty()) {
+        const std::vector<std::string> ties = TiesBetween<K>(project.app(), task->TaskKey(), key);
+        if (ties.empty()) {
             throw Refusal(fmt::format("{} does not have the {}", Named("task", task->TaskName()),
                                       Named(K::kName, K::NameOf(*Find<K>(project.app(), key)))));
         }
-        Untie<K>(project.app(), task, key);
+        for (const std::string& tie : ties) Untie<K>(project.app(), task, key, tie);
     });
+    RemoveWhatNothingLists(project, {task});
 }
 
-void UnassignAll(const Project& project, const Ref<TasksCls>& task) {
+void UnassignAll(const Project& project, const std::vector<Ref<TasksCls>>& tasks) {
+    std::unordered_map<std::int64_t, Ref<TasksCls>> by_key;
+    for (const Ref<TasksCls>& task : tasks) by_key.emplace(task->TaskKey(), task);
     for (const Kind kind : kKinds) {
         With(kind, [&]<class K>(K) {
             for (const auto& entry : K::Ties(project.app())->NewEnum()) {
-                if (entry.item->TaskKey() == task->TaskKey()) Untie<K>(project.app(), task, K::ItemOf(*entry.item));
+                const auto task = by_key.find(entry.item->TaskKey());
+                if (task == by_key.end()) continue;
+                Untie<K>(project.app(), task->second, K::ItemOf(*entry.item), entry.item->elementKey());
             }
-            if (K::Listed(*task)) K::List(*task, Make<typename K::Relations>());  // keys that lead nowhere go, too
+            for (const Ref<TasksCls>& task : tasks) {  // keys that lead nowhere go, too
+                if (K::Listed(*task)) K::List(*task, Make<typename K::Relations>());
+            }
         });
     }
 }

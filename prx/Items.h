@@ -38,20 +38,22 @@ std::vector<ItemRow> ItemsOf(const Project& project, Kind kind);
 /// The names of the items of a kind that are tied to a task.
 std::vector<std::string> NamesOn(mrlxmlclass::TasksCls& task, Kind kind);
 
-/// The key of the item that a text on the command line means: a key, or a name that only one item has.
-std::string FindItem(const Project& project, Kind kind, const std::string& text);
+/// The key of the item that a text on the command line means: a key, or a name that only one item has, or one of those
+/// that are tied to the task `of`.
+std::string FindItem(const Project& project, Kind kind, const std::string& text,
+                     const mrlxmlclass::Ref<mrlxmlclass::TasksCls>& of = {});
 /// Adds an item behind the others and gives its key. `fields` are in the order of FieldsOf; "" sets nothing.
 std::string AddItem(const Project& project, Kind kind, const std::string& name, const std::vector<std::string>& fields);
-/// Removes an item and all that ties it to tasks.
+/// Removes an item and all that ties it to tasks; work beside the outline that nothing else lists goes along.
 void RemoveItem(const Project& project, Kind kind, const std::string& key);
 
 /// Ties an item to a task. Refuses a pair that is tied already, and a note that another task has.
 void Assign(const Project& project, const mrlxmlclass::Ref<mrlxmlclass::TasksCls>& task, Kind kind,
             const std::string& key);
-/// Unties them on every side. Refuses a pair that is not tied.
+/// Unties them on every side; work beside the outline goes with its last tie. Refuses a pair that is not tied.
 void Unassign(const Project& project, const mrlxmlclass::Ref<mrlxmlclass::TasksCls>& task, Kind kind,
               const std::string& key);
-/// Unties a task from everything.
-void UnassignAll(const Project& project, const mrlxmlclass::Ref<mrlxmlclass::TasksCls>& task);
+/// Unties tasks from everything.
+void UnassignAll(const Project& project, const std::vector<mrlxmlclass::Ref<mrlxmlclass::TasksCls>>& tasks);
 
 }  // namespace prx

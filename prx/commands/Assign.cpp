@@ -5,38 +5,56 @@
 namespace prx {
 namespace {
 
+using namespace mrlxmlclass;
+
 /// What the two commands share: a task and an item.
 class Tying : public TaskCommand {
-public:
-    using Operation = void (*)(const Project&, const mrlxmlclass::Ref<mrlxmlclass::TasksCls>&, Kind,
-                               const std::string&);
-
-    Tying(CLI::App& app, const std::string& name, const std::string& summary, Operation operation)
-        : TaskCommand(app, name, summary), operate_(operation) {
+protected:
+    Tying(CLI::App& app, const std::string& name, const std::string& summary) : TaskCommand(app, name, summary) {
         options().add_option("KIND", kind_, "person, goal, obstacle or note")->required();
         options().add_option("ITEM", item_, "Its key or name")->required();
     }
+    Kind kind() const { return ReadKind(kind_); }
+    const std::string& item() const { return item_; }
 
 private:
     void Read() override { ReadKind(kind_); }
-    void Change(const Project& project, const mrlxmlclass::Ref<mrlxmlclass::TasksCls>& task) override {
-        const Kind kind = ReadKind(kind_);
-        operate_(project, task, kind, FindItem(project, kind, item_));
-    }
 
-    Operation operate_;
     std::string kind_;
     std::string item_;
+};
+
+class ToAssign : public Tying {
+public:
+    explicit ToAssign(CLI::App& app) : Tying(app, "assign", "Give a task a person, goal, obstacle or note") {}
+
+private:
+    void Change(const Project& project, const Ref<TasksCls>& task) override {
+        Assign(project, task, kind(), FindItem(project, kind(), item()));
+    }
+};
+
+class ToUnassign : public Tying {
+public:
+    explicit ToUnassign(CLI::App& app) : Tying(app, "unassign", "Take a person, goal, obstacle or note off a task") {}
+
+private:
+    Ref<TasksCls> Find(const Project& project, const std::string& text) const override {
+        return FindAnyTask(project, text);
+    }
+    void Change(const Project& project, const Ref<TasksCls>& task) override {
+        Unassign(project, task, kind(), FindItem(project, kind(), item(), task));
+    }
 };
 
 }  // namespace
 
 std::unique_ptr<Command> MakeAssign(CLI::App& app) {
-    return std::make_unique<Tying>(app, "assign", "Give a task a person, goal, obstacle or note", Assign);
+    return std::make_unique<ToAssign>(app);
 }
 
 std::unique_ptr<Command> MakeUnassign(CLI::App& app) {
-    return std::make_unique<Tying>(app, "unassign", "Take a person, goal, obstacle or note off a task", Unassign);
+    return std::make_unique<ToUnassign>(app);
 }
 
 }  // namespace prx

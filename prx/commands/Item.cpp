@@ -8,6 +8,7 @@
 #include "prx/EventLog.h"
 #include "prx/Items.h"
 #include "prx/Json.h"
+#include "prx/Refusal.h"
 #include "prx/Terminal.h"
 #include "prx/Values.h"
 
@@ -19,7 +20,7 @@ class Item : public EditCommand {
 public:
     Item(CLI::App& app, Kind kind)
         : EditCommand(app, NameOf(kind), fmt::format("Add, list or remove {}", PluralOf(kind))), kind_(kind) {
-        options().require_subcommand(1);
+        options().require_subcommand(0, 1);  // what is none of them is named
         add_ = Action("add", "Add one and print its key");
         add_->add_option(NameColumn(), name_, kind == Kind::kNote ? "The text" : "The name")->required();
         for (const ItemField& field : FieldsOf(kind)) {
@@ -32,6 +33,9 @@ public:
     }
 
     int Run(Host& host) override {
+        if (options().get_subcommands().empty()) {
+            throw Refusal(fmt::format("say what to do with the {}: add, list or remove", PluralOf(kind_)));
+        }
         if (list_->parsed()) {
             const Project project = Project::ToLook(host, file());
             fmt::print("{}", json_ ? AsJson(ItemsOf(project, kind_)) : AsTable(ItemsOf(project, kind_)));

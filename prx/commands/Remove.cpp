@@ -16,7 +16,7 @@ public:
     int Run(Host& host) override {
         Project project = Project::ToEdit(host, file(), force());
         const EventLog events(project.tasks());
-        RemoveTask(project, FindTask(project, task_));
+        RemoveTask(project, FindAnyTask(project, task_));
         project.Save();
         events.Print();
         return kDone;

@@ -108,6 +108,23 @@ TEST_F(Item, OfTwoWithOneNameIsNamedByItsKey) {
     EXPECT_EQ(List("person"), "Key  Name  Tasks\n  1  Ann\n  2  Ann   2\n");
 }
 
+TEST_F(Item, OfSeveralWithOneNameIsTakenOffTheTaskThatHasIt) {
+    for (int i = 0; i < 4; ++i) plan_.Edit({"person", "add", "Ann"});
+    plan_.Edit({"assign", "Build", "person", "3"});
+
+    plan_.Edit({"unassign", "Build", "person", "Ann"});
+
+    EXPECT_EQ(List("person"), "Key  Name  Tasks\n  1  Ann\n  2  Ann\n  3  Ann\n  4  Ann\n");
+    for (const char* key : {"2", "4"}) plan_.Edit({"assign", "Build", "person", key});
+    EXPECT_EQ(plan_.Refused({"unassign", "Build", "person", "Ann"}),
+              "prx: there is more than one person \"Ann\"; give its key instead\n");
+}
+
+TEST_F(Item, NamesTheWordThatIsNoneOfItsOwn) {
+    EXPECT_NE(plan_.Refused({"person", "frob"}).find("frob"), std::string::npos);
+    EXPECT_EQ(plan_.Refused({"person"}), "prx: say what to do with the people: add, list or remove\n");
+}
+
 TEST_F(Item, WhoseNameIsAWordOfTheCommandIsNoTrouble) {
     for (const char* name : {"list", "add", "remove", "show", "person"}) plan_.Edit({"person", "add", name});
     plan_.Edit({"person", "remove", "list"});
