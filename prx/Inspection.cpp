@@ -73,18 +73,12 @@ void CompareCounts(const Project& project, dom::Node root, Lines& lines) {
     }
 }
 
-constexpr std::size_t kWidestName = 60;
-
-std::string NameOf(const TasksCls& task) {
-    return fmt::format("task {} \"{}\"", task.TaskKey().value(), Plain(CutTo(task.TaskName(), kWidestName)));
-}
-
 /// Rows 1 to the number of tasks, each once.
 void CheckRows(const std::vector<OutlineRow>& rows, Lines& lines) {
     std::int64_t expected = 1;
     for (const OutlineRow& row : rows) {
         if (row.task->TaskPosition() != expected) {
-            lines.push_back(fmt::format("{} stands in row {}, where row {} is due", NameOf(*row.task),
+            lines.push_back(fmt::format("{} stands in row {}, where row {} is due", TitleOf(*row.task),
                                         row.task->TaskPosition().value(), expected));
         }
         ++expected;
@@ -101,9 +95,9 @@ void CheckSubtrees(const std::vector<OutlineRow>& rows, Lines& lines) {
         const auto found = std::find(open.rbegin(), open.rend(), parent);
         if (parent != 0 && !keys.contains(parent)) {
             lines.push_back(
-                fmt::format("{} belongs to task {}, which is not in the outline", NameOf(*row.task), parent));
+                fmt::format("{} belongs to task {}, which is not in the outline", TitleOf(*row.task), parent));
         } else if (parent != 0 && found == open.rend()) {
-            lines.push_back(fmt::format("{} does not stand below its parent, task {}", NameOf(*row.task), parent));
+            lines.push_back(fmt::format("{} does not stand below its parent, task {}", TitleOf(*row.task), parent));
         }
         if (found != open.rend()) {
             open.erase(found.base(), open.end());
@@ -126,17 +120,17 @@ void CheckChildren(const Ref<TasksCol>& tasks, Lines& lines) {
         auto& expected = by_parent[key];
         const Ref<Dictionary> listed = tasks->GetTasksAsKeys(key);
         if (!listed) {
-            lines.push_back(fmt::format("{} is filed under another key", NameOf(*entry.item)));
+            lines.push_back(fmt::format("{} is filed under another key", TitleOf(*entry.item)));
             continue;
         }
         for (const Variant& child : listed->Keys()) {
             const std::int64_t number = child.As<Long>();
             if (expected.erase(number) == 0) {
-                lines.push_back(fmt::format("{} lists task {}, which is no child of it", NameOf(*entry.item), number));
+                lines.push_back(fmt::format("{} lists task {}, which is no child of it", TitleOf(*entry.item), number));
             }
         }
         for (const std::int64_t missing : expected) {
-            lines.push_back(fmt::format("{} does not list its child, task {}", NameOf(*entry.item), missing));
+            lines.push_back(fmt::format("{} does not list its child, task {}", TitleOf(*entry.item), missing));
         }
     }
 }
@@ -145,27 +139,51 @@ void CheckDates(const std::vector<OutlineRow>& rows, Lines& lines) {
     for (const OutlineRow& row : rows) {
         const TasksCls& task = *row.task;
         if (task.TaskBDate().set() && task.TaskEDate().set() && task.TaskEDate() < task.TaskBDate()) {
-            lines.push_back(fmt::format("{} ends before it starts", NameOf(task)));
+            lines.push_back(fmt::format("{} ends before it starts", TitleOf(task)));
         }
     }
 }
 
 }  // namespace
 
-std::vector<std::string> LostRecords(const Project& project) {
+namespace {
+
+Lines LostRecords(const Project& project) {
     Lines lines;
     for (const auto& entry : MissingSections(project.path())->Snapshot()) {
-        lines.push_back(fmt::format("the section {} is missing: the file was cut short", entry.item.As<String>()));
+        lines.push_back(fmt::format("the section {} is missing: a save was interrupted, or it was taken out",
+                                    entry.item.As<String>()));
     }
     const auto document = Make<dom::Document>();
     if (document->Load(project.path())) CompareCounts(project, document->documentElement(), lines);
     return lines;
 }
 
-std::vector<std::string> Losses(const Project& project) {
+}  // namespace
+
+std::vector<std::string> Unread(const Project& project) {
     Lines lines = LostRecords(project);
-    const Lines failures = project.Failures();
+    const Lines failures = project.ReadingFailures();
     lines.insert(lines.end(), failures.begin(), failures.end());
+    return lines;
+}
+
+std::vector<std::string> Losses(const Project& project) {
+    Lines lines = Unread(project);
+    const Lines failures = project.OtherFailures();
+    lines.insert(lines.end(), failures.begin(), failures.end());
+    return lines;
+}
+
+std::vector<std::string> Recorded(const Project& project) {
+    Lines lines;
+    std::unordered_map<std::string, int> times;
+    for (const std::string& failure : project.OtherFailures()) {
+        if (++times[failure] == 1) lines.push_back(failure);
+    }
+    for (std::string& line : lines) {
+        if (const int count = times[line]; count > 1) line += fmt::format(", {} times", count);
+    }
     return lines;
 }
 
@@ -180,7 +198,7 @@ std::vector<std::string> Repairs(const Project& project) {
         const String row = record.selectSingleNode("TaskPosition").Text();
         const std::string now = std::to_string(task->TaskPosition().value());
         if (Trim(row) == now) return;
-        lines.push_back(fmt::format("{} was moved from row {} to row {}", NameOf(*task),
+        lines.push_back(fmt::format("{} was moved from row {} to row {}", TitleOf(*task),
                                     row.empty() ? "none" : Plain(Trim(row)), now));
     });
     return lines;

@@ -18,7 +18,8 @@
 #include "prx/Items.h"
 
 /// The four kinds of items, a struct each: where the library keeps the items, their relations to tasks, and the lists
-/// of those on either side, and what it calls them. A list that is not there yet is not made by looking.
+/// of those on either side, and what it calls them; whether a list of relations issues a key to one whose key counts as
+/// none. A list that is not there yet is not made by looking.
 namespace prx {
 
 /// A text that an item may have beside its name.
@@ -37,6 +38,7 @@ struct People {
     static constexpr const char* kName = "person";
     static constexpr const char* kPlural = "people";
     static constexpr const char* kRelation = "assignment";
+    static constexpr bool kListsIssueKeys = true;
     static const std::vector<FieldOf<Record>> kFields;
 
     static mrlxmlclass::Ref<mrlxmlclass::PeopleCol> All(mrlxmlclass::Application& app) { return app.xPeopleCol(); }
@@ -75,6 +77,7 @@ struct Goals {
     static constexpr const char* kName = "goal";
     static constexpr const char* kPlural = "goals";
     static constexpr const char* kRelation = "goal relation";
+    static constexpr bool kListsIssueKeys = true;
     static const std::vector<FieldOf<Record>> kFields;
 
     static mrlxmlclass::Ref<mrlxmlclass::GoalsCol> All(mrlxmlclass::Application& app) { return app.xGoalCol(); }
@@ -112,6 +115,7 @@ struct Obstacles {
     static constexpr const char* kName = "obstacle";
     static constexpr const char* kPlural = "obstacles";
     static constexpr const char* kRelation = "obstacle relation";
+    static constexpr bool kListsIssueKeys = false;
     static const std::vector<FieldOf<Record>> kFields;
 
     static mrlxmlclass::Ref<mrlxmlclass::obstaclesCol> All(mrlxmlclass::Application& app) {
@@ -154,6 +158,7 @@ struct Notes {
     static constexpr const char* kName = "note";
     static constexpr const char* kPlural = "notes";
     static constexpr const char* kRelation = "note relation";
+    static constexpr bool kListsIssueKeys = true;
     static const std::vector<FieldOf<Record>> kFields;
 
     static mrlxmlclass::Ref<mrlxmlclass::NotesCol> All(mrlxmlclass::Application& app) { return app.xNoteCol(); }

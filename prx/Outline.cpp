@@ -138,7 +138,7 @@ std::string JsonOf(const OutlineRow& row, const Ref<TasksCol>& tasks) {
 std::string Heading(Application& app, std::size_t count) {
     const std::string name = Plain(app.xProject()->ProjectName());
     std::string heading = name.empty() ? "A project without a name" : name;
-    heading += fmt::format(": {} task{}", count, count == 1 ? "" : "s");
+    heading += ": " + Tasks(count);
     if (count > 0) heading += fmt::format(", {} to {}", Text(app.MinDate()), Text(app.MaxDate()));
     return heading + "\n";
 }
@@ -160,6 +160,15 @@ std::vector<OutlineRow> Outline(const Ref<TasksCol>& tasks) {
         levels.emplace(row.task->TaskKey(), row.level);
     }
     return rows;
+}
+
+std::string TitleOf(const TasksCls& task) {
+    constexpr std::size_t kWidestName = 60;
+    return fmt::format("task {} \"{}\"", task.TaskKey().value(), Plain(CutTo(task.TaskName(), kWidestName)));
+}
+
+std::string Tasks(std::size_t count) {
+    return fmt::format("{} task{}", count, count == 1 ? "" : "s");
 }
 
 std::string AsTable(Application& app, const TableView& view) {

@@ -18,6 +18,11 @@ struct OutlineRow {
 /// The tasks of the outline by row.
 std::vector<OutlineRow> Outline(const mrlxmlclass::Ref<mrlxmlclass::TasksCol>& tasks);
 
+/// "task 3 "Build"", for messages.
+std::string TitleOf(const mrlxmlclass::TasksCls& task);
+/// "1 task", "5 tasks".
+std::string Tasks(std::size_t count);
+
 /// What a table shows behind the dates: durations, progress and costs, or the people and notes of the tasks.
 struct TableView {
     bool people = false;

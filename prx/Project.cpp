@@ -3,6 +3,7 @@
 #include <fmt/core.h>
 #include <fmt/ranges.h>
 
+#include <algorithm>
 #include <filesystem>
 
 #include "mrlxmlclass/dom/Document.h"
@@ -14,6 +15,7 @@
 #include "mrlxmlclass/xml/DateText.h"
 #include "mrlxmlclass/xml/ProjectsCls.h"
 #include "prx/Inspection.h"
+#include "prx/LinkFaults.h"
 #include "prx/Refusal.h"
 #include "prx/Terminal.h"
 #include "prx/TieFaults.h"
@@ -40,18 +42,25 @@ std::size_t RecordsIn(const std::string& path) {
     return static_cast<std::size_t>(Platform().files.Facts(path).size) / kBytesOfARecord;
 }
 
-bool IsAboutTheLock(const ErrorEntry& entry) {
-    return entry.ClassSource() == "locking" || entry.FunctionSource() == "CreateLockFile";
+/// What a recorded failure is about.
+enum class About { kLock, kReading, kOther };
+
+About AboutWhat(const ErrorEntry& entry) {
+    if (entry.ClassSource() == "locking" || entry.FunctionSource() == "CreateLockFile") return About::kLock;
+    // A list of keys that ends early is no loss: the relations tell what belongs on it. Those are counted.
+    const bool read = entry.FunctionSource().starts_with("FromXml") && !entry.ClassSource().ends_with("RelationCol");
+    return read ? About::kReading : About::kOther;
 }
 
-std::vector<std::string> Recorded(bool about_the_lock, std::size_t after = 0) {
+/// Those about that among the entries `first` to `end`, counted from 0.
+std::vector<std::string> Recorded(std::initializer_list<About> about, std::size_t first, std::size_t end) {
     std::vector<std::string> lines;
     const Ref<ErrorsHandler> handler = Module().g_ErrorsHandler;
     if (!handler) return lines;
     const Ref<ErrorEntries> entries = handler->Log()->Error_Col();
-    for (Long n = static_cast<std::int64_t>(after) + 1; n <= entries->Count(); ++n) {
-        const ErrorEntry entry = entries->Item(n);
-        if (IsAboutTheLock(entry) != about_the_lock) continue;
+    for (std::size_t n = first; n < end; ++n) {
+        const ErrorEntry entry = entries->Item(Long(n + 1));
+        if (std::ranges::count(about, AboutWhat(entry)) == 0) continue;
         std::string what = entry.ErrDescription();
         what.erase(std::min(what.find(",Line: "), what.size()));
         lines.push_back(
@@ -107,7 +116,11 @@ Project Project::ToEdit(Host& host, const std::string& file, bool force) {
         throw Refusal(fmt::format("{}: somebody else has this project open; try again later", Plain(project.path_)));
     }
     if (force) {
-        MendTies(project);  // nothing stays tied to what is lost
+        project.Mend();  // nothing stays tied to what is lost
+        for (const std::string& failure : project.FailuresSince()) {
+            Platform().ui.Message("the mending did not go through: " + failure);
+        }
+        project.failures_at_opening_ = CountRecorded();  // the edit is judged by its own
     } else {
         project.RefuseUnlessWhole();
     }
@@ -157,16 +170,31 @@ void Project::KeepCreationDate() {
     app().xProject()->ProjectCreationDate(date);
 }
 
-std::vector<std::string> Project::Failures() const {
-    return Recorded(/*about_the_lock=*/false);
+std::vector<std::string> Project::ReadingFailures() const {
+    return Recorded({About::kReading}, 0, failures_at_opening_);
+}
+
+std::vector<std::string> Project::OtherFailures() const {
+    return Recorded({About::kOther}, 0, failures_at_opening_);
 }
 
 std::vector<std::string> Project::LockFailures() const {
-    return Recorded(/*about_the_lock=*/true);
+    return Recorded({About::kLock}, 0, CountRecorded());
+}
+
+std::vector<std::string> Project::FailuresSince() const {
+    return Recorded({About::kReading, About::kOther}, failures_at_opening_, CountRecorded());
+}
+
+std::vector<std::string> Project::Mend() {
+    std::vector<std::string> told = MendTies(*this);
+    const std::vector<std::string> links = MendLinks(*this);
+    told.insert(told.end(), links.begin(), links.end());
+    return told;
 }
 
 void Project::Save() {
-    const std::vector<std::string> failed = Recorded(/*about_the_lock=*/false, failures_at_opening_);
+    const std::vector<std::string> failed = FailuresSince();
     if (!failed.empty()) {
         throw Refusal(fmt::format("the change did not go through, so nothing was saved:\n  {}",
                                   fmt::join(Shortened(failed), "\n  ")));

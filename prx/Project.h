@@ -16,7 +16,7 @@ public:
     /// Opens a file to read it.
     static Project ToLook(Host& host, const std::string& file);
     /// Opens a file to change it. Refuses one that somebody else has open and, unless `force`, one that could not be
-    /// read whole: saving it would lose the rest for good.
+    /// read whole: saving it would lose the rest for good. With `force` ties and links are mended first.
     static Project ToEdit(Host& host, const std::string& file, bool force);
     /// Starts a project under a name that no file has yet.
     static Project Fresh(Host& host, const std::string& file);
@@ -33,10 +33,17 @@ public:
     /// Somebody else holds the project.
     bool read_only() const { return read_only_; }
 
-    /// What the library recorded since the file was opened, a line each, but for troubles with the lock.
-    std::vector<std::string> Failures() const;
+    /// What the library recorded while it read the file, a line each: something did not come over.
+    std::vector<std::string> ReadingFailures() const;
+    /// What else it recorded while it opened the file.
+    std::vector<std::string> OtherFailures() const;
     /// The same for the lock alone: a folder in which nothing can be written is no fault of the project.
     std::vector<std::string> LockFailures() const;
+    /// What it recorded since the file was open, but for troubles with the lock.
+    std::vector<std::string> FailuresSince() const;
+
+    /// Mends ties and links in memory and tells what was done.
+    std::vector<std::string> Mend();
 
     /// Replaces the file, or leaves it as it is and refuses: also when the edit did not go through.
     void Save();

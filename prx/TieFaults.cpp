@@ -8,6 +8,7 @@
 #include <unordered_map>
 
 #include "prx/Kinds.h"
+#include "prx/Outline.h"
 #include "prx/Terminal.h"
 
 namespace prx {
@@ -34,7 +35,7 @@ public:
         LookAtRelations();
         for (const auto& entry : app_.xTaskCol()->NewEnum()) {
             const std::string key = KeyText(entry.item->TaskKey()).text();
-            if (LookAtList(*entry.item, TaskName(*entry.item), of_task_[key])) LookAtCopies(*entry.item, of_task_[key]);
+            if (LookAtList(*entry.item, TitleOf(*entry.item), of_task_[key])) LookAtCopies(*entry.item, of_task_[key]);
         }
         if constexpr (K::kKind != Kind::kNote) {
             for (const auto& [key, item] : items_) LookAtList(*item, ItemName(key), of_item_[key]);
@@ -48,6 +49,7 @@ private:
 
     void LookAtRelations() {
         std::set<std::pair<std::string, std::string>> pairs;
+        FileWithoutKeyAnew();
         for (const auto& entry : K::Ties(app_)->NewEnum()) {
             const Relation& relation = *entry.item;
             const std::string task = KeyText(relation.TaskKey()).text();
@@ -70,12 +72,28 @@ private:
         }
     }
 
+    /// A list gives a relation whose key counts as none another one, so that it never agrees with the project's.
+    void FileWithoutKeyAnew() {
+        for (const auto& entry : K::Ties(app_)->NewEnum()) {
+            const std::string key = entry.item->elementKey();
+            if (!K::kListsIssueKeys || key.find_first_of("123456789") != std::string::npos) continue;
+            wrong_.insert(key);
+            Tell(fmt::format("{} has a key that counts as none", RelationName(key)), "filed under a key of its own");
+            if (!mends_) continue;
+            K::Ties(app_)->Remove(entry.key.text());
+            if constexpr (K::kKind == Kind::kPerson) K::Ties(app_)->IamNotAvailable(key);  // or it would come back
+            entry.item->elementKey("");
+            K::Ties(app_)->AddItem(entry.item);
+        }
+    }
+
     /// The keys that a task or an item lists; true when they are its own.
     template <class Owner>
     bool LookAtList(Owner& owner, const std::string& name, const Own& own) {
         std::unordered_map<std::string, Ref<Relation>> missing;
         for (const Ref<Relation>& relation : own) missing.emplace(relation->elementKey(), relation);
         const auto mended = Make<Relations>();
+        mended->oPublicStaticCls = K::Ties(app_)->oPublicStaticCls;
         bool right = true;
         if (const Ref<Relations> listed = K::Listed(owner)) {
             for (const auto& entry : listed->NewEnum()) {
@@ -115,7 +133,7 @@ private:
         const auto list = [](const std::multiset<std::string>& names) {
             return Shown(fmt::format("{}", fmt::join(names, ", ")));
         };
-        Tell(fmt::format("{} shows the {} \"{}\" instead of \"{}\"", TaskName(task), K::kPlural, list(shown),
+        Tell(fmt::format("{} shows the {} \"{}\" instead of \"{}\"", TitleOf(task), K::kPlural, list(shown),
                          list(expected)),
              "read anew");
     }
@@ -125,9 +143,6 @@ private:
     }
 
     static std::string RelationName(const std::string& key) { return fmt::format("{} {}", K::kRelation, Plain(key)); }
-    static std::string TaskName(const TasksCls& task) {
-        return fmt::format("task {} \"{}\"", task.TaskKey().value(), Shown(task.TaskName()));
-    }
     std::string ItemName(const std::string& key) const {
         return fmt::format("{} {} \"{}\"", K::kName, key, Shown(K::NameOf(*items_.at(key))));
     }
@@ -135,7 +150,7 @@ private:
         return ItemName(K::ItemOf(relation));
     }
     std::string OtherSide(const typename K::Record& /*owner*/, const Relation& relation) const {
-        return TaskName(*app_.xTaskCol()->Item(relation.TaskKey()));
+        return TitleOf(*app_.xTaskCol()->Item(relation.TaskKey()));
     }
 
     Application& app_;

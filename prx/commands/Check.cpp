@@ -1,11 +1,14 @@
 #include <fmt/core.h>
+#include <fmt/ranges.h>
 
 #include "prx/Command.h"
 #include "prx/Inspection.h"
+#include "prx/LinkFaults.h"
+#include "prx/Outline.h"
 #include "prx/Project.h"
+#include "prx/Refusal.h"
 #include "prx/Terminal.h"
 #include "prx/TieFaults.h"
-#include "prx/Values.h"
 
 namespace prx {
 namespace {
@@ -14,36 +17,39 @@ class Check : public Command {
 public:
     explicit Check(CLI::App& app)
         : Command(app, "check", "Open a project and tell what is wrong with it; exit status 1 if anything is") {
-        options().add_option("--repair", copy_,
-                             "Mend what ties tasks to people, goals, obstacles and notes, in a "
-                             "new file of this name");
+        repair_ = options().add_option("--repair", copy_,
+                                       "Mend the links between tasks, and what ties them to people, goals, obstacles "
+                                       "and notes, in a new file of this name");
+        options().add_flag("--force", force_, "Write the new file also without what could not be read")->needs(repair_);
     }
 
     int Run(Host& host) override {
-        if (Repairs()) return Repair(host);
+        if (repair_->count() > 0) return Repair(host);
         const Project project = Project::ToLook(host, file());
-        const bool lossless = Tell("Not read", Losses(project));
+        const bool lossless = Tell("Not read", Unread(project));
+        const bool quiet = Tell("Recorded on the way", Recorded(project));
         const bool in_order = Tell("Repaired in memory, not in the file", prx::Repairs(project));
         const bool consistent = Tell("Still wrong", OutlineFaults(project));
         const bool tied = Tell("Tied wrongly; --repair mends it in a new file", TieFaults(project));
+        const bool linked = Tell("Linked wrongly; --repair mends it in a new file", LinkFaults(project));
         TellOfLock(project);
-        if (!lossless || !in_order || !consistent || !tied) return kFoundFaults;
+        if (!lossless || !quiet || !in_order || !consistent || !tied || !linked) return kFoundFaults;
         return TellThatAllIsWell(project);
     }
 
 private:
-    bool Repairs() const { return !copy_.empty(); }
-
     int Repair(Host& host) const {
         Project::RefuseToReplace(copy_);
-        bool lossless = true;
+        bool whole = true;
         {
             Project project = Project::ToLook(host, file());
-            lossless = Tell("Not read, and so not in the new file", LostRecords(project));
+            whole = RefuseUnlessWhole(project);
+            const bool quiet = Tell("Recorded on the way", Recorded(project));
             const bool in_order = Tell("Repaired", prx::Repairs(project));
-            const bool tied = Tell("Mended", MendTies(project));
+            const bool mended = Tell("Mended", project.Mend());
+            whole &= Tell("The mending did not go through", project.FailuresSince());
             TellOfLock(project);
-            if (lossless && in_order && tied && Losses(project).empty() && OutlineFaults(project).empty()) {
+            if (whole && quiet && in_order && mended && OutlineFaults(project).empty()) {
                 return TellThatAllIsWell(project);
             }
             project.SaveAs(copy_);
@@ -51,10 +57,21 @@ private:
         const Project mended = Project::ToLook(host, copy_);
         fmt::print("{}: written\n", Plain(mended.path()));
         std::vector<std::string> left = Losses(mended);
-        for (const std::vector<std::string>& more : {prx::Repairs(mended), OutlineFaults(mended), TieFaults(mended)}) {
+        for (const std::vector<std::string>& more :
+             {prx::Repairs(mended), OutlineFaults(mended), TieFaults(mended), LinkFaults(mended)}) {
             left.insert(left.end(), more.begin(), more.end());
         }
-        return Tell("Still wrong", left) && lossless ? kDone : kFoundFaults;
+        return Tell("Still wrong", left) && whole ? kDone : kFoundFaults;
+    }
+
+    /// True when nothing is lost; with --force a loss is told.
+    bool RefuseUnlessWhole(const Project& project) const {
+        const std::vector<std::string> lost = Unread(project);
+        if (force_ || lost.empty()) return Tell("Not read, and so not in the new file", lost);
+        throw Refusal(
+            fmt::format("{}: this project could not be read whole, and the new file would lack the rest:\n  {}\n"
+                        "Nothing was written; --force writes it all the same.",
+                        Plain(project.path()), fmt::join(Shortened(lost), "\n  ")));
     }
 
     static void TellOfLock(const Project& project) {
@@ -62,7 +79,10 @@ private:
         for (const std::string& failure : project.LockFailures()) Note("no lock could be taken: " + failure);
     }
     static int TellThatAllIsWell(const Project& project) {
-        fmt::print("{}: nothing is wrong, {} tasks\n", Plain(project.path()), Text(project.tasks()->Count()));
+        const std::size_t rows = Outline(project.tasks()).size();
+        const auto all = static_cast<std::size_t>(project.tasks()->Count(mrlxmlclass::True).value());
+        fmt::print("{}: nothing is wrong, {}{}\n", Plain(project.path()), Tasks(rows),
+                   all > rows ? fmt::format(", {} beside the outline", all - rows) : "");
         return kDone;
     }
     /// True when there is nothing to tell.
@@ -73,7 +93,9 @@ private:
         return false;
     }
 
+    CLI::Option* repair_;
     std::string copy_;
+    bool force_ = false;
 };
 
 }  // namespace

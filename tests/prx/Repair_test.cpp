@@ -176,7 +176,7 @@ TEST_F(Repair, NeverReplacesAFile) {
 TEST_F(Repair, TellsWhatNoRepairBringsBack) {
     Damage("<Notes><Note>", "<Notes><Other/><Note>");
 
-    const Result result = plan_.Prx({"check", "a.prx", "--repair", "b.prx"});
+    const Result result = plan_.Prx({"check", "a.prx", "--repair", "b.prx", "--force"});
 
     EXPECT_EQ(result.status, 1);
     EXPECT_NE(result.out.find("Not read, and so not in the new file:\n  1 of 1 records in Notes could not be read\n"),

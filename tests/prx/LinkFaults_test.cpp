@@ -1,0 +1,113 @@
+#include <gtest/gtest.h>
+
+#include "tests/prx/PlanFolder.h"
+
+namespace prx_test {
+namespace {
+
+/// 1 Phase (2 Design, 3 Build, 4 Test, each waits for the one before); one text of the file replaced.
+class Links : public testing::Test {
+protected:
+    Links() {
+        plan_.Output({"new", "a.prx"});
+        plan_.Output({"add", "a.prx", "Phase", "--start", "2026-03-02"});
+        for (const char* name : {"Design", "Build", "Test"}) {
+            plan_.Output({"add", "a.prx", name, "--under", "Phase", "--start", "2026-03-02", "--duration", "3"});
+        }
+        plan_.Output({"link", "a.prx", "Build", "Design", "--lag", "2"});
+        plan_.Output({"link", "a.prx", "Test", "Build"});
+        plan_.Output({"check", "a.prx"});
+        days_ = plan_.Days("Design") + plan_.Days("Build") + plan_.Days("Test");
+    }
+
+    void Damage(const std::string& from, const std::string& to) const {
+        const std::string whole = plan_.Read("a.prx");
+        plan_.Write("a.prx", Replaced(whole, from, to));
+        EXPECT_NE(plan_.Read("a.prx"), whole) << from << "\n" << whole;
+    }
+    /// What check finds, and that a repair mends it in a new file alone.
+    void ExpectMended(const std::string& fault, const std::string& how) const {
+        const std::string before = plan_.Read("a.prx");
+        const Result found = plan_.Prx({"check", "a.prx"});
+        EXPECT_EQ(found.status, 1);
+        EXPECT_EQ(found.out, "Linked wrongly; --repair mends it in a new file:\n  " + fault + "\n");
+        EXPECT_EQ(plan_.Output({"check", "a.prx", "--repair", "b.prx"}),
+                  "Mended:\n  " + fault + ": " + how + "\n" + plan_.Path("b.prx") + ": written\n");
+        EXPECT_EQ(plan_.Read("a.prx"), before);
+        plan_.Output({"check", "b.prx"});
+        plan_.Write("a.prx", plan_.Read("b.prx"));
+        EXPECT_EQ(plan_.Days("Design") + plan_.Days("Build") + plan_.Days("Test"), days_) << "no day moves";
+    }
+
+    std::string days_;
+    const PlanFolder plan_;
+};
+
+}  // namespace
+
+TEST_F(Links, ToAPredecessorThatIsGone) {
+    Damage("<TaskPredecessor>2</TaskPredecessor>", "<TaskPredecessor>2;500</TaskPredecessor>");
+    ExpectMended("task 3 \"Build\" waits for task 500, which is not there", "taken off");
+    EXPECT_NE(plan_.Row("Build").find(R"("predecessors": ["2"])"), std::string::npos);
+}
+
+TEST_F(Links, ToASuccessorThatIsGone) {
+    Damage("<TaskSuccessor>4</TaskSuccessor>", "<TaskSuccessor>4;500</TaskSuccessor>");
+    ExpectMended("task 3 \"Build\" lists task 500, which is not there", "taken off");
+}
+
+TEST_F(Links, ThatOnlyTheSuccessorKnows) {
+    Damage("<TaskSuccessor>4</TaskSuccessor>", "");
+    ExpectMended("task 4 \"Test\" waits for task 3 \"Build\", which does not list it", "put on");
+    EXPECT_NE(plan_.Read("b.prx").find("<TaskSuccessor>4</TaskSuccessor>"), std::string::npos);
+}
+
+TEST_F(Links, ThatOnlyThePredecessorKnows) {
+    Damage("<TaskSuccessor>3</TaskSuccessor>", "<TaskSuccessor>3;4</TaskSuccessor>");
+    ExpectMended("task 2 \"Design\" lists task 4 \"Test\", which does not wait for it", "taken off");
+}
+
+TEST_F(Links, OfWhichOnlyALeadTimeIsLeft) {
+    Damage("<TaskLeadTime>2|2</TaskLeadTime>", "<TaskLeadTime>2|2;1|7</TaskLeadTime>");
+    ExpectMended("task 3 \"Build\" keeps a lead time for task 1, for which it does not wait", "taken out");
+    EXPECT_NE(plan_.Read("b.prx").find("<TaskLeadTime>2|2</TaskLeadTime>"), std::string::npos);
+}
+
+TEST_F(Links, OfATaskWhoseRecordIsLost) {
+    const std::string whole = plan_.Read("a.prx");
+    const std::size_t key = whole.find("<TaskKey>3</TaskKey>");
+    const std::size_t from = whole.rfind("<Task>", key);
+    plan_.Write("a.prx", whole.substr(0, from) + whole.substr(whole.find("</Task>", key) + 7));
+
+    const Result result = plan_.Prx({"check", "a.prx", "--repair", "b.prx"});
+
+    EXPECT_EQ(result.status, 0) << result.out << result.err;
+    EXPECT_NE(result.out.find("task 2 \"Design\" lists task 3, which is not there: taken off"), std::string::npos);
+    EXPECT_NE(result.out.find("task 4 \"Test\" waits for task 3, which is not there: taken off"), std::string::npos);
+    plan_.Output({"check", "b.prx"});
+    EXPECT_EQ(plan_.Read("b.prx").find("<TaskPredecessor>3<"), std::string::npos);
+}
+
+TEST_F(Links, StayInOrderThroughEdits) {
+    for (const std::vector<std::string>& edit :
+         std::vector<std::vector<std::string>>{{"move", "Test", "--up"},
+                                               {"shift", "7"},
+                                               {"unlink", "Test", "Build"},
+                                               {"link", "Test", "Design", "--lag", "-1"},
+                                               {"unlink", "Test", "Design"},
+                                               {"link", "Test", "Build", "--lag", "3"},
+                                               {"outdent", "Build"},
+                                               {"remove", "Build"},
+                                               {"remove", "Phase"}}) {
+        plan_.Edit(edit);
+        EXPECT_EQ(plan_.Prx({"check", "a.prx"}).status, 0) << edit[0] << " " << edit[1];
+    }
+}
+
+TEST_F(Links, ThatAreDamagedAreMendedBeforeAForcedEdit) {
+    Damage("<TaskPredecessor>2</TaskPredecessor>", "<TaskPredecessor>2;500</TaskPredecessor>");
+    plan_.Output({"rename", "a.prx", "Design", "Draw", "--force"});
+    plan_.Output({"check", "a.prx"});
+}
+
+}  // namespace prx_test

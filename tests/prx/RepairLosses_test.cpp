@@ -1,0 +1,131 @@
+#include <gtest/gtest.h>
+
+#include "tests/prx/PlanFolder.h"
+
+namespace prx_test {
+namespace {
+
+bool Has(const std::string& text, const std::string& part) {
+    return text.find(part) != std::string::npos;
+}
+
+/// The house with one text of its file replaced.
+class LossyFile : public testing::Test {
+protected:
+    void Damage(const std::string& from, const std::string& to) const {
+        plan_.CopyExample("house.prx", "a.prx");
+        const std::string whole = plan_.Read("a.prx");
+        plan_.Write("a.prx", Replaced(whole, from, to));
+        ASSERT_NE(plan_.Read("a.prx"), whole) << from;
+    }
+    Result Repair(std::vector<std::string> more = {}) const {
+        std::vector<std::string> arguments = {"check", "a.prx", "--repair", "b.prx"};
+        arguments.insert(arguments.end(), more.begin(), more.end());
+        return plan_.Prx(arguments);
+    }
+    void ExpectRefused(const std::string& why) const {
+        const Result result = Repair();
+        EXPECT_EQ(result.status, 2);
+        EXPECT_EQ(result.out, "");
+        EXPECT_TRUE(Has(result.err, "could not be read whole, and the new file would lack the rest:\n")) << result.err;
+        EXPECT_TRUE(Has(result.err, why)) << result.err;
+        EXPECT_TRUE(Has(result.err, "--force")) << result.err;
+        EXPECT_FALSE(plan_.Has("b.prx"));
+        EXPECT_FALSE(plan_.Has("~b.prxl"));
+        EXPECT_FALSE(plan_.Has("~a.prxl"));
+    }
+    void ExpectForced(const std::string& told) const {
+        const Result result = Repair({"--force"});
+        EXPECT_EQ(result.status, 1) << "a file that lacks something is never right";
+        EXPECT_TRUE(Has(result.out, "Not read, and so not in the new file:\n")) << result.out;
+        EXPECT_TRUE(Has(result.out, told)) << result.out;
+        EXPECT_TRUE(plan_.Has("b.prx"));
+    }
+    const PlanFolder plan_;
+};
+
+}  // namespace
+
+TEST_F(LossyFile, OfAHolidayIsNotRepairedWithoutIt) {
+    Damage("<Holiday>", "<Holiday>soon;");
+    ExpectRefused("in CalendarCls.FromXmlInt)");
+    ExpectForced("in CalendarCls.FromXmlInt)");
+}
+
+TEST_F(LossyFile, OfARecordIsNotRepairedWithoutIt) {
+    Damage("<Goals><Goal>", "<Goals><Other/><Goal>");
+    ExpectRefused("records in Goals could not be read");
+    ExpectForced("records in Goals could not be read");
+}
+
+TEST_F(LossyFile, OfASectionIsNotRepairedWithoutIt) {
+    Damage("Goals>", "Plans>");
+    ExpectRefused("the section Goals is missing");
+    ExpectForced("the section Goals is missing");
+}
+
+TEST_F(LossyFile, IsForcedOnlyInARepair) {
+    Damage("Goals>", "Plans>");
+    EXPECT_NE(plan_.Refusal({"check", "a.prx", "--force"}), "");
+}
+
+TEST_F(LossyFile, WithoutANameForTheNewOneIsNotOnlyLookedAt) {
+    Damage("Goals>", "Plans>");
+    EXPECT_EQ(plan_.Refusal({"check", "a.prx", "--repair", ""}), "prx: the file needs a name\n");
+}
+
+TEST_F(LossyFile, OfAKeyThatStandsTwiceIsToldAndRepaired) {
+    plan_.Output({"new", "a.prx"});
+    plan_.Output({"add", "a.prx", "Phase"});
+    plan_.Output({"person", "a.prx", "add", "Ann"});
+    plan_.Output({"assign", "a.prx", "Phase", "person", "Ann"});
+    plan_.Write("a.prx", Replaced(plan_.Read("a.prx"), "<tKey>1</tKey>", "<tKey>1</tKey><tKey>1</tKey>"));
+
+    const Result result = Repair();
+
+    EXPECT_EQ(result.status, 0) << result.err;
+    EXPECT_TRUE(Has(result.out, "Recorded on the way:\n")) << result.out;
+    EXPECT_TRUE(Has(result.out, "(457 in TaskAssigmentRelationCol.FromXmlInt)")) << result.out;
+    plan_.Output({"check", "b.prx"});
+}
+
+/// A tie whose record has a key that counts as none.
+class KeylessTie : public testing::TestWithParam<std::pair<const char*, const char*>> {
+protected:
+    KeylessTie() {
+        plan_.Output({"new", "a.prx"});
+        plan_.Output({"add", "a.prx", "Phase"});
+        const std::string kind = GetParam().first;
+        plan_.Output({kind, "a.prx", "add", "Ann"});
+        plan_.Output({"assign", "a.prx", "Phase", kind, "Ann"});
+        const std::string whole = plan_.Read("a.prx");
+        const std::size_t record = whole.find(std::string("<") + GetParam().second + ">");
+        std::string tail = whole.substr(record);
+        const std::size_t key = tail.find("<Key>1<");
+        plan_.Write("a.prx", whole.substr(0, record) + tail.replace(key, 7, "<Key>0<"));
+    }
+    void ExpectTied(const std::string& file) const {
+        plan_.Output({"check", file});
+        EXPECT_TRUE(Has(plan_.Output({GetParam().first, file, "list"}), "Ann   1\n"));
+    }
+    const PlanFolder plan_;
+};
+
+TEST_P(KeylessTie, IsRepaired) {
+    EXPECT_EQ(plan_.Prx({"check", "a.prx"}).status, 1);
+    plan_.Output({"check", "a.prx", "--repair", "b.prx"});
+    ExpectTied("b.prx");
+}
+
+TEST_P(KeylessTie, IsMendedBeforeAForcedEdit) {
+    plan_.Output({"rename", "a.prx", "Phase", "Season", "--force"});
+    ExpectTied("a.prx");
+}
+
+INSTANTIATE_TEST_SUITE_P(Kinds, KeylessTie,
+                         testing::Values(std::pair("person", "TaskAssigmentRelation"),
+                                         std::pair("goal", "TaskGoalRelation"),
+                                         std::pair("obstacle", "TaskObstaclesRelation"),
+                                         std::pair("note", "TaskNoteRelation")));
+
+}  // namespace prx_test
