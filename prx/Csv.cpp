@@ -41,7 +41,7 @@ private:
         std::string field;
         for (;; ++at_) {
             if (AtEnd()) throw Refusal(fmt::format("line {}: a quote is not closed", opened));
-            if (text_[at_] == '\n') ++line_;
+            if (text_[at_] == '\n' || (text_[at_] == '\r' && !text_.substr(at_ + 1).starts_with('\n'))) ++line_;
             if (text_[at_] == '"') {
                 ++at_;
                 if (AtEnd() || text_[at_] != '"') return field;

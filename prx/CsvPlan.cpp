@@ -21,6 +21,7 @@ using namespace mrlxmlclass;
 namespace {
 
 constexpr int kMostLevels = 1000;
+constexpr std::size_t kMostTasks = 32766;  ///< in the outline and beside it; also of items
 
 /// Anything that a row of the table can be: a phase, a task, a person, a goal, an obstacle.
 struct Row {
@@ -41,12 +42,14 @@ public:
     explicit TableTask(Row row) : row_(std::move(row)) {}
 
     String Name() override { return row_.name; }
-    Date StartDate() override { return row_.start; }
+    Date StartDate() override { return below.empty() ? row_.start : Date(); }
     Date EndDate() override { return row_.end; }
     Boolean Completed() override { return row_.done; }
     String Note() override { return row_.note; }
     std::vector<String> AssignedResource() override { return row_.people; }
     std::vector<Ref<OldTask>> Tasks() override { return below; }
+
+    PlannedTask Planned() const { return {row_.line, row_.name, row_.start, row_.end, !below.empty()}; }
 
     std::vector<Ref<OldTask>> below;
 
@@ -84,6 +87,13 @@ public:
 
 private:
     Row row_;
+};
+
+/// Its work is tied afterwards.
+class TableObstacle : public TableItem {
+public:
+    using TableItem::TableItem;
+    std::vector<Ref<OldTask>> Tasks() override { return {}; }
 };
 
 class TableProject : public OldProject {
@@ -133,7 +143,7 @@ struct Column {
     void (*read)(Row& row, std::string_view text);
 };
 constexpr Column kColumns[] = {
-    {"kind", [](Row& row, std::string_view text) { row.kind = text; }},
+    {"kind", [](Row& row, std::string_view text) { row.kind = LowerCase(text); }},
     {"name", [](Row& row, std::string_view text) { row.name = ReadName(text); }},
     {"level", [](Row& row, std::string_view text) { row.level = int(ReadWhole(text, 1, kMostLevels).value()); }},
     {"start", [](Row& row, std::string_view text) { row.start = ReadDate(text); }},
@@ -146,8 +156,12 @@ constexpr Column kColumns[] = {
 
 std::vector<const Column*> ColumnsNamedIn(const CsvRow& header) {
     std::vector<const Column*> columns;
+    if (header.fields.size() == 1 && header.fields[0].find(';') != std::string::npos) {
+        RefuseLine(header.line, "fields are parted by \",\", not by \";\"");
+    }
     for (const std::string& field : header.fields) {
-        const std::string_view name = Trim(field);
+        const std::string name = LowerCase(Trim(field));
+        if (name.empty()) RefuseLine(header.line, fmt::format("column {} has no name", columns.size() + 1));
         const auto known =
             std::ranges::find(kColumns, name, [](const Column& column) { return std::string_view(column.name); });
         if (known == std::end(kColumns)) RefuseLine(header.line, fmt::format("there is no column \"{}\"", Plain(name)));
@@ -163,6 +177,13 @@ std::vector<const Column*> ColumnsNamedIn(const CsvRow& header) {
     return columns;
 }
 
+bool IsUtf8(std::string_view text) {
+    for (std::size_t at = 0; at < text.size();) {
+        if (dom::NextCharacter(text, at) == dom::kNoCharacter) return false;
+    }
+    return true;
+}
+
 Row ReadRow(const CsvRow& source, const std::vector<const Column*>& columns) {
     if (source.fields.size() != columns.size()) {
         RefuseLine(source.line, fmt::format("{} fields; the first row has {}", source.fields.size(), columns.size()));
@@ -172,6 +193,7 @@ Row ReadRow(const CsvRow& source, const std::vector<const Column*>& columns) {
     for (std::size_t i = 0; i < columns.size(); ++i) {
         const std::string_view text = Trim(source.fields[i]);
         if (text.empty()) continue;
+        if (!IsUtf8(text)) RefuseLine(source.line, "this is no text in UTF-8");
         if (dom::FirstForbidden(text) != std::string_view::npos)
             RefuseLine(source.line, "a character that no file can hold");
         try {
@@ -196,14 +218,18 @@ public:
         if (!items_.insert({row.kind, row.name}).second) {
             RefuseLine(row.line, fmt::format("there is a {} \"{}\" already", row.kind, Plain(row.name)));
         }
+        if (items_.size() > kMostTasks) RefuseLine(row.line, fmt::format("{} items are the most", kMostTasks));
         lists_.push_back(row);
+        for (std::size_t i = 0; i < row.tasks.size(); ++i) CountTask(row);
         if (row.kind == "person") {
             if (!row.note.empty()) RefuseLine(row.line, "a person has no note");
+            if (row.name.find(';') != String::npos) RefuseLine(row.line, "\";\" parts the names of people");
             project_->people.emplace_back(Ref<OldPerson>(new TablePerson(row)));
         } else if (row.kind == "goal") {
             project_->AddGoal(Ref<OldItem>(new TableItem(row)));
         } else if (row.kind == "obstacle") {
-            project_->obstacles.emplace_back(Ref<OldItem>(new TableItem(row)));
+            project_->obstacles.emplace_back(Ref<OldItem>(new TableObstacle(row)));
+            work_of_obstacles_.push_back(row.tasks);
         } else {
             RefuseLine(row.line, fmt::format("\"{}\" is no kind; there are phase, task, person, goal and obstacle",
                                              Plain(row.kind)));
@@ -231,13 +257,25 @@ public:
         return Ref<OldProject>(project_.get());
     }
 
+    std::vector<PlannedTask> Outline() const {
+        std::vector<PlannedTask> planned;
+        for (const Ref<TableTask>& task : outline_rows_) planned.push_back(task->Planned());
+        return planned;
+    }
+    const std::vector<std::vector<String>>& work_of_obstacles() const { return work_of_obstacles_; }
+
 private:
     static void RefuseFieldsOfTasks(const Row& row) {
         if (row.level == 0 && !row.start.set() && !row.end.set() && !row.done && row.people.empty()) return;
         RefuseLine(row.line, "level, start, end, done and people are for phases and tasks");
     }
 
+    void CountTask(const Row& row) {
+        if (++tasks_ > kMostTasks) RefuseLine(row.line, fmt::format("{} tasks are the most", kMostTasks));
+    }
+
     void AddToOutline(Row row) {
+        CountTask(row);
         if (!row.tasks.empty()) RefuseLine(row.line, "the tasks of a phase have rows of their own");
         if (row.start.set() != row.end.set() || row.end < row.start) {
             RefuseLine(row.line, "give both start and end, in this order, or none");
@@ -251,6 +289,7 @@ private:
             mentioned_.push_back(name);
         }
         const auto task = Make<TableTask>(std::move(row));
+        outline_rows_.push_back(task);
         (open_.empty() ? project_->phases : open_.back()->below).emplace_back(Ref<OldTask>(task.get()));
         open_.push_back(task);
     }
@@ -269,21 +308,29 @@ private:
 
     Ref<TableProject> project_;
     std::vector<Ref<TableTask>> open_;  ///< the last task of each level
+    std::vector<Ref<TableTask>> outline_rows_;
     std::set<String> outline_;
+    std::vector<std::vector<String>> work_of_obstacles_;
     std::vector<String> mentioned_;
     std::vector<Row> lists_;
     std::set<std::pair<std::string, String>> items_;
+    std::size_t tasks_ = 0;
 };
 
 }  // namespace
 
 CsvPlan::CsvPlan(std::string_view text, std::string name) {
+    if (text.starts_with("\xFF\xFE") || text.starts_with("\xFE\xFF")) {
+        throw Refusal("this is a text in UTF-16; save the table as UTF-8");
+    }
     const std::vector<CsvRow> rows = ReadCsv(text);
     if (rows.empty()) throw Refusal("the table is empty");
     const std::vector<const Column*> columns = ColumnsNamedIn(rows.front());
     Table table(std::move(name));
     for (std::size_t i = 1; i < rows.size(); ++i) table.Add(ReadRow(rows[i], columns));
     project_ = table.Whole();
+    outline_ = table.Outline();
+    work_of_obstacles_ = table.work_of_obstacles();
 }
 
 Ref<ProgressBar> CsvPlan::NewProgressBar() {

@@ -1,10 +1,20 @@
 #pragma once
 
 #include <string_view>
+#include <vector>
 
 #include "mrlxmlclass/platform/OldPlans.h"
 
 namespace prx {
+
+/// A row of the outline as the table has it.
+struct PlannedTask {
+    std::size_t line;
+    mrlxmlclass::String name;
+    mrlxmlclass::Date start;  ///< 0: none is given
+    mrlxmlclass::Date end;
+    bool summary;  ///< its days follow from what is below it
+};
 
 /// A plan that is written as a table, shown as the conversion reads old plans. The first row names the columns, in any
 /// order; `kind` and `name` must be there, an empty field counts as none:
@@ -20,6 +30,9 @@ namespace prx {
 ///     tasks   of a person, goal or obstacle: names of work that does not stand in the outline, parted by ";"
 ///
 /// Rows of the outline stand in its order. Reading refuses, by line, what is no such plan.
+///
+/// What the conversion ties to an obstacle does not last: it is shown obstacles without work, which a host ties
+/// afterwards. It is shown no days of a summary.
 class CsvPlan : public mrlxmlclass::OldPlans {
 public:
     explicit CsvPlan(std::string_view text, std::string name);
@@ -27,8 +40,15 @@ public:
     mrlxmlclass::Ref<mrlxmlclass::ProgressBar> NewProgressBar() override;
     mrlxmlclass::Ref<mrlxmlclass::OldProject> NewProject() override { return project_; }
 
+    /// The rows of the outline in their order.
+    const std::vector<PlannedTask>& outline() const { return outline_; }
+    /// The names of the work of each obstacle, in the order of the obstacles.
+    const std::vector<std::vector<mrlxmlclass::String>>& work_of_obstacles() const { return work_of_obstacles_; }
+
 private:
     mrlxmlclass::Ref<mrlxmlclass::OldProject> project_;
+    std::vector<PlannedTask> outline_;
+    std::vector<std::vector<mrlxmlclass::String>> work_of_obstacles_;
 };
 
 }  // namespace prx

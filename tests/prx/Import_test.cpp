@@ -50,13 +50,14 @@ TEST(Import, BuildsThePlanOfATable) {
           "<TaskName>Fix the van</TaskName>", "<TaskName>Write to the paper</TaskName>"}) {
         EXPECT_TRUE(Has(file, text)) << text;
     }
-    EXPECT_EQ(folder.Output({"check", "club.prx"}), folder.Path("club.prx") + ": nothing is wrong, 5 tasks\n");
+    EXPECT_EQ(folder.Output({"check", "club.prx"}),
+              folder.Path("club.prx") + ": nothing is wrong, 5 tasks, 2 beside the outline\n");
 }
 
 TEST(Import, WritesToTheFileThatIsNamed) {
     const Folder folder;
     folder.Write("a.csv", "name,kind\nA,phase\n");
-    EXPECT_EQ(folder.Output({"import", "a.csv", "--to", "b.prx"}), folder.Path("b.prx") + ": 1 tasks\n");
+    EXPECT_EQ(folder.Output({"import", "a.csv", "--to", "b.prx"}), folder.Path("b.prx") + ": 1 task\n");
     EXPECT_FALSE(folder.Has("a.prx"));
 }
 
