@@ -5,10 +5,6 @@
 namespace prx_test {
 namespace {
 
-bool Has(const std::string& text, const std::string& part) {
-    return text.find(part) != std::string::npos;
-}
-
 /// A table and what becomes of it.
 class Table : public PlanFolder {
 public:

@@ -5,10 +5,6 @@
 namespace prx_test {
 namespace {
 
-bool Has(const std::string& text, const std::string& part) {
-    return text.find(part) != std::string::npos;
-}
-
 /// The house with one text of its file replaced.
 class LossyFile : public testing::Test {
 protected:

@@ -188,20 +188,33 @@ TEST_F(Repair, TellsWhatNoRepairBringsBack) {
 
 TEST_F(Repair, OfDamagedSectionsEndsInOrder) {
     const std::string whole = plan_.Read("a.prx");
-    for (const char* text : {"<Goals>", "<GoalKey>1<", "<Personkey>1<", "<TaskAssigmentRelation>", "<tKey>2<",
-                             "<PeopleTaskRelationKeys>", "<Obstacleskey>1<", "<NoteKey>1<", "<Key>1<"}) {
-        for (const char* instead : {"<x>", "<Key>0<", "<Key>-1<", "<Key>99999<", "<Key><"}) {
-            const std::string damaged = Replaced(whole, text, instead);
-            plan_.Write("c.prx", damaged);
-            const int looked = plan_.Prx({"check", "c.prx"}).status;
-            const Result result = plan_.Prx({"check", "c.prx", "--repair", "d.prx"});
-            EXPECT_LE(result.status, 2) << text << instead;
-            EXPECT_EQ(plan_.Read("c.prx"), damaged);
-            if (looked == 1 && result.status == 0) {
-                EXPECT_EQ(plan_.Prx({"check", "d.prx"}).status, 0) << text << instead << result.out;
-            }
-            std::remove(plan_.Path("d.prx").c_str());
+    std::vector<std::pair<std::string, std::string>> damages;
+    for (const char* key :
+         {"GoalKey", "Personkey", "PersonKey", "tKey", "Obstacleskey", "ObstacleKey", "NoteKey", "Key"}) {
+        for (const char* value : {"0", "-1", "99999", "", "x", "2"}) {
+            damages.emplace_back(std::string("<") + key + ">1<", std::string("<") + key + ">" + value + "<");
         }
+    }
+    for (const char* element : {"Goals", "Goal", "TaskAssigmentRelation", "PeopleTaskRelationKeys", "tKey"}) {
+        damages.emplace_back(std::string(element) + ">", "Other>");
+    }
+    for (const auto& [text, instead] : damages) {
+        SCOPED_TRACE(text + " " + instead);
+        const std::string damaged = Replaced(whole, text, instead);
+        ASSERT_NE(damaged, whole);
+        plan_.Write("c.prx", damaged);
+        const int looked = plan_.Prx({"check", "c.prx"}).status;
+        const Result result = plan_.Prx({"check", "c.prx", "--repair", "d.prx"});
+        EXPECT_EQ(plan_.Read("c.prx"), damaged);
+        EXPECT_EQ(plan_.Has("d.prx"), looked == 1 && result.status != 2);
+        std::remove(plan_.Path("d.prx").c_str());
+
+        const Result forced = plan_.Prx({"check", "c.prx", "--repair", "d.prx", "--force"});
+        EXPECT_EQ(forced.status, result.status == 0 ? 0 : 1) << forced.out << forced.err;
+        if (looked == 1) {
+            EXPECT_EQ(plan_.Prx({"check", "d.prx"}).status, 0) << forced.out;
+        }
+        std::remove(plan_.Path("d.prx").c_str());
     }
 }
 
