@@ -51,6 +51,8 @@ public:
     static constexpr int kDelete = 46;
     static constexpr int kV = 86;
     static constexpr int kControlDown = 2;  ///< in `Shift`
+    /// The data of the row through which a new person is typed in.
+    static constexpr const char* kNewPerson = "newperson";
 
     // --- Opening and closing ----------------------------------------------------------------------------------------
 

@@ -11,8 +11,6 @@ namespace mrlxmlclass::dialog {
 
 inline constexpr FailureTail kTail{"EditTask"};
 
-/// The row through which a new person is typed in.
-inline constexpr const char* kNewPerson = "newperson";
 /// What the key of a person carries as the data of a row.
 inline constexpr const char* kPersonMark = "p";
 

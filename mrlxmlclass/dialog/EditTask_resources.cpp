@@ -7,7 +7,6 @@
 
 namespace mrlxmlclass {
 
-using dialog::kNewPerson;
 using dialog::kPersonMark;
 using dialog::kTail;
 
