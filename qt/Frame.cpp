@@ -1,0 +1,18 @@
+#include "qt/Frame.h"
+
+#include <algorithm>
+
+namespace mrlxmlclass::qt {
+
+void Frame::setVisible(bool visible) {
+    const QList<QWidget*> content = findChildren<QWidget*>(QString(), Qt::FindDirectChildrenOnly);
+    wanted_ = visible;
+    QGroupBox::setVisible(wanted_ && !std::ranges::all_of(content, &QWidget::isHidden));
+}
+
+void Frame::ContentChanged(const QWidget& widget) {
+    auto* frame = dynamic_cast<Frame*>(widget.parentWidget());
+    if (frame != nullptr) frame->setVisible(frame->wanted_);
+}
+
+}  // namespace mrlxmlclass::qt

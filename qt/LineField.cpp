@@ -1,0 +1,53 @@
+#include "qt/LineField.h"
+
+#include <QKeyEvent>
+#include <algorithm>
+#include <utility>
+
+#include "mrlxmlclass/dialog/EditTask.h"
+#include "qt/Texts.h"
+
+namespace mrlxmlclass::qt {
+
+void LineField::Typed(const QString& text) {
+    echo_ = true;
+    emptied_ = text.isEmpty();
+    control_.Text(FromQt(text));
+    echo_ = emptied_ = false;
+}
+
+void LineField::Show() {
+    constexpr int kMostOfAnyLine = 32767;
+    const QString text = ToQt(control_.Text());
+    const bool echo = std::exchange(echo_, false);
+    const int most = static_cast<int>(control_.MaxLength().value());
+    line_.setReadOnly(static_cast<bool>(control_.Locked()));
+    // What the program put there may be longer than what may be typed.
+    line_.setMaxLength(most == 0 ? kMostOfAnyLine : std::max(most, static_cast<int>(text.size())));
+    if (line_.text() != text) {
+        const int caret = line_.cursorPosition();
+        line_.setText(text);
+        line_.setCursorPosition(caret);
+        if (emptied_) line_.selectAll();
+    } else if (!echo) {
+        line_.setCursorPosition(static_cast<int>(control_.SelStart().value()));
+    }
+}
+
+int KeyAscii(const QKeyEvent& event) {
+    switch (event.key()) {
+        case Qt::Key_Backspace:
+            return EditTask::kBackspace;
+        case Qt::Key_Return:
+        case Qt::Key_Enter:
+            return EditTask::kEnter;
+        default:
+            break;
+    }
+    if (event.text().isEmpty() || !event.text().front().isPrint()) return EditTask::kNoKey;
+    constexpr int kCodes = 256;
+    const int code = event.text().front().unicode();
+    return code < kCodes ? code : '?';
+}
+
+}  // namespace mrlxmlclass::qt

@@ -1,0 +1,166 @@
+#include "qt/TaskPage.h"
+
+#include <QCheckBox>
+#include <QComboBox>
+#include <QGridLayout>
+#include <QKeyEvent>
+#include <QLabel>
+#include <QSignalBlocker>
+
+#include "qt/DateField.h"
+#include "qt/Frame.h"
+#include "qt/Labels.h"
+#include "qt/StepArrows.h"
+
+namespace mrlxmlclass::qt {
+namespace {
+
+constexpr int kLabels = 0;
+constexpr int kFields = 1;
+constexpr int kRest = 2;  ///< takes the room that the fields do not need
+
+/// Labels stand in one column, fields in one, in every frame of the page.
+QGridLayout* NewFieldGrid(QWidget* frame) {
+    auto* grid = new QGridLayout(frame);
+    grid->setColumnStretch(kRest, 1);
+    grid->setColumnMinimumWidth(kLabels, 12 * frame->fontMetrics().averageCharWidth());
+    grid->setColumnMinimumWidth(kFields, 24 * frame->fontMetrics().averageCharWidth());
+    return grid;
+}
+
+/// A field with its arrows, as one.
+QHBoxLayout* WithArrows(QWidget* field, QWidget* arrows) {
+    auto* row = new QHBoxLayout;
+    row->setSpacing(1);
+    row->addWidget(field, 1);
+    row->addWidget(arrows);
+    return row;
+}
+
+}  // namespace
+
+TaskPage::TaskPage(EditTask& form, Bindings& bindings) : form_(form) {
+    auto* column = new QVBoxLayout(this);
+    column->addWidget(NewDatesFrame(bindings));
+    column->addWidget(NewProgressFrame(bindings));
+    column->addStretch(1);
+}
+
+QWidget* TaskPage::NewProgressFrame(Bindings& bindings) {
+    auto* frame = new Frame(this);
+    bindings.AddCaption(form_.frmTaskPro[0], *frame);
+    QGridLayout* grid = NewFieldGrid(frame);
+    AddProgress(*grid, bindings);
+    AddCost(*grid, bindings);
+    return frame;
+}
+
+QWidget* TaskPage::NewDatesFrame(Bindings& bindings) {
+    auto* frame = new Frame(this);
+    bindings.AddCaption(form_.FrStartDate, *frame);
+    QGridLayout* grid = NewFieldGrid(frame);
+    AddDates(*grid, bindings);
+    AddDuration(*grid, bindings);
+    return frame;
+}
+
+void TaskPage::AddProgress(QGridLayout& grid, Bindings& bindings) {
+    auto* box = new QComboBox(this);
+    box->setEditable(true);
+    box->setInsertPolicy(QComboBox::NoInsert);
+    box->setCompleter(nullptr);
+    percent_ = std::make_unique<LineField>(*box->lineEdit(), form_.TxtPercentComplet);
+    bindings.Add(form_.TxtPercentComplet, *box, [this, box] {
+        const QSignalBlocker quiet(box);
+        const auto& offered = form_.TxtPercentComplet.List();
+        for (auto n = static_cast<std::size_t>(box->count()); n < offered.size(); ++n) box->addItem(ToQt(offered[n]));
+        percent_->Show();
+    });
+    connect(box->lineEdit(), &QLineEdit::textEdited, this, [this](const QString& text) { percent_->Typed(text); });
+    connect(box, &QComboBox::textActivated, this, [this](const QString& chosen) {
+        percent_->Typed(chosen);
+        form_.TxtPercentComplet_Click();
+    });
+
+    auto* arrows = new StepArrows(
+        this, [this] { form_.VScrollPercentComplete_UpClick(); }, [this] { form_.VScrollPercentComplete_DownClick(); });
+    bindings.Add(form_.VScrollPercentComplete, *arrows);
+
+    const int row = grid.rowCount();
+    grid.addWidget(NewLabel(form_.lblPercentComplet, bindings, box), row, kLabels);
+    grid.addLayout(WithArrows(box, arrows), row, kFields);
+}
+
+void TaskPage::AddCost(QGridLayout& grid, Bindings& bindings) {
+    cost_line_ = new QLineEdit(this);
+    cost_ = std::make_unique<LineField>(*cost_line_, form_.Txtcost);
+    bindings.Add(form_.Txtcost, *cost_line_, [this] { cost_->Show(); });
+    connect(cost_line_, &QLineEdit::textEdited, this, [this](const QString& text) { cost_->Typed(text); });
+    cost_line_->installEventFilter(this);
+
+    const int row = grid.rowCount();
+    grid.addWidget(NewLabel(form_.lblcost[0], bindings, cost_line_), row, kLabels);
+    grid.addWidget(cost_line_, row, kFields);
+}
+
+void TaskPage::AddDates(QGridLayout& grid, Bindings& bindings) {
+    const auto add = [&](DateControl& control, const Control& label, std::function<void()> changed) {
+        auto* field = new DateField(control, std::move(changed));
+        bindings.Add(control, *field, [field] { field->Show(); });
+        const int row = grid.rowCount();
+        grid.addWidget(NewLabel(label, bindings, field), row, kLabels);
+        grid.addWidget(field, row, kFields);
+    };
+    add(form_.DTPickerStart, form_.LblStartDate, [this] { form_.DTPickerStart_Change(); });
+    add(form_.DTPickerEnd, form_.LblEndDate, [this] { form_.DTPickerEnd_Change(); });
+}
+
+void TaskPage::AddDuration(QGridLayout& grid, Bindings& bindings) {
+    TextControl& control = form_.TxtDurtion[0];
+    duration_line_ = new QLineEdit(this);
+    duration_ = std::make_unique<LineField>(*duration_line_, control);
+    bindings.Add(control, *duration_line_, [this] { duration_->Show(); });
+    connect(duration_line_, &QLineEdit::textEdited, this, [this](const QString& text) { duration_->Typed(text); });
+    connect(duration_line_, &QLineEdit::editingFinished, this, [this] { form_.TxtDurtion_Validate(0); });
+    duration_line_->installEventFilter(this);
+
+    auto* arrows = new StepArrows(
+        this, [this] { form_.VScrollDuration_UpClick(0); }, [this] { form_.VScrollDuration_DownClick(0); });
+    bindings.Add(form_.VScrollDuration[0], *arrows);
+
+    int row = grid.rowCount();
+    grid.addWidget(NewLabel(form_.LblDuration[0], bindings, duration_line_), row, kLabels);
+    grid.addLayout(WithArrows(duration_line_, arrows), row, kFields);
+
+    auto* milestone = new QCheckBox(this);
+    bindings.AddCaption(form_.chkAsMilistones, *milestone,
+                        [this, milestone] { milestone->setChecked(static_cast<bool>(form_.chkAsMilistones.Value())); });
+    connect(milestone, &QCheckBox::clicked, this, [this](bool ticked) { form_.chkAsMilistones.Value(ticked); });
+    grid.addWidget(milestone, ++row, kFields);
+}
+
+bool TaskPage::eventFilter(QObject* watched, QEvent* event) {
+    if (event->type() != QEvent::KeyPress) return QWidget::eventFilter(watched, event);
+    const auto& key = static_cast<const QKeyEvent&>(*event);
+    if (watched == duration_line_) return DurationKey(key);
+    if (watched == cost_line_) {
+        if (const int ascii = KeyAscii(key); ascii != EditTask::kNoKey) form_.Txtcost_KeyPress(Integer(ascii));
+    }
+    return false;
+}
+
+/// Whether the key goes no further.
+bool TaskPage::DurationKey(const QKeyEvent& key) {
+    if (key.key() == Qt::Key_Up || key.key() == Qt::Key_Down) {
+        if (!form_.VScrollDuration[0].Enabled()) return true;
+        key.key() == Qt::Key_Up ? form_.VScrollDuration_UpClick(0) : form_.VScrollDuration_DownClick(0);
+        return true;
+    }
+    Integer ascii = KeyAscii(key);
+    // Enter leaves the dialog before a field hears of it.
+    if (ascii == EditTask::kNoKey || ascii == EditTask::kEnter) return false;
+    form_.TxtDurtion_KeyPress(0, ascii);
+    return ascii == EditTask::kNoKey;
+}
+
+}  // namespace mrlxmlclass::qt

@@ -1,0 +1,97 @@
+#include "qt/TaskWindow.h"
+
+#include <QCloseEvent>
+#include <QDialogButtonBox>
+#include <QHBoxLayout>
+#include <QPushButton>
+#include <QSignalBlocker>
+#include <QTabBar>
+#include <QTabWidget>
+
+#include "qt/Labels.h"
+#include "qt/TaskPage.h"
+
+namespace mrlxmlclass::qt {
+
+TaskWindow::TaskWindow(EditTask& form) : form_(form) {
+    setObjectName("EditTask");
+    setWindowTitle(ToQt(form_.Caption));
+    setSizeGripEnabled(true);
+    auto* column = new QVBoxLayout(this);
+    column->addLayout(NewNameRow());
+    column->addWidget(NewTabs(), 1);
+    column->addWidget(NewButtons());
+    bindings_.ShowAll();
+}
+
+QLayout* TaskWindow::NewNameRow() {
+    auto* line = new QLineEdit(this);
+    name_ = std::make_unique<LineField>(*line, form_.TxtName[0]);
+    bindings_.Add(form_.TxtName[0], *line, [this] { name_->Show(); });
+    connect(line, &QLineEdit::textEdited, this, [this](const QString& text) { name_->Typed(text); });
+    connect(line, &QLineEdit::editingFinished, this, [this] { form_.TxtName_Validate(0); });
+
+    auto* row = new QHBoxLayout;
+    row->addWidget(NewLabel(form_.lblName[0], bindings_, line));
+    row->addWidget(line, 1);
+    return row;
+}
+
+QTabWidget* TaskWindow::NewTabs() {
+    auto* tabs = new QTabWidget(this);
+    QWidget* const pages[] = {new TaskPage(form_, bindings_)};
+    for (QWidget* page : pages) {
+        bindings_.Add(form_.Picgeneral[tabs->count()], *page);
+        tabs->addTab(page, QString());
+    }
+    bindings_.Add(form_.TabTask, *tabs, [this, tabs] {
+        const QSignalBlocker quiet(tabs);
+        for (int tab = 0; tab < tabs->count(); ++tab) {
+            tabs->setTabText(tab, ToQt(form_.TabTask.TabCaption(tab)));
+            tabs->setTabEnabled(tab, static_cast<bool>(form_.TabTask.TabEnabled(tab)));
+        }
+        tabs->setCurrentIndex(static_cast<int>(form_.TabTask.CurrTab().value()));
+    });
+    tabs->setFocusProxy(tabs->tabBar());
+    connect(tabs, &QTabWidget::currentChanged, this, [this](int tab) {
+        form_.TabTask.CurrTab(tab);
+        form_.TabTask_Click();
+    });
+    return tabs;
+}
+
+QDialogButtonBox* TaskWindow::NewButtons() {
+    auto* box = new QDialogButtonBox(this);
+    bindings_.Add(form_.Picgen[0], *box);
+    const auto add = [&](Control& control, QDialogButtonBox::ButtonRole role, auto press) {
+        auto* button = new QPushButton(this);
+        bindings_.AddCaption(control, *button);
+        box->addButton(button, role);
+        connect(button, &QPushButton::clicked, this, press);
+        return button;
+    };
+    ok_ = add(form_.CmdOK[0], QDialogButtonBox::AcceptRole, [this] {
+        FinishEditing();
+        form_.CmdOK_Click(0);
+    });
+    add(form_.CmdCancel[0], QDialogButtonBox::RejectRole, [this] { form_.CmdCancel_Click(0); });
+    add(form_.CmdHelp[0], QDialogButtonBox::HelpRole, [this] { form_.CmdHelp_Click(0); });
+    ok_->setDefault(true);
+    return box;
+}
+
+// A key that presses the button leaves the focus in the field.
+void TaskWindow::FinishEditing() {
+    ok_->setFocus();
+}
+
+void TaskWindow::reject() {
+    form_.CmdCancel_Click(0);
+}
+
+void TaskWindow::closeEvent(QCloseEvent* event) {
+    event->ignore();
+    form_.Form_Closed();
+}
+
+}  // namespace mrlxmlclass::qt

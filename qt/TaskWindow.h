@@ -1,0 +1,43 @@
+#pragma once
+
+#include <QDialog>
+#include <memory>
+
+#include "mrlxmlclass/dialog/EditTask.h"
+#include "qt/Bindings.h"
+#include "qt/LineField.h"
+
+class QDialogButtonBox;
+class QPushButton;
+class QTabWidget;
+
+namespace mrlxmlclass::qt {
+
+/// The window of the dialog. The name and the buttons, of which the form has one set a tab, stand once, around the
+/// tabs, as element 0: the form gives the names of all tabs the same text, and the buttons of all do the same.
+class TaskWindow : public QDialog {
+public:
+    explicit TaskWindow(EditTask& form);
+
+    const Bindings& bindings() const { return bindings_; }
+
+    /// What is being typed counts as typed.
+    void FinishEditing();
+    /// Esc.
+    void reject() override;
+
+protected:
+    void closeEvent(QCloseEvent* event) override;
+
+private:
+    QLayout* NewNameRow();
+    QTabWidget* NewTabs();
+    QDialogButtonBox* NewButtons();
+
+    EditTask& form_;
+    Bindings bindings_;
+    std::unique_ptr<LineField> name_;
+    QPushButton* ok_ = nullptr;
+};
+
+}  // namespace mrlxmlclass::qt
