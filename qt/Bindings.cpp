@@ -7,14 +7,6 @@
 namespace mrlxmlclass::qt {
 namespace {
 
-/// The font that the form asks for; where the system has none of that name, the desktop's own in that size.
-QFont FontOf(const Control& control) {
-    QFont font = QApplication::font();
-    font.setFamilies({ToQt(control.Font().Name), font.family()});
-    if (const double points = ToQt(control.Font().Size).toDouble(); points > 0) font.setPointSizeF(points);
-    return font;
-}
-
 /// What all controls have in common.
 void ShowState(QWidget& widget, const Control& control) {
     widget.setEnabled(static_cast<bool>(control.Enabled()));
@@ -23,6 +15,13 @@ void ShowState(QWidget& widget, const Control& control) {
 }
 
 }  // namespace
+
+QFont FontOf(const Control& control) {
+    QFont font = QApplication::font();
+    font.setFamilies({ToQt(control.Font().Name), font.family()});
+    if (const double points = ToQt(control.Font().Size).toDouble(); points > 0) font.setPointSizeF(points);
+    return font;
+}
 
 void Bindings::Add(const Control& control, QWidget& widget, std::function<void()> show) {
     QString name = ToQt(control.Name());

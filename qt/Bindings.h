@@ -10,6 +10,9 @@
 
 namespace mrlxmlclass::qt {
 
+/// The font that a control asks for; where the system has none of that name, the desktop's own in that size.
+QFont FontOf(const Control& control);
+
 /// Which widget stands for which control of the form, and how it is brought up to date.
 class Bindings {
 public:

@@ -44,7 +44,9 @@ int KeyAscii(const QKeyEvent& event) {
         default:
             break;
     }
-    if (event.text().isEmpty() || !event.text().front().isPrint()) return EditTask::kNoKey;
+    const bool shortcut =
+        event.modifiers().testFlag(Qt::ControlModifier) && !event.modifiers().testFlag(Qt::AltModifier);
+    if (shortcut || event.text().isEmpty() || !event.text().front().isPrint()) return EditTask::kNoKey;
     constexpr int kCodes = 256;
     const int code = event.text().front().unicode();
     return code < kCodes ? code : '?';

@@ -13,6 +13,8 @@ public:
     /// The line lives at least as long.
     LineField(QLineEdit& line, TextControl& control) : line_(line), control_(control) {}
 
+    QLineEdit& line() { return line_; }
+
     void Show();
     /// The person put that text there.
     void Typed(const QString& text);

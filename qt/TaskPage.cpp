@@ -6,6 +6,7 @@
 #include <QKeyEvent>
 #include <QLabel>
 #include <QSignalBlocker>
+#include <algorithm>
 
 #include "qt/DateField.h"
 #include "qt/Frame.h"
@@ -18,15 +19,6 @@ namespace {
 constexpr int kLabels = 0;
 constexpr int kFields = 1;
 constexpr int kRest = 2;  ///< takes the room that the fields do not need
-
-/// Labels stand in one column, fields in one, in every frame of the page.
-QGridLayout* NewFieldGrid(QWidget* frame) {
-    auto* grid = new QGridLayout(frame);
-    grid->setColumnStretch(kRest, 1);
-    grid->setColumnMinimumWidth(kLabels, 12 * frame->fontMetrics().averageCharWidth());
-    grid->setColumnMinimumWidth(kFields, 24 * frame->fontMetrics().averageCharWidth());
-    return grid;
-}
 
 /// A field with its arrows, as one.
 QHBoxLayout* WithArrows(QWidget* field, QWidget* arrows) {
@@ -44,6 +36,28 @@ TaskPage::TaskPage(EditTask& form, Bindings& bindings) : form_(form) {
     column->addWidget(NewDatesFrame(bindings));
     column->addWidget(NewProgressFrame(bindings));
     column->addStretch(1);
+}
+
+QGridLayout* TaskPage::NewFieldGrid(QWidget* frame) {
+    auto* grid = new QGridLayout(frame);
+    grid->setColumnStretch(kRest, 1);
+    grids_.push_back(grid);
+    return grid;
+}
+
+/// Labels and fields stand below one another across the frames.
+void TaskPage::showEvent(QShowEvent* event) {
+    for (const int column : {kLabels, kFields}) {
+        int widest = 0;
+        for (const QGridLayout* grid : grids_) {
+            for (int row = 0; row < grid->rowCount(); ++row) {
+                const QLayoutItem* item = grid->itemAtPosition(row, column);
+                if (item != nullptr) widest = std::max(widest, item->sizeHint().width());
+            }
+        }
+        for (QGridLayout* grid : grids_) grid->setColumnMinimumWidth(column, widest);
+    }
+    QWidget::showEvent(event);
 }
 
 QWidget* TaskPage::NewProgressFrame(Bindings& bindings) {

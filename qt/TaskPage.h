@@ -2,12 +2,12 @@
 
 #include <QWidget>
 #include <memory>
+#include <vector>
 
 #include "mrlxmlclass/dialog/EditTask.h"
 #include "qt/Bindings.h"
 #include "qt/LineField.h"
 
-class QComboBox;
 class QGridLayout;
 
 namespace mrlxmlclass::qt {
@@ -18,11 +18,13 @@ public:
     TaskPage(EditTask& form, Bindings& bindings);
 
 protected:
+    void showEvent(QShowEvent* event) override;
     bool eventFilter(QObject* watched, QEvent* event) override;
 
 private:
     QWidget* NewProgressFrame(Bindings& bindings);
     QWidget* NewDatesFrame(Bindings& bindings);
+    QGridLayout* NewFieldGrid(QWidget* frame);
     void AddProgress(QGridLayout& grid, Bindings& bindings);
     void AddCost(QGridLayout& grid, Bindings& bindings);
     void AddDates(QGridLayout& grid, Bindings& bindings);
@@ -31,6 +33,7 @@ private:
     bool DurationKey(const QKeyEvent& key);
 
     EditTask& form_;
+    std::vector<QGridLayout*> grids_;  ///< one a frame, all with the same columns
     std::unique_ptr<LineField> percent_;
     std::unique_ptr<LineField> cost_;
     std::unique_ptr<LineField> duration_;

@@ -1,6 +1,7 @@
 #pragma once
 
 #include <QEventLoop>
+#include <QPointer>
 #include <memory>
 
 #include "mrlxmlclass/dialog/EditTask.h"
@@ -31,6 +32,7 @@ private:
     EditTask& form_;
     Desktop desktop_;  // outlives all widgets
     std::unique_ptr<TaskWindow> window_;
+    QPointer<QDialog> in_front_;  ///< a further window, while it is open
     QEventLoop* showing_ = nullptr;
     bool closed_ = false;
 };

@@ -8,6 +8,7 @@
 #include <QTabBar>
 #include <QTabWidget>
 
+#include "qt/GridPages.h"
 #include "qt/Labels.h"
 #include "qt/TaskPage.h"
 
@@ -21,7 +22,12 @@ TaskWindow::TaskWindow(EditTask& form) : form_(form) {
     column->addLayout(NewNameRow());
     column->addWidget(NewTabs(), 1);
     column->addWidget(NewButtons());
+    setFont(FontOf(form_.TxtName[0]));  // what has no font of its own looks like the fields
     bindings_.ShowAll();
+    const QFontMetrics metrics(font());
+    constexpr int kCharacters = 80;
+    constexpr int kLines = 26;
+    resize(QSize(kCharacters * metrics.averageCharWidth(), kLines * metrics.lineSpacing()).expandedTo(sizeHint()));
 }
 
 QLayout* TaskWindow::NewNameRow() {
@@ -39,10 +45,15 @@ QLayout* TaskWindow::NewNameRow() {
 
 QTabWidget* TaskWindow::NewTabs() {
     auto* tabs = new QTabWidget(this);
-    QWidget* const pages[] = {new TaskPage(form_, bindings_)};
+    notes_ = new NotesPage(form_, bindings_);
+    QWidget* const pages[] = {new TaskPage(form_, bindings_), NewPredecessorPage(form_, bindings_), notes_,
+                              NewPeoplePage(form_, bindings_)};
     for (QWidget* page : pages) {
         bindings_.Add(form_.Picgeneral[tabs->count()], *page);
-        tabs->addTab(page, QString());
+        auto* tab = new QWidget(tabs);  // whether it shows is the tabs' business
+        (new QVBoxLayout(tab))->addWidget(page);
+        tab->layout()->setContentsMargins(0, 0, 0, 0);
+        tabs->addTab(tab, QString());
     }
     bindings_.Add(form_.TabTask, *tabs, [this, tabs] {
         const QSignalBlocker quiet(tabs);

@@ -6,6 +6,7 @@
 #include "mrlxmlclass/dialog/EditTask.h"
 #include "qt/Bindings.h"
 #include "qt/LineField.h"
+#include "qt/NotesPage.h"
 
 class QDialogButtonBox;
 class QPushButton;
@@ -20,6 +21,7 @@ public:
     explicit TaskWindow(EditTask& form);
 
     const Bindings& bindings() const { return bindings_; }
+    NoteText& note() { return notes_->note(); }
 
     /// What is being typed counts as typed.
     void FinishEditing();
@@ -37,6 +39,7 @@ private:
     EditTask& form_;
     Bindings bindings_;
     std::unique_ptr<LineField> name_;
+    NotesPage* notes_ = nullptr;
     QPushButton* ok_ = nullptr;
 };
 

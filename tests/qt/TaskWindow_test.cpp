@@ -1,47 +1,25 @@
 #include <gtest/gtest.h>
-#include <QApplication>
-#include <QLineEdit>
-#include <QPushButton>
-#include <QTest>
-#include <QTimer>
 
-#include "qt/QtTaskScreens.h"
-#include "tests/support/TaskDialog.h"
+#include "tests/qt/QtDialog.h"
 
 namespace mrlxmlclass::testing {
 namespace {
 
 TEST(TaskWindow, StoresATypedDurationOnOk) {
-    Plan plan;
+    const OffscreenApplication application;
+    QtPlan plan;
     plan.Task("Design").From(Monday).Lasting(3);
-    QtTaskScreens screens;
-    Services services{plan.platform.clock,
-                      plan.platform.locale,
-                      plan.platform.files,
-                      plan.platform.shell,
-                      plan.platform.ui,
-                      NoOldPlans(),
-                      screens};
-    const InstalledServices installed(services);
-    QTimer::singleShot(0, [] {
-        QWidget* window = QApplication::activeModalWidget();
-        auto* line = window->findChild<QLineEdit*>("TxtDurtion");
-        line->setFocus();
-        line->selectAll();
-        QTest::keyClicks(line, "5");
-        QTest::mouseClick(window->findChild<QPushButton*>("CmdOK"), Qt::LeftButton);
-    });
-    EXPECT_EQ(plan.app->showtaskinfo(plan.Key("Design"), plan.app->xTaskCol(), 2, DialogTexts()), True);
+
+    EXPECT_EQ(plan.Edit("Design",
+                        [](QWidget& window) {
+                            Type(Find(window, "TxtDurtion"), "5");
+                            Click(Find(window, "CmdOK"));
+                        }),
+              True);
+
     EXPECT_EQ(plan["Design"].TaskDuration(), 5);
-    plan.Heard();
+    EXPECT_EQ(plan["Design"].TaskEDate(), Friday);
 }
 
 }  // namespace
 }  // namespace mrlxmlclass::testing
-
-int main(int argc, char** argv) {
-    qputenv("QT_QPA_PLATFORM", "offscreen");
-    QApplication app(argc, argv);
-    ::testing::InitGoogleTest(&argc, argv);
-    return RUN_ALL_TESTS();
-}

@@ -1,0 +1,62 @@
+#include "qt/GridPages.h"
+
+#include <QHeaderView>
+#include <QVBoxLayout>
+
+#include "qt/Frame.h"
+#include "qt/GridView.h"
+
+namespace mrlxmlclass::qt {
+namespace {
+
+/// A page of one frame, with one table in it. The tab is frame enough.
+GridView* AddGrid(QWidget& page, EditTask& form, const Control& frame_control, GridControl& grid, Bindings& bindings) {
+    auto* frame = new Frame(&page);
+    bindings.AddCaption(frame_control, *frame);
+    auto* view = new GridView(form, grid, frame);
+    bindings.Add(grid, *view, [view] { view->Follow(); });
+    frame->setFlat(true);
+    (new QVBoxLayout(frame))->addWidget(view);
+    frame->layout()->setContentsMargins(0, frame->layout()->contentsMargins().top(), 0, 0);
+    (new QVBoxLayout(&page))->addWidget(frame);
+    return view;
+}
+
+int Column(const GridControl& grid, const char* key) {
+    return static_cast<int>(grid.ColIndex(key).value());
+}
+
+}  // namespace
+
+QWidget* NewPredecessorPage(EditTask& form, Bindings& bindings) {
+    auto* page = new QWidget;
+    GridControl& grid = form.VSFlexGridPredecessor;
+    GridView* view = AddGrid(*page, form, form.frpred, grid, bindings);
+    view->on_key = [&form](Integer code) { form.VSFlexGridPredecessor_KeyDown(code, 0); };
+    // A click on an empty row can only mean that a predecessor is wanted; on any other it makes the row the current
+    // one.
+    view->edits_at = [&grid, view](const QModelIndex& cell) {
+        return grid.RowData(view->model().GridRow(cell)).empty();
+    };
+    for (const char* key : {"ID", "Name"}) view->delegate().MarkList(Column(grid, key));
+    view->horizontalHeader()->setSectionResizeMode(QHeaderView::ResizeToContents);
+    view->horizontalHeader()->setSectionResizeMode(Column(grid, "Name"), QHeaderView::Stretch);
+    return page;
+}
+
+QWidget* NewPeoplePage(EditTask& form, Bindings& bindings) {
+    constexpr int kNumber = 0;
+    constexpr int kPerson = 1;
+    auto* page = new QWidget;
+    GridView* view = AddGrid(*page, form, form.FrAssi, form.VSFlexGridResource, bindings);
+    view->model().ShowSelection(kPerson, EditTask::kNewPerson);
+    view->setSelectionMode(QAbstractItemView::NoSelection);  // selected is who works on the task
+    view->on_click = [&form](Long row) { form.VSFlexGridResource_Click(row); };
+    view->edits_at = [](const QModelIndex& cell) { return cell.column() == kPerson; };
+    view->on_leave = [&form] { form.VSFlexGridResource_LostFocus(); };
+    view->horizontalHeader()->setSectionResizeMode(kNumber, QHeaderView::ResizeToContents);
+    view->horizontalHeader()->setSectionResizeMode(kPerson, QHeaderView::Stretch);
+    return page;
+}
+
+}  // namespace mrlxmlclass::qt

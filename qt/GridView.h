@@ -1,0 +1,46 @@
+#pragma once
+
+#include <QTableView>
+#include <functional>
+
+#include "mrlxmlclass/dialog/EditTask.h"
+#include "qt/CellDelegate.h"
+#include "qt/GridModel.h"
+
+namespace mrlxmlclass::qt {
+
+/// A table of the form on the screen. Clicks, keys and edits go to the form; what it makes of them is shown.
+class GridView : public QTableView {
+public:
+    GridView(EditTask& form, GridControl& grid, QWidget* parent);
+
+    GridModel& model() { return model_; }
+    CellDelegate& delegate() { return *delegate_; }
+
+    void Follow();
+
+    /// What the form has for this table; left empty, nothing follows.
+    std::function<void(Long row)> on_click;            ///< also Space on the current row
+    std::function<void(Integer code)> on_key;          ///< of the keys that edit rows: Delete
+    std::function<void()> on_open;                     ///< a double click, or Space where on_click has no meaning
+    std::function<void()> on_leave;                    ///< the focus went elsewhere in the window
+    std::function<bool(const QModelIndex&)> edits_at;  ///< whether a single click begins an edit there
+
+protected:
+    void currentChanged(const QModelIndex& current, const QModelIndex& previous) override;
+    void keyPressEvent(QKeyEvent* event) override;
+
+private:
+    void Clicked(const QModelIndex& index);
+    void FocusMoved(const QWidget* from, const QWidget* to);
+    void ShowCurrent();
+
+    EditTask& form_;
+    GridControl& grid_;
+    GridModel model_;
+    CellDelegate* delegate_;
+    bool following_ = false;
+    Long top_row_;
+};
+
+}  // namespace mrlxmlclass::qt

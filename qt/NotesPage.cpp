@@ -1,0 +1,128 @@
+#include "qt/NotesPage.h"
+
+#include <QContextMenuEvent>
+#include <QHeaderView>
+#include <QKeyEvent>
+#include <QMenu>
+#include <QPushButton>
+#include <QSignalBlocker>
+#include <QVBoxLayout>
+
+#include "qt/Frame.h"
+#include "qt/GridView.h"
+#include "qt/Texts.h"
+
+namespace mrlxmlclass::qt {
+
+// --- The note --------------------------------------------------------------------------------------------------------
+
+NoteText::NoteText(EditTask& form) : form_(form) {
+    setAcceptRichText(false);
+    setTabChangesFocus(true);
+    connect(this, &QTextEdit::textChanged, this, [this] { form_.txtNote.Text(FromQt(Text())); });
+}
+
+// Not toPlainText(), which turns hard spaces into soft ones.
+QString NoteText::Text() const {
+    return document()->toRawText().replace(QChar::ParagraphSeparator, '\n').replace(QChar::LineSeparator, '\n');
+}
+
+void NoteText::Show() {
+    QString text = ToQt(form_.txtNote.Text());
+    setReadOnly(static_cast<bool>(form_.txtNote.Locked()));
+    if (Text() == text.replace("\r\n", "\n")) return;
+    const QSignalBlocker quiet(this);
+    setPlainText(text);
+}
+
+void NoteText::Paste(const QString& text) {
+    textCursor().insertText(text);
+    ensureCursorVisible();
+}
+
+void NoteText::keyPressEvent(QKeyEvent* event) {
+    constexpr int kCodes = 256;  // beyond lie keys that have no meaning to the form
+    if (event->key() < kCodes) {
+        Integer code = Integer(event->key());
+        const bool control = event->modifiers().testFlag(Qt::ControlModifier);
+        form_.txtNote_KeyDown(code, control ? EditTask::kControlDown : 0);
+        if (code == EditTask::kNoKey) return;
+    }
+    QTextEdit::keyPressEvent(event);
+}
+
+void NoteText::contextMenuEvent(QContextMenuEvent* event) {
+    menu_place_ = event->globalPos();
+    form_.txtNote_RightButton();
+}
+
+void NoteText::OpenMenu() {
+    QMenu* menu = createStandardContextMenu();
+    menu->setObjectName(ToQt(form_.mnuFile.Name()));
+    menu->setAttribute(Qt::WA_DeleteOnClose);
+    QAction* const first = menu->actions().value(0);
+    const auto add = [&](const Control& entry, auto press) {
+        auto* action = new QAction(ToQt(entry.Caption()), menu);
+        action->setObjectName(ToQt(entry.Name()));
+        action->setEnabled(static_cast<bool>(entry.Enabled()));
+        action->setVisible(static_cast<bool>(entry.Visible()));
+        connect(action, &QAction::triggered, this, press);
+        menu->insertAction(first, action);
+    };
+    add(form_.mnuLinkNote, [this] { form_.mnuLinkNote_Click(); });
+    add(form_.mnuunattach, [this] { form_.mnuunattach_Click(); });
+    menu->insertSeparator(first);
+    menu->popup(menu_place_);
+}
+
+// --- The page --------------------------------------------------------------------------------------------------------
+
+NotesPage::NotesPage(EditTask& form, Bindings& bindings) : form_(form), note_(new NoteText(form)) {
+    constexpr int kNoteShare = 3;
+    constexpr int kAttachmentsShare = 2;
+    auto* column = new QVBoxLayout(this);
+    column->addWidget(NewNoteFrame(bindings), kNoteShare);
+    column->addWidget(NewAttachmentsFrame(bindings), kAttachmentsShare);
+}
+
+QWidget* NotesPage::NewNoteFrame(Bindings& bindings) {
+    auto* frame = new Frame(this);
+    bindings.AddCaption(form_.FrNote, *frame);
+    bindings.Add(form_.txtNote, *note_, [this] { note_->Show(); });
+    frame->setFlat(true);
+    (new QVBoxLayout(frame))->addWidget(note_);
+    frame->layout()->setContentsMargins(0, frame->layout()->contentsMargins().top(), 0, 0);
+    return frame;
+}
+
+QWidget* NotesPage::NewAttachmentsFrame(Bindings& bindings) {
+    auto* frame = new Frame(this);
+    bindings.AddCaption(form_.Frattach, *frame);
+    auto* view = new GridView(form_, form_.gridattachement, frame);
+    view->setEditTriggers(QAbstractItemView::NoEditTriggers);
+    view->horizontalHeader()->setSectionResizeMode(QHeaderView::Stretch);
+    view->on_open = [this] { form_.gridattachement_DblClick(); };
+    view->on_key = [this](Integer code) { form_.gridattachement_KeyDown(code); };
+    bindings.Add(form_.gridattachement, *view, [view] { view->Follow(); });
+
+    auto* buttons = new QVBoxLayout;
+    const auto add = [&](const Control& control, auto press) {
+        auto* button = new QPushButton(frame);
+        bindings.AddCaption(control, *button);
+        connect(button, &QPushButton::clicked, this, press);
+        buttons->addWidget(button);
+    };
+    add(form_.Cmdlink, [this] { form_.Cmdlink_Click(); });
+    add(form_.CmdAttach, [this] { form_.CmdAttach_Click(); });
+    add(form_.CmdRemove, [this] { form_.CmdRemove_Click(); });
+    buttons->addStretch(1);
+
+    frame->setFlat(true);
+    auto* row = new QHBoxLayout(frame);
+    row->setContentsMargins(0, row->contentsMargins().top(), 0, 0);
+    row->addWidget(view, 1);
+    row->addLayout(buttons);
+    return frame;
+}
+
+}  // namespace mrlxmlclass::qt

@@ -1,0 +1,26 @@
+#pragma once
+
+#include <QDialog>
+
+#include "mrlxmlclass/dialog/frmurl.h"
+#include "qt/Bindings.h"
+#include "qt/LineField.h"
+
+namespace mrlxmlclass::qt {
+
+/// The window of the form for a web address.
+class UrlWindow : public QDialog {
+public:
+    UrlWindow(frmurl& form, QWidget* parent);
+
+    void accept() override;
+    /// Esc, Cancel, or the window was closed.
+    void reject() override;
+
+private:
+    frmurl& form_;
+    Bindings bindings_;
+    LineField address_;
+};
+
+}  // namespace mrlxmlclass::qt

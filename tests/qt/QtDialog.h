@@ -1,0 +1,57 @@
+#pragma once
+
+#include <QApplication>
+#include <QTest>
+#include <QWidget>
+#include <functional>
+#include <memory>
+
+#include "qt/QtTaskScreens.h"
+#include "tests/support/TaskDialog.h"
+
+namespace mrlxmlclass::testing {
+
+/// A QApplication without a screen, for as long as a test needs one; the looks are the same on every machine.
+class OffscreenApplication {
+public:
+    OffscreenApplication();
+
+private:
+    int count_ = 1;
+    char name_[9] = "qt_tests";
+    char* arguments_[2] = {name_, nullptr};
+    ScopedEnvironment platform_{"QT_QPA_PLATFORM", "offscreen"};
+    std::unique_ptr<QApplication> application_;
+};
+
+/// A plan whose task dialog shows in Qt.
+class QtPlan : public Plan {
+public:
+    /// Opens the dialog on a task; once it stands there, `person(window)` is what the person does, with the mouse and
+    /// the keys. Whoever leaves it open closes the window, and that fails the test. Events of building the plan are
+    /// forgotten first.
+    Boolean Edit(const String& task, const std::function<void(QWidget& window)>& person, int from_where = 2,
+                 const String& date_format = {});
+
+private:
+    QtTaskScreens screens_;
+    Services services_{platform.clock, platform.locale, platform.files, platform.shell,
+                       platform.ui,    NoOldPlans(),    screens_,       platform.help};
+    InstalledServices installed_{services_};
+};
+
+/// The widget of a control.
+template <class Widget = QWidget>
+Widget& Find(const QWidget& window, const char* name) {
+    auto* widget = window.findChild<Widget*>(name);
+    if (widget == nullptr) throw std::runtime_error(std::string("there is no such widget: ") + name);
+    return *widget;
+}
+
+/// Gives the keys to the field, in place of what stands in it.
+void Type(QWidget& field, const char* keys);
+void Click(QWidget& button);
+/// What a person sees next: all that waits to be done is done.
+void Settle();
+
+}  // namespace mrlxmlclass::testing
