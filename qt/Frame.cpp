@@ -1,5 +1,7 @@
 #include "qt/Frame.h"
 
+#include <QStyleOptionGroupBox>
+#include <QStylePainter>
 #include <algorithm>
 
 namespace mrlxmlclass::qt {
@@ -8,6 +10,18 @@ void Frame::setVisible(bool visible) {
     const QList<QWidget*> content = findChildren<QWidget*>(QString(), Qt::FindDirectChildrenOnly);
     wanted_ = visible;
     QGroupBox::setVisible(wanted_ && !std::ranges::all_of(content, &QWidget::isHidden));
+}
+
+void Frame::paintEvent(QPaintEvent*) {
+    QStylePainter painter(this);
+    QFont heading = font();
+    heading.setBold(true);
+    painter.setFont(heading);
+    QStyleOptionGroupBox box;
+    initStyleOption(&box);
+    box.fontMetrics = QFontMetrics(heading);
+    box.subControls = QStyle::SC_GroupBoxLabel;
+    painter.drawComplexControl(QStyle::CC_GroupBox, box);
 }
 
 void Frame::ContentChanged(const QWidget& widget) {

@@ -4,7 +4,8 @@
 
 namespace mrlxmlclass::qt {
 
-/// A box around controls. One in which nothing shows does not show either.
+/// Controls that belong together, under a heading and without a line around them. Where nothing shows, the heading does
+/// not show either.
 class Frame : public QGroupBox {
 public:
     using QGroupBox::QGroupBox;
@@ -13,6 +14,9 @@ public:
 
     /// To be told when the widget came to show or not: the frame that it stands in follows.
     static void ContentChanged(const QWidget& widget);
+
+protected:
+    void paintEvent(QPaintEvent* event) override;
 
 private:
     bool wanted_ = true;

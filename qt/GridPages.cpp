@@ -9,13 +9,12 @@
 namespace mrlxmlclass::qt {
 namespace {
 
-/// A page of one frame, with one table in it. The tab is frame enough.
+/// A page of one frame, with one table in it.
 GridView* AddGrid(QWidget& page, EditTask& form, const Control& frame_control, GridControl& grid, Bindings& bindings) {
     auto* frame = new Frame(&page);
     bindings.AddCaption(frame_control, *frame);
     auto* view = new GridView(form, grid, frame);
     bindings.Add(grid, *view, [view] { view->Follow(); });
-    frame->setFlat(true);
     (new QVBoxLayout(frame))->addWidget(view);
     frame->layout()->setContentsMargins(0, frame->layout()->contentsMargins().top(), 0, 0);
     (new QVBoxLayout(&page))->addWidget(frame);

@@ -89,7 +89,6 @@ QWidget* NotesPage::NewNoteFrame(Bindings& bindings) {
     auto* frame = new Frame(this);
     bindings.AddCaption(form_.FrNote, *frame);
     bindings.Add(form_.txtNote, *note_, [this] { note_->Show(); });
-    frame->setFlat(true);
     (new QVBoxLayout(frame))->addWidget(note_);
     frame->layout()->setContentsMargins(0, frame->layout()->contentsMargins().top(), 0, 0);
     return frame;
@@ -117,7 +116,6 @@ QWidget* NotesPage::NewAttachmentsFrame(Bindings& bindings) {
     add(form_.CmdRemove, [this] { form_.CmdRemove_Click(); });
     buttons->addStretch(1);
 
-    frame->setFlat(true);
     auto* row = new QHBoxLayout(frame);
     row->setContentsMargins(0, row->contentsMargins().top(), 0, 0);
     row->addWidget(view, 1);
