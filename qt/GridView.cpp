@@ -5,6 +5,7 @@
 #include <QKeyEvent>
 #include <QScopedValueRollback>
 #include <QScrollBar>
+#include <utility>
 
 namespace mrlxmlclass::qt {
 
@@ -36,7 +37,7 @@ GridView::GridView(EditTask& form, GridControl& grid, QWidget* parent)
     });
     connect(verticalScrollBar(), &QScrollBar::valueChanged, this, [this] {
         const QModelIndex top = indexAt(QPoint(0, 0));
-        if (following_ || !top.isValid()) return;
+        if (following_ || scroll_on_show_ || !top.isValid()) return;
         top_row_ = model_.GridRow(top);
         grid_.TopRow(top_row_);
     });
@@ -52,7 +53,14 @@ void GridView::Follow() {
     ShowCurrent();
     if (top_row_ == grid_.TopRow()) return;
     top_row_ = grid_.TopRow();
+    scroll_on_show_ = !isVisible();
     scrollTo(model_.IndexOf(top_row_, 0), PositionAtTop);
+}
+
+// A table that has not been shown yet goes to its current row first.
+void GridView::showEvent(QShowEvent* event) {
+    QTableView::showEvent(event);
+    if (std::exchange(scroll_on_show_, false)) scrollTo(model_.IndexOf(top_row_, 0), PositionAtTop);
 }
 
 void GridView::ShowCurrent() {

@@ -29,6 +29,7 @@ public:
 protected:
     void currentChanged(const QModelIndex& current, const QModelIndex& previous) override;
     void keyPressEvent(QKeyEvent* event) override;
+    void showEvent(QShowEvent* event) override;
 
 private:
     void Clicked(const QModelIndex& index);
@@ -41,6 +42,7 @@ private:
     CellDelegate* delegate_;
     bool following_ = false;
     Long top_row_;
+    bool scroll_on_show_ = false;
 };
 
 }  // namespace mrlxmlclass::qt

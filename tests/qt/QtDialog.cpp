@@ -1,5 +1,9 @@
 #include "tests/qt/QtDialog.h"
 
+#include <QComboBox>
+#include <QLineEdit>
+#include <QPointer>
+#include <QTableView>
 #include <QTimer>
 
 #include "examples/task_dialog_texts.h"
@@ -14,11 +18,21 @@ OffscreenApplication::OffscreenApplication()
 Boolean QtPlan::Edit(const String& task, const std::function<void(QWidget&)>& person, int from_where,
                      const String& date_format) {
     Heard();
+    // A dialog that nothing closes would stand there for ever.
+    QTimer deadline;
+    constexpr int kLongest = 20'000;
+    QObject::connect(&deadline, &QTimer::timeout, [] {
+        ADD_FAILURE() << "the dialog stood open for too long";
+        QApplication::closeAllWindows();
+    });
+    if (QCoreApplication::instance() != nullptr) deadline.start(kLongest);
     QTimer::singleShot(0, [&person] {
-        QWidget* window = QApplication::activeModalWidget();
+        const QPointer<QWidget> window = QApplication::activeModalWidget();
         if (window == nullptr) return ADD_FAILURE() << "no dialog shows", void();
+        EXPECT_TRUE(QTest::qWaitForWindowActive(window));
         person(*window);
-        if (QApplication::activeModalWidget() != window) return;
+        Settle();
+        if (window.isNull() || QApplication::activeModalWidget() != window) return;
         ADD_FAILURE() << "the dialog was left open";
         window->close();
     });
@@ -35,9 +49,49 @@ void Click(QWidget& button) {
     QTest::mouseClick(&button, Qt::LeftButton);
 }
 
+void ClickCell(QTableView& table, int row, int col) {
+    QTest::mouseClick(table.viewport(), Qt::LeftButton, {}, table.visualRect(table.model()->index(row, col)).center());
+    Settle();
+}
+
+void EditCell(QTableView& table, int row, int col) {
+    table.setFocus();
+    table.setCurrentIndex(table.model()->index(row, col));
+    QTest::keyClick(&table, Qt::Key_F2);
+    Settle();
+}
+
+QString Shown(const QTableView& table) {
+    QString shown;
+    for (int row = 0; row < table.model()->rowCount(); ++row) {
+        QStringList texts;
+        for (int col = 0; col < table.model()->columnCount(); ++col) {
+            const QModelIndex cell = table.model()->index(row, col);
+            if (!table.isColumnHidden(col)) texts << cell.data().toString();
+            if (cell.data(Qt::CheckStateRole) == Qt::Checked) texts.back() += "*";
+        }
+        shown += texts.join(" | ") + "\n";
+    }
+    return shown;
+}
+
+QLineEdit& OpenLine(const QTableView& table) {
+    return Find<QLineEdit>(*table.viewport(), "");
+}
+
+void Choose(const QTableView& table, const char* text) {
+    auto& list = Find<QComboBox>(*table.viewport(), "");
+    const int entry = list.findText(text);
+    if (entry < 0) throw std::runtime_error(std::string("the list does not offer: ") + text);
+    list.view()->setCurrentIndex(list.model()->index(entry, 0));
+    QTest::keyClick(list.view(), Qt::Key_Return);
+    Settle();
+}
+
 void Settle() {
-    QCoreApplication::sendPostedEvents();
-    QCoreApplication::processEvents();
+    // Twice: what is done first may leave something to do.
+    for (int round = 0; round < 2; ++round) QCoreApplication::processEvents();
+    QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
 }
 
 }  // namespace mrlxmlclass::testing

@@ -1,13 +1,17 @@
 #pragma once
 
 #include <QApplication>
+#include <QTableView>
 #include <QTest>
 #include <QWidget>
 #include <functional>
 #include <memory>
+#include <stdexcept>
 
 #include "qt/QtTaskScreens.h"
 #include "tests/support/TaskDialog.h"
+
+class QLineEdit;
 
 namespace mrlxmlclass::testing {
 
@@ -43,7 +47,7 @@ private:
 /// The widget of a control.
 template <class Widget = QWidget>
 Widget& Find(const QWidget& window, const char* name) {
-    auto* widget = window.findChild<Widget*>(name);
+    auto* widget = window.findChild<Widget*>(QString::fromLatin1(name));
     if (widget == nullptr) throw std::runtime_error(std::string("there is no such widget: ") + name);
     return *widget;
 }
@@ -51,6 +55,15 @@ Widget& Find(const QWidget& window, const char* name) {
 /// Gives the keys to the field, in place of what stands in it.
 void Type(QWidget& field, const char* keys);
 void Click(QWidget& button);
+/// The rows of a table as they show, a line a row; a ticked cell ends with "*".
+QString Shown(const QTableView& table);
+void ClickCell(QTableView& table, int row, int col);
+/// Makes the cell the current one and begins an edit by the keyboard.
+void EditCell(QTableView& table, int row, int col);
+/// The field or the list of the cell that is being edited.
+QLineEdit& OpenLine(const QTableView& table);
+void Choose(const QTableView& table, const char* text);
+
 /// What a person sees next: all that waits to be done is done.
 void Settle();
 

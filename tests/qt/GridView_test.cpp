@@ -1,0 +1,249 @@
+#include "qt/GridView.h"
+
+#include <gtest/gtest.h>
+
+#include <QComboBox>
+#include <QLineEdit>
+#include <QTabWidget>
+
+#include "tests/qt/QtDialog.h"
+
+namespace mrlxmlclass::testing {
+namespace {
+
+/// Of the tables on the tabs.
+class GridView : public ::testing::Test {
+protected:
+    GridView() {
+        plan.WithLinks();
+        plan.Task("Draw").From(Monday).Lasting(2);
+        plan.Task("Permit").From(Monday).Lasting(3);
+        plan.Task("Build").From(Monday + 7).Lasting(5).After("Draw");
+    }
+    ~GridView() override { plan.Heard(); }
+
+    /// Opens the dialog on the tab; `person(table)` uses the table there, and the dialog is left by OK.
+    void Use(int tab, const char* table, const std::function<void(QTableView&)>& person, const char* leave = "CmdOK") {
+        plan.Edit("Build", [&](QWidget& window) {
+            Find<QTabWidget>(window, "TabTask").setCurrentIndex(tab);
+            Settle();
+            auto& view = Find<QTableView>(window, table);
+            view.setFocus();
+            person(view);
+            Click(Find(window, leave));
+        });
+    }
+    void UsePredecessors(const std::function<void(QTableView&)>& person, const char* leave = "CmdOK") {
+        Use(1, "VSFlexGridPredecessor", person, leave);
+    }
+    void UsePeople(const std::function<void(QTableView&)>& person, const char* leave = "CmdOK") {
+        Use(3, "VSFlexGridResource", person, leave);
+    }
+
+    OffscreenApplication application;
+    QtPlan plan;
+};
+
+// --- Predecessors ----------------------------------------------------------------------------------------------------
+
+TEST_F(GridView, ShowsWhatTheTaskWaitsForUnderTheHeadings) {
+    UsePredecessors([](QTableView& table) {
+        EXPECT_EQ(Shown(table), "1 | Draw | 0\n |  | \n");
+        EXPECT_EQ(table.model()->headerData(1, Qt::Horizontal).toString(), "Task");
+        EXPECT_TRUE(table.isColumnHidden(2));
+    });
+}
+
+TEST_F(GridView, TakesAPredecessorChosenByNameInTheEmptyRow) {
+    plan.col().AutoLink(True);
+    UsePredecessors([](QTableView& table) {
+        ClickCell(table, 1, 1);
+        Choose(table, "Permit");
+        EXPECT_EQ(Shown(table), "1 | Draw | 0\n2 | Permit | 0\n |  | \n");
+    });
+    EXPECT_TRUE(plan["Build"].isPredecessor(plan.Key("Permit")));
+}
+
+TEST_F(GridView, TakesAPredecessorChosenByRow) {
+    UsePredecessors([](QTableView& table) {
+        EditCell(table, 1, 0);
+        Choose(table, "2");
+        EXPECT_EQ(Shown(table), "1 | Draw | 0\n2 | Permit | 0\n |  | \n");
+    });
+}
+
+TEST_F(GridView, TakesTheRowAwayInWhichAPredecessorIsChosenAgain) {
+    UsePredecessors([](QTableView& table) {
+        for (const int empty_row : {1, 2}) {
+            ClickCell(table, empty_row, 1);
+            Choose(table, "Permit");
+            EXPECT_EQ(Shown(table), "1 | Draw | 0\n2 | Permit | 0\n |  | \n");
+        }
+    });
+}
+
+TEST_F(GridView, ChangesNothingWhenTheListIsLeftWithoutAChoice) {
+    UsePredecessors([](QTableView& table) {
+        ClickCell(table, 1, 1);
+        auto& list = Find<QComboBox>(*table.viewport(), "");
+        QTest::keyClick(list.view(), Qt::Key_Escape);
+        Settle();
+        EXPECT_EQ(table.viewport()->findChild<QComboBox*>(), nullptr);
+        EXPECT_EQ(Shown(table), "1 | Draw | 0\n |  | \n");
+        EXPECT_TRUE(table.window()->isVisible());
+    });
+}
+
+TEST_F(GridView, TakesALagOfDigitsAndOneSign) {
+    UsePredecessors([](QTableView& table) {
+        EditCell(table, 0, 3);
+        QLineEdit& line = OpenLine(table);
+        line.selectAll();
+        QTest::keyClicks(&line, "-x-4");
+        EXPECT_EQ(line.text(), "-4");
+        QTest::keyClick(&line, Qt::Key_Return);
+        Settle();
+        EXPECT_EQ(Shown(table), "1 | Draw | -4\n |  | \n");
+        EXPECT_TRUE(table.window()->isVisible()) << "Enter only ended the edit";
+    });
+    EXPECT_EQ(plan["Build"].TaskLag(), -4);
+}
+
+TEST_F(GridView, BeginsAnEditWithTheKeyThatIsTyped) {
+    UsePredecessors([](QTableView& table) {
+        table.setCurrentIndex(table.model()->index(0, 3));
+        QTest::keyClicks(&table, "7");
+        QTest::keyClick(&OpenLine(table), Qt::Key_Tab);
+        Settle();
+        EXPECT_EQ(Shown(table), "1 | Draw | 7\n |  | \n");
+    });
+}
+
+TEST_F(GridView, PutsTheOldLagBackOnEsc) {
+    UsePredecessors([](QTableView& table) {
+        EditCell(table, 0, 3);
+        QTest::keyClicks(&OpenLine(table), "9");
+        QTest::keyClick(&OpenLine(table), Qt::Key_Escape);
+        Settle();
+        EXPECT_EQ(Shown(table), "1 | Draw | 0\n |  | \n");
+        EXPECT_TRUE(table.window()->isVisible());
+    });
+}
+
+TEST_F(GridView, CountsALagAsTypedWhenOkIsPressed) {
+    UsePredecessors([](QTableView& table) {
+        EditCell(table, 0, 3);
+        OpenLine(table).selectAll();
+        QTest::keyClicks(&OpenLine(table), "3");
+    });
+    EXPECT_EQ(plan["Build"].TaskLag(), 3);
+}
+
+TEST_F(GridView, OffersNoEditorForALagWithoutAPredecessor) {
+    UsePredecessors([](QTableView& table) {
+        EditCell(table, 1, 3);
+        EXPECT_EQ(table.viewport()->findChild<QLineEdit*>(), nullptr);
+    });
+}
+
+TEST_F(GridView, TakesAPredecessorOffWithDelete) {
+    UsePredecessors([](QTableView& table) {
+        ClickCell(table, 0, 1);
+        QTest::keyClick(&table, Qt::Key_Delete);
+        EXPECT_EQ(Shown(table), " |  | \n");
+    });
+    EXPECT_FALSE(plan["Build"].isPredecessor(plan.Key("Draw")));
+}
+
+TEST_F(GridView, GivesAPredecessorBackOnCancel) {
+    UsePredecessors(
+        [](QTableView& table) {
+            ClickCell(table, 0, 1);
+            QTest::keyClick(&table, Qt::Key_Delete);
+        },
+        "CmdCancel");
+    EXPECT_TRUE(plan["Build"].isPredecessor(plan.Key("Draw")));
+}
+
+TEST_F(GridView, LetsTabLeadOutOfTheTable) {
+    UsePredecessors([](QTableView& table) {
+        QTest::keyClick(&table, Qt::Key_Tab);
+        EXPECT_FALSE(table.hasFocus());
+    });
+}
+
+// --- People ----------------------------------------------------------------------------------------------------------
+
+TEST_F(GridView, TicksWhoWorksOnTheTask) {
+    AddPerson(plan, "Ann");
+    Assign(plan, AddPerson(plan, "Ben"), "Build");
+    UsePeople([](QTableView& table) {
+        EXPECT_EQ(Shown(table), "1 | Ann\n2 | Ben*\n3 | New person...\n");
+        EXPECT_FALSE(table.model()->index(2, 1).data(Qt::CheckStateRole).isValid());
+    });
+}
+
+TEST_F(GridView, AssignsAPersonWithAClickAndTakesOneOffWithAnother) {
+    const String ann = AddPerson(plan, "Ann");
+    const String ben = AddPerson(plan, "Ben");
+    Assign(plan, ben, "Build");
+    UsePeople([](QTableView& table) {
+        ClickCell(table, 0, 1);
+        ClickCell(table, 1, 0);
+        EXPECT_EQ(Shown(table), "1 | Ann*\n2 | Ben\n3 | New person...\n");
+    });
+    EXPECT_TRUE(plan["Build"].isAssigned(ann));
+    EXPECT_FALSE(plan["Build"].isAssigned(ben));
+}
+
+TEST_F(GridView, AssignsAPersonWithTheSpaceBar) {
+    const String ann = AddPerson(plan, "Ann");
+    UsePeople([](QTableView& table) {
+        table.setCurrentIndex(table.model()->index(0, 1));
+        QTest::keyClick(&table, Qt::Key_Space);
+        EXPECT_EQ(Shown(table), "1 | Ann*\n2 | New person...\n");
+    });
+    EXPECT_TRUE(plan["Build"].isAssigned(ann));
+}
+
+TEST_F(GridView, EditsNoPersonThatIsThere) {
+    AddPerson(plan, "Ann");
+    UsePeople([](QTableView& table) {
+        EditCell(table, 0, 1);
+        EXPECT_EQ(table.viewport()->findChild<QLineEdit*>(), nullptr);
+    });
+}
+
+TEST_F(GridView, AddsAndAssignsATypedPerson) {
+    UsePeople([](QTableView& table) {
+        ClickCell(table, 0, 1);
+        EXPECT_EQ(OpenLine(table).text(), "");
+        QTest::keyClicks(&OpenLine(table), "Eve");
+        QTest::keyClick(&OpenLine(table), Qt::Key_Return);
+        Settle();
+        EXPECT_EQ(Shown(table), "2 | Eve*\n | New person...\n");
+    });
+    ASSERT_EQ(plan.app->xPeopleCol()->Count(), 1);
+    EXPECT_TRUE(plan["Build"].isAssigned("1"));
+}
+
+TEST_F(GridView, AsksForAPersonAgainWhenNobodyWasTyped) {
+    UsePeople([](QTableView& table) {
+        ClickCell(table, 0, 1);
+        QTest::keyClick(&OpenLine(table), Qt::Key_Escape);
+        Find(*table.window(), "TxtName").setFocus();
+        Settle();
+        EXPECT_EQ(Shown(table), "1 | New person...\n");
+        EXPECT_FALSE(table.currentIndex().isValid());
+    });
+    EXPECT_EQ(plan.app->xPeopleCol()->Count(), 0);
+}
+
+TEST_F(GridView, ShowsTheFirstPersonOfManyWhenSomebodyIsAssigned) {
+    for (int n = 1; n <= 60; ++n) AddPerson(plan, "Person " + std::to_string(n));
+    Assign(plan, "60", "Build");
+    UsePeople([](QTableView& table) { EXPECT_EQ(table.rowAt(0), 0); });
+}
+
+}  // namespace
+}  // namespace mrlxmlclass::testing

@@ -1,0 +1,202 @@
+#include "qt/NotesPage.h"
+
+#include <gtest/gtest.h>
+
+#include <QClipboard>
+#include <QFileDialog>
+#include <QLineEdit>
+#include <QMenu>
+#include <QMimeData>
+#include <QTabWidget>
+#include <QTimer>
+
+#include "tests/qt/QtDialog.h"
+
+namespace mrlxmlclass::testing {
+namespace {
+
+class NotesPage : public ::testing::Test {
+protected:
+    NotesPage() { plan.Task("Design").From(Monday).Lasting(3); }
+    ~NotesPage() override { plan.Heard(); }
+
+    void Use(const std::function<void(QWidget&)>& person) {
+        plan.Edit(
+            "Design",
+            [&](QWidget& window) {
+                person(window);
+                Click(Find(window, "CmdOK"));
+            },
+            9);
+    }
+    /// The person does this in the next window in front.
+    static void Then(std::function<void(QWidget&)> person) {
+        QTimer::singleShot(0, [person = std::move(person)] { person(*QApplication::activeModalWidget()); });
+    }
+
+    OffscreenApplication application;
+    QtPlan plan;
+};
+
+QTableView& Attachments(QWidget& window) {
+    return Find<QTableView>(window, "gridattachement");
+}
+
+// --- The note --------------------------------------------------------------------------------------------------------
+
+TEST_F(NotesPage, StoresTypedTextInLines) {
+    Use([](QWidget& window) {
+        QWidget& note = Find(window, "txtNote");
+        note.setFocus();
+        QTest::keyClicks(&note, "Ask");
+        QTest::keyClick(&note, Qt::Key_Return);
+        QTest::keyClicks(&note, "twice");
+    });
+    EXPECT_EQ(NotesOf(plan, "Design"), "1:Ask\ntwice:");
+}
+
+TEST_F(NotesPage, LeavesANoteAsItIsThatNobodyTouches) {
+    AddNote(plan, "Design", "two\r\nlines, a hard\xC2\xA0space, <b>no markup</b>");
+    Use([](QWidget& window) {
+        EXPECT_EQ(Find<QTextEdit>(window, "txtNote").toPlainText().count('\n'), 1);
+        EXPECT_TRUE(Find<QTextEdit>(window, "txtNote").toPlainText().contains("<b>"));
+    });
+    EXPECT_EQ(NotesOf(plan, "Design"), "1:two\r\nlines, a hard\xC2\xA0space, <b>no markup</b>:");
+}
+
+TEST_F(NotesPage, KeepsHardSpacesWhenOtherTextIsTyped) {
+    AddNote(plan, "Design", "a\xC2\xA0space");
+    Use([](QWidget& window) {
+        QTest::keyClick(&Find(window, "txtNote"), Qt::Key_End);
+        QTest::keyClicks(&Find(window, "txtNote"), "!");
+    });
+    EXPECT_EQ(NotesOf(plan, "Design"), "1:a\xC2\xA0space!:");
+}
+
+TEST_F(NotesPage, PastesTheTextOfFormattedContent) {
+    auto* content = new QMimeData;
+    content->setText("plain");
+    content->setHtml("<b>rich</b>");
+    QGuiApplication::clipboard()->setMimeData(content);
+    Use([](QWidget& window) { QTest::keyClick(&Find(window, "txtNote"), Qt::Key_V, Qt::ControlModifier); });
+    EXPECT_EQ(NotesOf(plan, "Design"), "1:plain:");
+}
+
+TEST_F(NotesPage, PastesNothingWhereTheClipboardHoldsNoText) {
+    auto* content = new QMimeData;
+    content->setData("application/octet-stream", QByteArray("\0\1\2\xFF", 4));
+    QGuiApplication::clipboard()->setMimeData(content);
+    Use([](QWidget& window) { QTest::keyClick(&Find(window, "txtNote"), Qt::Key_V, Qt::ControlModifier); });
+    EXPECT_EQ(NotesOf(plan, "Design"), "");
+}
+
+TEST_F(NotesPage, OffersTheAttachmentsByTheRightButton) {
+    AddNote(plan, "Design", "", "http://www.one.example");
+    Use([](QWidget& window) {
+        auto& note = Find<QTextEdit>(window, "txtNote");
+        QContextMenuEvent right(QContextMenuEvent::Mouse, {5, 5}, note.mapToGlobal(QPoint(5, 5)));
+        QCoreApplication::sendEvent(note.viewport(), &right);
+        auto& menu = Find<QMenu>(window, "mnuFile");
+        ASSERT_TRUE(menu.isVisible());
+        EXPECT_EQ(menu.actions().at(0)->text(), "Add &file...");
+        menu.actions().at(1)->trigger();
+        menu.close();
+        EXPECT_EQ(Shown(Attachments(window)), "");
+    });
+    EXPECT_EQ(MasterNotes(plan), "");
+}
+
+// --- Attachments -----------------------------------------------------------------------------------------------------
+
+TEST_F(NotesPage, AttachesATypedAddress) {
+    Use([](QWidget& window) {
+        Then([](QWidget& address) {
+            EXPECT_EQ(address.objectName(), "frmurl");
+            EXPECT_EQ(address.windowTitle(), "Web address");
+            QTest::keyClicks(&Find(address, "txturl"), "one.example");
+            QTest::keyClick(&Find(address, "txturl"), Qt::Key_Return);
+        });
+        Click(Find(window, "Cmdlink"));
+        EXPECT_EQ(Shown(Attachments(window)), "http://www.one.example\n");
+        EXPECT_FALSE(Attachments(window).model()->index(0, 0).data(Qt::DecorationRole).isNull());
+    });
+    EXPECT_EQ(NotesOf(plan, "Design"), "1::http://www.one.example");
+}
+
+TEST_F(NotesPage, AttachesNothingWhenTheAddressIsLeft) {
+    for (const char* leave : {"CmdCancel", "Esc", "close"}) {
+        SCOPED_TRACE(leave);
+        Use([leave](QWidget& window) {
+            Then([leave](QWidget& address) {
+                QWidget& line = Find(address, "txturl");
+                QTest::keyClicks(&line, "one.example");
+                if (leave == std::string("Esc")) {
+                    QTest::keyClick(&line, Qt::Key_Escape);
+                } else if (leave == std::string("close")) {
+                    address.close();
+                } else {
+                    Click(Find(address, leave));
+                }
+            });
+            Click(Find(window, "Cmdlink"));
+            EXPECT_TRUE(window.isVisible());
+            EXPECT_EQ(Shown(Attachments(window)), "");
+        });
+    }
+}
+
+TEST_F(NotesPage, AttachesAChosenFile) {
+    plan.platform.Write("plan.txt", "");
+    plan.platform.files.special_folders[5] = plan.platform.folder.path();
+    QApplication::setAttribute(Qt::AA_DontUseNativeDialogs);
+    Use([this](QWidget& window) {
+        Then([this](QWidget& window_of_files) {
+            auto& dialog = dynamic_cast<QFileDialog&>(window_of_files);
+            EXPECT_EQ(dialog.windowTitle(), "Choose a file to attach");
+            EXPECT_EQ(dialog.directory().canonicalPath().toStdString(), plan.platform.folder.path());
+            EXPECT_EQ(dialog.nameFilters(), QStringList("*.* (*)"));
+            QTest::keyClicks(dialog.findChild<QLineEdit*>("fileNameEdit"), "plan.txt");
+            QTest::keyClick(dialog.findChild<QLineEdit*>("fileNameEdit"), Qt::Key_Return);
+        });
+        Click(Find(window, "CmdAttach"));
+        EXPECT_EQ(Shown(Attachments(window)), "plan.txt\n");
+    });
+    EXPECT_EQ(NotesOf(plan, "Design"), "1::" + plan.platform.Path("plan.txt"));
+}
+
+TEST_F(NotesPage, OpensAnAttachmentByTheShellAlone) {
+    AddNote(plan, "Design", "", "http://www.one.example/$(rm -rf ~)?q='\";");
+    Use([](QWidget& window) {
+        QTableView& table = Attachments(window);
+        ClickCell(table, 0, 0);
+        QTest::mouseDClick(table.viewport(), Qt::LeftButton, {}, table.visualRect(table.model()->index(0, 0)).center());
+    });
+    EXPECT_EQ(plan.platform.shell.targets, (std::vector<String>{"http://www.one.example/$(rm -rf ~)?q='\";"}));
+}
+
+TEST_F(NotesPage, OpensAnAttachmentWithTheSpaceBar) {
+    AddNote(plan, "Design", "", "http://www.one.example");
+    Use([](QWidget& window) {
+        ClickCell(Attachments(window), 0, 0);
+        QTest::keyClick(&Attachments(window), Qt::Key_Space);
+    });
+    EXPECT_EQ(plan.platform.shell.targets, (std::vector<String>{"http://www.one.example"}));
+}
+
+TEST_F(NotesPage, RemovesAnAttachmentByItsButtonAndByDelete) {
+    for (const char* link : {"http://www.one.example", "http://www.two.example", "http://www.three.example"}) {
+        AddNote(plan, "Design", "", link);
+    }
+    Use([](QWidget& window) {
+        ClickCell(Attachments(window), 1, 0);
+        Click(Find(window, "CmdRemove"));
+        EXPECT_EQ(Shown(Attachments(window)), "http://www.one.example\nhttp://www.three.example\n");
+        ClickCell(Attachments(window), 0, 0);
+        QTest::keyClick(&Attachments(window), Qt::Key_Delete);
+        EXPECT_EQ(Shown(Attachments(window)), "http://www.three.example\n");
+    });
+    EXPECT_EQ(MasterNotes(plan), "3::http://www.three.example");
+}
+
+}  // namespace
+}  // namespace mrlxmlclass::testing
