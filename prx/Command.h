@@ -84,6 +84,7 @@ std::unique_ptr<Command> MakeConvert(CLI::App& app);
 std::unique_ptr<Command> MakeImport(CLI::App& app);
 std::unique_ptr<Command> MakeShow(CLI::App& app);
 std::unique_ptr<Command> MakeAdd(CLI::App& app);
+std::unique_ptr<Command> MakeEdit(CLI::App& app);
 std::unique_ptr<Command> MakeSet(CLI::App& app);
 std::unique_ptr<Command> MakeRename(CLI::App& app);
 std::unique_ptr<Command> MakeMilestone(CLI::App& app);

@@ -36,14 +36,6 @@ struct Setting {
     throw Refusal(fmt::format("{}={} was not taken: {}", field, Plain(value), instead));
 }
 
-/// The events of a task as it stands, and all that waits for it moves along.
-void WalkFrom(Setting& setting) {
-    setting.tasks().DependsDateChanged(setting.key(), setting.task.TaskBDate(), /*StartFinishDate=*/1,
-                                       /*LeadTimeCalc=*/True, /*SummaryCalc=*/True, /*p_number_to_shift=*/0,
-                                       /*p_not_same_parent=*/False, /*p_calc_date=*/False);
-    AdjustDatesAbove(setting.project, setting.task);
-}
-
 void SetDurationIn(Setting& setting, Double length, const String& unit) {
     const String in = unit.empty() ? setting.task.TaskDurationUnit() : unit;
     const bool whole_days = in != "hrs" && in != "mins" && length == std::floor(length);
@@ -59,7 +51,7 @@ void SetDurationIn(Setting& setting, Double length, const String& unit) {
     }
     if (setting.announced) setting.task.TaskMilstones(False);
     setting.task.TaskDuration(length);
-    if (setting.announced) WalkFrom(setting);
+    if (setting.announced) DatesChanged(setting.project, setting.task);
 }
 
 void SetUnit(Setting& setting, const std::string& value) {
@@ -95,7 +87,7 @@ void MoveStart(Setting& setting, Date wanted) {
     }
     if (!setting.announced) return;
     setting.task.TaskLag(setting.tasks().CalcLeadTime(setting.key()));
-    WalkFrom(setting);
+    DatesChanged(setting.project, setting.task);
 }
 
 void SetStart(Setting& setting, const std::string& value) {

@@ -3,6 +3,7 @@
 #include "mrlxmlclass/platform/ForwardingFiles.h"
 #include "mrlxmlclass/platform/Services.h"
 #include "prx/Progress.h"
+#include "prx/Windows.h"
 
 namespace prx {
 
@@ -39,7 +40,8 @@ private:
     mrlxmlclass::Services& system_ = mrlxmlclass::SystemServices();
     HostFiles files_{system_.files};
     HostUi ui_;
-    mrlxmlclass::Services services_{system_.clock, system_.locale, files_, system_.shell, ui_};
+    mrlxmlclass::Services services_{
+        system_.clock, system_.locale, files_, system_.shell, ui_, mrlxmlclass::NoOldPlans(), Windows()};
     mrlxmlclass::InstalledServices installed_{services_};
 };
 

@@ -193,12 +193,16 @@ std::vector<std::string> Project::Mend() {
     return told;
 }
 
-void Project::Save() {
+void Project::RefuseIfFailed() const {
     const std::vector<std::string> failed = FailuresSince();
     if (!failed.empty()) {
         throw Refusal(fmt::format("the change did not go through, so nothing was saved:\n  {}",
                                   fmt::join(Shortened(failed), "\n  ")));
     }
+}
+
+void Project::Save() {
+    RefuseIfFailed();
     Write();
 }
 

@@ -45,6 +45,8 @@ public:
     /// Mends ties and links in memory and tells what was done.
     std::vector<std::string> Mend();
 
+    /// Refuses when the library recorded a failure since the file was opened.
+    void RefuseIfFailed() const;
     /// Replaces the file, or leaves it as it is and refuses: also when the edit did not go through.
     void Save();
     /// Lets go of the file and goes on as a new one, which is saved; an edit that did not go through is, too.

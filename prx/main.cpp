@@ -19,7 +19,7 @@ int Run(int argc, char** argv) {
           prx::MakeRename,   prx::MakeMilestone, prx::MakeDone,     prx::MakeCost,  prx::MakeLink,   prx::MakeUnlink,
           prx::MakeIndent,   prx::MakeOutdent,   prx::MakeMove,     prx::MakePhase, prx::MakeShift,  prx::MakeRemove,
           prx::MakePerson,   prx::MakeGoal,      prx::MakeObstacle, prx::MakeNote,  prx::MakeAssign, prx::MakeUnassign,
-          prx::MakeCalendar, prx::MakeCheck}) {
+          prx::MakeCalendar, prx::MakeCheck,     prx::MakeEdit}) {
         commands.push_back(make(app));
     }
     try {

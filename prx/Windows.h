@@ -1,0 +1,14 @@
+#pragma once
+
+#include <string>
+
+#include "mrlxmlclass/platform/TaskScreens.h"
+
+/// The windows of this program, which it has when it was built with them.
+namespace prx {
+
+mrlxmlclass::TaskScreens& Windows();
+/// Why no window can be shown now, in plain words; "" when one can.
+std::string WhyNoWindow();
+
+}  // namespace prx

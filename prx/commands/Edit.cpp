@@ -1,0 +1,60 @@
+#include "prx/Edit.h"
+
+#include "examples/task_dialog_texts.h"
+#include "prx/Command.h"
+#include "prx/Content.h"
+#include "prx/EventLog.h"
+#include "prx/Refusal.h"
+#include "prx/Windows.h"
+
+namespace prx {
+namespace {
+
+class Edit : public EditCommand {
+public:
+    explicit Edit(CLI::App& app)
+        : EditCommand(app, "edit", "Edit a task in a window; saves when it is left by OK and something changed") {
+        options().add_option("TASK", task_, "A key, #row or name")->required();
+    }
+
+    int Run(Host& host) override {
+        if (const std::string reason = WhyNoWindow(); !reason.empty()) throw Refusal(reason);
+        Project project = Project::ToEdit(host, file(), force());
+        const EventLog events(project.tasks());
+        const mrlxmlclass::Ref<mrlxmlclass::TasksCls> task = FindTask(project, task_);
+
+        project.tasks()->SortMe(mrlxmlclass::True);  // as the dialog does: that alone is no change
+        const std::string before = ContentOf(project);
+        EditInWindow(project, *task);
+        if (ContentOf(project) == before) {
+            project.RefuseIfFailed();
+            Note("nothing changed, so nothing was saved");
+            return kDone;
+        }
+        project.Save();
+        events.Print();
+        return kDone;
+    }
+
+private:
+    /// The screen of a host's on which all of a task can be edited.
+    static constexpr int kScreen = 2;
+
+    /// The dialog stores dates without moving what depends on them.
+    static void EditInWindow(const Project& project, mrlxmlclass::TasksCls& task) {
+        const mrlxmlclass::Date start = task.TaskBDate();
+        const mrlxmlclass::Date end = task.TaskEDate();
+        project.app().showtaskinfo(KeyOf(task), project.tasks(), kScreen, EnglishTaskDialogTexts());
+        if (task.TaskBDate() != start || task.TaskEDate() != end) DatesChanged(project, task);
+    }
+
+    std::string task_;
+};
+
+}  // namespace
+
+std::unique_ptr<Command> MakeEdit(CLI::App& app) {
+    return std::make_unique<Edit>(app);
+}
+
+}  // namespace prx
