@@ -1,7 +1,9 @@
 #include <gtest/gtest.h>
 
+#include <QAbstractButton>
 #include <QDir>
 #include <QGuiApplication>
+#include <QLabel>
 #include <QTabWidget>
 #include <QTextEdit>
 
@@ -50,6 +52,16 @@ void Furnish(QtPlan& plan) {
     plan.Heard();
 }
 
+/// Every caption that shows has the room that it needs.
+void ExpectWholeCaptions(const QWidget& window) {
+    for (const QWidget* widget : window.findChildren<QWidget*>()) {
+        const bool captioned = qobject_cast<const QLabel*>(widget) || qobject_cast<const QAbstractButton*>(widget);
+        if (!captioned || !widget->isVisible() || widget->objectName().isEmpty()) continue;
+        EXPECT_GE(widget->width(), widget->sizeHint().width()) << widget->objectName().toStdString();
+        EXPECT_GE(widget->height(), widget->sizeHint().height()) << widget->objectName().toStdString();
+    }
+}
+
 /// Saves a picture of each tab; the name tells its looks.
 void TakePictures(const QString& looks, int from_where = 2) {
     const OffscreenApplication application;
@@ -68,6 +80,7 @@ void TakePictures(const QString& looks, int from_where = 2) {
                 if (!tabs.isTabEnabled(tab)) continue;
                 tabs.setCurrentIndex(tab);
                 Settle();
+                ExpectWholeCaptions(window);
                 const QString name = QString("%1-%2-%3.png").arg(looks, scale).arg(tab);
                 EXPECT_TRUE(window.grab().save(folder.filePath(name))) << name.toStdString();
             }
