@@ -49,7 +49,8 @@ Boolean Application::showtaskinfo(const Variant& aTaskKey, const Ref<TasksCol>& 
             return;
         }
         // Kept: whatever the person chose, Cancel too.
-        if (Fromwhere == kNamesOnly) oTaskCol->ChangeName(key, oTaskCol->Item(key)->TaskName());
+        const Ref<TasksCls> task = oTaskCol->Item(key);
+        if (Fromwhere == kNamesOnly && task) oTaskCol->ChangeName(key, task->TaskName());
         open_dialog_ = {};
         result = changed;
     });

@@ -146,7 +146,7 @@ Ref<TasksCls> EditTask::Stored() const {
     return tasks_->Item(key_);
 }
 
-String EditTask::TaskKey() const {
+String EditTask::KeyAsText() const {
     return key_.Text();
 }
 

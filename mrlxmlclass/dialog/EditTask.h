@@ -209,7 +209,7 @@ private:
 
     EditTaskView& View() const;
     Ref<TasksCls> Stored() const;
-    String TaskKey() const;
+    String KeyAsText() const;
 
     void PutFields(Boolean read_only_name);
     void PutNotes();

@@ -9,7 +9,7 @@
 namespace mrlxmlclass {
 
 using dialog::kTail;
-using dialog::Removed;
+using dialog::NoteRemoved;
 
 namespace {
 
@@ -98,7 +98,7 @@ void EditTask::mnuunattach_Click() {
         if (grid.Row() < 0 && grid.Rows() > 0) grid.Row(grid.TopRow());
         if (grid.Row() < 0) return;
         const String note_key = dialog::AttachmentIn(grid.RowData(grid.Row())).note_key;
-        if (!note_key.empty()) Removed(removed_attachments_, note_key);
+        if (!note_key.empty()) NoteRemoved(removed_attachments_, note_key);
         grid.RemoveItem(grid.Row());
     });
 }

@@ -14,10 +14,18 @@ using dialog::kTail;
 
 namespace {
 
-constexpr int kMostTypedDuration = 999;
-constexpr int kNameCharacters = 160;
 constexpr double kCostLimit = 99'999'999;
 constexpr const char* kNewPhase = "<New Phase>";
+
+struct TypedDuration {
+    Double number = 0;
+    String unit;
+};
+TypedDuration DurationIn(String text) {
+    TypedDuration typed;
+    typed.unit = Gloabal::SetTaskUnit(text, typed.number);
+    return typed;
+}
 
 /// What a picker shows for a date of the task.
 Variant DateOrNull(Date date) {
@@ -45,7 +53,7 @@ void EditTask::DTPickerStart_Change() {
         if (DTPickerStart.Value().is_null()) return PutDatenull();
         task_->TaskLag(0);
         task_->TaskBDate(DTPickerStart.Value().As<Date>());
-        tasks_->CalcLeadTime(TaskKey());
+        tasks_->CalcLeadTime(KeyAsText());
         if (!task_->TaskEDate().set()) In(task_).StoreEnd(task_->TaskBDate());
         DTPickerEnd.Value(DateOrNull(task_->TaskEDate()));
         ShowDuration(0);
@@ -87,7 +95,7 @@ void EditTask::ShowDuration(Integer Index) {
 void EditTask::TakeDuration(Integer Index) {
     TextControl& field = TxtDurtion[Index];
     if (field.Text().empty()) field.Text("0");
-    const auto is_short = [&] { return LooseNumber(field.Text()) <= kMostTypedDuration; };
+    const auto is_short = [&] { return LooseNumber(field.Text()) <= dialog::kMostShortDuration; };
     if (!is_short()) field.Text(Left(field.Text(), static_cast<std::size_t>(field.MaxLength().value())));
     if (is_short()) SetTxtValue(Index);
 }
@@ -109,10 +117,8 @@ void EditTask::SetTxtValue(Integer Index) {
     if (TxtDurtion[Index].Text().empty()) {
         for (TextControl& field : TxtDurtion) field.Text("");
     }
-    String text = TxtDurtion[Index].Text();
-    Double duration = 0;
-    // Kept: a plain number takes the unit away.
-    task_->TaskDurationUnit(Gloabal::SetTaskUnit(text, duration));
+    const auto [duration, unit] = DurationIn(TxtDurtion[Index].Text());
+    task_->TaskDurationUnit(unit);  // Kept: a plain number takes the unit away.
     task_->TaskDuration(duration);
     if (task_->TaskEDate().set()) {
         chkAsMilistones.Value(duration == 0);
@@ -124,9 +130,7 @@ void EditTask::SetTxtValue(Integer Index) {
 
 void EditTask::VScrollDuration_DownClick(Integer Index) {
     Answer(TxtDurtion[Index], "VScrollDuration_DownClick", [&] {
-        String text = TxtDurtion[Index].Text();
-        Double number = 0;
-        const String unit = Gloabal::SetTaskUnit(text, number);
+        auto [number, unit] = DurationIn(TxtDurtion[Index].Text());
         if (number > 0) {
             --number;
             if (number == 0) SetTxtValue(Index);
@@ -138,10 +142,8 @@ void EditTask::VScrollDuration_DownClick(Integer Index) {
 
 void EditTask::VScrollDuration_UpClick(Integer Index) {
     Answer(TxtDurtion[Index], "VScrollDuration_UpClick", [&] {
-        String text = TxtDurtion[Index].Text();
-        Double number = 0;
-        const String unit = Gloabal::SetTaskUnit(text, number);
-        if (number < kMostTypedDuration) ++number;
+        auto [number, unit] = DurationIn(TxtDurtion[Index].Text());
+        if (number < dialog::kMostShortDuration) ++number;
         TxtDurtion[Index].Text(Conversions::DoubleToString(number) + " " + unit);
         SetTxtValue(Index);
     });
@@ -181,7 +183,7 @@ void EditTask::TxtName_Validate(Integer Index) {
         const String& text = TxtName[Index].Text();
         const std::size_t characters =
             Length(std::string_view(text).substr(std::min(text.find_first_not_of(' '), text.size())));
-        if (characters > 0 && characters < kNameCharacters && text != kNewPhase) {
+        if (characters > 0 && characters < dialog::kNameCharacters && text != kNewPhase) {
             task_->TaskName(text);
         } else {
             TxtName[Index].Text(task_->TaskName());

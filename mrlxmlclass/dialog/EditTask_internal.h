@@ -11,6 +11,10 @@ namespace mrlxmlclass::dialog {
 
 inline constexpr FailureTail kTail{"EditTask"};
 
+/// Durations beyond it show whole, and are not typed.
+inline constexpr int kMostShortDuration = 999;
+inline constexpr int kNameCharacters = 160;
+
 /// What the key of a person carries as the data of a row.
 inline constexpr const char* kPersonMark = "p";
 
@@ -35,7 +39,7 @@ inline Attachment AttachmentIn(const String& row_data) {
 }
 
 /// Notes what was taken off a table; the list is made at the first need.
-inline void Removed(Ref<Collection>& removed, const String& key) {
+inline void NoteRemoved(Ref<Collection>& removed, const String& key) {
     if (!removed) removed = Make<Collection>();
     removed->Add(key);
 }

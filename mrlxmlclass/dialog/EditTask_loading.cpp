@@ -19,8 +19,6 @@ using dialog::kTail;
 namespace {
 
 constexpr int kDurationDigits = 3;
-constexpr int kMostShortDuration = 999;
-constexpr int kNameCharacters = 160;
 
 /// What a picker shows for a date of the task: today where it has none.
 Variant DateOrToday(Date date) {
@@ -47,14 +45,14 @@ Boolean EditTask::GetTaskInfo(const Variant& aTaskKey, const Ref<Application>& o
     const Ref<EditTask> self(this);  // the host may let go of the session meanwhile
     return kTail.Run<Boolean>("GetTaskInfo", [&](Boolean& result) {
         key_ = aTaskKey;
-        const Boolean summary = oTaskCol->Summary(TaskKey());
+        const Boolean summary = oTaskCol->Summary(KeyAsText());
         tasks_ = oTaskCol;
         plan_ = oApplication->xTaskCol();
         people_ = oApplication->xPeopleCol();
         assignments_ = oApplication->xTaskPeopleRelationcol();
         notes_ = oApplication->xNoteCol();
         note_relations_ = oApplication->xTaskNotesRelationcol();
-        if (TaskKey().empty()) return;
+        if (KeyAsText().empty()) return;
         {
             const Raised loading(loading_);
             task_ = Stored()->Clone();
@@ -84,11 +82,12 @@ Boolean EditTask::GetTaskInfo(const Variant& aTaskKey, const Ref<Application>& o
 void EditTask::PutFields(Boolean read_only_name) {
     const String duration = Conversions::DoubleToString(task_->TaskDuration());
     for (TextControl& field : TxtDurtion) {
-        field.MaxLength(task_->TaskDuration() > kMostShortDuration ? Long(Length(duration)) : Long(kDurationDigits));
+        field.MaxLength(task_->TaskDuration() > dialog::kMostShortDuration ? Long(Length(duration))
+                                                                           : Long(kDurationDigits));
         field.Text(duration);
     }
     for (TextControl& field : TxtName) {
-        field.MaxLength(kNameCharacters);
+        field.MaxLength(dialog::kNameCharacters);
         field.Text(task_->TaskName());
         field.Locked(read_only_name);
     }

@@ -8,7 +8,7 @@
 namespace mrlxmlclass {
 
 using dialog::kTail;
-using dialog::Removed;
+using dialog::NoteRemoved;
 
 namespace {
 
@@ -26,7 +26,7 @@ void EndWithAnEmptyRow(GridControl& grid) {
 void EditTask::LoadPredecessor(GridControl& grid) {
     predecessor_names_ = "";
     predecessor_positions_ = "";
-    predecessor_names_ = Gloabal::SetComboTask(tasks_, TaskKey(), predecessor_positions_);
+    predecessor_names_ = Gloabal::SetComboTask(tasks_, KeyAsText(), predecessor_positions_);
     grid.Rows(1);
     for (const auto& entry : tasks_->NewEnum()) {
         TasksCls& task = *entry.item;
@@ -65,8 +65,6 @@ void EditTask::VSFlexGridPredecessor_BeforeEdit(Long Row, Long Col, ByRef<Boolea
             const String lag = grid.TextMatrix(Row, Col);
             if (grid.RowData(Row).empty()) {
                 *Cancel = True;
-            } else if (IsNumeric(lag)) {
-                previous_lag_ = Conversions::StringToInteger(lag);
             } else if (lag == "-") {
                 grid.TextMatrix(Row, Col, "0");
             }
@@ -75,6 +73,10 @@ void EditTask::VSFlexGridPredecessor_BeforeEdit(Long Row, Long Col, ByRef<Boolea
         }
         const bool signed_lag = grid.TextMatrix(Row, Col).find('-') != String::npos;
         grid.EditMaxLength(signed_lag ? kLagDigits + 1 : kLagDigits);
+        const bool begins = Col == dialog::kLag && editable && !*Cancel;
+        if (begins && IsNumeric(grid.TextMatrix(Row, Col))) {
+            previous_lag_ = Conversions::StringToInteger(grid.TextMatrix(Row, Col));
+        }
     });
 }
 
@@ -118,7 +120,7 @@ void EditTask::VSFlexGridPredecessor_AfterEdit(Long Row, Long Col) {
             grid.TextMatrix(Row, Col, grid.RowData(Row).empty() ? "" : "0");
         } else if (Col == dialog::kPosition || Col == dialog::kName) {
             if (!previous_row_key_.empty() && previous_row_key_ != grid.RowData(Row)) {
-                Removed(removed_predecessors_, previous_row_key_);
+                NoteRemoved(removed_predecessors_, previous_row_key_);
             }
         }
     });
@@ -143,7 +145,7 @@ void EditTask::VSFlexGridPredecessor_KeyDown(Integer KeyCode, Integer) {
         GridControl& grid = VSFlexGridPredecessor;
         const Long row = grid.Row();
         if (KeyCode != kDelete || row < grid.FixedRows() || grid.TextMatrix(row, dialog::kName).empty()) return;
-        Removed(removed_predecessors_, grid.RowData(row));
+        NoteRemoved(removed_predecessors_, grid.RowData(row));
         grid.RemoveItem(row);
     });
 }

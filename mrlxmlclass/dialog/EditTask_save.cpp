@@ -33,7 +33,7 @@ Boolean EditTask::SaveTaskInfo() {
 
 void EditTask::SaveNameAndDates() {
     const Ref<TasksCls> stored = Stored();
-    if (stored->TaskName() != task_->TaskName()) tasks_->ChangeName(TaskKey(), task_->TaskName());
+    if (stored->TaskName() != task_->TaskName()) tasks_->ChangeName(KeyAsText(), task_->TaskName());
 
     // Kept: each overwrites the flag, so that the duration alone decides it.
     if (stored->TaskBDate() != task_->TaskBDate()) {
@@ -52,7 +52,7 @@ void EditTask::SaveProgressAndCost() {
     const Ref<TasksCls> stored = Stored();
     if (stored->TaskPercentDone() != task_->TaskPercentDone()) {
         stored->TaskPercentDone(task_->TaskPercentDone());
-        tasks_->ChangePercentDone(TaskKey(), Integer(task_->TaskPercentDone()));
+        tasks_->ChangePercentDone(KeyAsText(), Integer(task_->TaskPercentDone()));
     }
     if (stored->TaskMilstones() != task_->TaskMilstones()) stored->TaskMilstones(task_->TaskMilstones());
     if (stored->TaskCost() != task_->TaskCost()) {
@@ -65,7 +65,7 @@ void EditTask::SaveProgressAndCost() {
 void EditTask::SavePredecessors() {
     if (removed_predecessors_) {
         for (const auto& removed : removed_predecessors_->Snapshot()) {
-            tasks_->RemoveTaskPredecessor(TaskKey(), removed.item.As<String>());
+            tasks_->RemoveTaskPredecessor(KeyAsText(), removed.item.As<String>());
         }
     }
     if (!predecessors_changed_) return;
@@ -77,7 +77,7 @@ void EditTask::SavePredecessors() {
     Long lag;
     for (Long row = 1; row < grid.Rows() && !grid.RowData(row).empty(); ++row) {
         const String key = grid.RowData(row);
-        if (!stored->isPredecessor(key)) tasks_->AddTaskPredecessor(TaskKey(), key);
+        if (!stored->isPredecessor(key)) tasks_->AddTaskPredecessor(KeyAsText(), key);
         lag = Conversions::StringToLong(grid.TextMatrix(row, dialog::kLag));
     }
     stored->TaskLag(lag);
@@ -146,7 +146,7 @@ void EditTask::AddNote(Describe&& describe) {
     const Ref<NotesCls> stored = notes_->AddItem(note);
     relation->NoteKey(stored->NoteKey());
     relation->TaskKey(task_->TaskKey());
-    tasks_->AddNote(TaskKey(), relation, stored);
+    tasks_->AddNote(KeyAsText(), relation, stored);
 }
 
 // Takes out the relation, both the project's and the task's, and the project's note; the task's copy stays.

@@ -9,7 +9,9 @@ namespace {
 TEST(showtaskinfo, OpensNothingForAnEmptyKey) {
     Plan plan;
     plan.Task("Design");
-    EXPECT_EQ(plan.app->showtaskinfo("", plan.app->xTaskCol(), 2, DialogTexts()), False);
+    for (const int from_where : {1, 2}) {
+        EXPECT_EQ(plan.app->showtaskinfo("", plan.app->xTaskCol(), from_where, DialogTexts()), False);
+    }
     EXPECT_EQ(plan.platform.screens.shown, 0);
     EXPECT_EQ(plan.app->unloadtaskinfo(), False);
     EXPECT_EQ(Module().g_TaskInfoUnloading, False);  // none was open any more
@@ -25,6 +27,8 @@ TEST(showtaskinfo, TakesANumberForAKeyToo) {
 TEST(showtaskinfo, RecordsATaskThatIsNotThere) {
     Plan plan;
     EXPECT_EQ(plan.app->showtaskinfo("7", plan.app->xTaskCol(), 2, DialogTexts()), False);
+    EXPECT_EQ(plan.failures.Taken(), "EditTask/GetTaskInfo 91\n");
+    EXPECT_EQ(plan.app->showtaskinfo("7", plan.app->xTaskCol(), 1, DialogTexts()), False);
     EXPECT_EQ(plan.failures.Taken(), "EditTask/GetTaskInfo 91\n");
     EXPECT_EQ(plan.app->showtaskinfo("7", {}, 2, DialogTexts()), False);
     EXPECT_EQ(plan.failures.Taken(), "Application/showtaskinfo 91\n");
@@ -98,8 +102,7 @@ TEST(showtaskinfo, OutlivesASessionThatIsDropped) {
     plan.app->Init();
 }
 
-// --- unloadtaskinfo
-// ---------------------------------------------------------------------------------------------------
+// --- unloadtaskinfo --------------------------------------------------------------------------------------------------
 
 TEST(unloadtaskinfo, DoesNothingWhileNoneIsOpen) {
     Plan plan;

@@ -360,10 +360,10 @@ TEST(Txtcost, TakesWholeAmounts) {
         double cost;
         const char* shown;
     };
-    for (const Row& row :
-         {Row{"25", 25, "25"}, Row{"$25", 25, "25"}, Row{"$$7", 7, "7"}, Row{"2.5", 3, "3"},
-          Row{"99999998", 99999998, "99999998"}, Row{"99999999", 12, "12"}, Row{"100000000", 12, "12"},
-          Row{"abc", 12, "12"}, Row{"-5", 12, "12"}, Row{"", 0, "0"}, Row{"0", 0, "0"}, Row{"1e99", 12, "12"}}) {
+    for (const Row& row : {Row{"25", 25, "25"}, Row{"$25", 25, "25"}, Row{"$$7", 7, "7"}, Row{"2.5", 3, "3"},
+                           Row{"99999998", 99999998, "99999998"}, Row{"99999999", 12, "12"}, Row{"100000000", 12, "12"},
+                           Row{"99999998.6", 12, "12"}, Row{"abc", 12, "12"}, Row{"-5", 12, "12"}, Row{"", 0, "0"},
+                           Row{"0", 0, "0"}, Row{"1e99", 12, "12"}}) {
         SCOPED_TRACE(row.typed);
         Plan plan;
         plan.Task("Design").Costing(12);

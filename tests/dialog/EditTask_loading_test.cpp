@@ -79,6 +79,16 @@ TEST(Loading, LocksTheNameOfASummary) {
     EditInDialog(plan, "Phase", [](EditTask& form) { EXPECT_EQ(form.TxtName[3].Locked(), True); });
 }
 
+TEST(Loading, KeepsTheNameOfARowThatIsNoSummaryOpenThoughItHasChildren) {
+    Plan plan;
+    plan.Task("Row").Task("Design").Under("Row");
+    plan["Row"].TaskType(True);
+    EditInDialog(plan, "Row", [](EditTask& form) {
+        EXPECT_EQ(form.TxtName[0].Locked(), False);
+        EXPECT_EQ(form.DTPickerStart.Enabled(), False);
+    });
+}
+
 TEST(Loading, PutsEveryTextInItsPlace) {
     Plan plan;
     plan.Task("Design");
@@ -100,7 +110,8 @@ TEST(Loading, PutsEveryTextInItsPlace) {
             {&form.FrStartDate, "T10652"},     {&form.frpred, "T10718"},
             {&form.FrAssi, "T10653"},          {&form.FrNote, "T10654"},
             {&form.Frattach, "T10655"},        {&form.CmdAttach, "T10656"},
-            {&form.CmdRemove, "T10661"},       {&form.Cmdlink, "T10675"}};
+            {&form.CmdRemove, "T10661"},       {&form.mnuLinkNote, "T10656"},
+            {&form.mnuunattach, "T10661"},     {&form.Cmdlink, "T10675"}};
         for (const auto& [control, caption] : captions) EXPECT_EQ(control->Caption(), caption) << control->Name();
         for (int col = 0; col < 4; ++col) {
             EXPECT_EQ(form.VSFlexGridPredecessor.TextMatrix(0, col), "T" + std::to_string(10329 + col));

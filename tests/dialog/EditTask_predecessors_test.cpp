@@ -211,6 +211,20 @@ TEST_F(PredecessorTable, KeepsMeasuringALagThatIsNotNegativeFromTheStart) {
     });
 }
 
+TEST_F(PredecessorTable, TakesALagOfNothingBehindAFriday) {
+    plan["A"].TaskBDate(Friday);
+    InDialog([](EditTask& form) {
+        form.Task()->TaskBDate(Friday);
+        form.DTPickerStart.Value(Friday);
+        // From Friday to the day behind the shown Friday: Saturday is free. Friday, that day and one more.
+        Type(form, 1, "0");
+        EXPECT_EQ(form.Task()->TaskBDate(), Monday + 7);
+        Type(form, 1, "3");
+        Type(form, 1, "1");
+        EXPECT_EQ(form.LagDifference(), -2);
+    });
+}
+
 TEST_F(PredecessorTable, KeepsMeasuringANegativeLagFromTheEnd) {
     plan["A"].TaskEDate(Friday);
     InDialog([](EditTask& form) {
@@ -244,8 +258,11 @@ TEST_F(PredecessorTable, TakesALagAsLongAsTheDatesHoldIt) {
         Type(form, 1, "9999");  // beyond the last year, which takes its place
         EXPECT_EQ(form.Task()->TaskBDate().year(), 2036);
         Type(form, 1, "99999");
+        form.BeginEdit(form.VSFlexGridPredecessor, 1, kLag);
+        EXPECT_EQ(form.VSFlexGridPredecessor.EditMaxLength(), 3);
     });
-    EXPECT_EQ(plan.failures.Taken(), "EditTask/VSFlexGridPredecessor_AfterEdit 6\n");
+    EXPECT_EQ(plan.failures.Taken(),
+              "EditTask/VSFlexGridPredecessor_AfterEdit 6\nEditTask/VSFlexGridPredecessor_BeforeEdit 6\n");
 }
 
 TEST_F(PredecessorTable, RecordsALagWhileNoStartIsShown) {

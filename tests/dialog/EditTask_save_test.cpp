@@ -54,6 +54,22 @@ TEST_F(Saving, OfANameAloneGivesFalse) {
     EXPECT_EQ(plan["Design"].TaskName(), "Draw");
 }
 
+TEST_F(Saving, OfANameAloneLeavesPredecessorsAndPeopleAlone) {
+    plan.About("Design").After("Survey", 4);
+    AddPerson(plan, "Ann");
+    Assign(plan, "1", "Design");
+    plan["Design"].TaskLag(4);
+    EXPECT_EQ(OnOk([](EditTask& form) {
+                  form.TxtName[0].Text("Draw");
+                  form.TxtName_Validate(0);
+              }),
+              False);
+    EXPECT_EQ(plan["Design"].TaskLag(), 4);
+    EXPECT_EQ(plan["Design"].PeopleAsString(), "Ann");
+    EXPECT_EQ(plan.app->xTaskPeopleRelationcol()->Count(), 1);
+    EXPECT_EQ(plan.col().PredessorAsString("2"), "3");
+}
+
 TEST_F(Saving, OfAStartStoresItWithItsLagAndTellsNobody) {
     EXPECT_EQ(OnOk([](EditTask& form) {
                   form.DTPickerStart.Value(Tuesday);
@@ -162,7 +178,9 @@ TEST_F(Saving, OfRemovedPredecessorsComesBeforeTheNewOnes) {
 
 TEST_F(Saving, EndsAtALagThatIsNoNumberAndWhatCameBeforeStands) {
     AddNote(plan, "Design", "old");
+    plan.platform.screens.file = "/attached";
     EXPECT_EQ(OnOk([](EditTask& form) {
+                  form.CmdAttach_Click();
                   form.TxtDurtion[0].Text("5");
                   form.Txtcost.Text("25");
                   form.txtNote.Text("new");
@@ -220,6 +238,36 @@ TEST_F(Saving, KeepsTakingTheFirstNoteForTheTextThoughItIsAnAttachment) {
     AddNote(plan, "Design", "", "/attached");
     OnOk([](EditTask& form) { form.txtNote.Text("new"); });
     EXPECT_EQ(NotesOf(plan, "Design"), "1:new:/attached");
+}
+
+TEST_F(Saving, KeepsTheTextOfATaskWithoutANoteOnItsNewAttachment) {
+    plan.platform.screens.file = "/new";
+    OnOk([](EditTask& form) {
+        form.CmdAttach_Click();
+        form.txtNote.Text("text");
+    });
+    EXPECT_EQ(NotesOf(plan, "Design"), "1:text:/new");
+    EXPECT_EQ(plan.Heard(), "NoteChange(2, )\n");
+}
+
+TEST_F(Saving, KeepsTheTextOfARemovedNoteOnTheNextOne) {
+    AddNote(plan, "Design", "first", "/a");
+    AddNote(plan, "Design", "second", "/b");
+    OnOk([](EditTask& form) {
+        form.MoveTo(form.gridattachement, 0, 0);
+        form.CmdRemove_Click();
+    });
+    EXPECT_EQ(NotesOf(plan, "Design"), "2:first:/b");
+}
+
+TEST_F(Saving, OfClearedDatesStoresNone) {
+    OnOk([](EditTask& form) {
+        form.DTPickerStart.Value(Variant::Null{});
+        form.DTPickerStart_Change();
+    });
+    EXPECT_EQ(plan["Design"].TaskBDate(), Date());
+    EXPECT_EQ(plan["Design"].TaskEDate(), Date());
+    EXPECT_EQ(plan["Design"].TaskDuration(), 0);
 }
 
 TEST_F(Saving, OfAttachmentsAddsTheNewAndThenRemovesTheOld) {
