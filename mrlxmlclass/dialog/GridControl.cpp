@@ -1,7 +1,6 @@
 #include "mrlxmlclass/dialog/GridControl.h"
 
 #include <algorithm>
-#include <ranges>
 
 #include "mrlxmlclass/dialog/LooseNumber.h"
 #include "mrlxmlclass/runtime/Text.h"
@@ -83,7 +82,7 @@ Long GridControl::FindRow(const String& data) const {
 
 void GridControl::SortAscending() {
     const std::size_t col = PlaceOf(col_, columns_.size());
-    std::ranges::stable_sort(rows_ | std::views::drop(fixed_rows_.value()), {},
+    std::ranges::stable_sort(rows_.begin() + fixed_rows_.value(), rows_.end(), {},
                              [&](const OneRow& row) { return LooseNumber(row.texts[col]); });
     Refresh();
 }

@@ -43,7 +43,7 @@ void AssignAllPeopleInTheGrid(const GridControl& grid, const Ref<PeopleCol>& peo
                               const Ref<TasksCol>& tasks, const Ref<TaskAssigmentRelationCol>& relations) {
     const String task_key = std::to_string(TaskKey.value());
     for (Long row = 1; row < grid.Rows(); ++row) {
-        const String data = grid.RowData(row);
+        const String& data = grid.RowData(row);
         if (data.empty() || data == EditTask::kNewPerson || Trim(grid.TextMatrix(row, dialog::kPerson)).empty())
             continue;
         const String person = Replace(data, dialog::kPersonMark, "");
