@@ -83,7 +83,8 @@ Walk<Boolean> DateWalk::DependsDateChanged(KeyText key, Date& changed_date, cons
     const auto successors = In(task).PeekSuccessor()->Snapshot();
     Turn turn(/*with_siblings=*/!how.p_not_same_parent);
     Date old_start;
-    for (std::size_t place = 0; place < successors.size(); ++place) {
+    // Of the loop an index is all that waits in the frame.
+    for (std::size_t place = 0; place < successors.size(); ++place) {  // NOLINT(modernize-loop-convert)
         turn.Next(successors[place].item.Key());
         if (!Takes(turn, task, how)) continue;
         if (turn.adjusts) {
