@@ -18,7 +18,6 @@ using namespace mrlxmlclass;
 
 namespace {
 
-constexpr int kDaysOfAWeek = 7;
 constexpr int kMonday = 2;
 
 /// The weekdays from Monday on, those of the weekly rule or the others.

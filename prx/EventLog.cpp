@@ -11,17 +11,22 @@ using namespace mrlxmlclass;
 
 namespace {
 
-std::string Text(const String& text) {
+std::string Argument(const String& text) {
     return Plain(text);
 }
 
-std::string Text(Integer number) {
-    return prx::Text(Long(number));
+std::string Argument(Integer number) {
+    return Text(Long(number));
 }
 
-std::string Text(const Variant& amount) {
+std::string Argument(const Variant& amount) {
     const Currency* cost = amount.If<Currency>();
-    return cost == nullptr ? "" : prx::Text(*cost);
+    return cost == nullptr ? "" : Text(*cost);
+}
+
+template <class Value>
+std::string Argument(const Value& value) {
+    return Text(value);
 }
 
 }  // namespace
@@ -29,7 +34,7 @@ std::string Text(const Variant& amount) {
 template <class... Values>
 void EventLog::Heard(const char* event, const Values&... values) {
     std::string arguments;
-    ((arguments += (arguments.empty() ? "" : ", ") + Text(values)), ...);
+    ((arguments += (arguments.empty() ? "" : ", ") + Argument(values)), ...);
     lines_.push_back(fmt::format("{}({})", event, arguments));
 }
 

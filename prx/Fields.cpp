@@ -23,7 +23,7 @@ struct Setting {
     const Project& project;
     TasksCls& task;
     bool announced;  ///< false: nobody has heard of the task yet
-    Notes notes;
+    Remarks remarks;
 
     TasksCol& tasks() const { return *project.tasks(); }
     std::string key() const { return KeyOf(task); }
@@ -99,7 +99,7 @@ void SetStart(Setting& setting, const std::string& value) {
         if (std::abs(start.days() - wanted.days()) > kNearby) NotTaken("start", value, "the year is out of range");
     }
     if (start != wanted) {
-        setting.notes.push_back(fmt::format("{} is not a working day; the task starts on {}", value, Text(start)));
+        setting.remarks.push_back(fmt::format("{} is not a working day; the task starts on {}", value, Text(start)));
     }
 }
 
@@ -204,7 +204,7 @@ const std::string* ValueFor(const Field& field, const std::vector<Assignment>& a
     return value;
 }
 
-Notes SetAll(Setting setting, const std::vector<Assignment>& assignments) {
+Remarks SetAll(Setting setting, const std::vector<Assignment>& assignments) {
     const bool summary = static_cast<bool>(setting.tasks().isParent(setting.key()));
     if (ValueFor(*FindField("duration"), assignments) != nullptr &&
         ValueFor(*FindField("end"), assignments) != nullptr) {
@@ -219,7 +219,7 @@ Notes SetAll(Setting setting, const std::vector<Assignment>& assignments) {
         }
         field.set(setting, *value);
     }
-    return setting.notes;
+    return setting.remarks;
 }
 
 }  // namespace
@@ -243,11 +243,11 @@ std::string FieldHelp() {
     return help;
 }
 
-Notes SetFields(const Project& project, const Ref<TasksCls>& task, const std::vector<Assignment>& assignments) {
+Remarks SetFields(const Project& project, const Ref<TasksCls>& task, const std::vector<Assignment>& assignments) {
     return SetAll({project, *task, /*announced=*/true, {}}, assignments);
 }
 
-Notes FillFields(const Project& project, const Ref<TasksCls>& task, const std::vector<Assignment>& assignments) {
+Remarks FillFields(const Project& project, const Ref<TasksCls>& task, const std::vector<Assignment>& assignments) {
     return SetAll({project, *task, /*announced=*/false, {}}, assignments);
 }
 

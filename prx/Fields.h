@@ -20,15 +20,15 @@ Assignment ReadAssignment(const std::string& text);
 std::string FieldHelp();
 
 /// Worth telling: a start that was moved to a working day.
-using Notes = std::vector<std::string>;
+using Remarks = std::vector<std::string>;
 
 /// Sets the fields of a task in an order that lets one follow from the other, whatever order they came in; what waits
 /// for the task moves along, and the summaries above follow. Refuses a value that the library does not take as it
 /// stands; nothing may be saved then.
-Notes SetFields(const Project& project, const mrlxmlclass::Ref<mrlxmlclass::TasksCls>& task,
-                const std::vector<Assignment>& assignments);
+Remarks SetFields(const Project& project, const mrlxmlclass::Ref<mrlxmlclass::TasksCls>& task,
+                  const std::vector<Assignment>& assignments);
 /// The same for a task that nobody has heard of yet: it gets its values, and nothing follows.
-Notes FillFields(const Project& project, const mrlxmlclass::Ref<mrlxmlclass::TasksCls>& task,
-                 const std::vector<Assignment>& assignments);
+Remarks FillFields(const Project& project, const mrlxmlclass::Ref<mrlxmlclass::TasksCls>& task,
+                   const std::vector<Assignment>& assignments);
 
 }  // namespace prx

@@ -30,7 +30,6 @@ constexpr const char* kFreeDay = "░";
 constexpr const char* kNothing = " ";
 
 constexpr std::array kMonths = {"Jan", "Feb", "Mar", "Apr", "May", "Jun", "Jul", "Aug", "Sep", "Oct", "Nov", "Dec"};
-constexpr int kDaysOfAWeek = 7;
 
 int Weekday(Date day) {                   // 0 = Monday
     constexpr std::int64_t kAMonday = 2;  // 1 January 1900

@@ -5,8 +5,8 @@
 #include <unordered_set>
 
 #include "prx/Edit.h"
+#include "prx/Outline.h"
 #include "prx/Refusal.h"
-#include "prx/Terminal.h"
 
 namespace prx {
 
@@ -14,22 +14,18 @@ using namespace mrlxmlclass;
 
 namespace {
 
-std::string Named(const TasksCls& task) {
-    return fmt::format("\"{}\"", Plain(task.TaskName()));
-}
-
 [[noreturn]] void RefuseLink(const Project& project, TasksCls& task, TasksCls& predecessor) {
     const auto because = [&]() -> std::string {
         if (task.TaskKey() == predecessor.TaskKey()) return "a task cannot wait for itself";
         if (project.tasks()->isParent(KeyOf(predecessor))) {
-            return fmt::format("{} is a summary; link a task below it", Named(predecessor));
+            return fmt::format("{} is a summary; link a task below it", Quoted(predecessor));
         }
         if (predecessor.ParentID() == task.TaskKey()) return "a task cannot wait for what stands below it";
-        if (predecessor.isPredecessor(KeyOf(task))) return fmt::format("{} waits for it already", Named(predecessor));
+        if (predecessor.isPredecessor(KeyOf(task))) return fmt::format("{} waits for it already", Quoted(predecessor));
         if (task.isPredecessor(KeyOf(predecessor))) return "it does so already";
-        return fmt::format("it waits already for a task that {} waits for", Named(predecessor));
+        return fmt::format("it waits already for a task that {} waits for", Quoted(predecessor));
     };
-    throw Refusal(fmt::format("{} was not made to wait for {}: {}", Named(task), Named(predecessor), because()));
+    throw Refusal(fmt::format("{} was not made to wait for {}: {}", Quoted(task), Quoted(predecessor), because()));
 }
 
 /// Puts a linked task behind its predecessor, by the lag of their link, and all that follows from it.
@@ -60,7 +56,7 @@ void LinkTasks(const Project& project, const Ref<TasksCls>& task, const Ref<Task
 
 void UnlinkTasks(const Project& project, const Ref<TasksCls>& task, const Ref<TasksCls>& predecessor) {
     if (!task->isPredecessor(KeyOf(*predecessor)) && !predecessor->isSucesser(KeyOf(*task))) {
-        throw Refusal(fmt::format("{} does not wait for {}", Named(*task), Named(*predecessor)));
+        throw Refusal(fmt::format("{} does not wait for {}", Quoted(*task), Quoted(*predecessor)));
     }
     project.tasks()->RemoveTaskPredecessor(KeyOf(*task), KeyOf(*predecessor));
 }

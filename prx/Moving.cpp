@@ -7,7 +7,6 @@
 #include "mrlxmlclass/session/ModuleState.h"
 #include "prx/Outline.h"
 #include "prx/Refusal.h"
-#include "prx/Terminal.h"
 #include "prx/Values.h"
 
 namespace prx {
@@ -29,10 +28,6 @@ public:
 private:
     Boolean before_ = Module().g_SourcePrima;
 };
-
-std::string Named(const TasksCls& task) {
-    return fmt::format("\"{}\"", Plain(task.TaskName()));
-}
 
 Long LastRow(const Project& project, const TasksCls& task) {
     return project.tasks()->GetTaskAndSubNumber(KeyOf(task));
@@ -83,8 +78,8 @@ void MoveRows(const Project& project, const TasksCls& task, Long before) {
 
 void RefuseTooDeep(const Project& project, const TasksCls& task, const TasksCls& parent) {
     if (project.tasks()->CanbeLeveled(KeyOf(task), KeyOf(parent))) return;
-    throw Refusal(fmt::format("{} does not go below {}: the outline cannot get any deeper than that", Named(task),
-                              Named(parent)));
+    throw Refusal(fmt::format("{} does not go below {}: the outline cannot get any deeper than that", Quoted(task),
+                              Quoted(parent)));
 }
 
 /// A parent cannot wait for what stands below it.
@@ -141,7 +136,7 @@ void MoveAmongSiblings(const Project& project, TasksCls& task, Long before) {
 
 void IndentTask(const Project& project, const Ref<TasksCls>& task) {
     const Ref<TasksCls> parent = Neighbour(project, *task, Direction::kUp);
-    if (!parent) throw Refusal(fmt::format("{} stands first on its level: there is no task above it", Named(*task)));
+    if (!parent) throw Refusal(fmt::format("{} stands first on its level: there is no task above it", Quoted(*task)));
     RefuseTooDeep(project, *task, *parent);
     const Long old_parent = task->ParentID();
     FreeParentsOf(project, *task, parent);
@@ -151,7 +146,7 @@ void IndentTask(const Project& project, const Ref<TasksCls>& task) {
 
 void OutdentTask(const Project& project, const Ref<TasksCls>& task) {
     const Ref<TasksCls> parent = project.tasks()->Item(task->ParentID());
-    if (!parent) throw Refusal(fmt::format("{} stands at the top already", Named(*task)));
+    if (!parent) throw Refusal(fmt::format("{} stands at the top already", Quoted(*task)));
     const Long old_parent = task->ParentID();
     MoveRows(project, *task, LastRow(project, *parent) + 1);
     project.tasks()->ChangeRemoveTaskParent(KeyOf(*task), Text(parent->ParentID()), KeyOf(*parent), {}, {}, kSource);
@@ -162,7 +157,7 @@ void MoveTask(const Project& project, const Ref<TasksCls>& task, Direction direc
     const Ref<TasksCls> neighbour = Neighbour(project, *task, direction);
     if (!neighbour) {
         const bool up = direction == Direction::kUp;
-        throw Refusal(fmt::format("{} stands {} on its level", Named(*task), up ? "first" : "last"));
+        throw Refusal(fmt::format("{} stands {} on its level", Quoted(*task), up ? "first" : "last"));
     }
     MoveAmongSiblings(project, *task,
                       direction == Direction::kUp ? neighbour->TaskPosition() : Long(LastRow(project, *neighbour) + 1));
@@ -171,7 +166,7 @@ void MoveTask(const Project& project, const Ref<TasksCls>& task, Direction direc
 void MoveTask(const Project& project, const Ref<TasksCls>& task, const Place& place) {
     const TasksCls& anchor = place.after ? *place.after : *place.under;
     if (StandsIn(anchor, *task, project)) {
-        throw Refusal(fmt::format("{} cannot go to a place that moves along with it", Named(*task)));
+        throw Refusal(fmt::format("{} cannot go to a place that moves along with it", Quoted(*task)));
     }
     const Long parent = place.after ? anchor.ParentID() : anchor.TaskKey();
     const Long before = LastRow(project, anchor) + 1;
@@ -185,7 +180,7 @@ void MoveTask(const Project& project, const Ref<TasksCls>& task, const Place& pl
 }
 
 void TakeToTop(const Project& project, const Ref<TasksCls>& task) {
-    if (task->ParentID() == 0) throw Refusal(fmt::format("{} is a phase already", Named(*task)));
+    if (task->ParentID() == 0) throw Refusal(fmt::format("{} is a phase already", Quoted(*task)));
     const std::string top = project.tasks()->GetFirstLevelParentPosKey(KeyOf(*task), /*keys=*/True);
     MoveTask(project, task, Place{.under = {}, .after = project.tasks()->Item(top)});
 }

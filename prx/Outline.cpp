@@ -162,6 +162,10 @@ std::vector<OutlineRow> Outline(const Ref<TasksCol>& tasks) {
     return rows;
 }
 
+std::string Quoted(const TasksCls& task) {
+    return fmt::format("\"{}\"", Plain(task.TaskName()));
+}
+
 std::string TitleOf(const TasksCls& task) {
     constexpr std::size_t kWidestName = 60;
     return fmt::format("task {} \"{}\"", task.TaskKey().value(), Plain(CutTo(task.TaskName(), kWidestName)));

@@ -18,7 +18,9 @@ struct OutlineRow {
 /// The tasks of the outline by row.
 std::vector<OutlineRow> Outline(const mrlxmlclass::Ref<mrlxmlclass::TasksCol>& tasks);
 
-/// "task 3 "Build"", for messages.
+/// "Build" in quotation marks, for messages.
+std::string Quoted(const mrlxmlclass::TasksCls& task);
+/// "task 3 "Build"", likewise.
 std::string TitleOf(const mrlxmlclass::TasksCls& task);
 /// "1 task", "5 tasks".
 std::string Tasks(std::size_t count);

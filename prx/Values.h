@@ -44,6 +44,7 @@ mrlxmlclass::String ReadLine(std::string_view text);
 /// A text of one line or more.
 mrlxmlclass::String ReadText(std::string_view text);
 
+inline constexpr int kDaysOfAWeek = 7;
 /// 1 = Sunday ... 7 = Saturday, by name or its first three letters.
 mrlxmlclass::Long ReadWeekday(std::string_view text);
 std::string WeekdayName(int weekday);

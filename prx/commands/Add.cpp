@@ -35,11 +35,11 @@ public:
         for (const Option& option : fields_) {
             if (!option.value.empty()) assignments.push_back({option.field, option.value});
         }
-        const Notes notes = FillFields(project, task, assignments);
+        const Remarks remarks = FillFields(project, task, assignments);
         NameNewTask(project, task, name);
 
         project.Save();
-        for (const std::string& note : notes) Note(note);
+        for (const std::string& remark : remarks) Note(remark);
         fmt::print("Task {} added in row {}\n", Text(task->TaskKey()), Text(task->TaskPosition()));
         events.Print();
         return kDone;
