@@ -12,21 +12,6 @@ constexpr const char* kFontName = "Arial";
 constexpr const char* kFontSize = "10";
 constexpr int kNamesOnly = 1;  // the screen that shows nothing of a task but its name
 
-/// The tab on which the dialog opens.
-Long StartTab(Integer Fromwhere) {
-    switch (Fromwhere.value()) {
-        case 5:
-        case 6:
-        case 7:
-            return 3;
-        case 8:
-        case 9:
-            return 2;
-        default:
-            return 0;
-    }
-}
-
 }  // namespace
 
 Boolean Application::showtaskinfo(const Variant& aTaskKey, const Ref<TasksCol>& oTaskCol, Integer Fromwhere,
@@ -36,11 +21,11 @@ Boolean Application::showtaskinfo(const Variant& aTaskKey, const Ref<TasksCol>& 
         const auto form = Make<EditTask>();
         open_dialog_ = form;
         const String key = aTaskKey.Text();
-        form->Prepare(Fromwhere, oTaskCol->isParent(key), self);
+        const Long start_tab = form->Prepare(Fromwhere, oTaskCol->isParent(key), self);
         Boolean changed;
         if (!key.empty()) {
-            changed = form->GetTaskInfo(aTaskKey, self, oTaskCol, Ressource, StartTab(Fromwhere), p_date_format,
-                                        kFontName, kFontSize);
+            changed =
+                form->GetTaskInfo(aTaskKey, self, oTaskCol, Ressource, start_tab, p_date_format, kFontName, kFontSize);
         }
         ModuleState& module = Module();
         if (module.g_TaskInfoUnloading) {

@@ -1,5 +1,6 @@
 #pragma once
 
+#include <algorithm>
 #include <deque>
 #include <vector>
 
@@ -189,6 +190,9 @@ public:
 
     Long Count() const { return elements_.size(); }
     T& operator[](Long index) { return elements_[PlaceOf(index, elements_.size())]; }
+    bool Holds(const Control& control) const {
+        return std::ranges::any_of(elements_, [&](const T& element) { return &element == &control; });
+    }
     auto begin() { return elements_.begin(); }
     auto end() { return elements_.end(); }
 

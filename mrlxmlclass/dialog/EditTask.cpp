@@ -12,7 +12,26 @@ namespace mrlxmlclass {
 
 using dialog::kTail;
 
-void EditTask::Prepare(Integer Fromwhere, Boolean has_children, const Ref<Application>& oApplication) {
+namespace {
+
+/// The tab on which the dialog opens.
+Long StartTabFor(Integer Fromwhere) {
+    switch (Fromwhere.value()) {
+        case 5:
+        case 6:
+        case 7:
+            return 3;
+        case 8:
+        case 9:
+            return 2;
+        default:
+            return 0;
+    }
+}
+
+}  // namespace
+
+Long EditTask::Prepare(Integer Fromwhere, Boolean has_children, const Ref<Application>& oApplication) {
     const auto show = [](Boolean flag, auto&... controls) { (controls.Visible(flag), ...); };
     const auto show_all = [](Boolean flag, auto&... arrays) {
         const auto each = [&](auto& array) {
@@ -63,12 +82,14 @@ void EditTask::Prepare(Integer Fromwhere, Boolean has_children, const Ref<Applic
         default:
             break;
     }
-    if (!has_children) return;
-    DTPickerStart.Enabled(False);
-    DTPickerEnd.Enabled(False);
-    chkAsMilistones.Enabled(False);
-    enable_duration(False);
-    Txtcost.Enabled(False);
+    if (has_children) {
+        DTPickerStart.Enabled(False);
+        DTPickerEnd.Enabled(False);
+        chkAsMilistones.Enabled(False);
+        enable_duration(False);
+        Txtcost.Enabled(False);
+    }
+    return StartTabFor(Fromwhere);
 }
 
 void EditTask::ShowModally() {
@@ -109,12 +130,11 @@ void EditTask::TabTask_Click() {
 
 void EditTask::CmdOK_Click(Integer) {
     if (saving_) return;  // a person presses twice while the host is heard
-    saving_ = true;
+    const dialog::Raised saving(saving_);
     kTail.Run("CmdOK_Click", [&] {
         SaveTaskInfo();
         Unload();
     });
-    saving_ = false;
 }
 
 void EditTask::CmdCancel_Click(Integer) {
@@ -137,7 +157,7 @@ void EditTask::Changed(Control& control) {
         TxtPercentComplet_Change();
     } else if (&control == &Txtcost) {
         Txtcost_Change();
-    } else if (control.Name() == TxtDurtion[0].Name()) {
+    } else if (TxtDurtion.Holds(control)) {
         TxtDurtion_Change(control.Index());
     }
 }

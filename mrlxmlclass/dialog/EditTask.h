@@ -57,8 +57,9 @@ public:
     // --- Opening and closing ----------------------------------------------------------------------------------------
 
     /// Makes ready for the screen of the host that opens the dialog, 1 to 9: which tabs are on, what shows. A task with
-    /// children keeps its dates, its duration and its cost as they are, wherever it is opened.
-    void Prepare(Integer Fromwhere, Boolean has_children, const Ref<Application>& oApplication);
+    /// children keeps its dates, its duration and its cost as they are, wherever it is opened. Gives the tab to begin
+    /// with.
+    Long Prepare(Integer Fromwhere, Boolean has_children, const Ref<Application>& oApplication);
     /// Fills the dialog, shows it, and returns when it is closed: True when the person left with `CmdOK` and another
     /// duration. `Ressource` holds all texts, see examples/task_dialog_texts.h; one that is missing is recorded (5),
     /// and nothing shows.
@@ -229,7 +230,7 @@ private:
     void ShowDuration(Integer Index);
     void TakeDuration(Integer Index);
     void StartBehind(TasksCls& predecessor, Integer lag);
-    void AfterEdit(GridControl& grid, Long row, Long col);
+    void RunAfterEdit(GridControl& grid, Long row, Long col);
 
     Variant FormatCellLink(const String& link, const String& NoteKey, Boolean isUrl);
     /// Opens the link of a note of the stored task; a key that is none of its notes is taken as the link itself. Gives

@@ -12,7 +12,8 @@ class frmurl;
 ///
 /// What the person types goes into the control (`form.TxtDurtion[0].Text(...)`), whose rules then run by themselves;
 /// what a control event is told for, the view calls. Whatever the form answers comes back through Refresh, and tells
-/// the view nothing that it should hand on again.
+/// the view nothing that it should hand on again. `TxtName_Validate` and `TxtDurtion_Validate` come when the person
+/// leaves the field, and before `CmdOK_Click`, however it was pressed: a name is taken by then only.
 class EditTaskView {
 public:
     virtual ~EditTaskView() = default;

@@ -40,7 +40,7 @@ Variant EditTask::FormatCellLink(const String& link, const String& NoteKey, Bool
         const FileFacts facts = Platform().files.Facts(link);
         result = facts.exists && !facts.folder;
     });
-    const Long row = gridattachement.AddItem("");
+    const Long row = gridattachement.AddRow();
     gridattachement.TextMatrix(row, 0, is_file ? FileNameOf(link) : link);
     gridattachement.ShowsLink(row, True);
     gridattachement.RowData(row, link + "|" + NoteKey);

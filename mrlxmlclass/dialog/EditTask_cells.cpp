@@ -46,7 +46,7 @@ void EditTask::EndEdit(GridControl& grid, const ComboEntry& chosen) {
     }
     // The row may be gone: then another stands in its place, and takes nothing.
     if (row < grid.Rows() && grid.RowData(row) == chosen.data) grid.TextMatrix(row, col, chosen.text);
-    AfterEdit(grid, row, col);
+    RunAfterEdit(grid, row, col);
 }
 
 void EditTask::EndEdit(GridControl& grid, const String& text) {
@@ -55,10 +55,10 @@ void EditTask::EndEdit(GridControl& grid, const String& text) {
     if (row < grid.FixedRows() || row >= grid.Rows()) return;
     grid.EditText(text);
     grid.TextMatrix(row, col, text);
-    AfterEdit(grid, row, col);
+    RunAfterEdit(grid, row, col);
 }
 
-void EditTask::AfterEdit(GridControl& grid, Long row, Long col) {
+void EditTask::RunAfterEdit(GridControl& grid, Long row, Long col) {
     if (&grid == &VSFlexGridPredecessor) {
         VSFlexGridPredecessor_AfterEdit(row, col);
     } else {

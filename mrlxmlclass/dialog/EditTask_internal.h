@@ -27,6 +27,18 @@ inline constexpr int kLag = 3;
 inline constexpr int kNumber = 0;
 inline constexpr int kPerson = 1;
 
+/// Sets a flag until it goes out of scope.
+class Raised {
+public:
+    explicit Raised(bool& flag) : flag_(flag) { flag_ = true; }
+    ~Raised() { flag_ = false; }
+    Raised(const Raised&) = delete;
+    Raised& operator=(const Raised&) = delete;
+
+private:
+    bool& flag_;
+};
+
 /// The two parts of an attachment's data; the first "|" parts them.
 struct Attachment {
     String link;

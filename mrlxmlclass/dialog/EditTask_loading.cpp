@@ -25,18 +25,6 @@ Variant DateOrToday(Date date) {
     return date.set() ? date : Platform().clock.Today();
 }
 
-/// Sets a flag until it goes out of scope.
-class Raised {
-public:
-    explicit Raised(bool& flag) : flag_(flag) { flag_ = true; }
-    ~Raised() { flag_ = false; }
-    Raised(const Raised&) = delete;
-    Raised& operator=(const Raised&) = delete;
-
-private:
-    bool& flag_;
-};
-
 }  // namespace
 
 Boolean EditTask::GetTaskInfo(const Variant& aTaskKey, const Ref<Application>& oApplication,
@@ -54,7 +42,7 @@ Boolean EditTask::GetTaskInfo(const Variant& aTaskKey, const Ref<Application>& o
         note_relations_ = oApplication->xTaskNotesRelationcol();
         if (KeyAsText().empty()) return;
         {
-            const Raised loading(loading_);
+            const dialog::Raised loading(loading_);
             task_ = Stored()->Clone();
             PutFields(summary);
             PutNotes();

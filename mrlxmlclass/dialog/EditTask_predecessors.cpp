@@ -24,22 +24,20 @@ void EndWithAnEmptyRow(GridControl& grid) {
 }  // namespace
 
 void EditTask::LoadPredecessor(GridControl& grid) {
-    predecessor_names_ = "";
-    predecessor_positions_ = "";
     predecessor_names_ = Gloabal::SetComboTask(tasks_, KeyAsText(), predecessor_positions_);
     grid.Rows(1);
     for (const auto& entry : tasks_->NewEnum()) {
         TasksCls& task = *entry.item;
         const String key = Conversions::LongToString(task.TaskKey());
         if (!task_->isPredecessor(key)) continue;
-        const Long row = grid.AddItem("");
-        grid.TextMatrix(row, grid.ColIndex("Name"), task.TaskName());
-        grid.TextMatrix(row, grid.ColIndex("ID"), Conversions::LongToString(task.TaskPosition()));
+        const Long row = grid.AddRow();
+        grid.TextMatrix(row, dialog::kName, task.TaskName());
+        grid.TextMatrix(row, dialog::kPosition, Conversions::LongToString(task.TaskPosition()));
         grid.RowData(row, key);
-        grid.TextMatrix(row, grid.ColIndex("Type"), kFinishToStart);
+        grid.TextMatrix(row, dialog::kType, kFinishToStart);
         // Kept: a clone has no lead times, so every lag shows as 0.
         const Integer lag = tasks_->GetLeadTime(key, task_->TaskLeadTime());
-        grid.TextMatrix(row, grid.ColIndex("Lag"), Conversions::IntegerToString(lag));
+        grid.TextMatrix(row, dialog::kLag, Conversions::IntegerToString(lag));
     }
     grid.Rows(grid.Rows() + 1);
     grid.Row(grid.Rows() - 1);

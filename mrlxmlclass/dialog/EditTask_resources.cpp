@@ -15,7 +15,7 @@ namespace {
 /// Adds a row that shows its own number.
 Long AddNumbered(GridControl& grid, const String& text) {
     const String number = Conversions::LongToString(grid.Rows());
-    const Long row = grid.AddItem("");
+    const Long row = grid.AddRow();
     grid.TextMatrix(row, dialog::kNumber, number);
     grid.TextMatrix(row, dialog::kPerson, text);
     return row;

@@ -3,7 +3,6 @@
 #include <algorithm>
 
 #include "mrlxmlclass/dialog/LooseNumber.h"
-#include "mrlxmlclass/runtime/Text.h"
 
 namespace mrlxmlclass {
 namespace {
@@ -58,14 +57,8 @@ void GridControl::RowData(Long row, const String& data) {
     Store(At(row).data, data);
 }
 
-Long GridControl::AddItem(const String& texts) {
-    OneRow row = NewRow();
-    std::size_t col = 0;
-    for (String& text : Split(texts, "\t")) {
-        if (col < row.texts.size()) row.texts[col++] = std::move(text);
-    }
-    rows_.push_back(std::move(row));
-    Refresh();
+Long GridControl::AddRow() {
+    Rows(Rows() + 1);
     return Rows() - 1;
 }
 

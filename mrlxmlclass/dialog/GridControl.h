@@ -35,8 +35,8 @@ public:
     /// What the row stands for; "" = nothing.
     const String& RowData(Long row) const { return At(row).data; }
     void RowData(Long row, const String& data);
-    /// A new last row, its texts parted by tabs; gives its number.
-    Long AddItem(const String& texts);
+    /// Adds an empty last row; gives its number.
+    Long AddRow();
     void RemoveItem(Long row);
     /// The first row with that data; -1 when there is none.
     Long FindRow(const String& data) const;

@@ -96,6 +96,27 @@ TEST_F(Attachments, TakeAnAddressOfTheWeb) {
     EXPECT_TRUE(shell().targets.empty());
 }
 
+TEST_F(Attachments, TakeNoAddressThatIsNoMoreThanItsBeginning) {
+    plan.platform.screens.at_address = [](frmurl&) { Module().g_UrlResult = "Http://www."; };
+    InDialog([](EditTask& form) {
+        form.Cmdlink_Click();
+        EXPECT_EQ(form.gridattachement.Rows(), 0);
+    });
+}
+
+TEST_F(Attachments, AskForEachAddressFromTheBeginning) {
+    plan.platform.screens.at_address = [](frmurl& form) {
+        EXPECT_EQ(form.txturl.Text(), "http://www.");
+        form.txturl.Text("http://www.example.org");
+        form.CmdOK_Click();
+    };
+    InDialog([](EditTask& form) {
+        form.Cmdlink_Click();
+        form.Cmdlink_Click();
+        EXPECT_EQ(form.gridattachement.Rows(), 2);
+    });
+}
+
 TEST_F(Attachments, TakeNoAddressWhenItsFormIsCancelled) {
     plan.platform.screens.at_address = [](frmurl& form) {
         form.txturl.Text("http://www.example.org");
@@ -200,6 +221,16 @@ TEST_F(Attachments, GoOnOkOnly) {
     EXPECT_EQ(MasterNotes(plan), "1:first:, 3::/b");
 }
 
+TEST_F(Attachments, LoseTheFirstThatShowsWhereNoneIsCurrent) {
+    AddNote(plan, "Design", "", "/a");
+    AddNote(plan, "Design", "", "/b");
+    InDialog([](EditTask& form) {
+        form.gridattachement.TopRow(1);
+        form.CmdRemove_Click();
+        EXPECT_EQ(Shown(form), "/a");
+    });
+}
+
 TEST_F(Attachments, LeaveNothingToDoWhenANewOneIsRemoved) {
     plan.platform.screens.file = "/x";
     InDialog([](EditTask& form) {
@@ -235,6 +266,16 @@ TEST_F(NoteText, TakesTextAloneFromTheClipboard) {
         form.txtNote_RightButton();
     });
     EXPECT_EQ(plan.platform.screens.menus, 1);
+}
+
+TEST_F(NoteText, RecordsNothingOfAClipboardThatFails) {
+    plan.platform.screens.clipboard_fails = true;
+    InDialog([](EditTask& form) {
+        Integer code = EditTask::kV;
+        form.txtNote_KeyDown(code, EditTask::kControlDown);
+        EXPECT_EQ(code, EditTask::kNoKey);
+    });
+    EXPECT_EQ(plan.failures.Taken(), "");
 }
 
 }  // namespace

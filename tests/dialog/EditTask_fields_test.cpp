@@ -88,6 +88,30 @@ TEST(DTPickerStart, OfATaskWithoutAnEndBringsTheEndToTheStart) {
     });
 }
 
+TEST(DTPickerStart, OfATaskWhoseEndNobodyCountsBringsItToTheStart) {
+    Plan plan;
+    plan.Task("Design").Holding(Date(), Date(), 1);
+    plan["Design"].TaskEDateValid(False);
+    EditInDialog(plan, "Design", [](EditTask& form) {
+        form.DTPickerStart.Value(Tuesday);
+        form.DTPickerStart_Change();
+        EXPECT_EQ(form.Task()->TaskEDate(), Tuesday);
+        EXPECT_EQ(Dates(form), "2026-03-03 2026-03-03 1");
+    });
+}
+
+TEST(DTPickerEnd, OfATaskWithoutAStartBringsTheStartToTheEnd) {
+    Plan plan;
+    plan.Task("Design").Holding(Date(), Date(), 1);
+    plan["Design"].TaskEDateValid(False);
+    EditInDialog(plan, "Design", [](EditTask& form) {
+        form.DTPickerEnd.Value(Tuesday);
+        form.DTPickerEnd_Change();
+        EXPECT_EQ(form.Task()->TaskBDate(), Tuesday);
+        EXPECT_EQ(Dates(form), "2026-03-03 2026-03-03 1");
+    });
+}
+
 TEST(DTPickerEnd, CountsTheDurationAnew) {
     InDialog([](EditTask& form) {
         form.DTPickerEnd.Value(Friday);
@@ -113,6 +137,21 @@ TEST(PutDatenull, TakesDatesAndDurationAwayWhicheverPickerIsCleared) {
             EXPECT_EQ(form.Task()->TaskBDate(), Date());
             EXPECT_EQ(form.Task()->TaskEDate(), Date());
             EXPECT_EQ(form.Task()->TaskDuration(), 0);
+        });
+    }
+}
+
+TEST(PutDatenull, ClearsBothPickersOfAMilestoneToo) {
+    Plan plan;
+    plan.Task("Done").From(Monday).Lasting(1);
+    plan.col().SeTAsMilstones(plan.app->xTaskCol(), plan.Key("Done"));
+    plan["Done"].TaskDurationUnit("wks");
+    for (const bool start : {true, false}) {
+        EditInDialog(plan, "Done", [&](EditTask& form) {
+            (start ? form.DTPickerStart : form.DTPickerEnd).Value(Variant::Null{});
+            start ? form.DTPickerStart_Change() : form.DTPickerEnd_Change();
+            EXPECT_EQ(Dates(form), "null null 0");
+            EXPECT_EQ(form.Task()->TaskDurationUnit(), "days");
         });
     }
 }
@@ -187,8 +226,10 @@ TEST(TxtDurtion, KeepsTakingTheUnitAwayWithAPlainNumber) {
         EXPECT_EQ(form.Task()->TaskDurationUnit(), "days");
         form.CmdOK_Click(0);
     });
-    EXPECT_EQ(plan["Design"].TaskDurationUnit(), "wks");  // what is saved is the number alone
+    // What is saved is the number alone, by no rule.
+    EXPECT_EQ(plan["Design"].TaskDurationUnit(), "wks");
     EXPECT_EQ(plan["Design"].TaskDuration(), 3);
+    EXPECT_EQ(plan["Design"].TaskEDate(), Wednesday);
 }
 
 TEST(TxtDurtion, SurvivesLettersAndFloods) {

@@ -79,6 +79,15 @@ TEST(Loading, LocksTheNameOfASummary) {
     EditInDialog(plan, "Phase", [](EditTask& form) { EXPECT_EQ(form.TxtName[3].Locked(), True); });
 }
 
+TEST(Loading, KeepsTheNameOfASummaryOpenThatStandsInAnother) {
+    Plan plan;
+    plan.Task("Phase").Task("Part").Under("Phase").Task("Design").Under("Part");
+    EditInDialog(plan, "Part", [](EditTask& form) {
+        EXPECT_EQ(form.TxtName[0].Locked(), False);
+        EXPECT_EQ(form.DTPickerStart.Enabled(), False);
+    });
+}
+
 TEST(Loading, KeepsTheNameOfARowThatIsNoSummaryOpenThoughItHasChildren) {
     Plan plan;
     plan.Task("Row").Task("Design").Under("Row");

@@ -125,6 +125,11 @@ TEST_F(PredecessorTable, LetsDigitsAndOneSignIntoALag) {
         EXPECT_EQ(form.EditKey(grid, "1", int{'a'}), EditTask::kNoKey);
         form.BeginEdit(grid, 1, kName);
         EXPECT_EQ(form.EditKey(grid, "", int{'a'}), int{'a'});
+        grid.TextMatrix(1, kLag, "-1");
+        form.BeginEdit(grid, 1, kLag);
+        Integer sign = int{'-'};
+        form.VSFlexGridPredecessor_KeyPressEdit(1, kLag, sign);
+        EXPECT_EQ(sign, EditTask::kNoKey);
     });
 }
 
@@ -169,15 +174,33 @@ TEST_F(PredecessorTable, TakesTheRowAwayAgainWhenItHoldsTheTaskAlready) {
 }
 
 TEST_F(PredecessorTable, LetsGoOfThePredecessorWhoseRowTakesAnother) {
+    for (const int col : {kName, kId}) {
+        InDialog([&](EditTask& form) {
+            Choose(form, 1, col, col == kName ? "C" : "3");
+            EXPECT_EQ(Drawn(form.VSFlexGridPredecessor),
+                      "3 C 0 =3\n"
+                      "2 B 0 =2\n"
+                      "   =\n");
+            form.CmdOK_Click(0);
+        });
+        EXPECT_EQ(plan.col().PredessorAsString("4"), "2, 3");
+        plan.col().RemoveTaskPredecessor("4", "3");
+        plan.col().AddTaskPredecessor("4", "1");
+    }
+}
+
+TEST_F(PredecessorTable, StaysAsItIsWhenARowTakesItsOwnTaskAgain) {
     InDialog([](EditTask& form) {
-        Choose(form, 1, kName, "C");
-        EXPECT_EQ(Drawn(form.VSFlexGridPredecessor),
-                  "3 C 0 =3\n"
+        GridControl& grid = form.VSFlexGridPredecessor;
+        ASSERT_EQ(form.BeginEdit(grid, 1, kName), True);
+        form.EndEdit(grid, ComboEntry{"1", "A"});
+        EXPECT_EQ(Drawn(grid),
+                  "1 A 0 =1\n"
                   "2 B 0 =2\n"
                   "   =\n");
         form.CmdOK_Click(0);
     });
-    EXPECT_EQ(plan.col().PredessorAsString("4"), "2, 3");
+    EXPECT_EQ(plan.Heard(), "");
 }
 
 TEST_F(PredecessorTable, LetsGoOfThePredecessorWhoseRowWentToOneThatWasThere) {
@@ -217,6 +240,9 @@ TEST_F(PredecessorTable, TakesALagOfNothingBehindAFriday) {
         form.Task()->TaskBDate(Friday);
         form.DTPickerStart.Value(Friday);
         // From Friday to the day behind the shown Friday: Saturday is free. Friday, that day and one more.
+        Type(form, 1, "0");
+        EXPECT_EQ(form.Task()->TaskBDate(), Monday + 7);
+        // The shown Monday lies behind that weekend: from Friday to Tuesday two days are free.
         Type(form, 1, "0");
         EXPECT_EQ(form.Task()->TaskBDate(), Monday + 7);
         Type(form, 1, "3");

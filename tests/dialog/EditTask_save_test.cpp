@@ -71,6 +71,7 @@ TEST_F(Saving, OfANameAloneLeavesPredecessorsAndPeopleAlone) {
 }
 
 TEST_F(Saving, OfAStartStoresItWithItsLagAndTellsNobody) {
+    plan["Design"].TaskLag(5);  // which the rules of a start would count in
     EXPECT_EQ(OnOk([](EditTask& form) {
                   form.DTPickerStart.Value(Tuesday);
                   form.DTPickerStart_Change();
@@ -84,6 +85,16 @@ TEST_F(Saving, OfAStartStoresItWithItsLagAndTellsNobody) {
               "3 Survey  2026-03-02 2026-03-02\n");
     EXPECT_EQ(plan["Design"].TaskLag(), 7);
     EXPECT_EQ(plan["Design"].TaskBDateValid(), True);
+}
+
+TEST_F(Saving, OfTheSameStartLeavesTheLagAlone) {
+    plan["Design"].TaskLag(5);
+    OnOk([](EditTask& form) {
+        form.DTPickerStart.Value(Monday);
+        form.DTPickerStart_Change();
+        EXPECT_EQ(form.Task()->TaskLag(), 0);
+    });
+    EXPECT_EQ(plan["Design"].TaskLag(), 5);
 }
 
 TEST_F(Saving, OfADurationGivesTrueAndStoresItWithTheEnd) {
@@ -300,17 +311,25 @@ TEST_F(Saving, RecordsANoteThatTheProjectDoesNotHave) {
 // --- All together ----------------------------------------------------------------------------------------------------
 
 TEST_F(Saving, OfEverythingTellsInItsOrder) {
+    plan.Task("Permit").From(Monday).Lasting(1);
+    plan.About("Design").After("Permit");
     AddPerson(plan, "Ann");
+    AddNote(plan, "Design", "old");
+    AddNote(plan, "Design", "", "/old");
+    plan.platform.screens.file = "/new";
     EXPECT_EQ(OnOk([](EditTask& form) {
                   form.TxtName[0].Text("Draw");
                   form.TxtName_Validate(0);
                   form.DTPickerStart.Value(Tuesday);
                   form.DTPickerStart_Change();
-                  form.TxtDurtion[0].Text("2");
+                  form.chkAsMilistones.Value(True);
                   form.TxtPercentComplet.Text("50");
                   form.Txtcost.Text("25");
                   form.VSFlexGridResource_Click(1);
                   ChooseSurvey(form);
+                  form.CmdAttach_Click();
+                  form.MoveTo(form.gridattachement, 0, 0);
+                  form.CmdRemove_Click();
                   form.txtNote.Text("Mind the roof");
               }),
               True);
@@ -324,12 +343,18 @@ TEST_F(Saving, OfEverythingTellsInItsOrder) {
               "RoolUpCostChange(2, 25)\n"
               "RoolUpCostChange(1, 25)\n"
               "AssigmentChange(2, Ann)\n"
+              "SucessorChange(4, )\n"
+              "PredecessorChange(2, )\n"
+              "PredecessorKeyChange(2, 4, remove)\n"
               "PredecessorChange(2, 3)\n"
               "PredecessorKeyChange(2, 3, add)\n"
               "SucessorChange(3, 2)\n"
-              "NoteChange(2, Mind the roof)\n");
+              "NoteChange(2, old)\n");
     EXPECT_EQ(plan["Design"].TaskBDate(), Tuesday);
-    EXPECT_EQ(plan["Design"].TaskEDate(), Wednesday);
+    EXPECT_EQ(plan["Design"].TaskEDate(), Tuesday);
+    EXPECT_EQ(plan["Design"].TaskDuration(), 0);
+    EXPECT_EQ(plan["Design"].TaskMilstones(), True);
+    EXPECT_EQ(NotesOf(plan, "Design"), "1:Mind the roof:, 3::/new");
 }
 
 TEST_F(Saving, IsToldNothingWhileTheHostIsSilenced) {

@@ -55,7 +55,10 @@ TEST(FormActivate, GoesToTheStartTabAndTheTabs) {
             form.TabTask.CurrTab(1);
             form.TabTask_Click();
             EXPECT_EQ(form.StartTab(), 1);
+            form.Txtcost.Text("25");
+            EXPECT_EQ(form.Txtcost.SelStart(), 2);
             form.Form_Activate();
+            EXPECT_EQ(form.Txtcost.SelStart(), 0);
             EXPECT_EQ(form.TabTask.CurrTab(), 1);
         },
         9);

@@ -33,9 +33,9 @@ TEST(GridControl, TellsItsFormWhatShowsOtherwise) {
     CountingForm form;
     GridControl grid(form, "grid", {"A", "B"}, 1);
     EXPECT_EQ(grid.Rows(), 1);
-    EXPECT_EQ(grid.AddItem("x\ty\tz"), 1);
-    EXPECT_EQ(grid.TextMatrix(1, 0), "x");
-    EXPECT_EQ(grid.TextMatrix(1, 1), "y");
+    EXPECT_EQ(grid.AddRow(), 1);
+    EXPECT_EQ(grid.TextMatrix(1, 0), "");
+    grid.TextMatrix(1, 0, "x");
     const int told = form.refreshed;
     grid.TextMatrix(1, 0, "x");
     grid.RowData(1, "");
@@ -72,7 +72,12 @@ TEST(GridControl, KeepsItsCurrentRowAmongThoseThatAreLeft) {
 TEST(GridControl, SortsTheRowsBelowItsHeadingsAsNumbers) {
     CountingForm form;
     GridControl grid(form, "grid", {"A", "B"}, 1);
-    for (const char* row : {"10\ta", "9\tb", "\tc", "9\td"}) grid.AddItem(row);
+    for (const auto& [number, name] :
+         std::initializer_list<std::pair<const char*, const char*>>{{"10", "a"}, {"9", "b"}, {"", "c"}, {"9", "d"}}) {
+        const Long row = grid.AddRow();
+        grid.TextMatrix(row, 0, number);
+        grid.TextMatrix(row, 1, name);
+    }
     grid.TextMatrix(0, 0, "99");
     grid.SortAscending();
     String order;

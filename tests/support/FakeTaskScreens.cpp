@@ -20,7 +20,10 @@ public:
     void SetFocus(const Control& control) override { screens_.focused.push_back(control.Name()); }
     void ResetMousePointer() override { ++screens_.pointer_resets; }
     void PopupMenu() override { ++screens_.menus; }
-    bool ClipboardHasText() override { return screens_.clipboard.has_value(); }
+    bool ClipboardHasText() override {
+        if (screens_.clipboard_fails) Raise(failure::kPermissionDenied);
+        return screens_.clipboard.has_value();
+    }
     void PasteIntoNote() override { form_.txtNote.Text(form_.txtNote.Text() + screens_.clipboard.value()); }
     String ChooseFile(const String& title, const String& folder, const String& filter) override {
         screens_.files_asked.push_back(title + ", " + folder + ", " + filter);

@@ -19,6 +19,7 @@ public:
     /// What the person does with the form for a web address.
     std::function<void(frmurl&)> at_address = [](frmurl& form) { form.CmdCancel_Click(); };
     std::optional<String> clipboard;
+    bool clipboard_fails = false;
     /// What the person chooses in the file dialog; "" = nothing.
     String file;
 
