@@ -17,7 +17,8 @@ constexpr int kNamesOnly = 1;  // the screen that shows nothing of a task but it
 Boolean Application::showtaskinfo(const Variant& aTaskKey, const Ref<TasksCol>& oTaskCol, Integer Fromwhere,
                                   const Ref<Collection>& Ressource, const String& p_date_format) {
     const Ref<Application> self(this);  // a listener may let go of it
-    return kTail.Run<Boolean>("showtaskinfo", [&](Boolean& result) {
+    bool stays_open = false;
+    const Boolean changed_duration = kTail.Run<Boolean>("showtaskinfo", [&](Boolean& result) {
         const auto form = Make<EditTask>();
         open_dialog_ = form;
         const String key = aTaskKey.Text();
@@ -31,14 +32,16 @@ Boolean Application::showtaskinfo(const Variant& aTaskKey, const Ref<TasksCol>& 
         if (module.g_TaskInfoUnloading) {
             // Kept: the form stays the open one, so that unloading it again unloads the next.
             module.g_TaskInfoUnloading = False;
+            stays_open = true;
             return;
         }
         // Kept: whatever the person chose, Cancel too.
         const Ref<TasksCls> task = oTaskCol->Item(key);
         if (Fromwhere == kNamesOnly && task) oTaskCol->ChangeName(key, task->TaskName());
-        open_dialog_ = {};
         result = changed;
     });
+    if (!stays_open) open_dialog_ = {};
+    return changed_duration;
 }
 
 Boolean Application::unloadtaskinfo() {

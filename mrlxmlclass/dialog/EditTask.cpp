@@ -106,6 +106,7 @@ void EditTask::Unload() {
 }
 
 void EditTask::Form_Closed() {
+    if (saving_) return;  // while the host is heard: what is saved decides
     unchanged_ = True;
     Unload();
 }
@@ -132,7 +133,7 @@ void EditTask::CmdOK_Click(Integer) {
     if (saving_) return;  // a person presses twice while the host is heard
     const dialog::Raised saving(saving_);
     kTail.Run("CmdOK_Click", [&] {
-        SaveTaskInfo();
+        saved_ = SaveTaskInfo();
         Unload();
     });
 }

@@ -68,7 +68,7 @@ public:
                         const String& font_name, const String& font_size);
     /// Closes it without saving; the fields stay.
     void Unload();
-    /// The window was closed: as CmdCancel_Click.
+    /// The window was closed: as CmdCancel_Click. While CmdOK_Click saves, neither does anything.
     void Form_Closed();
     void Form_Activate();
     void TabTask_Click();
@@ -80,6 +80,8 @@ public:
     const Ref<TasksCls>& Task() const { return task_; }
     /// True on Cancel; on OK it depends on the duration alone.
     Boolean Unchanged() const { return unchanged_; }
+    /// The person left with `CmdOK`, and all was saved.
+    Boolean Saved() const { return saved_; }
     /// The tab that Form_Activate shows.
     Long StartTab() const { return start_tab_; }
     /// By how much the lag edited last changed.
@@ -273,6 +275,7 @@ private:
     Boolean predecessors_changed_;
     Boolean resources_changed_;
     Boolean unchanged_;
+    Boolean saved_;
     String new_person_caption_;   ///< text "10658"
     String choose_file_title_;    ///< text "10659"
     String link_failed_message_;  ///< text "10351"

@@ -40,7 +40,9 @@ void EditTask::chkAsMilistones_Click() {
     Answer(chkAsMilistones, "chkAsMilistones_Click", [&] {
         if (chkAsMilistones.Value()) {
             task_->TaskMilstones(True);
+            const bool stood_there = TxtDurtion[0].Text() == "0";
             TxtDurtion[0].Text("0");
+            if (stood_there) SetTxtValue(0);
         } else {
             TxtDurtion[0].Text("1");
             task_->TaskMilstones(False);

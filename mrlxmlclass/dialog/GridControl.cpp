@@ -41,8 +41,7 @@ GridControl::GridControl(ControlWatcher& watcher, const char* name, std::vector<
 void GridControl::Rows(Long count) {
     if (count < fixed_rows_) Raise(failure::kIndexOutOfRange);
     rows_.resize(static_cast<std::size_t>(count.value()), NewRow());
-    if (row_ >= Rows()) row_ = Rows() - 1;
-    Refresh();
+    StayInside();
 }
 
 const String& GridControl::TextMatrix(Long row, Long col) const {
@@ -64,7 +63,13 @@ Long GridControl::AddRow() {
 
 void GridControl::RemoveItem(Long row) {
     rows_.erase(rows_.begin() + static_cast<std::ptrdiff_t>(PlaceOf(row, rows_.size())));
-    if (row_ >= Rows()) row_ = Rows() - 1;
+    StayInside();
+}
+
+void GridControl::StayInside() {
+    const Long last = Rows() - 1;
+    if (row_ > last) row_ = last;
+    if (top_row_ > last) top_row_ = std::max(last, Long(0));
     Refresh();
 }
 

@@ -94,6 +94,8 @@ private:
         Boolean hidden;
     };
 
+    /// Rows went, and what pointed behind the last points at it.
+    void StayInside();
     OneRow NewRow() const { return {std::vector<String>(columns_.size()), {}, {}, {}}; }
     OneRow& At(Long row) { return rows_[PlaceOf(row, rows_.size())]; }
     const OneRow& At(Long row) const { return rows_[PlaceOf(row, rows_.size())]; }

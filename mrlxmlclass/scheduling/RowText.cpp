@@ -30,6 +30,10 @@ Boolean Gloabal::isNumber(ByRef<String> text) {
     return digits > 0 && marks <= 1 && digits + marks == static_cast<std::ptrdiff_t>(text->size());
 }
 
+Boolean Gloabal::isNegative(const String& text) {
+    return text.starts_with('-');
+}
+
 std::vector<RowPart> RowParts(const String& list) {
     std::vector<RowPart> parts;
     for (String text : Split(list, ",")) {

@@ -15,6 +15,8 @@ namespace Gloabal {
 Boolean isInteger(const String& text);
 /// True for at least one digit and otherwise digits and at most one comma or point. Trims the caller's text.
 Boolean isNumber(ByRef<String> text);
+/// True for a text that begins with "-".
+Boolean isNegative(const String& text);
 
 }  // namespace Gloabal
 

@@ -12,7 +12,9 @@ public:
 
     template <class T>
     void Write(std::string_view name, const T& value) {
-        document_->AppendText(element_, name, Conversions::ToText(value));
+        // Kept: of a value that has no text an empty element stays behind.
+        const dom::Node field = document_->AppendElement(element_, name);
+        document_->SetText(field, Conversions::ToText(value));
     }
     /// Only when the flag is up.
     template <class T>

@@ -43,6 +43,15 @@ TEST(showtaskinfo, RecordsAWizardsScreenWithoutAWizard) {
     EXPECT_EQ(plan.failures.Taken(), "Application/showtaskinfo 91\n");
 }
 
+TEST(showtaskinfo, LeavesNoDialogOpenWhenItFails) {
+    Plan plan;
+    plan.Task("Design");
+    plan.app->showtaskinfo("1", {}, 2, DialogTexts());
+    EXPECT_EQ(plan.failures.Taken(), "Application/showtaskinfo 91\n");
+    plan.app->unloadtaskinfo();
+    EXPECT_EQ(Module().g_TaskInfoUnloading, False);
+}
+
 TEST(showtaskinfo, KeepsTellingTheNameOfAnOpenedTaskAfterCancelToo) {
     Plan plan;
     plan.Task("Design").From(Monday).Lasting(1);
@@ -140,6 +149,23 @@ TEST(unloadtaskinfo, KeepsTheFormOpenSoThatTheNextDialogGivesFalse) {
                                form.CmdOK_Click(0);
                            }),
               False);
+    EXPECT_EQ(plan["Design"].TaskDuration(), 5);
+}
+
+TEST(CancelByAHandler, WhileItSavesIsNotHeard) {
+    Plan plan;
+    plan.Task("Design").From(Monday).Lasting(3);
+    Ref<EditTask> dialog;
+    const Interruption host(plan, "RoolUpCostChange", 1, [&] { dialog->CmdCancel_Click(0); });
+    EXPECT_EQ(EditInDialog(plan, "Design",
+                           [&](EditTask& form) {
+                               dialog = Ref<EditTask>(&form);
+                               form.Txtcost.Text("25");
+                               form.TxtDurtion[0].Text("5");
+                               form.CmdOK_Click(0);
+                           }),
+              True);
+    EXPECT_EQ(dialog->Saved(), True);
     EXPECT_EQ(plan["Design"].TaskDuration(), 5);
 }
 

@@ -31,6 +31,16 @@ TEST(chkAsMilistones, TickedWritesNoDurationAndSoBringsTheEndToTheStart) {
     });
 }
 
+TEST(chkAsMilistones, BringsTheEndToTheStartWhereTheDurationWasNothingAlready) {
+    Plan plan;
+    plan.Task("Design").Holding(Monday, Friday, 0);
+    EditInDialog(plan, "Design", [](EditTask& form) {
+        form.chkAsMilistones.Value(True);
+        EXPECT_EQ(Dates(form), "2026-03-02 2026-03-02 0");
+        EXPECT_EQ(form.Task()->TaskEDate(), Monday);
+    });
+}
+
 TEST(chkAsMilistones, StaysTickedWhereTheDurationIsTypedAndLeft) {
     InDialog([](EditTask& form) {
         form.TxtDurtion[0].Text("0");
@@ -97,6 +107,15 @@ TEST(DTPickerStart, OfATaskWhoseEndNobodyCountsBringsItToTheStart) {
         form.DTPickerStart_Change();
         EXPECT_EQ(form.Task()->TaskEDate(), Tuesday);
         EXPECT_EQ(Dates(form), "2026-03-03 2026-03-03 1");
+    });
+}
+
+TEST(DTPickerStart, KeepsShowingTheDayThatWasChosenThoughTheTaskStartsOnAnother) {
+    InDialog([](EditTask& form) {
+        form.DTPickerStart.Value(Saturday);
+        form.DTPickerStart_Change();
+        EXPECT_EQ(form.DTPickerStart.Value().As<Date>(), Saturday);
+        EXPECT_EQ(form.Task()->TaskBDate(), Monday + 7);
     });
 }
 
@@ -230,6 +249,31 @@ TEST(TxtDurtion, KeepsTakingTheUnitAwayWithAPlainNumber) {
     EXPECT_EQ(plan["Design"].TaskDurationUnit(), "wks");
     EXPECT_EQ(plan["Design"].TaskDuration(), 3);
     EXPECT_EQ(plan["Design"].TaskEDate(), Wednesday);
+}
+
+TEST(TxtDurtion, KeepsTakingWhatItShowsWhenItIsLeftUntouched) {
+    Plan plan;
+    plan.Task("Design").From(Monday).Lasting(2, "wks");
+    EditInDialog(plan, "Design", [](EditTask& form) {
+        EXPECT_EQ(form.TxtDurtion[0].Text(), "2");
+        form.TxtDurtion_Validate(0);  // a plain number is one of days
+        EXPECT_EQ(Dates(form), "2026-03-02 2026-03-03 2");
+        form.CmdOK_Click(0);
+    });
+    EXPECT_EQ(plan["Design"].TaskEDate(), Tuesday);
+    EXPECT_EQ(plan["Design"].TaskDurationUnit(), "wks");
+}
+
+TEST(TxtDurtion, KeepsTheDatesOfAMilestoneUntilItIsLeft) {
+    Plan plan;
+    plan.Task("Done").From(Monday).Lasting(1);
+    plan.col().SeTAsMilstones(plan.app->xTaskCol(), plan.Key("Done"));
+    EditInDialog(plan, "Done", [](EditTask& form) {
+        form.TxtDurtion[0].Text("3");
+        EXPECT_EQ(Dates(form), "2026-03-02 2026-03-02 3");
+        form.TxtDurtion_Validate(0);
+        EXPECT_EQ(Dates(form), "2026-03-02 2026-03-04 3");
+    });
 }
 
 TEST(TxtDurtion, SurvivesLettersAndFloods) {
@@ -415,6 +459,13 @@ TEST(Txtcost, TakesWholeAmounts) {
             EXPECT_EQ(form.Txtcost.SelStart(), Long(String(row.shown).size()));
         });
     }
+}
+
+TEST(Txtcost, KeepsRoundingWhileAnAmountIsTyped) {
+    InDialog([](EditTask& form) {
+        for (const char* key : {"7", ".", "5", "0"}) form.Txtcost.Text(form.Txtcost.Text() + key);
+        EXPECT_EQ(form.Txtcost.Text(), "80");  // 7.5 was 8 when the last key came
+    });
 }
 
 TEST(Txtcost, ReadsGroupsAsTheLocaleHasThem) {

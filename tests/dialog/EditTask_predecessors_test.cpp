@@ -96,6 +96,20 @@ TEST_F(PredecessorTable, OffersNoNameWhereThereIsNone) {
     });
 }
 
+TEST_F(PredecessorTable, KeepsTakingAnyTextForARowWhereNoneIsOffered) {
+    plan.col().AddTaskPredecessor(plan.Key("D"), plan.Key("C"));
+    InDialog([](EditTask& form) {
+        GridControl& grid = form.VSFlexGridPredecessor;
+        ASSERT_EQ(form.BeginEdit(grid, 4, kId), True);
+        EXPECT_EQ(grid.ComboList(), "");
+        form.EndEdit(grid, String("77"));
+        EXPECT_EQ(grid.TextMatrix(4, kId), "77");
+        EXPECT_EQ(grid.RowData(4), "");
+        form.CmdOK_Click(0);
+    });
+    EXPECT_EQ(plan.col().PredessorAsString("4"), "1, 2, 3");
+}
+
 TEST_F(PredecessorTable, TakesALagWhereThereIsAPredecessorOnly) {
     InDialog([](EditTask& form) {
         GridControl& grid = form.VSFlexGridPredecessor;

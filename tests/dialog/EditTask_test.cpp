@@ -43,6 +43,20 @@ TEST(GetTaskInfo, GivesFalseAfterCancelOrAClosedWindowAndLeavesTheTaskAlone) {
     }
 }
 
+TEST(Saved, TellsOfOkWhateverChanged) {
+    Plan plan;
+    plan.Task("Design");
+    for (const bool ok : {true, false}) {
+        Ref<EditTask> dialog;
+        EditInDialog(plan, "Design", [&](EditTask& form) {
+            dialog = Ref<EditTask>(&form);
+            ok ? form.CmdOK_Click(0) : form.CmdCancel_Click(0);
+        });
+        EXPECT_EQ(dialog->Saved(), Boolean(ok));
+        EXPECT_EQ(dialog->Unchanged(), True);
+    }
+}
+
 TEST(FormActivate, GoesToTheStartTabAndTheTabs) {
     Plan plan;
     plan.Task("Design");

@@ -69,6 +69,19 @@ TEST(GridControl, KeepsItsCurrentRowAmongThoseThatAreLeft) {
     EXPECT_EQ(grid.Row(), -1);
 }
 
+TEST(GridControl, ShowsItsLastRowsWhenWhatStoodBehindIsGone) {
+    CountingForm form;
+    GridControl grid(form, "grid", {"A"}, 0);
+    grid.Rows(5);
+    grid.TopRow(4);
+    grid.RemoveItem(0);
+    EXPECT_EQ(grid.TopRow(), 3);
+    grid.Rows(2);
+    EXPECT_EQ(grid.TopRow(), 1);
+    grid.Rows(0);
+    EXPECT_EQ(grid.TopRow(), 0);
+}
+
 TEST(GridControl, SortsTheRowsBelowItsHeadingsAsNumbers) {
     CountingForm form;
     GridControl grid(form, "grid", {"A", "B"}, 1);

@@ -51,6 +51,11 @@ TEST(isInteger, TakesDigitsCommasAndABlankBehindAComma) {
     }
 }
 
+TEST(isNegative, AsksForALeadingSignAlone) {
+    for (const char* text : {"-1", "-", "--", "-x"}) EXPECT_EQ(Gloabal::isNegative(text), True) << text;
+    for (const char* text : {"", "1", " -1", "1-", "+"}) EXPECT_EQ(Gloabal::isNegative(text), False) << text;
+}
+
 TEST(isInteger, SeesBehindANullCharacter) {
     EXPECT_EQ(Gloabal::isInteger(String("3\0x", 3)), False);
 }

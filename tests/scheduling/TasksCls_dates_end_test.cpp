@@ -136,8 +136,10 @@ TEST(TaskEDate, TakesTheStartOfAMilestoneAlong) {
     Row row;
     row.Holding(Monday, Monday, 0);
     row.task.TaskMilstones(True);
+    row.task.TaskDurationValid(False);
     row.task.TaskEDate(Friday);
     EXPECT_EQ(row.Drawn(), Drawing(Friday, Friday, 0));
+    EXPECT_TRUE(row.task.TaskDurationValid());
 }
 
 TEST(TaskEDate, LeavesTheDurationOfWeeksAlone) {

@@ -44,6 +44,24 @@ TEST(LoadHostileFile, WithAnyByteChangedIsRefusedOrReadInPart) {
     }
 }
 
+TEST(LoadHostileFile, OfTwoTasksCutAtEveryByteAndWithEveryByteChanged) {
+    const String whole = FileOfTasks(TaskText("1", "0", "1") + TaskText("2", "1", "2"));
+    HostileFiles files;
+    ASSERT_EQ(files.Open(whole, "whole").loaded, True);
+    for (std::size_t length = 0; length < whole.size(); ++length) {
+        SCOPED_TRACE("cut after " + std::to_string(length));
+        EXPECT_EQ(files.Open(whole.substr(0, length), "cut").loaded, False);
+    }
+    for (const int change : {0x01, 0x20, 0x80}) {
+        for (std::size_t at = 0; at < whole.size(); at += kSample) {
+            SCOPED_TRACE("byte " + std::to_string(at) + " by " + std::to_string(change));
+            String bytes = whole;
+            bytes[at] = static_cast<char>(bytes[at] ^ change);
+            files.Open(bytes, "changed byte");
+        }
+    }
+}
+
 TEST(LoadHostileFile, ThatIsEmptyOrNoProjectIsRefused) {
     HostileFiles files;
     for (const char* bytes : {"", " ", "\xEF\xBB\xBF", "\xFF\xFE", "Project", "<", "<Project", "<Project/><Project/>",

@@ -367,11 +367,15 @@ TEST(CanbeLeveled, CountsALeafFromItsParentUp) {
 TEST(CanbeLeveled, AddsNothingForASiblingOrATopLevelLeafAsNewParent) {
     Plan plan;
     plan.Task("Top").Task("A").Under("Top").Task("B").Under("Top").Task("Alone");
-    EXPECT_TRUE(plan.col().CanbeLeveled(plan.Key("A"), plan.Key("B")));
     EXPECT_TRUE(plan.col().CanbeLeveled(plan.Key("A"), plan.Key("Alone")));
     EXPECT_TRUE(plan.col().CanbeLeveled(plan.Key("Top"), plan.Key("Alone")));
     EXPECT_TRUE(plan.col().CanbeLeveled("", plan.Key("Alone")));
     EXPECT_TRUE(plan.col().CanbeLeveled(plan.Key("A"), "77")) << "no such parent";
+
+    Plan deep;
+    BuildChain(deep, 6);
+    deep.Task("A").Under("6").Task("B").Under("6");
+    EXPECT_TRUE(deep.col().CanbeLeveled(deep.Key("A"), deep.Key("B"))) << "five steps above their parent, once";
 }
 
 TEST(CanbeLeveled, StopsInARing) {

@@ -63,6 +63,14 @@ TEST(AddTask, GivesTheRowBehindTheLastAndAnEndOnTheNextWorkingDay) {
     EXPECT_EQ(plan.Heard(), "");
 }
 
+TEST(AddTask, GivesTheFirstRowBehindACandidateThatWasFiledAsItIs) {
+    Plan plan;
+    const auto candidate = Make<TasksCls>();
+    candidate->TaskCondidat(False);
+    plan.col().AddItem(candidate);
+    EXPECT_EQ(plan.col().Add()->TaskPosition(), 1);
+}
+
 TEST(AddTask, KeepsTheStartWithoutItsFlag) {
     Plan plan;
     const Ref<TasksCls> task = plan.col().Add();

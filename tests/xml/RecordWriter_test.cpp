@@ -45,6 +45,14 @@ TEST(RecordWriter, WritesAnEmptyTextAsAnEmptyElement) {
     EXPECT_EQ(name.Text(), "");
 }
 
+TEST(RecordWriter, KeepsAnEmptyElementOfAValueThatHasNoText) {
+    TestSession session;
+    const Ref<dom::Document> document = DocumentOfText("<R/>");
+    RecordWriter out(document, document->documentElement());
+    EXPECT_THROW(out.Write("Start", Date(1e9)), Failure);
+    EXPECT_EQ(document->xml(), "<R><Start/></R>");
+}
+
 TEST(RecordWriter, OpensAnElementForWhatIsNested) {
     TestSession session;
     const Ref<dom::Document> document = DocumentOfText("<R/>");
