@@ -10,5 +10,7 @@ namespace prx {
 mrlxmlclass::TaskScreens& Windows();
 /// Why no window can be shown now, in plain words; "" when one can.
 std::string WhyNoWindow();
+/// Whether the latest dialog was left by OK, and saved what it was to save.
+bool LeftByOk();
 
 }  // namespace prx

@@ -26,9 +26,10 @@ public:
         project.tasks()->SortMe(mrlxmlclass::True);  // as the dialog does: that alone is no change
         const std::string before = ContentOf(project);
         EditInWindow(project, *task);
-        if (ContentOf(project) == before) {
+        const bool left_by_ok = LeftByOk();
+        if (!left_by_ok || ContentOf(project) == before) {
             project.RefuseIfFailed();
-            Note("nothing changed, so nothing was saved");
+            Note(left_by_ok ? "nothing changed, so nothing was saved" : "left without OK, so nothing was saved");
             return kDone;
         }
         project.Save();

@@ -80,14 +80,22 @@ TEST_F(PersonAtTheWindow, SavesAnotherDurationAndMovesWhatWaits) {
     EXPECT_NE(folder.Days("Final inspection"), waiting);
 }
 
-TEST_F(PersonAtTheWindow, SavesNothingOnCancel) {
+TEST_F(PersonAtTheWindow, SavesSomebodyWhoIsNew) {
+    const Variable knows("PERSON_KNOWS", "Eve");
+    const Variable presses("PERSON_PRESSES", "CmdOK");
+    folder.Edit({"edit", "Kitchen"});
+    EXPECT_NE(folder.Read("a.prx").find("Eve"), std::string::npos);
+}
+
+TEST_F(PersonAtTheWindow, SavesNothingOnCancelNotEvenSomebodyWhoIsNew) {
     const std::string before = folder.Read("a.prx");
     const Variable types("PERSON_TYPES", "25");
+    const Variable knows("PERSON_KNOWS", "Eve");
     const Variable presses("PERSON_PRESSES", "CmdCancel");
     const Result result = folder.Prx({"edit", "a.prx", "Kitchen"});
     EXPECT_EQ(result.status, 0);
     EXPECT_EQ(result.out, "");
-    EXPECT_NE(result.err.find("prx: nothing changed, so nothing was saved\n"), std::string::npos) << result.err;
+    EXPECT_NE(result.err.find("prx: left without OK, so nothing was saved\n"), std::string::npos) << result.err;
     EXPECT_TRUE(folder.Read("a.prx") == before);
 }
 

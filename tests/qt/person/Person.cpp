@@ -1,9 +1,11 @@
 // Loaded into a program before it starts, this uses the task dialog that the program opens: types $PERSON_TYPES over
-// the duration, where that is set, and presses the button of the name $PERSON_PRESSES.
+// the duration and $PERSON_KNOWS as a new person's name, where they are set, and presses the button of the name
+// $PERSON_PRESSES.
 #include <QAbstractButton>
 #include <QApplication>
 #include <QKeyEvent>
 #include <QLineEdit>
+#include <QTableView>
 #include <QTimer>
 
 namespace {
@@ -13,13 +15,27 @@ void Press(QWidget& field, int key, const QString& text) {
     QCoreApplication::sendEvent(&field, &press);
 }
 
+void Type(QLineEdit& field, const QString& text) {
+    field.setFocus();
+    field.selectAll();
+    for (const QChar character : text) Press(field, character.unicode(), character);
+}
+
+void AddSomebody(const QWidget& window, const QString& name) {
+    auto* people = window.findChild<QTableView*>("VSFlexGridResource");
+    const QModelIndex last = people->model()->index(people->model()->rowCount() - 1, 1);
+    people->setCurrentIndex(last);
+    people->edit(last);
+    auto* editor = people->findChild<QLineEdit*>();
+    Type(*editor, name);
+    Press(*editor, Qt::Key_Return, "\r");
+}
+
 void UseDialog() {
     QWidget* window = QApplication::activeModalWidget();
     if (window == nullptr) return;
-    auto* duration = window->findChild<QLineEdit*>("TxtDurtion");
-    duration->setFocus();
-    duration->selectAll();
-    for (const QChar digit : qEnvironmentVariable("PERSON_TYPES")) Press(*duration, digit.unicode(), digit);
+    Type(*window->findChild<QLineEdit*>("TxtDurtion"), qEnvironmentVariable("PERSON_TYPES"));
+    if (qEnvironmentVariableIsSet("PERSON_KNOWS")) AddSomebody(*window, qEnvironmentVariable("PERSON_KNOWS"));
     window->findChild<QAbstractButton*>(qEnvironmentVariable("PERSON_PRESSES"))->click();
 }
 
