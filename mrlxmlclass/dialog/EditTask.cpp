@@ -93,6 +93,7 @@ Long EditTask::Prepare(Integer Fromwhere, Boolean has_children, const Ref<Applic
 }
 
 void EditTask::ShowModally() {
+    closed_ = false;
     view_ = Platform().task_screens.NewView(*this);
     struct Ended {
         std::unique_ptr<EditTaskView>& view;
@@ -102,6 +103,7 @@ void EditTask::ShowModally() {
 }
 
 void EditTask::Unload() {
+    closed_ = true;
     if (view_) view_->Close();
 }
 
@@ -130,7 +132,7 @@ void EditTask::TabTask_Click() {
 }
 
 void EditTask::CmdOK_Click(Integer) {
-    if (saving_) return;  // a person presses twice while the host is heard
+    if (saving_ || closed_) return;  // a person presses twice while the host is heard, or the host has closed it
     const dialog::Raised saving(saving_);
     kTail.Run("CmdOK_Click", [&] {
         saved_ = SaveTaskInfo();

@@ -66,7 +66,7 @@ public:
     Boolean GetTaskInfo(const Variant& aTaskKey, const Ref<Application>& oApplication, const Ref<TasksCol>& oTaskCol,
                         const Ref<Collection>& Ressource, Long start_tab, const String& p_date_format,
                         const String& font_name, const String& font_size);
-    /// Closes it without saving; the fields stay.
+    /// Closes it without saving; the fields stay. CmdOK_Click does nothing from then on.
     void Unload();
     /// The window was closed: as CmdCancel_Click. While CmdOK_Click saves, neither does anything.
     void Form_Closed();
@@ -284,6 +284,7 @@ private:
     std::unique_ptr<EditTaskView> view_;  ///< while the dialog shows
     bool loading_ = false;
     bool saving_ = false;
+    bool closed_ = false;
     std::vector<const Control*> answered_;  ///< fields whose rules are running
 };
 

@@ -137,6 +137,17 @@ TEST(unloadtaskinfo, ClosesTheDialogWithoutSaving) {
     EXPECT_EQ(plan.platform.screens.closed, 1);
 }
 
+TEST(unloadtaskinfo, LeavesOkNothingToSave) {
+    Plan plan;
+    plan.Task("Design").From(Monday).Lasting(3);
+    EditInDialog(plan, "Design", [&](EditTask& form) {
+        form.TxtDurtion[0].Text("5");
+        plan.app->unloadtaskinfo();
+        form.CmdOK_Click(0);  // the view was about to press it
+    });
+    EXPECT_EQ(plan["Design"].TaskDuration(), 3);
+}
+
 TEST(unloadtaskinfo, KeepsTheFormOpenSoThatTheNextDialogGivesFalse) {
     Plan plan;
     plan.Task("Design").From(Monday).Lasting(3);
