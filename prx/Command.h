@@ -23,6 +23,7 @@ public:
     virtual int Run(Host& host) = 0;
     /// Whether the command line asks for this one.
     bool chosen() const { return options_->parsed(); }
+    virtual bool opens_window() const { return false; }
 
 protected:
     Command(CLI::App& app, const std::string& name, const std::string& summary,

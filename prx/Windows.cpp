@@ -1,14 +1,11 @@
 #include "prx/Windows.h"
 
-#ifdef PRX_WITH_WINDOWS
+#include <utility>
+
 #include "mrlxmlclass/dialog/EditTask.h"
 #include "qt/QtTaskScreens.h"
-#endif
 
 namespace prx {
-
-#ifdef PRX_WITH_WINDOWS
-
 namespace {
 
 /// Keeps the latest dialog until somebody asks how it was left.
@@ -31,6 +28,8 @@ TaskWindows& TheWindows() {
 
 }  // namespace
 
+void GoOnWithWindows(char** /*arguments*/) {}
+
 mrlxmlclass::TaskScreens& Windows() {
     return TheWindows();
 }
@@ -43,21 +42,5 @@ bool LeftByOk() {
 std::string WhyNoWindow() {
     return mrlxmlclass::QtTaskScreens::CanShow() ? "" : "there is no display to show a window on";
 }
-
-#else
-
-mrlxmlclass::TaskScreens& Windows() {
-    return mrlxmlclass::NoTaskScreens();
-}
-
-bool LeftByOk() {
-    return false;
-}
-
-std::string WhyNoWindow() {
-    return "this prx was built without windows; build it where Qt 6 Widgets is installed";
-}
-
-#endif
 
 }  // namespace prx

@@ -7,6 +7,9 @@
 /// The windows of this program, which it has when it was built with them.
 namespace prx {
 
+/// Goes on as the program that has them, with the same command line. Comes back where this is it, or there is none.
+void GoOnWithWindows(char** arguments);
+
 mrlxmlclass::TaskScreens& Windows();
 /// Why no window can be shown now, in plain words; "" when one can.
 std::string WhyNoWindow();

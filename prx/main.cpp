@@ -27,9 +27,11 @@ int Run(int argc, char** argv) {
     } catch (const CLI::ParseError& error) {
         return app.exit(error) == 0 ? Command::kDone : Command::kRefused;
     }
-    prx::Host host;
     for (const auto& command : commands) {
-        if (command->chosen()) return command->Run(host);
+        if (!command->chosen()) continue;
+        if (command->opens_window()) prx::GoOnWithWindows(argv);
+        prx::Host host;
+        return command->Run(host);
     }
     return Command::kRefused;
 }

@@ -17,6 +17,7 @@ public:
         options().add_option("TASK", task_, "A key, #row or name")->required();
     }
 
+    bool opens_window() const override { return true; }
     int Run(Host& host) override {
         if (const std::string reason = WhyNoWindow(); !reason.empty()) throw Refusal(reason);
         Project project = Project::ToEdit(host, file(), force());
