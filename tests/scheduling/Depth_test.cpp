@@ -140,12 +140,34 @@ TEST(Depth, AChainRunsIntoADeepOutlineAndOutAgain) {
         deep.Link(leaf, behind);
         const Long last = deep.Chain(9'999, behind);
 
-        EXPECT_TRUE(deep.col().DependsDateChanged(Long(1), Wednesday, 1));
+        TasksCol& col = deep.col();
+        const auto all_from_the_outline_on_start = [&](Date day) {
+            EXPECT_EQ(deep[leaf]->TaskBDate(), day);
+            EXPECT_EQ(deep[deep.top]->TaskBDate(), day);
+            EXPECT_EQ(deep[last]->TaskBDate(), day);
+        };
 
+        EXPECT_TRUE(col.DependsDateChanged(Long(1), Tuesday, 1));
+        EXPECT_EQ(deep[before]->TaskBDate(), Tuesday);
+        all_from_the_outline_on_start(Tuesday);
+
+        EXPECT_TRUE(col.DurationChanged(Long(1), Double(2)));
         EXPECT_EQ(deep[before]->TaskBDate(), Wednesday);
-        EXPECT_EQ(deep[leaf]->TaskBDate(), Wednesday);
-        EXPECT_EQ(deep[deep.top]->TaskBDate(), Wednesday);
-        EXPECT_EQ(deep[last]->TaskBDate(), Wednesday);
+        all_from_the_outline_on_start(Wednesday);
+
+        EXPECT_TRUE(col.SummaryTaskDateChanged2(Text(deep.top), Thursday, Thursday));
+        EXPECT_EQ(deep[before]->TaskBDate(), Wednesday);
+        all_from_the_outline_on_start(Thursday);
+
+        col.AdjustSummary(Text(leaf));
+        col.AdjustCost(Text(leaf));
+        EXPECT_EQ(deep[deep.top]->TaskCost(), Currency(1));
+        col.RollUpCostChanged(leaf, Currency(5));
+        EXPECT_EQ(deep[deep.top]->TaskCost(), Currency(6));
+
+        col.ResetStartDate(7);
+        EXPECT_EQ(deep[before]->TaskBDate(), Wednesday + 7);
+        all_from_the_outline_on_start(Thursday + 7);
     });
 }
 
