@@ -2,6 +2,8 @@
 
 #include <fmt/core.h>
 
+#include <set>
+
 #include "mrlxmlclass/tasks/TasksCol.h"
 #include "prx/Edit.h"
 #include "prx/Outline.h"
@@ -36,12 +38,35 @@ private:
             if (!predecessor) {
                 Tell(fmt::format("{} waits for task {}, which is not there", TitleOf(task), Plain(key)), "taken off");
                 if (mends_) TakeOff(task, key);
+            } else if (const std::string why = WhyNot(task, *predecessor); !why.empty()) {
+                Tell(fmt::format("{} waits for {}", TitleOf(task), why), "taken off");
+                off_.emplace(KeyOf(task), key);
+                if (!mends_) continue;
+                TakeOff(task, key);
+                if (predecessor->isSucesser(KeyOf(task))) predecessor->TaskSuccessor()->Remove(KeyOf(task));
             } else if (!predecessor->isSucesser(KeyOf(task))) {
                 Tell(fmt::format("{} waits for {}, which does not list it", TitleOf(task), TitleOf(*predecessor)),
                      "put on");
                 if (mends_) predecessor->TaskSuccessor()->Add(KeyOf(task), KeyOf(task));
             }
         }
+    }
+
+    /// Why the library makes no such link; of two tasks that wait for each other one goes on doing so.
+    std::string WhyNot(TasksCls& task, TasksCls& predecessor) const {
+        if (task.TaskKey() == predecessor.TaskKey()) return "itself";
+        if (predecessor.ParentID() == task.TaskKey()) return TitleOf(predecessor) + ", which stands below it";
+        if (WaitsFor(predecessor, KeyOf(task)) && GivesWay(task, predecessor)) {
+            return TitleOf(predecessor) + ", which waits for it";
+        }
+        return {};
+    }
+    /// The one whose link is known to one side alone, else the one that stands first.
+    static bool GivesWay(TasksCls& task, TasksCls& other) {
+        const bool known = static_cast<bool>(other.isSucesser(KeyOf(task)));
+        const bool others_known = static_cast<bool>(task.isSucesser(KeyOf(other)));
+        if (known != others_known) return others_known;
+        return std::pair(task.TaskPosition(), task.TaskKey()) < std::pair(other.TaskPosition(), other.TaskKey());
     }
 
     /// As the library takes a link off, but for the events.
@@ -55,6 +80,7 @@ private:
             const std::string key = entry.item.Key().text();
             const Ref<TasksCls> successor = tasks_->Item(key);
             if (successor && WaitsFor(*successor, KeyOf(task))) continue;
+            if (off_.contains({key, KeyOf(task)})) continue;  // told already
             Tell(successor ? fmt::format("{} lists {}, which does not wait for it", TitleOf(task), TitleOf(*successor))
                            : fmt::format("{} lists task {}, which is not there", TitleOf(task), Plain(key)),
                  "taken off");
@@ -73,8 +99,8 @@ private:
         }
     }
 
-    static bool WaitsFor(TasksCls& task, const std::string& key) {
-        return task.TaskPredecessorValid() && task.isPredecessor(key);
+    bool WaitsFor(TasksCls& task, const std::string& key) const {
+        return task.TaskPredecessorValid() && task.isPredecessor(key) && !off_.contains({KeyOf(task), key});
     }
 
     void Tell(const std::string& fault, const char* mended) {
@@ -84,6 +110,7 @@ private:
     Ref<TasksCol> tasks_;
     bool mends_;
     std::vector<std::string> lines_;
+    std::set<std::pair<std::string, std::string>> off_;  ///< a task and one that it is told not to wait for
 };
 
 }  // namespace

@@ -73,6 +73,42 @@ TEST_F(Links, OfWhichOnlyALeadTimeIsLeft) {
     EXPECT_NE(plan_.Read("b.prx").find("<TaskLeadTime>2|2</TaskLeadTime>"), std::string::npos);
 }
 
+TEST_F(Links, OfATaskToItself) {
+    Damage("<TaskSuccessor>3</TaskSuccessor>",
+           "<TaskSuccessor>3;2</TaskSuccessor><TaskPredecessor>2</TaskPredecessor>");
+    ExpectMended("task 2 \"Design\" waits for itself", "taken off");
+    EXPECT_NE(plan_.Read("b.prx").find("<TaskSuccessor>3</TaskSuccessor>"), std::string::npos);
+    plan_.Refused({"link", "Design", "Design"});
+}
+
+TEST_F(Links, OfTwoTasksThatWaitForEachOther) {
+    Damage("<TaskSuccessor>3</TaskSuccessor>", "<TaskSuccessor>3</TaskSuccessor><TaskPredecessor>3</TaskPredecessor>");
+    Damage("<TaskSuccessor>4</TaskSuccessor>", "<TaskSuccessor>4;2</TaskSuccessor>");
+    ExpectMended("task 2 \"Design\" waits for task 3 \"Build\", which waits for it", "taken off");
+    EXPECT_NE(plan_.Row("Build").find(R"("predecessors": ["2"])"), std::string::npos);
+    plan_.Refused({"link", "Design", "Build"});
+}
+
+TEST_F(Links, OfTwoTasksThatWaitForEachOtherAndOneOfThemKnows) {
+    Damage("<TaskSuccessor>3</TaskSuccessor>", "");
+    Damage("<TaskSuccessor>4</TaskSuccessor>", "<TaskSuccessor>4;2</TaskSuccessor>");
+    Damage("<TaskLeadTime/><TaskPosition>2<", "<TaskPredecessor>3</TaskPredecessor><TaskLeadTime/><TaskPosition>2<");
+    Damage("<TaskLeadTime>2|2</TaskLeadTime>", "<TaskLeadTime/>");
+    ExpectMended("task 3 \"Build\" waits for task 2 \"Design\", which waits for it", "taken off");
+    EXPECT_NE(plan_.Row("Design").find(R"("predecessors": ["3"])"), std::string::npos);
+}
+
+TEST_F(Links, OfOneSideToATaskThatWaitsAlready) {
+    Damage("<TaskSuccessor>3</TaskSuccessor>", "<TaskSuccessor>3</TaskSuccessor><TaskPredecessor>3</TaskPredecessor>");
+    ExpectMended("task 2 \"Design\" waits for task 3 \"Build\", which waits for it", "taken off");
+}
+
+TEST_F(Links, OfASummaryToItsChild) {
+    Damage("<TaskLeadTime/><TaskPosition>1<", "<TaskPredecessor>4</TaskPredecessor><TaskLeadTime/><TaskPosition>1<");
+    ExpectMended("task 1 \"Phase\" waits for task 4 \"Test\", which stands below it", "taken off");
+    plan_.Refused({"link", "Phase", "Test"});
+}
+
 TEST_F(Links, OfATaskWhoseRecordIsLost) {
     const std::string whole = plan_.Read("a.prx");
     const std::size_t key = whole.find("<TaskKey>3</TaskKey>");
