@@ -125,7 +125,7 @@ std::vector<ItemRow> ItemsOf(const Project& project, Kind kind) {
 std::vector<std::string> NamesOn(TasksCls& task, Kind kind) {
     return With(kind, [&]<class K>(K) {
         std::vector<std::string> names;
-        for (const auto& entry : K::Copies(task)) names.push_back(K::NameOf(*entry.item));
+        for (const auto& entry : K::Copies(task)->NewEnum()) names.push_back(K::NameOf(*entry.item));
         return names;
     });
 }

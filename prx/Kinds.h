@@ -19,7 +19,7 @@
 
 /// The four kinds of items, a struct each: where the library keeps the items, their relations to tasks, and the lists
 /// of those on either side, and what it calls them; whether a list of relations issues a key to one whose key counts as
-/// none. A list that is not there yet is not made by looking.
+/// none. A list that is not there yet is not made by looking. Each task has copies of its items.
 namespace prx {
 
 /// A text that an item may have beside its name.
@@ -47,6 +47,7 @@ struct People {
     /// As the library shows it: the company where there is no name.
     static std::string NameOf(Record& person);
     static std::string ItemOf(const Relation& relation) { return mrlxmlclass::KeyText(relation.personkey()).text(); }
+    static void LeadTo(Relation& relation, const Record& person) { relation.personkey(person.personkey()); }
     static mrlxmlclass::Ref<Relations> Listed(mrlxmlclass::TasksCls& task) {
         return task.TaskPeopleRelationValid() ? task.TaskPeopleRelation() : nullptr;
     }
@@ -57,7 +58,10 @@ struct People {
         return person.TaskPeopleRelationValid() ? person.TaskPeopleRelation() : nullptr;
     }
     static void List(Record& person, const mrlxmlclass::Ref<Relations>& ties) { person.TaskPeopleRelation(ties); }
-    static auto Copies(mrlxmlclass::TasksCls& task) { return task.TasksPeople()->NewEnum(); }
+    static auto Copies(mrlxmlclass::TasksCls& task) { return task.TasksPeople(); }
+    static void Copies(mrlxmlclass::TasksCls& task, const mrlxmlclass::Ref<mrlxmlclass::PeopleCol>& copies) {
+        task.TasksPeople(copies);
+    }
 
     static mrlxmlclass::Ref<Record> Add(mrlxmlclass::Application& app, const std::string& name);
     static void Remove(mrlxmlclass::Application& app, const std::string& key) { All(app)->Remove(key); }
@@ -85,6 +89,7 @@ struct Goals {
     static std::string KeyOf(const Record& goal) { return mrlxmlclass::KeyText(goal.Goalkey()).text(); }
     static std::string NameOf(const Record& goal) { return goal.GoalName(); }
     static std::string ItemOf(const Relation& relation) { return mrlxmlclass::KeyText(relation.Goalkey()).text(); }
+    static void LeadTo(Relation& relation, const Record& goal) { relation.Goalkey(goal.Goalkey()); }
     static mrlxmlclass::Ref<Relations> Listed(mrlxmlclass::TasksCls& task) {
         return task.TaskGoalRelationValid() ? task.TaskGoalRelation() : nullptr;
     }
@@ -95,7 +100,10 @@ struct Goals {
         return goal.TaskGoalRelationValid() ? goal.TaskGoalRelation() : nullptr;
     }
     static void List(Record& goal, const mrlxmlclass::Ref<Relations>& ties) { goal.TaskGoalRelation(ties); }
-    static auto Copies(mrlxmlclass::TasksCls& task) { return task.TasksGoals()->NewEnum(); }
+    static auto Copies(mrlxmlclass::TasksCls& task) { return task.TasksGoals(); }
+    static void Copies(mrlxmlclass::TasksCls& task, const mrlxmlclass::Ref<mrlxmlclass::GoalsCol>& copies) {
+        task.TasksGoals(copies);
+    }
 
     static mrlxmlclass::Ref<Record> Add(mrlxmlclass::Application& app, const std::string& name);
     static void Remove(mrlxmlclass::Application& app, const std::string& key) { All(app)->Remove(key); }
@@ -125,6 +133,7 @@ struct Obstacles {
     static std::string KeyOf(const Record& obstacle) { return mrlxmlclass::KeyText(obstacle.Obstacleskey()).text(); }
     static std::string NameOf(const Record& obstacle) { return obstacle.ObstaclesName(); }
     static std::string ItemOf(const Relation& relation) { return mrlxmlclass::KeyText(relation.Obstaclekey()).text(); }
+    static void LeadTo(Relation& relation, const Record& obstacle) { relation.Obstaclekey(obstacle.Obstacleskey()); }
     static mrlxmlclass::Ref<Relations> Listed(mrlxmlclass::TasksCls& task) {
         return task.TaskObstaclesRelationValid() ? task.TaskObstaclesRelation() : nullptr;
     }
@@ -137,7 +146,10 @@ struct Obstacles {
     static void List(Record& obstacle, const mrlxmlclass::Ref<Relations>& ties) {
         obstacle.TaskObstaclesRelation(ties);
     }
-    static auto Copies(mrlxmlclass::TasksCls& task) { return task.TaskObstacles()->NewEnum(); }
+    static auto Copies(mrlxmlclass::TasksCls& task) { return task.TaskObstacles(); }
+    static void Copies(mrlxmlclass::TasksCls& task, const mrlxmlclass::Ref<mrlxmlclass::obstaclesCol>& copies) {
+        task.TaskObstacles(copies);
+    }
 
     static mrlxmlclass::Ref<Record> Add(mrlxmlclass::Application& app, const std::string& name);
     static void Remove(mrlxmlclass::Application& app, const std::string& key) { All(app)->Remove(key); }
@@ -166,6 +178,7 @@ struct Notes {
     static std::string KeyOf(const Record& note) { return note.NoteKey(); }
     static std::string NameOf(const Record& note) { return note.NoteDescription(); }
     static std::string ItemOf(const Relation& relation) { return relation.NoteKey(); }
+    static void LeadTo(Relation& relation, const Record& note) { relation.NoteKey(note.NoteKey()); }
     static mrlxmlclass::Ref<Relations> Listed(mrlxmlclass::TasksCls& task) {
         return task.TaskNoteValid() ? task.TaskNoteRelation() : nullptr;
     }
@@ -173,7 +186,10 @@ struct Notes {
         task.TaskNoteRelation(ties);
     }
     static mrlxmlclass::Ref<Relations> Listed(Record& /*note*/) { return nullptr; }
-    static auto Copies(mrlxmlclass::TasksCls& task) { return task.TaskNotes()->NewEnum(); }
+    static auto Copies(mrlxmlclass::TasksCls& task) { return task.TaskNotes(); }
+    static void Copies(mrlxmlclass::TasksCls& task, const mrlxmlclass::Ref<mrlxmlclass::TaskNotes>& copies) {
+        task.TaskNotes(copies);
+    }
 
     static mrlxmlclass::Ref<Record> Add(mrlxmlclass::Application& app, const std::string& text);
     static void Remove(mrlxmlclass::Application& app, const std::string& key);

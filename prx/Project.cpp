@@ -69,6 +69,10 @@ std::vector<std::string> Recorded(std::initializer_list<About> about, std::size_
     return lines;
 }
 
+void TellEach(const char* what, const std::vector<std::string>& lines) {
+    for (const std::string& line : Shortened(lines)) Platform().ui.Message(fmt::format("{}: {}", what, line));
+}
+
 std::size_t CountRecorded() {
     const Ref<ErrorsHandler> handler = Module().g_ErrorsHandler;
     return handler ? static_cast<std::size_t>(handler->Log()->Error_Col()->Count().value()) : 0;
@@ -116,10 +120,9 @@ Project Project::ToEdit(Host& host, const std::string& file, bool force) {
         throw Refusal(fmt::format("{}: somebody else has this project open; try again later", Plain(project.path_)));
     }
     if (force) {
-        project.Mend();  // nothing stays tied to what is lost
-        for (const std::string& failure : project.FailuresSince()) {
-            Platform().ui.Message("the mending did not go through: " + failure);
-        }
+        TellEach("was lost", Unread(project));
+        TellEach("was mended", project.Mend());  // nothing stays tied to what is lost
+        TellEach("the mending did not go through", project.FailuresSince());
         project.failures_at_opening_ = CountRecorded();  // the edit is judged by its own
     } else {
         project.RefuseUnlessWhole();

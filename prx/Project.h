@@ -16,7 +16,8 @@ public:
     /// Opens a file to read it.
     static Project ToLook(Host& host, const std::string& file);
     /// Opens a file to change it. Refuses one that somebody else has open and, unless `force`, one that could not be
-    /// read whole: saving it would lose the rest for good. With `force` ties and links are mended first.
+    /// read whole: saving it would lose the rest for good. With `force` what is lost is told, and ties and links are
+    /// mended first, and told, too.
     static Project ToEdit(Host& host, const std::string& file, bool force);
     /// Starts a project under a name that no file has yet.
     static Project Fresh(Host& host, const std::string& file);

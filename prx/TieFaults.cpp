@@ -24,6 +24,11 @@ std::string Shown(const std::string& name) {
     return Plain(CutTo(name, kWidestName));
 }
 
+/// A key that lists and files keep as it is: the plain text of a number from 1 on.
+bool IsPlainKey(const std::string& key) {
+    return KeyText::CanonicalNumber(key) >= 1;
+}
+
 /// One kind of items, looked at or mended.
 template <class K>
 class Ties {
@@ -31,7 +36,8 @@ public:
     Ties(Application& app, bool mends, Lines& lines) : app_(app), mends_(mends), lines_(lines) {}
 
     void Look() {
-        for (const auto& entry : K::All(app_)->NewEnum()) items_.emplace(K::KeyOf(*entry.item), entry.item);
+        const std::size_t told_before = lines_.size();
+        LookAtItems();
         LookAtRelations();
         for (const auto& entry : app_.xTaskCol()->NewEnum()) {
             const std::string key = KeyText(entry.item->TaskKey()).text();
@@ -40,12 +46,42 @@ public:
         if constexpr (K::kKind != Kind::kNote) {
             for (const auto& [key, item] : items_) LookAtList(*item, ItemName(key), of_item_[key]);
         }
+        if (mends_ && lines_.size() > told_before) CopyAnew();
     }
 
 private:
     using Relation = typename K::Relation;
     using Relations = typename K::Relations;
     using Own = std::vector<Ref<Relation>>;
+
+    /// No list takes an item without a key, and no save a note without one.
+    void LookAtItems() {
+        for (const auto& entry : K::All(app_)->NewEnum()) {
+            const std::string key = K::KeyOf(*entry.item);
+            if (KeyNumber(key) != 0) {
+                items_.emplace(key, entry.item);
+                continue;
+            }
+            Tell(fmt::format("{} \"{}\" has no key", K::kName, Shown(K::NameOf(*entry.item))),
+                 "filed under a key of its own");
+            items_.emplace(mends_ ? FileAnew(entry.item, entry.key.text()) : std::pair(key, entry.item));
+        }
+    }
+
+    std::pair<std::string, Ref<typename K::Record>> FileAnew(const Ref<typename K::Record>& item,
+                                                             const std::string& key) {
+        K::Remove(app_, key);
+        if constexpr (K::kKind == Kind::kNote) {
+            item->NoteKey("");
+        } else {
+            K::All(app_)->IamNotAvailable(key);  // or it would come back
+        }
+        const Ref<typename K::Record> filed = K::All(app_)->AddItem(item);
+        for (const auto& entry : K::Ties(app_)->NewEnum()) {
+            if (K::ItemOf(*entry.item) == key) K::LeadTo(*entry.item, *filed);
+        }
+        return {K::KeyOf(*filed), filed};
+    }
 
     void LookAtRelations() {
         std::set<std::pair<std::string, std::string>> pairs;
@@ -61,6 +97,9 @@ private:
                 fault = fmt::format("leads to {} {}, which is not there", K::kName, Plain(item));
             } else if (!pairs.emplace(task, item).second) {
                 fault = fmt::format("ties task {} to {} {} a second time", task, K::kName, item);
+            } else if (K::kKind == Kind::kNote && !of_item_[item].empty()) {
+                fault = fmt::format("ties task {} to {}, which task {} has", task, ItemName(item),
+                                    of_item_[item].front()->TaskKey().value());
             } else {
                 of_task_[task].push_back(entry.item);
                 of_item_[item].push_back(entry.item);
@@ -72,19 +111,27 @@ private:
         }
     }
 
-    /// A list gives a relation whose key counts as none another one, so that it never agrees with the project's.
+    /// A list gives a relation whose key counts as none another one, and some keep the number in place of its text, so
+    /// that they never agree with the project's.
     void FileWithoutKeyAnew() {
         for (const auto& entry : K::Ties(app_)->NewEnum()) {
             const std::string key = entry.item->elementKey();
-            if (!K::kListsIssueKeys || key.find_first_of("123456789") != std::string::npos) continue;
+            if (IsPlainKey(key)) continue;
             wrong_.insert(key);
             Tell(fmt::format("{} has a key that counts as none", RelationName(key)), "filed under a key of its own");
             if (!mends_) continue;
             K::Ties(app_)->Remove(entry.key.text());
             if constexpr (K::kKind == Kind::kPerson) K::Ties(app_)->IamNotAvailable(key);  // or it would come back
-            entry.item->elementKey("");
+            entry.item->elementKey(K::kListsIssueKeys ? "" : IssuedKey());
             K::Ties(app_)->AddItem(entry.item);
         }
+    }
+
+    /// Where a list issues one only for a new relation.
+    std::string IssuedKey() {
+        const Ref<Relation> stand_in = K::Ties(app_)->Add();
+        K::Ties(app_)->Remove(stand_in->elementKey());
+        return stand_in->elementKey();
     }
 
     /// The keys that a task or an item lists; true when they are its own.
@@ -128,7 +175,7 @@ private:
         std::multiset<std::string> expected;
         for (const Ref<Relation>& relation : own) expected.insert(K::NameOf(*items_.at(K::ItemOf(*relation))));
         std::multiset<std::string> shown;
-        for (const auto& entry : K::Copies(task)) shown.insert(K::NameOf(*entry.item));
+        for (const auto& entry : K::Copies(task)->NewEnum()) shown.insert(K::NameOf(*entry.item));
         if (shown == expected) return;
         const auto list = [](const std::multiset<std::string>& names) {
             return Shown(fmt::format("{}", fmt::join(names, ", ")));
@@ -136,6 +183,18 @@ private:
         Tell(fmt::format("{} shows the {} \"{}\" instead of \"{}\"", TitleOf(task), K::kPlural, list(shown),
                          list(expected)),
              "read anew");
+    }
+
+    /// What a load makes of the ties.
+    void CopyAnew() {
+        for (const auto& entry : app_.xTaskCol()->NewEnum()) {
+            const auto copies = Make<std::remove_reference_t<decltype(*K::Copies(*entry.item))>>();
+            for (const Ref<Relation>& relation : of_task_[KeyText(entry.item->TaskKey()).text()]) {
+                copies->AddItem(items_.at(K::ItemOf(*relation)));
+            }
+            K::Copies(*entry.item, copies);
+        }
+        if constexpr (K::kKind != Kind::kNote) K::All(app_)->SetTasksCollection(K::Ties(app_), app_.xTaskCol());
     }
 
     void Tell(const std::string& fault, const char* mended) {

@@ -85,43 +85,53 @@ TEST_F(LossyFile, OfAKeyThatStandsTwiceIsToldAndRepaired) {
     plan_.Output({"check", "b.prx"});
 }
 
-/// A tie whose record has a key that counts as none.
-class KeylessTie : public testing::TestWithParam<std::pair<const char*, const char*>> {
+/// A tie whose record has a key that no list keeps as it is.
+class KeylessTie : public testing::TestWithParam<std::tuple<std::pair<const char*, const char*>, const char*>> {
 protected:
-    KeylessTie() {
+    KeylessTie() : kind_(std::get<0>(GetParam()).first) {
         plan_.Output({"new", "a.prx"});
         plan_.Output({"add", "a.prx", "Phase"});
-        const std::string kind = GetParam().first;
-        plan_.Output({kind, "a.prx", "add", "Ann"});
-        plan_.Output({"assign", "a.prx", "Phase", kind, "Ann"});
+        plan_.Output({kind_, "a.prx", "add", "Ann"});
+        plan_.Output({"assign", "a.prx", "Phase", kind_, "Ann"});
         const std::string whole = plan_.Read("a.prx");
-        const std::size_t record = whole.find(std::string("<") + GetParam().second + ">");
+        const std::size_t record = whole.find(std::string("<") + std::get<0>(GetParam()).second + ">");
         std::string tail = whole.substr(record);
-        const std::size_t key = tail.find("<Key>1<");
-        plan_.Write("a.prx", whole.substr(0, record) + tail.replace(key, 7, "<Key>0<"));
+        const std::string key = "<Key>1</Key>";
+        plan_.Write("a.prx",
+                    whole.substr(0, record) + tail.replace(tail.find(key), key.size(), std::get<1>(GetParam())));
     }
     void ExpectTied(const std::string& file) const {
         plan_.Output({"check", file});
-        EXPECT_TRUE(Has(plan_.Output({GetParam().first, file, "list"}), "Ann   1\n"));
+        EXPECT_TRUE(Has(plan_.Output({kind_, file, "list"}), "Ann   1\n"));
+        plan_.Output({"unassign", file, "Phase", kind_, "Ann"});
+        plan_.Output({"assign", file, "Phase", kind_, "Ann"});
+        plan_.Output({"check", file});
     }
     const PlanFolder plan_;
+    const std::string kind_;
 };
 
 TEST_P(KeylessTie, IsRepaired) {
-    EXPECT_EQ(plan_.Prx({"check", "a.prx"}).status, 1);
-    plan_.Output({"check", "a.prx", "--repair", "b.prx"});
+    EXPECT_TRUE(Has(plan_.Prx({"check", "a.prx"}).out, " has a key that counts as none\n"));
+    const std::string told = plan_.Output({"check", "a.prx", "--repair", "b.prx"});
+    EXPECT_TRUE(Has(told, " has a key that counts as none: filed under a key of its own\n")) << told;
     ExpectTied("b.prx");
 }
 
 TEST_P(KeylessTie, IsMendedBeforeAForcedEdit) {
-    plan_.Output({"rename", "a.prx", "Phase", "Season", "--force"});
+    const Result result = plan_.Prx({"rename", "a.prx", "Phase", "Phase", "--force"});
+    EXPECT_EQ(result.status, 0) << result.err;
+    EXPECT_TRUE(Has(result.err, "prx: was mended: ")) << result.err;
+    EXPECT_TRUE(Has(result.err, " has a key that counts as none: filed under a key of its own\n")) << result.err;
     ExpectTied("a.prx");
 }
 
 INSTANTIATE_TEST_SUITE_P(Kinds, KeylessTie,
-                         testing::Values(std::pair("person", "TaskAssigmentRelation"),
-                                         std::pair("goal", "TaskGoalRelation"),
-                                         std::pair("obstacle", "TaskObstaclesRelation"),
-                                         std::pair("note", "TaskNoteRelation")));
+                         testing::Combine(testing::Values(std::pair("person", "TaskAssigmentRelation"),
+                                                          std::pair("goal", "TaskGoalRelation"),
+                                                          std::pair("obstacle", "TaskObstaclesRelation"),
+                                                          std::pair("note", "TaskNoteRelation")),
+                                          testing::Values("", "<Key>0</Key>", "<Key>01</Key>", "<Key> 2 </Key>",
+                                                          "<Key>1.5</Key>", "<Key>0.4</Key>", "<Key>-1</Key>")));
 
 }  // namespace prx_test

@@ -131,6 +131,20 @@ TEST_F(Ties, OfNotes) {
     EXPECT_EQ(plan_.Output({"note", "b.prx", "list"}), "Key  Text  Tasks\n  1  Ask   3\n");
 }
 
+TEST_F(Ties, OfANoteToASecondTask) {
+    Damage("</TaskNoteRelations>",
+           "<TaskNoteRelation><TaskKey>2</TaskKey><NoteKey>1</NoteKey><Key>2</Key></TaskNoteRelation></"
+           "TaskNoteRelations>");
+    Damage("<TaskStatusKey>0</TaskStatusKey><TaskObstaclesRelationKeys><Key>1<",
+           "<TaskNoteRelationsKeys><Key>2</Key></TaskNoteRelationsKeys><TaskStatusKey>0</TaskStatusKey>"
+           "<TaskObstaclesRelationKeys><Key>1<");
+
+    const std::string fault = "  note relation 2 ties task 2 to note 1 \"Ask\", which task 3 has";
+    EXPECT_EQ(Faults(), std::string(kTold) + fault + "\n");
+    EXPECT_EQ(Repaired(), Mended(fault + ": taken out\n"));
+    EXPECT_EQ(plan_.Output({"note", "b.prx", "list"}), "Key  Text  Tasks\n  1  Ask   3\n");
+}
+
 // A key that leads nowhere ends the reading of the goals behind it.
 TEST_F(Ties, WhoseItemsATaskDoesNotShow) {
     plan_.Output({"goal", "a.prx", "add", "Cheap"});
