@@ -9,16 +9,8 @@
 #include <unordered_set>
 
 #include "mrlxmlclass/dom/Document.h"
-#include "mrlxmlclass/items/GoalsCol.h"
-#include "mrlxmlclass/items/NotesCol.h"
-#include "mrlxmlclass/items/PeopleCol.h"
-#include "mrlxmlclass/items/TaskAssigmentRelationCol.h"
-#include "mrlxmlclass/items/TaskGoalRelationCol.h"
-#include "mrlxmlclass/items/TaskNoteRelationCol.h"
-#include "mrlxmlclass/items/TaskObstaclesRelationCol.h"
-#include "mrlxmlclass/items/obstaclesCol.h"
 #include "mrlxmlclass/runtime/Text.h"
-#include "mrlxmlclass/session/SafeFile.h"
+#include "prx/LostRecords.h"
 #include "prx/Outline.h"
 #include "prx/Project.h"
 #include "prx/Terminal.h"
@@ -30,48 +22,6 @@ using namespace mrlxmlclass;
 namespace {
 
 using Lines = std::vector<std::string>;
-
-/// Calls `visit(element)` for each child element of that name.
-template <class Visit>
-void ForEach(dom::Node parent, std::string_view name, Visit&& visit) {
-    for (dom::Node node = parent.firstChild(); node; node = node.nextSibling()) {
-        if (node.nodeType() == dom::Node::kElement && node.baseName() == name) visit(node);
-    }
-}
-
-struct SectionCount {
-    const char* section;
-    const char* record;
-    std::int64_t in_memory;
-};
-
-std::vector<SectionCount> CountsInMemory(Application& app) {
-    return {{"Tasks", "Task", app.xTaskCol()->Count(True)},
-            {"People", "Person", app.xPeopleCol()->Count()},
-            {"TaskAssigmentRelations", "TaskAssigmentRelation", app.xTaskPeopleRelationcol()->Count()},
-            {"TaskGoalRelations", "TaskGoalRelation", app.xTaskGoalRelationcol()->Count()},
-            {"TaskObstaclesRelations", "TaskObstaclesRelation", app.xTaskObstaclesRelationcol()->Count()},
-            {"TaskNoteRelations", "TaskNoteRelation", app.xTaskNotesRelationcol()->Count()},
-            {"Goals", "Goal", app.xGoalCol()->Count()},
-            {"Notes", "Note", app.xNoteCol()->Count()},
-            {"Obstacles", "Obstacle", app.xObstaclesCol()->Count()}};
-}
-
-void CompareCounts(const Project& project, dom::Node root, Lines& lines) {
-    for (const SectionCount& count : CountsInMemory(project.app())) {
-        std::int64_t sections = 0;
-        std::int64_t in_file = 0;
-        ForEach(root, count.section, [&](dom::Node section) {
-            ++sections;
-            ForEach(section, count.record, [&](dom::Node) { ++in_file; });
-        });
-        if (sections > 1) lines.push_back(fmt::format("the section {} stands {} times", count.section, sections));
-        if (in_file > count.in_memory) {
-            lines.push_back(fmt::format("{} of {} records in {} could not be read", in_file - count.in_memory, in_file,
-                                        count.section));
-        }
-    }
-}
 
 /// Rows 1 to the number of tasks, each once.
 void CheckRows(const std::vector<OutlineRow>& rows, Lines& lines) {
@@ -146,21 +96,6 @@ void CheckDates(const std::vector<OutlineRow>& rows, Lines& lines) {
 
 }  // namespace
 
-namespace {
-
-Lines LostRecords(const Project& project) {
-    Lines lines;
-    for (const auto& entry : MissingSections(project.path())->Snapshot()) {
-        lines.push_back(fmt::format("the section {} is missing: a save was interrupted, or it was taken out",
-                                    entry.item.As<String>()));
-    }
-    const auto document = Make<dom::Document>();
-    if (document->Load(project.path())) CompareCounts(project, document->documentElement(), lines);
-    return lines;
-}
-
-}  // namespace
-
 std::vector<std::string> Unread(const Project& project) {
     Lines lines = LostRecords(project);
     const Lines failures = project.ReadingFailures();
@@ -191,7 +126,7 @@ std::vector<std::string> Repairs(const Project& project) {
     Lines lines;
     const auto document = Make<dom::Document>();
     if (!document->Load(project.path())) return lines;
-    ForEach(document->documentElement().selectSingleNode("Tasks"), "Task", [&](dom::Node record) {
+    ForEachElement(document->documentElement().selectSingleNode("Tasks"), "Task", [&](dom::Node record) {
         const String key = record.selectSingleNode("TaskKey").Text();
         const Ref<TasksCls> task = project.tasks()->Item(String(Trim(key)));
         if (!task || !task->TaskCondidat()) return;

@@ -7,8 +7,8 @@ namespace prx {
 
 class Project;
 
-/// What the file holds and the opened project does not: sections that are missing or stand twice, records that were
-/// passed over, failures on the way. Empty for a project that was read whole.
+/// What the file holds and the opened project does not: sections that are missing or stand twice, records and
+/// elements that were passed over, failures on the way. Empty for a project that was read whole.
 std::vector<std::string> Losses(const Project& project);
 /// The same without the failures that lost nothing: what no save could bring back.
 std::vector<std::string> Unread(const Project& project);
