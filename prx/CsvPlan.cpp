@@ -10,6 +10,7 @@
 #include "mrlxmlclass/dom/Characters.h"
 #include "mrlxmlclass/runtime/Text.h"
 #include "prx/Csv.h"
+#include "prx/Items.h"
 #include "prx/Refusal.h"
 #include "prx/Terminal.h"
 #include "prx/Values.h"
@@ -22,6 +23,7 @@ namespace {
 
 constexpr int kMostLevels = 1000;
 constexpr std::size_t kMostTasks = 32766;  ///< in the outline and beside it; also of items
+constexpr std::size_t kMostTies = 32767;   ///< of people to tasks; also of goals
 
 /// Anything that a row of the table can be: a phase, a task, a person, a goal, an obstacle.
 struct Row {
@@ -29,8 +31,8 @@ struct Row {
     std::string kind;
     String name;
     int level = 0;
-    Date start;
-    Date end;
+    std::optional<Date> start;
+    std::optional<Date> end;
     Boolean done;
     String note;
     std::vector<String> people;
@@ -42,8 +44,8 @@ public:
     explicit TableTask(Row row) : row_(std::move(row)) {}
 
     String Name() override { return row_.name; }
-    Date StartDate() override { return below.empty() ? row_.start : Date(); }
-    Date EndDate() override { return row_.end; }
+    Date StartDate() override { return below.empty() ? row_.start.value_or(Date()) : Date(); }
+    Date EndDate() override { return row_.end.value_or(Date()); }
     Boolean Completed() override { return row_.done; }
     String Note() override { return row_.note; }
     std::vector<String> AssignedResource() override { return row_.people; }
@@ -218,14 +220,17 @@ public:
         if (!items_.insert({row.kind, row.name}).second) {
             RefuseLine(row.line, fmt::format("there is a {} \"{}\" already", row.kind, Plain(row.name)));
         }
-        if (items_.size() > kMostTasks) RefuseLine(row.line, fmt::format("{} items are the most", kMostTasks));
+        RefuseMoreItems(row.line);
         lists_.push_back(row);
         for (std::size_t i = 0; i < row.tasks.size(); ++i) CountTask(row);
+        constexpr std::size_t kByTheConversion = 2;  ///< it ties work beside the outline twice
         if (row.kind == "person") {
+            CountTies(Kind::kPerson, kByTheConversion * row.tasks.size(), row.line);
             if (!row.note.empty()) RefuseLine(row.line, "a person has no note");
             if (row.name.find(';') != String::npos) RefuseLine(row.line, "\";\" parts the names of people");
             project_->people.emplace_back(Ref<OldPerson>(new TablePerson(row)));
         } else if (row.kind == "goal") {
+            CountTies(Kind::kGoal, kByTheConversion * row.tasks.size(), row.line);
             project_->AddGoal(Ref<OldItem>(new TableItem(row)));
         } else if (row.kind == "obstacle") {
             project_->obstacles.emplace_back(Ref<OldItem>(new TableObstacle(row)));
@@ -237,9 +242,9 @@ public:
     }
 
     Ref<OldProject> Whole() {
-        for (const String& name : mentioned_) {
-            if (items_.contains({"person", name})) continue;
-            items_.insert({"person", name});
+        for (const auto& [name, line] : mentioned_) {
+            if (!items_.insert({"person", name}).second) continue;
+            RefuseMoreItems(line);
             Row person;
             person.name = name;
             project_->people.emplace_back(Ref<OldPerson>(new TablePerson(person)));
@@ -266,18 +271,29 @@ public:
 
 private:
     static void RefuseFieldsOfTasks(const Row& row) {
-        if (row.level == 0 && !row.start.set() && !row.end.set() && !row.done && row.people.empty()) return;
+        if (row.level == 0 && !row.start && !row.end && !row.done && row.people.empty()) return;
         RefuseLine(row.line, "level, start, end, done and people are for phases and tasks");
+    }
+
+    void RefuseMoreItems(std::size_t line) const {
+        if (items_.size() > kMostTasks) RefuseLine(line, fmt::format("{} items are the most", kMostTasks));
     }
 
     void CountTask(const Row& row) {
         if (++tasks_ > kMostTasks) RefuseLine(row.line, fmt::format("{} tasks are the most", kMostTasks));
     }
 
+    void CountTies(Kind kind, std::size_t ties, std::size_t line) {
+        if ((ties_[kind] += ties) <= kMostTies) return;
+        RefuseLine(line, fmt::format("{} ties of {} to tasks are the most; one to work in \"tasks\" counts twice",
+                                     kMostTies, PluralOf(kind)));
+    }
+
     void AddToOutline(Row row) {
         CountTask(row);
+        CountTies(Kind::kPerson, row.people.size(), row.line);
         if (!row.tasks.empty()) RefuseLine(row.line, "the tasks of a phase have rows of their own");
-        if (row.start.set() != row.end.set() || row.end < row.start) {
+        if (row.start.has_value() != row.end.has_value() || row.end < row.start) {
             RefuseLine(row.line, "give both start and end, in this order, or none");
         }
         row.level = LevelOf(row);
@@ -286,7 +302,7 @@ private:
         for (const String& name : row.people) {
             if (std::ranges::count(row.people, name) > 1)
                 RefuseLine(row.line, fmt::format("\"{}\" is named twice", Plain(name)));
-            mentioned_.push_back(name);
+            mentioned_.emplace_back(name, row.line);
         }
         const auto task = Make<TableTask>(std::move(row));
         outline_rows_.push_back(task);
@@ -311,10 +327,11 @@ private:
     std::vector<Ref<TableTask>> outline_rows_;
     std::set<String> outline_;
     std::vector<std::vector<String>> work_of_obstacles_;
-    std::vector<String> mentioned_;
+    std::vector<std::pair<String, std::size_t>> mentioned_;  ///< people, and the lines that name them
     std::vector<Row> lists_;
     std::set<std::pair<std::string, String>> items_;
     std::size_t tasks_ = 0;
+    std::map<Kind, std::size_t> ties_;
 };
 
 }  // namespace

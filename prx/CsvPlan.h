@@ -1,5 +1,6 @@
 #pragma once
 
+#include <optional>
 #include <string_view>
 #include <vector>
 
@@ -11,8 +12,8 @@ namespace prx {
 struct PlannedTask {
     std::size_t line;
     mrlxmlclass::String name;
-    mrlxmlclass::Date start;  ///< 0: none is given
-    mrlxmlclass::Date end;
+    std::optional<mrlxmlclass::Date> start;
+    std::optional<mrlxmlclass::Date> end;
     bool summary;  ///< its days follow from what is below it
 };
 

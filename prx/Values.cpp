@@ -61,8 +61,11 @@ Date ReadDate(std::string_view text) {
 }
 
 std::string Text(Date date) {
-    if (!date.set()) return "none";
-    return fmt::format("{:04}-{:02}-{:02}", date.year(), date.month(), date.day_of_month());
+    return date.set() ? DayText(date) : "none";
+}
+
+std::string DayText(Date day) {
+    return fmt::format("{:04}-{:02}-{:02}", day.year(), day.month(), day.day_of_month());
 }
 
 bool IsNumber(std::string_view text) {

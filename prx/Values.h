@@ -13,6 +13,8 @@ namespace prx {
 mrlxmlclass::Date ReadDate(std::string_view text);
 /// "none" for a date that is not set.
 std::string Text(mrlxmlclass::Date date);
+/// Also of the day that stands for "not set".
+std::string DayText(mrlxmlclass::Date day);
 
 /// Digits alone, such as a key.
 bool IsNumber(std::string_view text);

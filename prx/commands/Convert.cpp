@@ -138,7 +138,7 @@ private:
         std::set<std::int64_t> summaries;
         for (std::size_t i = 0; i < std::min(rows.size(), plan_->outline().size()); ++i) {
             const TasksCls& task = *rows[i].task;
-            if (plan_->outline()[i].start.set() || !summaries.insert(task.ParentID()).second) continue;
+            if (plan_->outline()[i].start.value_or(Date()).set() || !summaries.insert(task.ParentID()).second) continue;
             AdjustDatesAbove(project, task);
         }
     }
@@ -149,11 +149,11 @@ private:
         for (std::size_t i = 0; i < std::min(rows.size(), plan_->outline().size()); ++i) {
             const PlannedTask& planned = plan_->outline()[i];
             const TasksCls& task = *rows[i].task;
-            if (planned.summary || !planned.start.set()) continue;
+            if (planned.summary || !planned.start) continue;
             if (task.TaskBDate() == planned.start && task.TaskEDate() == planned.end) continue;
             lines.push_back(fmt::format("line {}: \"{}\" would be {} to {} instead of {} to {}", planned.line,
                                         Plain(CutTo(planned.name, kWidestName)), Text(task.TaskBDate()),
-                                        Text(task.TaskEDate()), Text(planned.start), Text(planned.end)));
+                                        Text(task.TaskEDate()), DayText(*planned.start), DayText(*planned.end)));
         }
         if (lines.empty()) return;
         throw Refusal(fmt::format("{}: a task lies in the years {} to {} and takes {} days at most:\n  {}",

@@ -80,6 +80,40 @@ TEST(Import, RefusesMoreTasksThanThereAreKeys) {
     EXPECT_EQ(Table(rows).Refusal({"import", "a.csv"}), "prx: a.csv: line 32768: 32766 tasks are the most\n");
 }
 
+TEST(Import, RefusesTheDayThatStandsForNone) {
+    EXPECT_TRUE(Has(Table("phase,1,A,,\ntask,2,B,1899-12-30,1899-12-30\n").RefusedLines(),
+                    " instead of 1899-12-30 to 1899-12-30\n"));
+    EXPECT_TRUE(Has(Table("phase,1,A,,\ntask,2,B,1899-12-30,2026-03-02\n").RefusedLines(), "line 3: \"B\""));
+}
+
+TEST(Import, RefusesMoreTiesThanThereAreKeys) {
+    constexpr int kPeople = 331;
+    constexpr int kRows = 99;  // 99 times 331 is 32769
+    std::string people;
+    for (int i = 0; i < kPeople; ++i) people += "P" + std::to_string(i) + ";";
+    std::string table = "kind,name,people\nphase,A,\n";
+    for (int i = 0; i < kRows; ++i) table += "task,B," + people + "\n";
+    const Folder folder;
+    folder.Write("a.csv", table);
+    EXPECT_EQ(
+        folder.Refusal({"import", "a.csv"}),
+        "prx: a.csv: line 101: 32767 ties of people to tasks are the most; one to work in \"tasks\" counts twice\n");
+
+    std::string work;
+    for (int i = 0; i < 16384; ++i) work += "W" + std::to_string(i) + ";";
+    folder.Write("a.csv", "kind,name,tasks\nphase,A,\ngoal,G," + work + "\n");
+    EXPECT_EQ(folder.Refusal({"import", "a.csv"}),
+              "prx: a.csv: line 3: 32767 ties of goals to tasks are the most; one to work in \"tasks\" counts twice\n");
+}
+
+TEST(Import, CountsPeopleWithoutARowAmongTheItems) {
+    std::string table = "kind,name,people\nphase,A,\n";
+    for (int i = 0; i < 32760; ++i) table += "goal,G" + std::to_string(i) + ",\n";
+    const Folder folder;
+    folder.Write("a.csv", table + "phase,B,a;b;c;d;e;f\nphase,C,f;g\n");
+    EXPECT_EQ(folder.Refusal({"import", "a.csv"}), "prx: a.csv: line 32764: 32766 items are the most\n");
+}
+
 TEST(Import, SaysWhatIsWrongWithTheHeader) {
     const Folder folder;
     const auto refusal = [&](const std::string& table) {
