@@ -128,6 +128,17 @@ TEST(ChangeTaskParent, SplicesATaskBehindAPredecessorThatWaitsItself) {
     EXPECT_EQ(DayName(plan["Door"].TaskBDate()), DayName(Wednesday));
 }
 
+TEST(ChangeTaskParent, KeepsTheGapOfATaskThatItSplicesRightBehindThePredecessor) {
+    LinkingPlan plan;
+    plan.Task("House").Task("A").Under("House").From(Monday).Task("B").Under("House").From(Tuesday).After("A");
+    plan.Task("Door").Under("House").From(Friday);
+    Settle(plan, {"House"});
+    plan.col().ChangeTaskParent("4", String("0"), "", "", "3", False);
+    EXPECT_EQ(Links(plan), "A -> B\nB <- A|0\nB -> Door\nDoor <- B|2\n");
+    EXPECT_EQ(DayName(plan["Door"].TaskBDate()), DayName(Wednesday));
+    plan.Heard();
+}
+
 TEST(ChangeTaskParent, LeavesTheParentsSuccessorsWhenTheTaskIsNotThere) {
     LinkingPlan plan;
     plan.Task("A").From(Monday).Task("B").From(Tuesday).After("A").Task("C");

@@ -213,6 +213,14 @@ TEST_P(MovingBetweenParents, KeepsTheParentOnAMoveUpThatSaysItChanges) {
     EXPECT_EQ(Heard(), "UpDown(True, 3, 4, 1, True, grid)\n");
 }
 
+TEST_P(MovingBetweenParents, ComesUpUnderAnotherParentInFrontOfATaskThatWaitsForItWhateverIsSaidOfTheParent) {
+    plan.About("C").After("T");
+    Number(plan, {"Old", "New", "T", "C", "A"});
+    plan.col().MoveTaskUpOrDown("3", True, "4", "1", True, "grid");
+    EXPECT_EQ(Family(plan), "1 Old: A\n2 New: C T\n3   -T\n4   -C\n5   -A\n");
+    EXPECT_TRUE(Heard().ends_with("UpDown(True, 3, 4, 1, True, grid)\n"));
+}
+
 TEST_P(MovingBetweenParents, ComesUpUnderAParentOneRowFurther) {
     Number(plan, {"Old", "A", "New", "T", "C"});
     plan.col().MoveTaskUpOrDown("3", True, "4", "1", False, "grid");
@@ -223,6 +231,17 @@ TEST_P(MovingBetweenParents, ComesUpUnderAParentOneRowFurther) {
     EXPECT_NE(heard.find(Summed(4, Tuesday, Wednesday, 2)), String::npos) << heard;
     EXPECT_LT(heard.find(Summed(4, Tuesday, Wednesday, 2)), heard.find(Costs(4, 11))) << heard;
     EXPECT_TRUE(heard.ends_with(Costs(1, 5) + "UpDown(True, 3, 4, 1, False, grid)\n")) << heard;
+}
+
+TEST_P(Moving, TakesItsCostOffAnOldParentThatHasNoChildLeft) {
+    plan.Task("Old").Task("T").Under("Old").From(Tuesday).Costing(10).Task("X").From(Monday);
+    plan.Task("New").Task("C").Under("New").From(Wednesday).Costing(1);
+    Settle(plan, {"Old", "New"});
+    Number(plan, {"Old", "X", "New", "T", "C"});
+    plan.col().MoveTaskUpOrDown("2", True, "4", "1", False, "grid");
+    EXPECT_EQ(plan["New"].TaskCost(), Currency(11));
+    EXPECT_EQ(plan["Old"].TaskCost(), Currency(0));
+    EXPECT_TRUE(Heard().ends_with(Costs(1, 0) + "UpDown(True, 2, 4, 1, False, grid)\n"));
 }
 
 TEST_P(MovingBetweenParents, KeepsTheParentWhereTheNewOneStandsElsewhere) {
@@ -295,7 +314,7 @@ TEST(MoveTaskUpOrDown, TellsASilencedHostTheDurationsAlone) {
 
 TEST(MoveTaskUpOrDown, CleansLinksThatPointBackwardFromAMovedSummary) {
     Plan plan;
-    plan.Task("S").From(Monday).Task("T").Task("K").Under("T").From(Tuesday);
+    plan.Task("S").From(Monday).Task("T").Task("K").Under("T").From(Tuesday).Task("L").Under("T").From(Wednesday);
     plan["S"].TaskPredecessor()->Add("3", "3");
     plan["K"].TaskSuccessor()->Add("1", "1");
     plan.col().MoveTaskUpOrDown("2", False, "0", "0", False, "grid");
