@@ -110,6 +110,15 @@ TEST(ItemRemove, IsSilentWhateverHappensAndFreesAKeyOnce) {
     EXPECT_EQ(people->Count(), 0);
 }
 
+TEST(ItemRemove, OfAKeyThatIsNotThereFreesNothing) {
+    Items s;
+    s.Master<PeopleCol>()->Remove(99);
+    s.Master<GoalsCol>()->Remove("99");
+    s.Master<obstaclesCol>()->Remove("x");
+    for (const auto pool : {Keys::Person, Keys::Goal, Keys::Obstacle}) EXPECT_EQ(FreedIn(s.counters, pool), "");
+    EXPECT_EQ(s.Master<PeopleCol>()->Add()->personkey(), 1);
+}
+
 TEST(ItemRemove, OnATasksOwnListFreesNothing) {
     Items s;
     const auto copies = Make<GoalsCol>();

@@ -102,6 +102,19 @@ TEST(RelationXml, ReadsBackWhatItWroteAndRaisesTheCounterOfItsKind) {
     EXPECT_EQ(relation->TaskKey(), 0);  // each reading starts anew
 }
 
+TEST(RelationXml, StandsUnderTheFirstKeyOfItsKindWhereNoneIsTold) {
+    Items s;
+    const auto key_of = [&](const auto& relation) {
+        relation->elementKey("7");
+        EXPECT_EQ(relation->FromXml("<R><TaskKey>1</TaskKey></R>", s.counters), True);
+        return relation->elementKey();
+    };
+    EXPECT_EQ(key_of(Make<TaskAssigmentRelationCls>()), "0");
+    EXPECT_EQ(key_of(Make<TaskGoalRelationCls>()), "");
+    EXPECT_EQ(key_of(Make<TaskObstaclesRelationCls>()), "");
+    EXPECT_EQ(key_of(Make<TaskNoteRelationCls>()), "");
+}
+
 TEST(RelationXml, LeavesAnElementOutOfOrderUnread) {
     Items s;
     const auto relation = Make<TaskGoalRelationCls>();

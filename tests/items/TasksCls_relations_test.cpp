@@ -363,6 +363,24 @@ TEST(UpdatePeopleCollection, LosesTheCopyAndFailsWhereTheProjectLostTheRelation)
     EXPECT_EQ(s.failures.Taken(), "TasksCls/SetPeopleCollection 91\n");
 }
 
+TEST(UpdatePeopleCollection, LosesTheCopyBeforeItLooksIntoTheProjectsLists) {
+    for (const bool relations_missing : {true, false}) {
+        Items s;
+        const auto task = TaskOf(4);
+        const auto people = s.Master<PeopleCol>();
+        const auto project = Make<TaskAssigmentRelationCol>();
+        people->Add();
+        project->Add("1")->personkey(1);
+        task->TaskPeopleRelation()->Add("1")->personkey(1);
+        task->TasksPeople()->AddItem(people->Item(1));
+        EXPECT_EQ(relations_missing ? task->UpdatePeopleCollection({}, people, 1)
+                                    : task->UpdatePeopleCollection(project, {}, 1),
+                  False);
+        EXPECT_EQ(task->TasksPeople()->Count(), 0);
+        EXPECT_EQ(s.failures.Taken(), "TasksCls/SetPeopleCollection 91\n");
+    }
+}
+
 TEST(TaskKeyLists, ComeBackFromTheTasksElement) {
     Items s;
     const auto task = TaskOf(4);
