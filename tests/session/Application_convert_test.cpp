@@ -3,6 +3,7 @@
 #include "mrlxmlclass/items/GoalsCol.h"
 #include "mrlxmlclass/items/NotesCol.h"
 #include "mrlxmlclass/items/PeopleCol.h"
+#include "mrlxmlclass/items/Relation_internal.h"
 #include "mrlxmlclass/items/TaskAssigmentRelationCol.h"
 #include "mrlxmlclass/items/TaskGoalRelationCol.h"
 #include "mrlxmlclass/items/TaskNoteRelationCol.h"
@@ -35,6 +36,15 @@ protected:
                     (task.TaskCondidat() ? "" : " beside") + (task.TaskType() ? "" : " phase") + "\n";
         }
         return rows;
+    }
+    /// The pairs of a task and an item, by their keys.
+    template <class Relations>
+    String Tied(const Ref<Relations>& relations) {
+        String pairs;
+        for (const auto& entry : relations->NewEnum()) {
+            pairs += KeyText(entry.item->TaskKey()).text() + "-" + KeyText(In(entry.item).item_key()).text() + " ";
+        }
+        return pairs;
     }
 
     Plan plan;
@@ -123,11 +133,27 @@ TEST_F(Converted, TaskWithoutAStartIsTodayForADay) {
     EXPECT_EQ(Task(1).TaskDuration(), 1);
 }
 
+TEST_F(Converted, PhaseDoesNotFollowATaskWithoutAStart) {
+    old.phases = {OldRow("A").From(Monday, Tuesday).With({OldRow("A1")})};
+    EXPECT_EQ(Convert(), True);
+    EXPECT_EQ(Task(1).TaskBDate(), Monday);
+    EXPECT_EQ(Task(1).TaskEDate(), Tuesday);
+}
+
+TEST_F(Converted, DatesOutOfRangeAreMended) {
+    old.phases = {OldRow("A").From(Date::Of(1990, 5, 7), Date::Of(1990, 5, 8)),
+                  OldRow("B").From(Date::Of(2090, 5, 7), Date::Of(2090, 5, 8))};
+    EXPECT_EQ(Convert(), True);
+    EXPECT_EQ(Task(1).TaskBDate(), Date::Of(2000, 5, 7));
+    EXPECT_EQ(Task(2).TaskBDate().year(), MaxYear());
+}
+
 TEST_F(Converted, CompletedTaskIsAllDone) {
     old.phases = {OldRow("A").Done(), OldRow("B")};
     EXPECT_EQ(Convert(), True);
     EXPECT_EQ(Task(1).TaskPercentDone(), 100);
     EXPECT_EQ(Task(2).TaskPercentDone(), 0);
+    EXPECT_EQ(Task(2).TaskPercentDoneValid(), False) << "nothing is said of it";
 }
 
 TEST_F(Converted, PeopleKeepTheirOrderAndTheirWork) {
@@ -138,6 +164,17 @@ TEST_F(Converted, PeopleKeepTheirOrderAndTheirWork) {
     EXPECT_EQ(plan.app->xPeopleCol()->Item(Long(2))->PersonPosition(), 1);
     EXPECT_EQ(Task(1).PeopleAsString(), "Bob, Ann");
     EXPECT_EQ(plan.app->xTaskPeopleRelationcol()->Count(), 2);
+}
+
+TEST_F(Converted, PeopleOfATaskComeBeforeItsNote) {
+    old.people = {OldRow("Ann")};
+    old.phases = {OldRow("A").By({"Ann"}).Saying("Text")};
+    EXPECT_EQ(Convert(), True);
+    const String heard = plan.Heard();
+    const auto assigned = heard.find("AssigmentChange(1, Ann)");
+    const auto noted = heard.find("NoteChange(1, Text)");
+    ASSERT_NE(noted, String::npos) << heard;
+    EXPECT_LT(assigned, noted) << heard;
 }
 
 TEST_F(Converted, WorkOfSomebodyUnknownIsRecordedAndPassedBy) {
@@ -174,14 +211,15 @@ TEST_F(Converted, ListOfAPersonFindsTheOutlinesTasksByName) {
     EXPECT_EQ(Task(4).PeopleAsString(), "Ann");
 }
 
-TEST_F(Converted, KeepsTwoRelationsOfAPersonAndACandidate) {
-    old.people = {OldRow("Ann").With({OldRow("Fly")})};
+TEST_F(Converted, KeepsTwoRelationsOfAnItemAndACandidate) {
+    old.people = {OldRow("Ann"), OldRow("Bob").With({OldRow("Fly")})};
+    old.goals = {OldRow("Health"), OldRow("Money").With({OldRow("Earn")})};
+    old.obstacles = {OldRow("Rain"), OldRow("Snow").With({OldRow("Melt")})};
     EXPECT_EQ(Convert(), True);
-    EXPECT_EQ(plan.app->xTaskPeopleRelationcol()->Count(), 2);
-    for (const auto& entry : plan.app->xTaskPeopleRelationcol()->NewEnum()) {
-        EXPECT_EQ(entry.item->TaskKey(), 1);
-        EXPECT_EQ(entry.item->personkey(), 1);
-    }
+    EXPECT_EQ(Task(1).PeopleAsString(), "Bob");
+    EXPECT_EQ(Tied(plan.app->xTaskPeopleRelationcol()), "1-2 1-2 ");
+    EXPECT_EQ(Tied(plan.app->xTaskGoalRelationcol()), "2-2 2-2 ");
+    EXPECT_EQ(Tied(plan.app->xTaskObstaclesRelationcol()), "3-2 3-2 ");
 }
 
 TEST_F(Converted, KeepsForgettingTheNamesBehindTheFirstItem) {
@@ -199,7 +237,7 @@ TEST_F(Converted, KeepsForgettingTheNamesBehindTheFirstItem) {
 TEST_F(Converted, GoalsAndObstaclesAreTiedToTheTasksOfTheirLists) {
     old.phases = {OldRow("Dig")};
     old.goals = {OldRow("Health").Saying("Why").With({OldRow("Dig")}), OldRow("Money")};
-    old.obstacles = {OldRow("Rain").Saying("Wet").With({OldRow("Wait")})};
+    old.obstacles = {OldRow("Rain").Saying("Wet").With({OldRow("Wait")}), OldRow("Snow")};
     EXPECT_EQ(Convert(), True);
     EXPECT_EQ(Rows(),
               "1 Dig under 0 row 1.0/0\n"
@@ -213,6 +251,7 @@ TEST_F(Converted, GoalsAndObstaclesAreTiedToTheTasksOfTheirLists) {
     const Ref<ObstaclesCls> obstacle = plan.app->xObstaclesCol()->Item(Long(1));
     EXPECT_EQ(obstacle->ObstaclesName(), "Rain");
     EXPECT_EQ(obstacle->ObstaclesDescription(), "Wet");
+    EXPECT_EQ(plan.app->xObstaclesCol()->Item(Long(2))->ObstaclesPosition(), 1);
     EXPECT_EQ(plan.app->xTaskObstaclesRelationcol()->Count(), 2) << "a candidate is tied twice";
 }
 
