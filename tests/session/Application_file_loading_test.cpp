@@ -213,30 +213,6 @@ TEST(LoadXML, GoesOnWhenAHandlerFails) {
     EXPECT_EQ(plan.app->xPeopleCol()->Count(), 1);
 }
 
-TEST(LoadXML, WiresTheTasksThatTheSessionHoldsAtEachStep) {
-    WholeProject plan;
-    ASSERT_EQ(plan.SaveAs("p.prx"), True);
-    Ref<TasksCol> first;
-    plan.platform.ui.on_yield = [&] {
-        const Ref<TasksCol> tasks = plan.app->xTaskCol();
-        // The people have their tasks, and the tasks have no people yet.
-        if (first || plan.app->xPeopleCol()->Count() == 0 || plan.app->xPeopleCol()->Item(1)->Tasks()->Count(True) == 0)
-            return;
-        first = tasks;
-        plan.app->xTaskCol(tasks->Clone());
-    };
-    EXPECT_EQ(plan.Load("p.prx"), True);
-    plan.platform.ui.on_yield = nullptr;
-    ASSERT_TRUE(first);
-    const auto noted = [](const Ref<TasksCol>& tasks) {
-        int count = 0;
-        for (const auto& entry : tasks->NewEnum()) count += entry.item->NoteAsString().empty() ? 0 : 1;
-        return count;
-    };
-    EXPECT_EQ(noted(first), 0);
-    EXPECT_GT(noted(plan.app->xTaskCol()), 0);
-}
-
 TEST(LoadXML, OutlivesAHostThatLetsGoOfTheSessionMeanwhile) {
     WholeProject plan;
     ASSERT_EQ(plan.SaveAs("p.prx"), True);
