@@ -170,4 +170,24 @@ void Listener::CompletedChange(Long key, Integer percent) {
     if (task) Check("CompletedChange", key, task->TaskPercentDone() == Long(percent), "another progress");
 }
 
+void Listener::AssigmentChange(Long key, const String& people) {
+    const Ref<TasksCls> task = About("AssigmentChange", key);
+    if (task) Check("AssigmentChange", key, people == task->PeopleAsString(), people);
+}
+
+void Listener::GoalChange(Long key, const String& goals) {
+    const Ref<TasksCls> task = About("GoalChange", key);
+    if (task) Check("GoalChange", key, goals == task->GoalsAsString(), goals);
+}
+
+void Listener::ObstaclesChange(Long key, const String& obstacles) {
+    const Ref<TasksCls> task = About("ObstaclesChange", key);
+    if (task) Check("ObstaclesChange", key, obstacles == task->ObstaclesAsString(), obstacles);
+}
+
+void Listener::NoteChange(Long key, const String& note) {
+    const Ref<TasksCls> task = About("NoteChange", key);
+    if (task) Check("NoteChange", key, note == task->NoteAsString(), note);
+}
+
 }  // namespace mrlxmlclass::model

@@ -11,6 +11,10 @@ public:
     explicit Listener(World& world) : world_(world) {}
 
     MRLXMLCLASS_HEARS_EDITS
+    void AssigmentChange(Long key, const String& people) override;
+    void GoalChange(Long key, const String& goals) override;
+    void ObstaclesChange(Long key, const String& obstacles) override;
+    void NoteChange(Long key, const String& note) override;
 
 private:
     /// The task that an event is about; complains where there is none, and of an event that a silenced host hears.

@@ -8,8 +8,8 @@ namespace {
 const std::vector<Operation>& AllOperations() {
     static const std::vector<Operation> kAll = [] {
         std::vector<Operation> all;
-        for (const auto group :
-             {OutlineOperations(), MoveOperations(), DateOperations(), LinkOperations(), OtherOperations()}) {
+        for (const auto group : {OutlineOperations(), MoveOperations(), DateOperations(), LinkOperations(),
+                                 ItemOperations(), QuestionOperations(), OtherOperations()}) {
             all.insert(all.end(), group.begin(), group.end());
         }
         return all;

@@ -43,6 +43,8 @@ std::span<const Operation> OutlineOperations();
 std::span<const Operation> MoveOperations();
 std::span<const Operation> DateOperations();
 std::span<const Operation> LinkOperations();
+std::span<const Operation> ItemOperations();
+std::span<const Operation> QuestionOperations();
 std::span<const Operation> OtherOperations();
 
 const Operation& OperationNamed(std::string_view name);

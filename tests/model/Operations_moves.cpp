@@ -46,8 +46,9 @@ bool Move(const Edit& edit, bool up) {
     } else {
         edit.world.PutRowsBehind(*edit.task, *neighbour);
     }
-    edit.col().MoveTaskUpOrDown(edit.key(), up, edit.parent_key(), edit.parent_key(), /*ChangingParent=*/False, "model",
-                                /*p_first_time=*/edit.Is(0));
+    const auto move = edit.Is(1) ? &TasksCol::MoveTaskUpOrDowndepend : &TasksCol::MoveTaskUpOrDown;
+    (edit.col().*move)(edit.key(), up, edit.parent_key(), edit.parent_key(), /*ChangingParent=*/False, "model",
+                       /*p_first_time=*/edit.Is(0));
     CheckType(edit);
     return true;
 }
@@ -84,7 +85,7 @@ bool TakeRest(const Edit& edit) {
 std::span<const Operation> MoveOperations() {
     static constexpr Operation kOperations[] = {
         {"Indent", 22, About::kTask, 0, 7, Indent},    {"Outdent", 12, About::kTask, 0, 7, Outdent},
-        {"MoveUp", 7, About::kTask, 0, 1, MoveUp},     {"MoveDown", 7, About::kTask, 0, 1, MoveDown},
+        {"MoveUp", 7, About::kTask, 0, 3, MoveUp},     {"MoveDown", 7, About::kTask, 0, 3, MoveDown},
         {"MoveInto", 6, About::kTask, 0, 1, MoveInto}, {"TakeRest", 3, About::kTask, 0, 0, TakeRest},
     };
     return kOperations;

@@ -1,5 +1,5 @@
+#include "mrlxmlclass/session/StaticCls_internal.h"
 #include "tests/model/Operations.h"
-#include "tests/support/WholeProject.h"
 #include "tests/tasks/Removals.h"
 
 namespace mrlxmlclass::model {
@@ -7,6 +7,12 @@ namespace {
 
 Long LastRow(const Edit& edit, const TasksCls& task) {
     return edit.world.Block(task).back()->TaskPosition();
+}
+
+void GiveDates(TasksCls& task, int number) {
+    task.TaskBDate(Monday + number % 10);
+    task.TaskBDate(task.TaskBDate());  // the first one leaves a fresh task without an end
+    task.TaskDuration(1 + number % 4);
 }
 
 /// A new task, last below another, right behind another on its level, or last of all. Most get a start.
@@ -32,11 +38,7 @@ bool Add(const Edit& edit) {
         task->TaskPosition(Long(LastRow(edit, *edit.other) + 1));
         edit.col().ArrangePositionAfterInsert(KeyOf(*task));
     }
-    if (dated) {
-        task->TaskBDate(Monday + edit.number() % 10);
-        task->TaskBDate(task->TaskBDate());  // the first one leaves a fresh task without an end
-        task->TaskDuration(1 + edit.number() % 4);
-    }
+    if (dated) GiveDates(*task, edit.number());
     edit.col().ChangeName(KeyOf(*task), "T" + std::to_string(edit.step.task), /*NewTask=*/True);
     if (parent != 0) edit.col().AdjustSummary(KeyText(parent).text());
     return true;
@@ -54,6 +56,24 @@ bool Insert(const Edit& edit) {
     return edit.col().SetNewCondidat(Integer(task->TaskPosition()), KeyOf(*task)).full();
 }
 
+/// A task that the host made itself, in the last row, under a key that was freed before if it asks for one.
+bool Store(const Edit& edit) {
+    const auto task = Make<TasksCls>();
+    const Ref<Collection> freed = In(edit.col().oPublicStaticCls).PeekPool(StaticCls::Internal::Task);
+    const bool reserves = edit.Is(0) && freed && freed->Count() > 0;
+    if (reserves) task->TaskKey((*freed->Snapshot().begin()).item.Key().Number());
+    const bool taken = edit.col().IamNotAvailable(reserves ? KeyOf(*task) : "none").full();
+    if (taken != reserves) edit.world.Complain("keys", "a freed key is told otherwise");
+    task->TaskName("T" + std::to_string(edit.step.task));
+    task->TaskPosition(edit.col().Count(False) + 1);
+    const Ref<TasksCls> stored = edit.col().AddItem(task);
+    if (!stored || stored == task) edit.world.Complain("keys", "no copy of the task is stored");
+    if (!stored) return true;
+    edit.world.Remember(edit.step.task, *stored);
+    GiveDates(*stored, edit.number());
+    return true;
+}
+
 /// A task without children: for good, or as a candidate.
 bool Remove(const Edit& edit) {
     if (edit.col().isParent(edit.key())) return false;
@@ -69,6 +89,36 @@ bool RemoveAndClose(const Edit& edit) {
     edit.col().Remove(edit.key(), {}, {}, {}, {}, {}, {}, /*ForceDelete=*/True);
     const std::vector<Ref<TasksCls>> rows = edit.world.Rows();
     if (!rows.empty()) edit.col().ArrangePositionAfterInsert(KeyOf(*rows.front()), {}, Integer(row));
+    return true;
+}
+
+/// A task without children and links, taken out by hand: the host tells its parent, and closes the hole.
+bool Drop(const Edit& edit) {
+    const ModuleState& module = Module();
+    const Long key = edit.task->TaskKey();
+    if (edit.col().isParent(edit.key()) || module.g_MinDateTaskKey == key || module.g_MaxDateTaskKey == key)
+        return false;
+    if (!In(edit.task).PredecessorKeys().empty() || !In(edit.task).SuccessorKeys().empty()) return false;
+    const Long row = edit.task->TaskPosition();
+    const bool below = edit.task->ParentID() != 0;
+    // This is told even to a host that is silenced.
+    const Boolean tell = !edit.world.setting.silent;
+    if (edit.col().RemoveParentTask(edit.task->ParentID(), key, tell) != below) {
+        edit.world.Complain("children", "a parent is told otherwise");
+    }
+    edit.col().RemoveForLib(key);
+    const std::vector<Ref<TasksCls>> rows = edit.world.Rows();
+    if (!rows.empty()) edit.col().ArrangePositionAfterInsert(KeyOf(*rows.front()), {}, Integer(row));
+    edit.col().SetPhases();
+    return true;
+}
+
+/// A task without children leaves its place, and comes back into the last row.
+bool PutLast(const Edit& edit) {
+    if (edit.col().isParent(edit.key())) return false;
+    if (!edit.col().ArrangePositionAfterDelete(edit.key())) edit.world.Complain("rows", "they were not closed");
+    edit.task->TaskPosition(edit.col().Count(False));
+    edit.task->TaskType(False);
     return true;
 }
 
@@ -109,57 +159,16 @@ bool Sort(const Edit& edit) {
     return true;
 }
 
-/// The rows below a task as its lists and its questions tell them.
-void CheckBelow(const Edit& edit) {
-    TasksCol& col = edit.col();
-    const std::vector<Ref<TasksCls>> block = edit.world.Block(*edit.task);
-    String below;
-    for (const Ref<TasksCls>& row : block) below += row == edit.task ? "" : " " + KeyOf(*row);
-    Ref<Collection> related;
-    col.GetALLRelatedTask(edit.key(), related);
-    String told;
-    for (const auto& entry : related->Snapshot()) told += " " + entry.item.As<String>();
-    const String last = KeyText(Long(col.GetTaskAndSubNumber(edit.key(), True))).text();
-    if (told != below) edit.world.Complain("questions", "below " + Named(*edit.task) + " stand" + told);
-    if (last != KeyOf(*block.back())) edit.world.Complain("questions", "the last leaf is told as " + last);
-    if (col.GetTaskAndSubNumber(edit.key()) != block.back()->TaskPosition()) {
-        edit.world.Complain("questions", "the last row below " + Named(*edit.task) + " is told wrong");
-    }
-    const String first = block.size() > 1 ? KeyOf(*block[1]) : String();
-    if (col.GetFirstChildKey(edit.key()) != first) edit.world.Complain("questions", "another first child is told");
-}
-
-/// Questions change nothing.
-bool Ask(const Edit& edit) {
-    TasksCol& col = edit.col();
-    const String before = testing::ToldTasks(col);
-    CheckBelow(edit);
-    const String top = KeyOf(*edit.world.Rows().front());
-    if (Long(col.GetCount()) != col.Count(True)) edit.world.Complain("questions", "another count is told");
-    if (Long(col.GetValidTaskNumber()) != col.Count(False)) edit.world.Complain("questions", "another count is told");
-    if (col.GetTaskKeyByPosition(Integer(edit.task->TaskPosition())) != edit.key()) {
-        edit.world.Complain("questions", "another task is told in the row of " + Named(*edit.task));
-    }
-    if (Long(col.GetTasks(edit.key())->Count(True)) != Long(col.GetTaskNumber(Integer(edit.task->TaskKey())))) {
-        edit.world.Complain("questions", Named(*edit.task) + " is told to have two numbers of children");
-    }
-    if (testing::ToldTasks(*col.Clone()).empty()) edit.world.Complain("questions", "a copy is empty");
-    col.FirstChildInParent(edit.key());
-    col.GetFirstLevelParentPosKey(edit.key(), True);
-    col.GetLastParentPosKey(edit.key(), edit.parent_key(), True);
-    col.CanbeLeveled(edit.key(), top);
-    col.GetLinkedTask(edit.key());
-    col.ValidPredecessor(edit.key(), top);
-    col.ValidPredecessors(edit.key(), "1,2", edit.Is(0));
-    col.GetFirstLeadTime(edit.key());
-    col.CalcLeadTimeNoLink(edit.key(), Monday);
-    col.TaskCanNotBeAdd();
-    edit.world.app->xPhases();
-    if (testing::ToldTasks(col) != before) edit.world.Complain("questions", "they changed the plan");
+/// What a load makes of the plan anew, which stands already. Candidates leave rows that nobody has.
+bool Rebuild(const Edit& edit) {
+    const bool candidates = edit.col().Count(True) > edit.col().Count(False);
+    if (edit.col().AddTaskParentForAll() != candidates)
+        edit.world.Complain("rows", "they are told otherwise to be mended");
     return true;
 }
 
 bool AddPhase(const Edit& edit) {
+    edit.task->TaskSubPosition(edit.number());
     edit.col().AddPhase(Variant(edit.task->TaskKey()));
     return true;
 }
@@ -180,16 +189,19 @@ std::span<const Operation> OutlineOperations() {
     static constexpr Operation kOperations[] = {
         {"Add", 20, About::kNewTask, 0, 29, Add},
         {"Insert", 6, About::kNewTask, 0, 0, Insert},
+        {"Store", 4, About::kNewTask, 0, 19, Store},
         {"Remove", 8, About::kTask, 0, 3, Remove},
         {"RemoveAndClose", 4, About::kTask, 0, 0, RemoveAndClose},
+        {"Drop", 3, About::kTask, 0, 0, Drop},
+        {"PutLast", 3, About::kTask, 0, 0, PutLast},
         {"Tie", 3, About::kTask, 0, 0, Tie},
         {"DeleteAll", 5, About::kTask, 0, 1, DeleteAll},
         {"Return", 6, About::kCandidate, 0, 0, Return},
         {"NewRow", 3, About::kTask, 0, 1, NewRow},
         {"Rename", 3, About::kTask, 0, 3, Rename},
         {"Sort", 2, About::kNone, 0, 1, Sort},
-        {"Ask", 3, About::kTask, 0, 1, Ask},
-        {"AddPhase", 2, About::kTask, 0, 0, AddPhase},
+        {"Rebuild", 2, About::kNone, 0, 0, Rebuild},
+        {"AddPhase", 4, About::kTask, 0, 9, AddPhase},
         {"RemovePhase", 2, About::kTask, 0, 0, RemovePhase},
         {"SetPhases", 3, About::kNone, 0, 0, SetPhases},
     };
