@@ -59,8 +59,9 @@ Outcome RunSeed(unsigned seed) {
     const int edits = draws.From(kFewestEdits, kMostEdits);
     for (int done = 0; done < tasks + edits; ++done) {
         const Operation& operation = done < tasks ? OperationNamed("Add") : DrawOperation(draws);
-        if (!running.Take(DrawStep(operation, running.world(), draws))) break;
+        if (!running.Take(DrawStep(operation, running.world(), draws))) return std::move(running).run();
     }
+    running.Take({.operation = "SaveLoadSave"});
     return std::move(running).run();
 }
 
