@@ -10,16 +10,30 @@ namespace {
 
 const Date kMonday = Date::Of(2026, 3, 2);
 
-/// Hears every event that the date engine raises.
+/// Hears every event of a task collection.
 class Counter : public TasksColEvents {
 public:
     void DateStartChange(Long, Date, Boolean, Boolean) override { ++heard_; }
     void DateEndChange(Long, Date, Boolean, Boolean, const String&) override { ++heard_; }
     void DurationChange(Long, Double, const String&, Boolean, Boolean) override { ++heard_; }
     void TaskDurationChange(Long, Double, const String&, Boolean, Boolean) override { ++heard_; }
+    void AssigmentChange(Long, const String&) override { ++heard_; }
+    void GoalChange(Long, const String&) override { ++heard_; }
+    void ObstaclesChange(Long, const String&) override { ++heard_; }
+    void NoteChange(Long, const String&) override { ++heard_; }
     void RoolUpCostChange(Long, const Variant&) override { ++heard_; }
     void PredecessorChange(Long, const String&) override { ++heard_; }
     void SucessorChange(Long, const String&) override { ++heard_; }
+    void LagTimeChange(Long, const Variant&) override { ++heard_; }
+    void PredecessorKeyChange(Long, const String&, const String&) override { ++heard_; }
+    void IamASummary(Long, Boolean) override { ++heard_; }
+    void TaskInserted(Long, const String&, Long) override { ++heard_; }
+    void TaskDeleted(Long, const String&, Long, Boolean) override { ++heard_; }
+    void TaskNameChanged(Long, const String&) override { ++heard_; }
+    void Indented(Long, const String&, const String&) override { ++heard_; }
+    void Outented(Long, const String&, const String&, const String&) override { ++heard_; }
+    void UpDown(Boolean, Long, const String&, const String&, Boolean, const String&) override { ++heard_; }
+    void CompletedChange(Long, Integer) override { ++heard_; }
     std::int64_t heard() const { return heard_; }
 
 private:
@@ -166,6 +180,25 @@ void LinkAndUnlink(benchmark::State& state) {
     schedule.Report(state, 1);
 }
 
+/// A task moved up past the one before it and down again, in the middle of a chain.
+void MoveUpAndDown(benchmark::State& state) {
+    Schedule schedule;
+    const auto tasks = static_cast<int>(state.range(0));
+    schedule.Chain(tasks, -1);
+    const int row = tasks / 2;
+    const Ref<TasksCls> above = schedule.col().Item(Long(row));
+    const Ref<TasksCls> task = schedule.col().Item(Long(row + 1));
+    const String key = std::to_string(row + 1);
+    for (auto _ : state) {
+        for (const bool up : {true, false}) {
+            task->TaskPosition(up ? row : row + 1);
+            above->TaskPosition(up ? row + 1 : row);
+            schedule.col().MoveTaskUpOrDown(key, up, "0", "0", /*ChangingParent=*/False);
+        }
+    }
+    schedule.Report(state, 1);
+}
+
 /// A task indented and outdented again in the middle of an outline.
 void IndentAndOutdent(benchmark::State& state) {
     Schedule schedule;
@@ -188,6 +221,7 @@ BENCHMARK(LinksAcrossSummaries)->Arg(10)->Arg(100)->Arg(1000);
 BENCHMARK(ResetStartDateOfAll)->Arg(1000)->Arg(10000)->Arg(30000);
 BENCHMARK(AdjustCostOfOne)->Arg(10000);
 BENCHMARK(LinkAndUnlink)->Arg(10000);
+BENCHMARK(MoveUpAndDown)->Arg(10000);
 BENCHMARK(IndentAndOutdent)->Arg(10000);
 
 }  // namespace
