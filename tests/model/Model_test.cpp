@@ -7,7 +7,7 @@
 namespace mrlxmlclass::model {
 namespace {
 
-constexpr unsigned kSeeds = 400;  // of each part
+constexpr unsigned kSeeds = 500;  // of each part
 
 /// Drawn scripts, in parts that can run side by side.
 class Scripts : public ::testing::TestWithParam<unsigned> {};
