@@ -4,6 +4,7 @@
 #include <QDateEdit>
 #include <QWidget>
 #include <functional>
+#include <optional>
 
 #include "mrlxmlclass/dialog/Controls.h"
 
@@ -17,6 +18,11 @@ public:
 
     void Show();
 
+protected:
+    /// What leads to the field leads to its date, or, where there is none, to its box.
+    void focusInEvent(QFocusEvent* event) override;
+    bool eventFilter(QObject* watched, QEvent* event) override;
+
 private:
     void Changed();
 
@@ -24,6 +30,7 @@ private:
     std::function<void()> changed_;
     QCheckBox* has_date_;
     QDateEdit* date_;
+    std::optional<QString> format_;  ///< the host's, in use
 };
 
 }  // namespace mrlxmlclass::qt

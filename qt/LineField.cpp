@@ -11,7 +11,7 @@ namespace mrlxmlclass::qt {
 
 void LineField::Typed(const QString& text) {
     echo_ = true;
-    emptied_ = text.isEmpty();
+    emptied_ = EndOfTyped(text) == 0;
     control_.Text(FromQt(text));
     echo_ = emptied_ = false;
 }
@@ -22,16 +22,29 @@ void LineField::Show() {
     const bool echo = std::exchange(echo_, false);
     const int most = static_cast<int>(control_.MaxLength().value());
     line_.setReadOnly(static_cast<bool>(control_.Locked()));
-    // What the program put there may be longer than what may be typed.
-    line_.setMaxLength(most == 0 ? kMostOfAnyLine : std::max(most, static_cast<int>(text.size())));
+    // What the program put there may be longer than what may be typed. Another length, be it the same, takes the caret
+    // and what can be undone away.
+    const int caret = line_.cursorPosition();
+    const int length = most == 0 ? kMostOfAnyLine : std::max(most, static_cast<int>(text.size()));
+    if (line_.maxLength() != length) line_.setMaxLength(length);
     if (line_.text() != text) {
-        const int caret = line_.cursorPosition();
         line_.setText(text);
-        line_.setCursorPosition(caret);
+        line_.setCursorPosition(std::min(caret, static_cast<int>(EndOfTyped(text))));
         if (emptied_) line_.selectAll();
     } else if (!echo) {
         line_.setCursorPosition(static_cast<int>(control_.SelStart().value()));
     }
+}
+
+void LineField::BeforeKey(const QKeyEvent& key) {
+    if (line_.hasSelectedText() || KeyAscii(key) == EditTask::kNoKey) return;
+    line_.setCursorPosition(std::min(line_.cursorPosition(), static_cast<int>(EndOfTyped(line_.text()))));
+}
+
+qsizetype LineField::EndOfTyped(const QString& text) const {
+    qsizetype end = text.size();
+    while (end > 0 && tail_.contains(text[end - 1])) --end;
+    return end;
 }
 
 int KeyAscii(const QKeyEvent& event) {

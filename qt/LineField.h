@@ -1,6 +1,7 @@
 #pragma once
 
 #include <QLineEdit>
+#include <utility>
 
 #include "mrlxmlclass/dialog/Controls.h"
 
@@ -10,18 +11,25 @@ namespace mrlxmlclass::qt {
 /// the caret stays where it was; where the form fills what the person emptied, the next key replaces that.
 class LineField {
 public:
-    /// The line lives at least as long.
-    LineField(QLineEdit& line, TextControl& control) : line_(line), control_(control) {}
+    /// The line lives at least as long. `tail` is what the form puts behind whatever is typed: no key gets behind it.
+    LineField(QLineEdit& line, TextControl& control, QString tail = {})
+        : line_(line), control_(control), tail_(std::move(tail)) {}
 
     QLineEdit& line() { return line_; }
 
     void Show();
     /// The person put that text there.
     void Typed(const QString& text);
+    /// To be called before the line gets the key.
+    void BeforeKey(const QKeyEvent& key);
 
 private:
+    /// Where the tail begins, or what is left of it.
+    qsizetype EndOfTyped(const QString& text) const;
+
     QLineEdit& line_;
     TextControl& control_;
+    QString tail_;
     bool echo_ = false;     ///< the form is about to tell what was typed
     bool emptied_ = false;  ///< the form is answering an empty line
 };

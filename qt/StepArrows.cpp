@@ -1,13 +1,17 @@
 #include "qt/StepArrows.h"
 
+#include <QKeyEvent>
 #include <QLineEdit>
 #include <QStyleOptionSpinBox>
+#include <QWheelEvent>
+#include <cstdlib>
 #include <utility>
 
 namespace mrlxmlclass::qt {
 
-StepArrows::StepArrows(QWidget* parent, std::function<void()> up, std::function<void()> down)
-    : QAbstractSpinBox(parent), up_(std::move(up)), down_(std::move(down)) {
+StepArrows::StepArrows(QWidget& field, std::function<void()> up, std::function<void()> down)
+    : QAbstractSpinBox(field.parentWidget()), field_(field), up_(std::move(up)), down_(std::move(down)) {
+    field.installEventFilter(this);
     lineEdit()->hide();
     setFocusPolicy(Qt::NoFocus);  // the field has it, and takes the arrow keys
     setSizePolicy(QSizePolicy::Fixed, QSizePolicy::Fixed);
@@ -16,6 +20,32 @@ StepArrows::StepArrows(QWidget* parent, std::function<void()> up, std::function<
 void StepArrows::stepBy(int steps) {
     const std::function<void()>& step = steps > 0 ? up_ : down_;
     for (int done = 0; done < std::abs(steps); ++done) step();
+}
+
+bool StepArrows::eventFilter(QObject* watched, QEvent* event) {
+    switch (event->type()) {
+        case QEvent::KeyPress:
+            return StepKey(static_cast<const QKeyEvent&>(*event));
+        case QEvent::Wheel:
+            wheelEvent(static_cast<QWheelEvent*>(event));
+            return true;
+        default:
+            return QAbstractSpinBox::eventFilter(watched, event);
+    }
+}
+
+/// Whether the key goes no further.
+bool StepArrows::StepKey(const QKeyEvent& key) {
+    const bool alone = !(key.modifiers() & (Qt::AltModifier | Qt::ControlModifier | Qt::ShiftModifier));
+    const bool steps = key.key() == Qt::Key_Up || key.key() == Qt::Key_Down;
+    if (!alone || !steps) return false;
+    if (isEnabled()) stepBy(key.key() == Qt::Key_Up ? 1 : -1);
+    return true;
+}
+
+void StepArrows::wheelEvent(QWheelEvent* event) {
+    if (field_.hasFocus() && isEnabled()) return QAbstractSpinBox::wheelEvent(event);
+    event->ignore();  // whoever scrolls past changes nothing
 }
 
 QSize StepArrows::sizeHint() const {

@@ -83,7 +83,10 @@ void TaskPage::AddProgress(QGridLayout& grid, Bindings& bindings) {
     box->setEditable(true);
     box->setInsertPolicy(QComboBox::NoInsert);
     box->setCompleter(nullptr);
-    percent_ = std::make_unique<LineField>(*box->lineEdit(), form_.TxtPercentComplet);
+    // Only the list chooses: a typed number that it happens to offer is no choice when the line is left.
+    QObject::disconnect(box->lineEdit(), &QLineEdit::editingFinished, box, nullptr);
+    QObject::disconnect(box->lineEdit(), &QLineEdit::returnPressed, box, nullptr);
+    percent_ = std::make_unique<LineField>(*box->lineEdit(), form_.TxtPercentComplet, EditTask::kPercentTail);
     bindings.Add(form_.TxtPercentComplet, *box, [this, box] {
         const QSignalBlocker quiet(box);
         const auto& offered = form_.TxtPercentComplet.List();
@@ -96,8 +99,11 @@ void TaskPage::AddProgress(QGridLayout& grid, Bindings& bindings) {
         form_.TxtPercentComplet_Click();
     });
 
+    for (QObject* typed_in : {static_cast<QObject*>(box), static_cast<QObject*>(box->lineEdit())}) {
+        typed_in->installEventFilter(this);
+    }
     auto* arrows = new StepArrows(
-        this, [this] { form_.VScrollPercentComplete_UpClick(); }, [this] { form_.VScrollPercentComplete_DownClick(); });
+        *box, [this] { form_.VScrollPercentComplete_UpClick(); }, [this] { form_.VScrollPercentComplete_DownClick(); });
     bindings.Add(form_.VScrollPercentComplete, *arrows);
 
     const int row = grid.rowCount();
@@ -139,7 +145,7 @@ void TaskPage::AddDuration(QGridLayout& grid, Bindings& bindings) {
     duration_line_->installEventFilter(this);
 
     auto* arrows = new StepArrows(
-        this, [this] { form_.VScrollDuration_UpClick(0); }, [this] { form_.VScrollDuration_DownClick(0); });
+        *duration_line_, [this] { form_.VScrollDuration_UpClick(0); }, [this] { form_.VScrollDuration_DownClick(0); });
     bindings.Add(form_.VScrollDuration[0], *arrows);
 
     int row = grid.rowCount();
@@ -155,26 +161,28 @@ void TaskPage::AddDuration(QGridLayout& grid, Bindings& bindings) {
 
 bool TaskPage::eventFilter(QObject* watched, QEvent* event) {
     if (event->type() != QEvent::KeyPress) return QWidget::eventFilter(watched, event);
-    const auto& key = static_cast<const QKeyEvent&>(*event);
+    auto& key = static_cast<QKeyEvent&>(*event);
     if (watched == duration_line_) return DurationKey(key);
-    if (watched == cost_line_) {
-        if (const int ascii = KeyAscii(key); ascii != EditTask::kNoKey) form_.Txtcost_KeyPress(Integer(ascii));
-    }
+    if (watched != cost_line_) return PercentKey(key);
+    if (const int ascii = KeyAscii(key); ascii != EditTask::kNoKey) form_.Txtcost_KeyPress(Integer(ascii));
     return false;
 }
 
-/// Whether the key goes no further.
-bool TaskPage::DurationKey(const QKeyEvent& key) {
-    if (key.key() == Qt::Key_Up || key.key() == Qt::Key_Down) {
-        if (!form_.VScrollDuration[0].Enabled()) return true;
-        key.key() == Qt::Key_Up ? form_.VScrollDuration_UpClick(0) : form_.VScrollDuration_DownClick(0);
-        return true;
-    }
+// Each of these gives whether the key goes no further.
+
+bool TaskPage::DurationKey(QKeyEvent& key) {
     Integer ascii = KeyAscii(key);
-    // Enter leaves the dialog before a field hears of it.
-    if (ascii == EditTask::kNoKey || ascii == EditTask::kEnter) return false;
+    if (ascii == EditTask::kNoKey) return false;
     form_.TxtDurtion_KeyPress(0, ascii);
+    // What the field does not take, the window may: Enter presses its button.
+    if (ascii == EditTask::kNoKey) key.setAccepted(KeyAscii(key) != EditTask::kEnter);
     return ascii == EditTask::kNoKey;
+}
+
+bool TaskPage::PercentKey(const QKeyEvent& key) {
+    percent_->BeforeKey(key);
+    // They would choose from the list unseen.
+    return key.key() == Qt::Key_PageUp || key.key() == Qt::Key_PageDown;
 }
 
 }  // namespace mrlxmlclass::qt

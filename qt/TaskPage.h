@@ -30,7 +30,8 @@ private:
     void AddDates(QGridLayout& grid, Bindings& bindings);
     void AddDuration(QGridLayout& grid, Bindings& bindings);
 
-    bool DurationKey(const QKeyEvent& key);
+    bool DurationKey(QKeyEvent& key);
+    bool PercentKey(const QKeyEvent& key);
 
     EditTask& form_;
     std::vector<QGridLayout*> grids_;  ///< one a frame, all with the same columns

@@ -53,6 +53,8 @@ public:
     static constexpr int kControlDown = 2;  ///< in `Shift`
     /// The data of the row through which a new person is typed in.
     static constexpr const char* kNewPerson = "newperson";
+    /// What the dialog puts behind a percentage.
+    static constexpr const char* kPercentTail = " %";
 
     // --- Opening and closing ----------------------------------------------------------------------------------------
 

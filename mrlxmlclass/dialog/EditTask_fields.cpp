@@ -162,7 +162,7 @@ void EditTask::TxtPercentComplet_Change() {
         const Double value = LooseNumber(TxtPercentComplet.Text());
         if (Gloabal::isNumber(Conversions::DoubleToString(value)))
             task_->TaskPercentDone(Gloabal::AdjustComplte(value));
-        TxtPercentComplet.Text(Conversions::LongToString(task_->TaskPercentDone()) + " %");
+        TxtPercentComplet.Text(Conversions::LongToString(task_->TaskPercentDone()) + kPercentTail);
     });
 }
 

@@ -5,6 +5,7 @@
 #include <QPointer>
 #include <QTableView>
 #include <QTimer>
+#include <QWheelEvent>
 
 #include "examples/task_dialog_texts.h"
 
@@ -38,6 +39,15 @@ Boolean QtPlan::Edit(const String& task, const std::function<void(QWidget&)>& pe
         window->close();
     });
     return app->showtaskinfo(Key(task), app->xTaskCol(), from_where, EnglishTaskDialogTexts(), date_format);
+}
+
+bool Wheel(QWidget& widget, int notches) {
+    constexpr int kNotch = 120;
+    const QPoint middle = widget.rect().center();
+    QWheelEvent turn(middle, widget.mapToGlobal(middle), {}, {0, kNotch * notches}, Qt::NoButton, Qt::NoModifier,
+                     Qt::NoScrollPhase, /*inverted=*/false);
+    QCoreApplication::sendEvent(&widget, &turn);
+    return turn.isAccepted();
 }
 
 void Type(QWidget& field, const char* keys) {

@@ -1,6 +1,8 @@
 #pragma once
 
 #include <QApplication>
+#include <QCheckBox>
+#include <QDateEdit>
 #include <QTableView>
 #include <QTest>
 #include <QWidget>
@@ -52,6 +54,16 @@ Widget& Find(const QWidget& window, const char* name) {
     return *widget;
 }
 
+/// The parts of a field for a date.
+inline QDateEdit& DateIn(QWidget& window, const char* name) {
+    return *Find(window, name).findChild<QDateEdit*>();
+}
+inline QCheckBox& BoxIn(QWidget& window, const char* name) {
+    return *Find(window, name).findChild<QCheckBox*>();
+}
+
+/// Turns the mouse wheel over a widget, away from the person; whether the widget has a use for it.
+bool Wheel(QWidget& widget, int notches);
 /// Gives the keys to the field, in place of what stands in it.
 void Type(QWidget& field, const char* keys);
 void Click(QWidget& button);

@@ -1,0 +1,161 @@
+#include <gtest/gtest.h>
+
+#include <QLabel>
+#include <QLineEdit>
+#include <QTabBar>
+#include <QTabWidget>
+
+#include "tests/qt/QtDialog.h"
+
+namespace mrlxmlclass::testing {
+namespace {
+
+class DateField : public ::testing::Test {
+protected:
+    DateField() { plan.Task("Design").From(Monday).Lasting(3); }
+    ~DateField() override { plan.Heard(); }
+
+    OffscreenApplication application;
+    QtPlan plan;
+};
+
+TEST_F(DateField, ShowsDatesInTheFormatOfTheHost) {
+    plan.Edit(
+        "Design",
+        [](QWidget& window) {
+            EXPECT_EQ(DateIn(window, "DTPickerStart").text(), "02/03/2026");
+            Click(Find(window, "CmdCancel"));
+        },
+        2, "dd/MM/yyyy");
+}
+
+TEST_F(DateField, ShowsDatesAsTheDesktopDoesWhereTheHostsFormatShowsNoWholeOnes) {
+    for (const char* format : {"", "HH:mm", "nonsense", "DD/MM/YYYY", "d/m/yyyy", "MM/yyyy"}) {
+        SCOPED_TRACE(format);
+        plan.Edit(
+            "Design",
+            [](QWidget& window) {
+                const QDateEdit& start = DateIn(window, "DTPickerStart");
+                EXPECT_EQ(start.text(), QLocale().toString(start.date(), "d MMM yyyy"));
+                Click(Find(window, "CmdCancel"));
+            },
+            2, format);
+    }
+}
+
+TEST_F(DateField, MovesTheEndWithATypedStart) {
+    plan.Edit(
+        "Design",
+        [](QWidget& window) {
+            QDateEdit& start = DateIn(window, "DTPickerStart");
+            start.setFocus();
+            start.setSelectedSection(QDateTimeEdit::DaySection);
+            QTest::keyClicks(&start, "04");
+            Find(window, "TxtDurtion").setFocus();
+            EXPECT_EQ(DateIn(window, "DTPickerEnd").date(), QDate(2026, 3, 6));
+            Click(Find(window, "CmdOK"));
+        },
+        2, "dd/MM/yyyy");
+    EXPECT_EQ(plan["Design"].TaskBDate(), Wednesday);
+    EXPECT_EQ(plan["Design"].TaskEDate(), Friday);
+}
+
+TEST_F(DateField, ClearsBothDatesWithTheBoxOfOne) {
+    plan.Edit("Design", [](QWidget& window) {
+        Click(BoxIn(window, "DTPickerStart"));
+        EXPECT_FALSE(BoxIn(window, "DTPickerEnd").isChecked());
+        EXPECT_FALSE(DateIn(window, "DTPickerEnd").isEnabled());
+        EXPECT_EQ(Find<QLineEdit>(window, "TxtDurtion").text(), "0");
+        Click(Find(window, "CmdOK"));
+    });
+    EXPECT_EQ(plan["Design"].TaskBDate(), Date());
+    EXPECT_EQ(plan["Design"].TaskEDate(), Date());
+}
+
+TEST_F(DateField, GivesADateBackWithItsBox) {
+    plan.Edit("Design", [](QWidget& window) {
+        Click(BoxIn(window, "DTPickerStart"));
+        Click(BoxIn(window, "DTPickerStart"));
+        EXPECT_TRUE(BoxIn(window, "DTPickerStart").isChecked());
+        EXPECT_EQ(DateIn(window, "DTPickerStart").date(), QDate(2026, 3, 2));
+        EXPECT_TRUE(BoxIn(window, "DTPickerEnd").isChecked());
+        Click(Find(window, "CmdCancel"));
+    });
+}
+
+TEST_F(DateField, StepsThePartOfTheDateThatThePersonIsIn) {
+    plan.Edit(
+        "Design",
+        [](QWidget& window) {
+            QDateEdit& end = DateIn(window, "DTPickerEnd");
+            end.setFocus();
+            end.setSelectedSection(QDateTimeEdit::YearSection);
+            for (const int year : {2027, 2028, 2029}) {
+                QTest::keyClick(&end, Qt::Key_Up);
+                EXPECT_EQ(end.date().year(), year);
+            }
+            end.setSelectedSection(QDateTimeEdit::MonthSection);
+            for (const int month : {4, 5}) {
+                Wheel(end, 1);
+                EXPECT_EQ(end.date().month(), month);
+            }
+            Click(Find(window, "CmdCancel"));
+        },
+        2, "dd/MM/yyyy");
+}
+
+TEST_F(DateField, StaysAsItIsWhenSomebodyScrollsPast) {
+    plan.Edit("Design", [](QWidget& window) {
+        Find(window, "TxtName").setFocus();
+        QDateEdit& start = DateIn(window, "DTPickerStart");
+        EXPECT_FALSE(Wheel(start, 1)) << "the wheel scrolls what the field stands in";
+        EXPECT_EQ(start.date(), QDate(2026, 3, 2));
+        EXPECT_FALSE(start.hasFocus());
+        Click(Find(window, "CmdCancel"));
+    });
+}
+
+TEST_F(DateField, IsReachedByTabAtItsBoxAndAtItsDate) {
+    plan.Edit("Design", [](QWidget& window) {
+        Find<QTabWidget>(window, "TabTask").tabBar()->setFocus();
+        const QWidget* const order[] = {&BoxIn(window, "DTPickerStart"), &DateIn(window, "DTPickerStart"),
+                                        &BoxIn(window, "DTPickerEnd"), &DateIn(window, "DTPickerEnd"),
+                                        &Find(window, "TxtDurtion")};
+        for (const QWidget* next : order) {
+            const QWidget* from = QApplication::focusWidget();
+            // In a date Tab stops at each part of it.
+            for (int n = 0; n < 3 && from->hasFocus(); ++n) QTest::keyClick(QApplication::focusWidget(), Qt::Key_Tab);
+            EXPECT_TRUE(next->hasFocus()) << next->parentWidget()->objectName().toStdString();
+        }
+        Click(Find(window, "CmdCancel"));
+    });
+}
+
+TEST_F(DateField, IsClearedByTheSpaceBarOnItsBox) {
+    plan.Edit("Design", [](QWidget& window) {
+        Find<QTabWidget>(window, "TabTask").tabBar()->setFocus();
+        for (const Qt::Key key : {Qt::Key_Tab, Qt::Key_Space}) QTest::keyClick(QApplication::focusWidget(), key);
+        EXPECT_FALSE(BoxIn(window, "DTPickerStart").isChecked());
+        Click(Find(window, "CmdOK"));
+    });
+    EXPECT_EQ(plan["Design"].TaskBDate(), Date());
+}
+
+TEST_F(DateField, IsReachedByTheKeyOfItsLabelAlsoWithoutADate) {
+    plan.Edit("Design", [](QWidget& window) {
+        const auto press_key_of_label = [&] {
+            Find(window, "TxtName").setFocus();
+            Find(window, "DTPickerStart").setFocus(Qt::ShortcutFocusReason);
+        };
+        ASSERT_EQ(Find<QLabel>(window, "LblStartDate").buddy(), &Find(window, "DTPickerStart"));
+        press_key_of_label();
+        EXPECT_TRUE(DateIn(window, "DTPickerStart").hasFocus());
+        Click(BoxIn(window, "DTPickerStart"));
+        press_key_of_label();
+        EXPECT_TRUE(BoxIn(window, "DTPickerStart").hasFocus());
+        Click(Find(window, "CmdCancel"));
+    });
+}
+
+}  // namespace
+}  // namespace mrlxmlclass::testing
