@@ -1,5 +1,6 @@
 #include "qt/CellDelegate.h"
 
+#include <QAbstractItemView>
 #include <QApplication>
 #include <QComboBox>
 #include <QKeyEvent>
@@ -17,38 +18,62 @@
 namespace mrlxmlclass::qt {
 namespace {
 
-/// A list that is open from the start, and tells once when it closes: with the place of the choice, or -1.
+/// A list that is open from the start, and tells once when it closes: with the place of the choice, or -1. What is
+/// typed is looked for in it, and chosen only by Enter or a click.
 class CellList : public QComboBox {
 public:
     explicit CellList(QWidget* parent) : QComboBox(parent) {
         connect(this, &QComboBox::activated, this, [this](int choice) { Close(choice); });
-        QTimer::singleShot(0, this, [this] { showPopup(); });
+        QTimer::singleShot(0, this, [this] {
+            showPopup();
+            if (!typed_.isEmpty()) view()->keyboardSearch(typed_);
+        });
     }
 
     void hidePopup() override {
         QComboBox::hidePopup();
-        // A choice comes right behind.
-        QTimer::singleShot(0, this, [this] { Close(-1); });
+        // A choice comes right behind. The table may have put the editor away by itself.
+        QTimer::singleShot(0, this, [this] {
+            if (!isHidden()) Close(-1);
+        });
     }
 
     std::function<void(int choice)> closed;
+
+protected:
+    // The list itself has the keys once it is open; closed, it would choose.
+    void keyPressEvent(QKeyEvent* event) override {
+        if (KeyAscii(*event) >= ' ') typed_ += event->text();
+    }
+    void wheelEvent(QWheelEvent*) override {}
 
 private:
     void Close(int choice) {
         if (const auto tell = std::exchange(closed, nullptr)) tell(choice);
     }
+
+    QString typed_;  ///< before it was open
 };
 
-/// Tells that the cell offers a list.
+/// Where the style puts what stands behind the text of a cell.
+QRect PlaceBehindText(const QStyleOptionViewItem& cell) {
+    const QStyle& style = *(cell.widget != nullptr ? cell.widget->style() : QApplication::style());
+    return style.subElementRect(QStyle::SE_ItemViewItemDecoration, &cell, cell.widget);
+}
+
 void DrawArrow(QPainter& painter, const QStyleOptionViewItem& cell) {
     constexpr double kFaint = 0.5;
-    const int side = cell.rect.height() / 2;
+    const bool selected = cell.state.testFlag(QStyle::State_Selected);
     QStyleOption arrow;
     arrow.palette = cell.palette;
+    const QColor text = cell.palette.color(selected ? QPalette::HighlightedText : QPalette::Text);
+    for (const QPalette::ColorRole role : {QPalette::Text, QPalette::WindowText, QPalette::ButtonText}) {
+        arrow.palette.setColor(role, text);
+    }
     arrow.state = QStyle::State_Enabled;
-    arrow.rect = QRect(cell.rect.right() - side - side / 2, cell.rect.center().y() - side / 2, side, side);
+    arrow.rect = PlaceBehindText(cell);
     painter.save();
-    painter.setOpacity(kFaint);
+    painter.setOpacity(selected ? 1 : kFaint);
     QApplication::style()->drawPrimitive(QStyle::PE_IndicatorArrowDown, &arrow, &painter, cell.widget);
     painter.restore();
 }
@@ -80,10 +105,9 @@ QWidget* CellDelegate::NewList(QWidget* parent) const {
     for (const ComboEntry& entry : entries) list->addItem(ToQt(entry.text));
     const auto current = std::ranges::find(entries, grid_.RowData(grid_.Row()), &ComboEntry::data);
     list->setCurrentIndex(current == entries.end() ? -1 : static_cast<int>(current - entries.begin()));
-    // Making an editor is const, closing one is not.
-    list->closed = [self = const_cast<CellDelegate*>(this), list, entries](int choice) {
-        Q_EMIT self->closeEditor(list);  // first: the row may go with the choice
-        if (choice >= 0) self->form_.EndEdit(self->grid_, entries[static_cast<std::size_t>(choice)]);
+    list->closed = [this, list, entries](int choice) {
+        close_(list);  // first: the row may go with the choice
+        if (choice >= 0) form_.EndEdit(grid_, entries[static_cast<std::size_t>(choice)]);
     };
     return list;
 }
@@ -107,6 +131,11 @@ bool CellDelegate::eventFilter(QObject* watched, QEvent* event) {
     if (line != nullptr && event->type() == QEvent::KeyPress) {
         if (LineKey(*line, static_cast<const QKeyEvent&>(*event))) return true;
     }
+    // Another window was turned to; the person comes back to what is half typed.
+    if (event->type() == QEvent::FocusOut &&
+        static_cast<const QFocusEvent*>(event)->reason() == Qt::ActiveWindowFocusReason) {
+        return false;
+    }
     return QStyledItemDelegate::eventFilter(watched, event);
 }
 
@@ -123,22 +152,46 @@ bool CellDelegate::LineKey(QLineEdit& line, const QKeyEvent& key) {
     return passed == EditTask::kEnter || passed == EditTask::kNoKey;
 }
 
+bool CellDelegate::OffersList(const QModelIndex& index) const {
+    return static_cast<bool>(form_.OffersList(grid_, index.column()));
+}
+
+/// Behind the text of a cell that offers a list, room is kept for the arrow.
+void CellDelegate::initStyleOption(QStyleOptionViewItem* option, const QModelIndex& index) const {
+    QStyledItemDelegate::initStyleOption(option, index);
+    if (!OffersList(index)) return;
+    const int side = option->fontMetrics.height() / 2;
+    option->features |= QStyleOptionViewItem::HasDecoration;
+    option->decorationPosition = QStyleOptionViewItem::Right;
+    option->decorationSize = QSize(side, side);
+}
+
+QRect CellDelegate::ArrowIn(const QAbstractItemView& view, const QModelIndex& index) const {
+    if (!OffersList(index)) return {};
+    QStyleOptionViewItem cell;
+    cell.initFrom(&view);
+    cell.widget = &view;
+    cell.rect = view.visualRect(index);
+    initStyleOption(&cell, index);
+    const QRect arrow = PlaceBehindText(cell);
+    return {arrow.left(), cell.rect.top(), arrow.width(), cell.rect.height()};  // easily hit
+}
+
 void CellDelegate::paint(QPainter* painter, const QStyleOptionViewItem& option, const QModelIndex& index) const {
     QStyledItemDelegate::paint(painter, option, index);
-    if (std::ranges::find(list_columns_, index.column()) != list_columns_.end()) DrawArrow(*painter, option);
+    QStyleOptionViewItem cell = option;
+    initStyleOption(&cell, index);
+    if (OffersList(index)) DrawArrow(*painter, cell);
     if (index.data(Qt::CheckStateRole).isValid()) {
-        QStyleOptionViewItem box = option;
-        initStyleOption(&box, index);
         const QStyle& style = *(option.widget != nullptr ? option.widget->style() : QApplication::style());
-        DrawOutline(*painter, style.subElementRect(QStyle::SE_ItemViewItemCheckIndicator, &box, option.widget), option);
+        DrawOutline(*painter, style.subElementRect(QStyle::SE_ItemViewItemCheckIndicator, &cell, option.widget),
+                    option);
     }
 }
 
 QSize CellDelegate::sizeHint(const QStyleOptionViewItem& option, const QModelIndex& index) const {
     const int air = option.fontMetrics.height() / 4;
-    const int arrow =
-        std::ranges::find(list_columns_, index.column()) == list_columns_.end() ? 0 : option.fontMetrics.height();
-    return QStyledItemDelegate::sizeHint(option, index) + QSize(2 * air + arrow, 2 * air);
+    return QStyledItemDelegate::sizeHint(option, index) + QSize(2 * air, 2 * air);
 }
 
 }  // namespace mrlxmlclass::qt

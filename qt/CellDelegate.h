@@ -1,7 +1,7 @@
 #pragma once
 
 #include <QStyledItemDelegate>
-#include <vector>
+#include <functional>
 
 #include "mrlxmlclass/dialog/EditTask.h"
 
@@ -17,8 +17,8 @@ public:
     CellDelegate(EditTask& form, GridControl& grid, const GridModel& model, QObject* parent)
         : QStyledItemDelegate(parent), form_(form), grid_(grid), model_(model) {}
 
-    /// The cells of that column show that they offer a list.
-    void MarkList(int column) { list_columns_.push_back(column); }
+    /// The place of the arrow that tells that the cell offers a list; an empty one in other cells.
+    QRect ArrowIn(const QAbstractItemView& view, const QModelIndex& index) const;
 
     QWidget* createEditor(QWidget* parent, const QStyleOptionViewItem& option, const QModelIndex& index) const override;
     void setEditorData(QWidget* editor, const QModelIndex& index) const override;
@@ -29,16 +29,19 @@ public:
     QSize sizeHint(const QStyleOptionViewItem& option, const QModelIndex& index) const override;
 
 protected:
+    void initStyleOption(QStyleOptionViewItem* option, const QModelIndex& index) const override;
     bool eventFilter(QObject* watched, QEvent* event) override;
 
 private:
     QWidget* NewList(QWidget* parent) const;
+    bool OffersList(const QModelIndex& index) const;
     bool LineKey(QLineEdit& line, const QKeyEvent& key);
 
     EditTask& form_;
     GridControl& grid_;
     const GridModel& model_;
-    std::vector<int> list_columns_;
+    /// Closing an editor is not const, as making one is.
+    const std::function<void(QWidget*)> close_ = [this](QWidget* editor) { Q_EMIT closeEditor(editor); };
 };
 
 }  // namespace mrlxmlclass::qt

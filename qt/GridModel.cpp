@@ -21,17 +21,15 @@ QBrush SelectedRow() {
 
 }  // namespace
 
-GridModel::GridModel(const GridControl& grid) : grid_(grid), first_(static_cast<int>(grid.FixedRows().value())) {}
-
-void GridModel::ShowSelection(int column, const String& never) {
-    check_column_ = column;
-    never_selected_ = never;
-}
+GridModel::GridModel(const EditTask& form, const GridControl& grid)
+    : form_(form), grid_(grid), first_(static_cast<int>(grid.FixedRows().value())) {}
 
 GridModel::Row GridModel::RowOf(Long row) const {
     Row shown;
-    for (Long col = 0; col < grid_.Cols(); ++col) shown.texts << ToQt(grid_.TextMatrix(row, col));
-    shown.selectable = check_column_ >= 0 && grid_.RowData(row) != never_selected_;
+    for (Long col = 0; col < grid_.Cols(); ++col) {
+        shown.texts << ToQt(grid_.TextMatrix(row, col));
+        if (form_.CarriesTick(grid_, row, col)) shown.tick_column = static_cast<int>(col.value());
+    }
     shown.selected = static_cast<bool>(grid_.IsSelected(row));
     shown.link = static_cast<bool>(grid_.ShowsLink(row));
     return shown;
@@ -98,7 +96,7 @@ QVariant GridModel::data(const QModelIndex& index, int role) const {
         case Qt::DisplayRole:
             return row.texts[index.column()];
         case Qt::CheckStateRole:
-            if (!row.selectable || index.column() != check_column_) return {};
+            if (index.column() != row.tick_column) return {};
             return row.selected ? Qt::Checked : Qt::Unchecked;
         case Qt::BackgroundRole:
             return row.selected ? QVariant(SelectedRow()) : QVariant();
@@ -107,15 +105,22 @@ QVariant GridModel::data(const QModelIndex& index, int role) const {
         case Qt::ForegroundRole:
             return row.link ? QVariant(QGuiApplication::palette().brush(QPalette::Link)) : QVariant();
         case Qt::ToolTipRole:
-            return row.link ? QVariant(row.texts[index.column()].toHtmlEscaped()) : QVariant();
+            return row.link ? QVariant("<qt>" + row.texts[index.column()].toHtmlEscaped()) : QVariant();
+        case Qt::TextAlignmentRole:
+            return Alignment(index.column());
         default:
             return {};
     }
 }
 
 QVariant GridModel::headerData(int section, Qt::Orientation orientation, int role) const {
-    if (orientation != Qt::Horizontal || role != Qt::DisplayRole || section >= headings_.size()) return {};
-    return headings_[section];
+    if (orientation != Qt::Horizontal || section >= headings_.size()) return {};
+    if (role == Qt::TextAlignmentRole) return Alignment(section);
+    return role == Qt::DisplayRole ? QVariant(headings_[section]) : QVariant();
+}
+
+QVariant GridModel::Alignment(int column) const {
+    return column == right_column_ ? QVariant(Qt::AlignRight | Qt::AlignVCenter) : QVariant();
 }
 
 Qt::ItemFlags GridModel::flags(const QModelIndex& index) const {

@@ -4,7 +4,7 @@
 #include <QStringList>
 #include <vector>
 
-#include "mrlxmlclass/dialog/GridControl.h"
+#include "mrlxmlclass/dialog/EditTask.h"
 
 namespace mrlxmlclass::qt {
 
@@ -12,10 +12,10 @@ namespace mrlxmlclass::qt {
 /// stands still until it is told to follow.
 class GridModel : public QAbstractTableModel {
 public:
-    explicit GridModel(const GridControl& grid);
+    GridModel(const EditTask& form, const GridControl& grid);
 
-    /// Rows whose data is something other than this show in that column, by a check box, whether they are selected.
-    void ShowSelection(int column, const String& never);
+    /// A column of numbers.
+    void AlignRight(int column) { right_column_ = column; }
     /// Takes over what the table has become, row by row, so that the view keeps its place.
     void Follow();
 
@@ -32,18 +32,19 @@ public:
 private:
     struct Row {
         QStringList texts;
-        bool selectable = false;
+        int tick_column = -1;
         bool selected = false;
         bool link = false;
         friend bool operator==(const Row&, const Row&) = default;
     };
     Row RowOf(Long row) const;
+    QVariant Alignment(int column) const;
     void Replace(std::size_t from, const std::vector<Row>& rows, std::size_t old_count, std::size_t new_count);
 
+    const EditTask& form_;
     const GridControl& grid_;
     int first_;
-    int check_column_ = -1;
-    String never_selected_;
+    int right_column_ = -1;
     std::vector<Row> rows_;
     QStringList headings_;
 };

@@ -32,12 +32,8 @@ QWidget* NewPredecessorPage(EditTask& form, Bindings& bindings) {
     GridControl& grid = form.VSFlexGridPredecessor;
     GridView* view = AddGrid(*page, form, form.frpred, grid, bindings);
     view->on_key = [&form](Integer code) { form.VSFlexGridPredecessor_KeyDown(code, 0); };
-    // A click on an empty row can only mean that a predecessor is wanted; on any other it makes the row the current
-    // one.
-    view->edits_at = [&grid, view](const QModelIndex& cell) {
-        return grid.RowData(view->model().GridRow(cell)).empty();
-    };
-    for (const char* key : {"ID", "Name"}) view->delegate().MarkList(Column(grid, key));
+    view->setSelectionBehavior(QAbstractItemView::SelectRows);
+    view->model().AlignRight(Column(grid, "Lag"));
     view->horizontalHeader()->setSectionResizeMode(QHeaderView::ResizeToContents);
     view->horizontalHeader()->setSectionResizeMode(Column(grid, "Name"), QHeaderView::Stretch);
     return page;
@@ -48,10 +44,8 @@ QWidget* NewPeoplePage(EditTask& form, Bindings& bindings) {
     constexpr int kPerson = 1;
     auto* page = new QWidget;
     GridView* view = AddGrid(*page, form, form.FrAssi, form.VSFlexGridResource, bindings);
-    view->model().ShowSelection(kPerson, EditTask::kNewPerson);
     view->setSelectionMode(QAbstractItemView::NoSelection);  // selected is who works on the task
     view->on_click = [&form](Long row) { form.VSFlexGridResource_Click(row); };
-    view->edits_at = [](const QModelIndex& cell) { return cell.column() == kPerson; };
     view->on_leave = [&form] { form.VSFlexGridResource_LostFocus(); };
     view->horizontalHeader()->setSectionResizeMode(kNumber, QHeaderView::ResizeToContents);
     view->horizontalHeader()->setSectionResizeMode(kPerson, QHeaderView::Stretch);

@@ -13,7 +13,7 @@ GridView::GridView(EditTask& form, GridControl& grid, QWidget* parent)
     : QTableView(parent),
       form_(form),
       grid_(grid),
-      model_(grid),
+      model_(form, grid),
       delegate_(new CellDelegate(form, grid, model_, this)),
       top_row_(grid.TopRow()) {
     setModel(&model_);
@@ -31,30 +31,44 @@ GridView::GridView(EditTask& form, GridControl& grid, QWidget* parent)
     horizontalHeader()->setDefaultAlignment(Qt::AlignLeft | Qt::AlignVCenter);
     horizontalHeader()->setVisible(grid.FixedRows() > 0);
 
-    connect(this, &QTableView::clicked, this, [this](const QModelIndex& index) { Clicked(index); });
+    connect(this, &QTableView::clicked, this, [this](const QModelIndex& index) { Clicked(index, pressed_at_); });
     connect(this, &QTableView::doubleClicked, this, [this] {
         if (on_open) on_open();
     });
     connect(verticalScrollBar(), &QScrollBar::valueChanged, this, [this] {
-        const QModelIndex top = indexAt(QPoint(0, 0));
-        if (following_ || scroll_on_show_ || !top.isValid()) return;
-        top_row_ = model_.GridRow(top);
-        grid_.TopRow(top_row_);
+        if (!following_) TellTopRow();
     });
     connect(qApp, &QApplication::focusChanged, this, [this](QWidget* from, QWidget* to) { FocusMoved(from, to); });
 }
 
 void GridView::Follow() {
-    const QScopedValueRollback<bool> following(following_, true);
-    model_.Follow();
-    for (Long col = 0; col < grid_.Cols(); ++col) {
-        setColumnHidden(static_cast<int>(col.value()), static_cast<bool>(grid_.ColHidden(col)));
+    {
+        const QScopedValueRollback<bool> following(following_, true);
+        model_.Follow();
+        for (Long col = 0; col < grid_.Cols(); ++col) {
+            setColumnHidden(static_cast<int>(col.value()), static_cast<bool>(grid_.ColHidden(col)));
+        }
+        ShowCurrent();
+        if (top_row_ != grid_.TopRow()) {
+            top_row_ = grid_.TopRow();
+            scroll_on_show_ = !isVisible();
+            scrollTo(model_.IndexOf(top_row_, 0), PositionAtTop);
+        }
     }
-    ShowCurrent();
-    if (top_row_ == grid_.TopRow()) return;
-    top_row_ = grid_.TopRow();
-    scroll_on_show_ = !isVisible();
-    scrollTo(model_.IndexOf(top_row_, 0), PositionAtTop);
+    // Fewer rows, or the current one, may have moved the table.
+    if (isVisible()) TellTopRow();
+}
+
+void GridView::TellTopRow() {
+    const QModelIndex top = indexAt(QPoint(0, 0));
+    if (scroll_on_show_ || !top.isValid()) return;
+    top_row_ = model_.GridRow(top);
+    grid_.TopRow(top_row_);
+}
+
+void GridView::DropEdit() {
+    QWidget* editor = indexWidget(currentIndex());
+    if (editor != nullptr) closeEditor(editor, QAbstractItemDelegate::RevertModelCache);
 }
 
 // A table that has not been shown yet goes to its current row first.
@@ -74,23 +88,31 @@ void GridView::currentChanged(const QModelIndex& current, const QModelIndex& pre
     form_.MoveTo(grid_, model_.GridRow(current), current.column());
 }
 
-void GridView::Clicked(const QModelIndex& index) {
+void GridView::mousePressEvent(QMouseEvent* event) {
+    pressed_at_ = event->position().toPoint();
+    QTableView::mousePressEvent(event);
+}
+
+void GridView::Clicked(const QModelIndex& index, QPoint at) {
     const QPersistentModelIndex cell = index;
+    const bool opens = delegate_->ArrowIn(*this, index).contains(at);
     if (on_click) on_click(model_.GridRow(index));
-    if (cell.isValid() && edits_at && edits_at(cell)) edit(cell, AllEditTriggers, nullptr);
+    if (!cell.isValid()) return;
+    if (opens || form_.ClickEdits(grid_, model_.GridRow(cell), cell.column())) edit(cell, AllEditTriggers, nullptr);
 }
 
 void GridView::keyPressEvent(QKeyEvent* event) {
     const bool on_row = currentIndex().isValid();
     if (event->key() == Qt::Key_Delete && on_key) return on_key(EditTask::kDelete);
-    if (event->key() == Qt::Key_Space && on_row && on_click) return Clicked(currentIndex());
+    if (event->key() == Qt::Key_Space && on_row && on_click) return Clicked(currentIndex(), {-1, -1});
     if (event->key() == Qt::Key_Space && on_row && on_open) return on_open();
     QTableView::keyPressEvent(event);
 }
 
 void GridView::FocusMoved(const QWidget* from, const QWidget* to) {
     const auto inside = [this](const QWidget* widget) { return widget == this || isAncestorOf(widget); };
-    if (on_leave && from != nullptr && to != nullptr && inside(from) && !inside(to)) on_leave();
+    if (!on_leave || from == nullptr || to == nullptr || to->window() != window()) return;
+    if (inside(from) && !inside(to)) on_leave();
 }
 
 }  // namespace mrlxmlclass::qt

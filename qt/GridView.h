@@ -15,31 +15,35 @@ public:
     GridView(EditTask& form, GridControl& grid, QWidget* parent);
 
     GridModel& model() { return model_; }
-    CellDelegate& delegate() { return *delegate_; }
 
     void Follow();
+    /// What is half typed in a cell is thrown away.
+    void DropEdit();
 
     /// What the form has for this table; left empty, nothing follows.
-    std::function<void(Long row)> on_click;            ///< also Space on the current row
-    std::function<void(Integer code)> on_key;          ///< of the keys that edit rows: Delete
-    std::function<void()> on_open;                     ///< a double click, or Space where on_click has no meaning
-    std::function<void()> on_leave;                    ///< the focus went elsewhere in the window
-    std::function<bool(const QModelIndex&)> edits_at;  ///< whether a single click begins an edit there
+    std::function<void(Long row)> on_click;    ///< also Space on the current row
+    std::function<void(Integer code)> on_key;  ///< of the keys that edit rows: Delete
+    std::function<void()> on_open;             ///< a double click, or Space where on_click has no meaning
+    std::function<void()> on_leave;            ///< the focus went elsewhere in the window
 
 protected:
     void currentChanged(const QModelIndex& current, const QModelIndex& previous) override;
     void keyPressEvent(QKeyEvent* event) override;
+    void mousePressEvent(QMouseEvent* event) override;
     void showEvent(QShowEvent* event) override;
 
 private:
-    void Clicked(const QModelIndex& index);
+    /// `at` is where in the view.
+    void Clicked(const QModelIndex& index, QPoint at);
     void FocusMoved(const QWidget* from, const QWidget* to);
     void ShowCurrent();
+    void TellTopRow();
 
     EditTask& form_;
     GridControl& grid_;
     GridModel model_;
     CellDelegate* delegate_;
+    QPoint pressed_at_;
     bool following_ = false;
     Long top_row_;
     bool scroll_on_show_ = false;

@@ -187,8 +187,15 @@ public:
     void gridattachement_KeyDown(Integer KeyCode);
 
     // --- Editing a cell ---------------------------------------------------------------------------------------------
-    // What a table on the screen does around the events of an edit, for either of the two grids that can be edited.
+    // What a table on the screen does around the events of an edit, for either of the two grids that can be edited, and
+    // what any table asks to show what can be done with it.
 
+    /// Whether a cell of that column offers a list when it is edited.
+    Boolean OffersList(const GridControl& grid, Long col) const;
+    /// Whether a single click on the cell can only mean that it is to be edited.
+    Boolean ClickEdits(const GridControl& grid, Long row, Long col) const;
+    /// Whether the cell carries the tick that tells whether its row is selected.
+    Boolean CarriesTick(const GridControl& grid, Long row, Long col) const;
     /// Makes a cell the current one.
     void MoveTo(GridControl& grid, Long row, Long col);
     /// False when the cell cannot be edited. Otherwise an editor opens: a list where the grid then has a `ComboList`,

@@ -2,6 +2,32 @@
 
 namespace mrlxmlclass {
 
+namespace {
+
+bool HasCell(const GridControl& grid, Long row, Long col) {
+    return row >= grid.FixedRows() && row < grid.Rows() && col >= 0 && col < grid.Cols();
+}
+
+}  // namespace
+
+Boolean EditTask::OffersList(const GridControl& grid, Long col) const {
+    if (&grid != &VSFlexGridPredecessor) return False;
+    return (col == dialog::kPosition && !predecessor_positions_.empty()) ||
+           (col == dialog::kName && !predecessor_names_.empty());
+}
+
+Boolean EditTask::ClickEdits(const GridControl& grid, Long row, Long col) const {
+    if (!HasCell(grid, row, col)) return False;
+    if (&grid == &VSFlexGridResource) return col == dialog::kPerson && grid.RowData(row) == kNewPerson;
+    // An empty row has no other use; a click on any other makes it the current one.
+    return OffersList(grid, col) && grid.RowData(row).empty();
+}
+
+Boolean EditTask::CarriesTick(const GridControl& grid, Long row, Long col) const {
+    return &grid == &VSFlexGridResource && col == dialog::kPerson && HasCell(grid, row, col) &&
+           grid.RowData(row) != kNewPerson;
+}
+
 void EditTask::MoveTo(GridControl& grid, Long row, Long col) {
     if (grid.Row() == row && grid.Col() == col) return;
     Boolean cancelled;
@@ -14,7 +40,7 @@ void EditTask::MoveTo(GridControl& grid, Long row, Long col) {
 }
 
 Boolean EditTask::BeginEdit(GridControl& grid, Long row, Long col) {
-    if (row < grid.FixedRows() || row >= grid.Rows() || col < 0 || col >= grid.Cols()) return False;
+    if (!HasCell(grid, row, col)) return False;
     MoveTo(grid, row, col);
     Boolean cancelled;
     if (&grid == &VSFlexGridPredecessor) {

@@ -5,6 +5,77 @@
 namespace mrlxmlclass::testing {
 namespace {
 
+// --- What can be done with a cell ------------------------------------------------------------------------------------
+
+TEST(OffersList, IsTrueOfTheColumnsThatNameAPredecessor) {
+    Plan plan;
+    plan.WithLinks().Task("Design").Task("Build");
+    EditInDialog(plan, "Build", [](EditTask& form) {
+        const GridControl& grid = form.VSFlexGridPredecessor;
+        for (const char* key : {"ID", "Name"}) EXPECT_EQ(form.OffersList(grid, grid.ColIndex(key)), True) << key;
+        for (const char* key : {"Type", "Lag"}) EXPECT_EQ(form.OffersList(grid, grid.ColIndex(key)), False) << key;
+        EXPECT_EQ(form.OffersList(grid, -1), False);
+        for (const GridControl* other : {&form.VSFlexGridResource, &form.gridattachement}) {
+            EXPECT_EQ(form.OffersList(*other, 0), False) << other->Name();
+        }
+    });
+}
+
+TEST(OffersList, IsFalseWhereNoTaskCanBeNamed) {
+    Plan plan;
+    plan.WithLinks().Task("Build");
+    EditInDialog(plan, "Build", [](EditTask& form) {
+        const GridControl& grid = form.VSFlexGridPredecessor;
+        for (const char* key : {"ID", "Name"}) EXPECT_EQ(form.OffersList(grid, grid.ColIndex(key)), False) << key;
+    });
+}
+
+TEST(ClickEdits, IsTrueOfWhereAnEmptyRowNamesAPredecessor) {
+    Plan plan;
+    plan.WithLinks().Task("Design").Task("Permit").Task("Build").After("Design");
+    EditInDialog(plan, "Build", [](EditTask& form) {
+        const GridControl& grid = form.VSFlexGridPredecessor;
+        ASSERT_EQ(grid.Rows(), 3);
+        for (int col = 0; col < 4; ++col) {
+            EXPECT_EQ(form.ClickEdits(grid, 0, col), False) << "the headings, " << col;
+            EXPECT_EQ(form.ClickEdits(grid, 1, col), False) << "a predecessor, " << col;
+            EXPECT_EQ(form.ClickEdits(grid, 2, col), col < 2) << "the empty row, " << col;
+            EXPECT_EQ(form.ClickEdits(grid, 3, col), False) << "no row, " << col;
+        }
+        EXPECT_EQ(form.ClickEdits(grid, 2, 4), False);
+        EXPECT_EQ(form.ClickEdits(grid, -1, 0), False);
+    });
+}
+
+TEST(ClickEdits, IsTrueOfTheNameOfANewPersonAlone) {
+    Plan plan;
+    AddPerson(plan, "Ann");
+    plan.Task("Build");
+    EditInDialog(plan, "Build", [](EditTask& form) {
+        const GridControl& grid = form.VSFlexGridResource;
+        EXPECT_EQ(form.ClickEdits(grid, 1, 1), False);
+        EXPECT_EQ(form.ClickEdits(grid, 2, 0), False);
+        EXPECT_EQ(form.ClickEdits(grid, 2, 1), True);
+    });
+}
+
+TEST(CarriesTick, IsTrueOfTheNamesOfThePeopleThatThereAre) {
+    Plan plan;
+    AddPerson(plan, "Ann");
+    plan.Task("Build");
+    EditInDialog(plan, "Build", [](EditTask& form) {
+        const GridControl& grid = form.VSFlexGridResource;
+        EXPECT_EQ(form.CarriesTick(grid, 0, 1), False);
+        EXPECT_EQ(form.CarriesTick(grid, 1, 0), False);
+        EXPECT_EQ(form.CarriesTick(grid, 1, 1), True);
+        EXPECT_EQ(form.CarriesTick(grid, 2, 1), False);
+        EXPECT_EQ(form.CarriesTick(grid, 3, 1), False);
+        EXPECT_EQ(form.CarriesTick(form.VSFlexGridPredecessor, 1, 1), False);
+    });
+}
+
+// --- The end of an edit ----------------------------------------------------------------------------------------------
+
 TEST(EndEdit, LeavesAloneWhatIsNoCellAnyMore) {
     Plan plan;
     plan.WithLinks().Task("Design").Task("Build").After("Design");

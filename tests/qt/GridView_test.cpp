@@ -94,6 +94,38 @@ TEST_F(GridView, ChangesNothingWhenTheListIsLeftWithoutAChoice) {
     });
 }
 
+TEST_F(GridView, LooksForATypedLetterInTheListAndChoosesOnEnterAlone) {
+    plan.col().AutoLink(True);
+    UsePredecessors([](QTableView& table) {
+        for (const Qt::Key end : {Qt::Key_Escape, Qt::Key_Return}) {
+            table.setFocus();
+            table.setCurrentIndex(table.model()->index(0, 1));
+            QTest::keyClick(&table, Qt::Key_P);
+            Settle();
+            EXPECT_EQ(Shown(table), "1 | Draw | 0\n |  | \n") << "nothing was chosen yet";
+            QAbstractItemView& list = *Find<QComboBox>(*table.viewport(), "").view();
+            EXPECT_TRUE(list.isVisible());
+            EXPECT_EQ(list.currentIndex().data().toString(), "Permit");
+            QTest::keyClick(&list, end);
+            Settle();
+        }
+        EXPECT_EQ(Shown(table), "2 | Permit | 0\n |  | \n");
+    });
+}
+
+TEST_F(GridView, OpensTheListOfAFilledRowByItsArrow) {
+    UsePredecessors([](QTableView& table) {
+        const QRect cell = table.visualRect(table.model()->index(0, 1));
+        const auto click = [&](QPoint at) {
+            QTest::mouseClick(table.viewport(), Qt::LeftButton, {}, at);
+            Settle();
+            return table.viewport()->findChild<QComboBox*>() != nullptr;
+        };
+        EXPECT_FALSE(click(cell.center()));
+        EXPECT_TRUE(click({cell.right() - cell.height() / 2, cell.center().y()}));
+    });
+}
+
 TEST_F(GridView, TakesALagOfDigitsAndOneSign) {
     UsePredecessors([](QTableView& table) {
         EditCell(table, 0, 3);
@@ -237,6 +269,24 @@ TEST_F(GridView, AsksForAPersonAgainWhenNobodyWasTyped) {
         EXPECT_FALSE(table.currentIndex().isValid());
     });
     EXPECT_EQ(plan.app->xPeopleCol()->Count(), 0);
+}
+
+TEST_F(GridView, GoesOnWithAHalfTypedPersonAfterAnotherWindow) {
+    UsePeople([this](QTableView& table) {
+        ClickCell(table, 0, 1);
+        QTest::keyClicks(&OpenLine(table), "Ev");
+        QWidget other;
+        other.show();
+        QApplication::setActiveWindow(&other);
+        Settle();
+        EXPECT_EQ(plan.app->xPeopleCol()->Count(), 0);
+        QApplication::setActiveWindow(table.window());
+        Settle();
+        QTest::keyClicks(&OpenLine(table), "e");
+        QTest::keyClick(&OpenLine(table), Qt::Key_Return);
+        Settle();
+        EXPECT_EQ(Shown(table), "2 | Eve*\n | New person...\n");
+    });
 }
 
 TEST_F(GridView, ShowsTheFirstPersonOfManyWhenSomebodyIsAssigned) {

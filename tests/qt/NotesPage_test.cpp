@@ -8,6 +8,7 @@
 #include <QMenu>
 #include <QMimeData>
 #include <QTabWidget>
+#include <QTextDocumentFragment>
 #include <QTimer>
 
 #include "tests/qt/QtDialog.h"
@@ -196,6 +197,46 @@ TEST_F(NotesPage, RemovesAnAttachmentByItsButtonAndByDelete) {
         EXPECT_EQ(Shown(Attachments(window)), "http://www.three.example\n");
     });
     EXPECT_EQ(MasterNotes(plan), "3::http://www.three.example");
+}
+
+TEST_F(NotesPage, RemovesWhatIsAddedAfterAllWereRemoved) {
+    for (int n = 0; n < 40; ++n) AddNote(plan, "Design", "", "http://www." + std::to_string(n) + ".example");
+    Use([](QWidget& window) {
+        QTableView& table = Attachments(window);
+        table.setCurrentIndex(table.model()->index(39, 0));
+        for (int n = 0; n < 40; ++n) QTest::keyClick(&table, Qt::Key_Delete);
+        EXPECT_EQ(Shown(table), "");
+        Then([](QWidget& address) {
+            QTest::keyClicks(&Find(address, "txturl"), "one.example");
+            QTest::keyClick(&Find(address, "txturl"), Qt::Key_Return);
+        });
+        Click(Find(window, "Cmdlink"));
+        EXPECT_EQ(Shown(table), "http://www.one.example\n");
+        Click(Find(window, "CmdRemove"));
+        EXPECT_EQ(Shown(table), "");
+    });
+    EXPECT_EQ(MasterNotes(plan), "");
+}
+
+TEST_F(NotesPage, RemovesTheTopmostOfTheAttachmentsThatShow) {
+    for (int n = 0; n < 40; ++n) AddNote(plan, "Design", "", "http://www." + std::to_string(n) + ".example");
+    Use([](QWidget& window) {
+        QTableView& table = Attachments(window);
+        table.setCurrentIndex(table.model()->index(39, 0));
+        for (int n = 0; n < 39; ++n) QTest::keyClick(&table, Qt::Key_Delete);
+        EXPECT_EQ(Shown(table), "http://www.0.example\n");
+        EXPECT_EQ(table.rowAt(0), 0);
+    });
+    EXPECT_EQ(MasterNotes(plan), "1::http://www.0.example");
+}
+
+TEST_F(NotesPage, TellsAnAddressAsItIs) {
+    AddNote(plan, "Design", "", "http://www.one.example/?a=1&b=<b>2</b>");
+    Use([](QWidget& window) {
+        const QString tip = Attachments(window).model()->index(0, 0).data(Qt::ToolTipRole).toString();
+        EXPECT_TRUE(Qt::mightBeRichText(tip));
+        EXPECT_EQ(QTextDocumentFragment::fromHtml(tip).toPlainText(), "http://www.one.example/?a=1&b=<b>2</b>");
+    });
 }
 
 }  // namespace
