@@ -1,6 +1,7 @@
 #include "qt/NotesPage.h"
 
 #include <QContextMenuEvent>
+#include <QHBoxLayout>
 #include <QHeaderView>
 #include <QKeyEvent>
 #include <QMenu>

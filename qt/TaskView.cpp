@@ -1,5 +1,6 @@
 #include "qt/TaskView.h"
 
+#include <QApplication>
 #include <QClipboard>
 #include <QFileDialog>
 #include <QMimeData>
@@ -37,18 +38,14 @@ void TaskView::ShowModally() {
     window_->show();
     form_.Form_Activate();
     if (closed_) return;
-    QEventLoop loop;
-    showing_ = &loop;
-    loop.exec();
-    showing_ = nullptr;
+    showing_.exec();
     if (!closed_) form_.Form_Closed();  // the host is quitting
 }
 
 void TaskView::Close() {
     closed_ = true;
-    if (in_front_) in_front_->reject();
-    if (window_) window_->hide();
-    if (showing_ != nullptr) showing_->quit();
+    if (window_) window_->Leave();
+    showing_.quit();
 }
 
 void TaskView::Refresh(const Control& control) {
@@ -56,6 +53,7 @@ void TaskView::Refresh(const Control& control) {
 }
 
 void TaskView::SetFocus(const Control& control) {
+    if (!window_) return;
     if (QWidget* widget = window_->bindings().WidgetOf(control)) widget->setFocus();
 }
 
@@ -64,7 +62,7 @@ void TaskView::ResetMousePointer() {
 }
 
 void TaskView::PopupMenu() {
-    window_->note().OpenMenu();
+    if (window_) window_->note().OpenMenu();
 }
 
 bool TaskView::ClipboardHasText() {
@@ -73,22 +71,19 @@ bool TaskView::ClipboardHasText() {
 }
 
 void TaskView::PasteIntoNote() {
-    window_->note().Paste(QGuiApplication::clipboard()->text());
+    if (window_) window_->note().Paste(QGuiApplication::clipboard()->text());
 }
 
 String TaskView::ChooseFile(const String& title, const String& folder, const String& filter) {
     QFileDialog dialog(window_.get(), ToQt(title), ToQt(folder), NameFilter(ToQt(filter)));
     dialog.setObjectName("TaskCommonDialog");
     dialog.setFileMode(QFileDialog::ExistingFile);
-    in_front_ = &dialog;
     if (dialog.exec() != QDialog::Accepted || dialog.selectedFiles().isEmpty()) return {};
     return FromQt(dialog.selectedFiles().front());
 }
 
 void TaskView::ShowModally(frmurl& form) {
-    UrlWindow window(form, window_.get());
-    in_front_ = &window;
-    window.exec();
+    UrlWindow(form, window_.get()).exec();
 }
 
 }  // namespace mrlxmlclass::qt

@@ -1,7 +1,6 @@
 #pragma once
 
 #include <QEventLoop>
-#include <QPointer>
 #include <memory>
 
 #include "mrlxmlclass/dialog/EditTask.h"
@@ -32,8 +31,7 @@ private:
     EditTask& form_;
     Desktop desktop_;  // outlives all widgets
     std::unique_ptr<TaskWindow> window_;
-    QPointer<QDialog> in_front_;  ///< a further window, while it is open
-    QEventLoop* showing_ = nullptr;
+    QEventLoop showing_;
     bool closed_ = false;
 };
 

@@ -1,18 +1,33 @@
 #include "qt/TaskWindow.h"
 
+#include <QApplication>
 #include <QCloseEvent>
 #include <QDialogButtonBox>
 #include <QHBoxLayout>
+#include <QPointer>
 #include <QPushButton>
+#include <QScreen>
 #include <QSignalBlocker>
+#include <QStyle>
 #include <QTabBar>
 #include <QTabWidget>
 
 #include "qt/GridPages.h"
+#include "qt/GridView.h"
 #include "qt/Labels.h"
 #include "qt/TaskPage.h"
 
 namespace mrlxmlclass::qt {
+
+namespace {
+
+/// What a desktop may put around a window.
+QSize FrameOfAnyWindow() {
+    const int title = QApplication::style()->pixelMetric(QStyle::PM_TitleBarHeight);
+    return {title / 2, title + title / 2};
+}
+
+}  // namespace
 
 TaskWindow::TaskWindow(EditTask& form) : form_(form) {
     setObjectName("EditTask");
@@ -22,12 +37,12 @@ TaskWindow::TaskWindow(EditTask& form) : form_(form) {
     column->addLayout(NewNameRow());
     column->addWidget(NewTabs(), 1);
     column->addWidget(NewButtons());
-    setFont(FontOf(form_.TxtName[0]));  // what has no font of its own looks like the fields
     bindings_.ShowAll();
     const QFontMetrics metrics(font());
     constexpr int kCharacters = 80;
     constexpr int kLines = 26;
-    resize(QSize(kCharacters * metrics.averageCharWidth(), kLines * metrics.lineSpacing()).expandedTo(sizeHint()));
+    const QSize wanted(kCharacters * metrics.averageCharWidth(), kLines * metrics.lineSpacing());
+    resize(wanted.expandedTo(sizeHint()).boundedTo(screen()->availableSize() - FrameOfAnyWindow()));
 }
 
 QLayout* TaskWindow::NewNameRow() {
@@ -93,7 +108,25 @@ QDialogButtonBox* TaskWindow::NewButtons() {
 
 // A key that presses the button leaves the focus in the field.
 void TaskWindow::FinishEditing() {
+    const QPointer<QWidget> field = focusWidget();
+    const bool hears = field != nullptr && field->hasFocus();
     ok_->setFocus();
+    if (hears || field == nullptr) return;
+    QFocusEvent left(QEvent::FocusOut);  // in a window that is not the active one no field is told
+    QCoreApplication::sendEvent(field, &left);
+}
+
+void TaskWindow::DropEdits() {
+    for (QTableView* table : findChildren<QTableView*>()) {
+        if (auto* grid = dynamic_cast<GridView*>(table)) grid->DropEdit();
+    }
+}
+
+void TaskWindow::Leave() {
+    DropEdits();
+    const QList<QDialog*> in_front = findChildren<QDialog*>();
+    for (auto dialog = in_front.rbegin(); dialog != in_front.rend(); ++dialog) (*dialog)->reject();
+    hide();
 }
 
 void TaskWindow::reject() {
@@ -102,6 +135,7 @@ void TaskWindow::reject() {
 
 void TaskWindow::closeEvent(QCloseEvent* event) {
     event->ignore();
+    DropEdits();
     form_.Form_Closed();
 }
 

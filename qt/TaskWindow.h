@@ -25,6 +25,8 @@ public:
 
     /// What is being typed counts as typed.
     void FinishEditing();
+    /// Goes, with all windows in front of it. What is half typed in a cell is thrown away.
+    void Leave();
     /// Esc.
     void reject() override;
 
@@ -35,6 +37,7 @@ private:
     QLayout* NewNameRow();
     QTabWidget* NewTabs();
     QDialogButtonBox* NewButtons();
+    void DropEdits();
 
     EditTask& form_;
     Bindings bindings_;

@@ -1,0 +1,176 @@
+#include <gtest/gtest.h>
+
+#include <QAbstractButton>
+#include <QComboBox>
+#include <QFileDialog>
+#include <QLineEdit>
+#include <QMenu>
+#include <QMessageBox>
+#include <QTabWidget>
+#include <QTextEdit>
+#include <QTimer>
+
+#include "mrlxmlclass/session/ErrorsHandler.h"
+#include "mrlxmlclass/session/ModuleState.h"
+#include "tests/qt/QtDialog.h"
+
+namespace mrlxmlclass::testing {
+namespace {
+
+/// The ways out of the dialog while something is under way.
+class Leaving : public ::testing::Test {
+protected:
+    Leaving() {
+        plan.WithLinks();
+        plan.Task("Draw").From(Monday).Lasting(2);
+        plan.Task("Permit").From(Monday).Lasting(3);
+        plan.Task("Build").From(Monday + 7).Lasting(5).After("Draw");
+        QApplication::setAttribute(Qt::AA_DontUseNativeDialogs);
+    }
+    ~Leaving() override { plan.Heard(); }
+
+    static QTableView& TableOn(QWidget& window, int tab, const char* table) {
+        Find<QTabWidget>(window, "TabTask").setCurrentIndex(tab);
+        Settle();
+        auto& view = Find<QTableView>(window, table);
+        view.setFocus();
+        return view;
+    }
+    /// Begins to type a new person's name.
+    static void HalfTypeSomebody(QWidget& window) {
+        QTableView& people = TableOn(window, 3, "VSFlexGridResource");
+        ClickCell(people, 0, 1);
+        QTest::keyClicks(&OpenLine(people), "Ev");
+    }
+    /// Does it in the next window in front.
+    static void Then(std::function<void()> next) { QTimer::singleShot(0, std::move(next)); }
+
+    OffscreenApplication application;
+    QtPlan plan;
+};
+
+// --- The host ends the dialog ----------------------------------------------------------------------------------------
+
+/// A host that ends the dialog as soon as a failure is told.
+class ImpatientHost : public ErrorsHandlerEvents {
+public:
+    explicit ImpatientHost(Application& app) : app_(app) { log_->Events.Add(*this); }
+    ~ImpatientHost() override { log_->Events.Remove(*this); }
+    ImpatientHost(const ImpatientHost&) = delete;
+    ImpatientHost& operator=(const ImpatientHost&) = delete;
+
+    void RaiseErrors(const String&, const String&) override { app_.unloadtaskinfo(); }
+
+private:
+    Application& app_;
+    Ref<ErrorsHandler> log_ = Module().g_ErrorsHandler;
+};
+
+TEST_F(Leaving, SavesNothingWhenTheHostEndsTheDialogOnTheWayToOk) {
+    const ImpatientHost host(*plan.app);
+    EXPECT_EQ(plan.Edit("Build",
+                        [](QWidget& window) {
+                            Type(Find(window, "Txtcost"), "77");
+                            Click(BoxIn(window, "DTPickerStart"));
+                            QTableView& table = TableOn(window, 1, "VSFlexGridPredecessor");
+                            EditCell(table, 0, 3);
+                            QTest::keyClicks(&OpenLine(table), "9");
+                            EXPECT_TRUE(window.isVisible());
+                            Click(Find(window, "CmdOK"));
+                            EXPECT_FALSE(window.isVisible()) << "what ends the edit failed, and the host heard of it";
+                        }),
+              False);
+    EXPECT_EQ(plan.failures.Taken(), "EditTask/VSFlexGridPredecessor_AfterEdit 13\n");
+    EXPECT_EQ(plan["Build"].TaskCost(), 0);
+    EXPECT_EQ(plan["Build"].TaskBDate(), Monday + 7);
+}
+
+TEST_F(Leaving, ThrowsAHalfTypedPersonAwayWhenTheHostEndsTheDialog) {
+    plan.Edit("Build", [this](QWidget& window) {
+        HalfTypeSomebody(window);
+        plan.app->unloadtaskinfo();
+    });
+    EXPECT_EQ(plan.app->xPeopleCol()->Count(), 0);
+}
+
+TEST_F(Leaving, ThrowsAHalfTypedPersonAwayWithTheWindow) {
+    plan.Edit("Build", [](QWidget& window) {
+        HalfTypeSomebody(window);
+        window.close();
+    });
+    EXPECT_EQ(plan.app->xPeopleCol()->Count(), 0);
+}
+
+TEST_F(Leaving, EndsAnOpenListWithTheDialog) {
+    plan.Edit("Build", [this](QWidget& window) {
+        QTableView& table = TableOn(window, 1, "VSFlexGridPredecessor");
+        ClickCell(table, 1, 1);
+        EXPECT_TRUE(Find<QComboBox>(*table.viewport(), "").view()->isVisible());
+        plan.app->unloadtaskinfo();
+    });
+    EXPECT_EQ(QApplication::topLevelWidgets().size(), 0);
+}
+
+TEST_F(Leaving, EndsAnOpenMenuWithTheDialog) {
+    plan.Edit("Build", [this](QWidget& window) {
+        Find<QTabWidget>(window, "TabTask").setCurrentIndex(2);
+        auto& note = Find<QTextEdit>(window, "txtNote");
+        QContextMenuEvent right(QContextMenuEvent::Mouse, {5, 5}, note.mapToGlobal(QPoint(5, 5)));
+        QCoreApplication::sendEvent(note.viewport(), &right);
+        EXPECT_TRUE(Find<QMenu>(window, "mnuFile").isVisible());
+        plan.app->unloadtaskinfo();
+    });
+    EXPECT_EQ(QApplication::topLevelWidgets().size(), 0);
+}
+
+TEST_F(Leaving, EndsTheChoiceOfAFileWithTheDialog) {
+    EXPECT_EQ(plan.Edit("Build",
+                        [this](QWidget& window) {
+                            Find<QTabWidget>(window, "TabTask").setCurrentIndex(2);
+                            Then([this] {
+                                EXPECT_NE(qobject_cast<QFileDialog*>(QApplication::activeModalWidget()), nullptr);
+                                plan.app->unloadtaskinfo();
+                            });
+                            Click(Find(window, "CmdAttach"));
+                        }),
+              False);
+    EXPECT_EQ(QApplication::activeModalWidget(), nullptr);
+}
+
+TEST_F(Leaving, EndsWhatTheChoiceOfAFileSaysWithTheDialog) {
+    bool said = false;
+    plan.Edit("Build", [&](QWidget& window) {
+        Find<QTabWidget>(window, "TabTask").setCurrentIndex(2);
+        Then([&] {
+            auto& name = Find<QLineEdit>(*QApplication::activeModalWidget(), "fileNameEdit");
+            QTest::keyClicks(&name, "no such file");
+            Then([&] {
+                said = qobject_cast<QMessageBox*>(QApplication::activeModalWidget()) != nullptr;
+                plan.app->unloadtaskinfo();
+            });
+            QTest::keyClick(&name, Qt::Key_Return);
+        });
+        Click(Find(window, "CmdAttach"));
+    });
+    EXPECT_TRUE(said);
+    EXPECT_EQ(QApplication::activeModalWidget(), nullptr);
+}
+
+// --- OK in a window that is not the active one -----------------------------------------------------------------------
+
+TEST_F(Leaving, TakesWhatWasTypedThoughAnotherWindowIsTheActiveOne) {
+    plan.Edit("Build", [](QWidget& window) {
+        QWidget other;
+        other.show();
+        QApplication::setActiveWindow(&other);
+        Settle();
+        auto& name = Find<QLineEdit>(window, "TxtName");
+        Type(name, "Raise");
+        EXPECT_FALSE(name.hasFocus());
+        Find<QAbstractButton>(window, "CmdOK").click();
+    });
+    EXPECT_EQ(plan["Build"].TaskName(), "Raise");
+}
+
+}  // namespace
+}  // namespace mrlxmlclass::testing
