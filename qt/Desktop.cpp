@@ -1,5 +1,6 @@
 #include "qt/Desktop.h"
 
+#include <QDeadlineTimer>
 #include <QThread>
 
 #ifdef Q_OS_LINUX
@@ -9,8 +10,12 @@
 #include <sys/wait.h>
 #include <unistd.h>
 
+#include <cerrno>
+#include <chrono>
 #include <csignal>
 #endif
+
+#include <clocale>
 
 namespace mrlxmlclass::qt {
 namespace {
@@ -38,6 +43,15 @@ std::unique_ptr<QApplication> NewApplication() {
     _exit(told ? 0 : 1);
 }
 
+/// What a call gives that a signal of the host's may interrupt.
+template <class Call>
+auto Retried(Call&& call) {
+    for (;;) {
+        const auto result = call();
+        if (result >= 0 || errno != EINTR) return result;
+    }
+}
+
 /// A display may be named and not be there, or not let us in: only trying tells.
 bool ApplicationStarts() {
     int ends[2];
@@ -47,13 +61,13 @@ bool ApplicationStarts() {
     close(ends[1]);
     bool started = false;
     if (child > 0) {
-        constexpr int kLongest = 10'000;  // milliseconds
+        const QDeadlineTimer longest(std::chrono::seconds(10));
         pollfd answer{ends[0], POLLIN, 0};
         char told = 0;
-        started = poll(&answer, 1, kLongest) == 1 && read(ends[0], &told, 1) == 1;
+        started = Retried([&] { return poll(&answer, 1, static_cast<int>(longest.remainingTime())); }) == 1 &&
+                  Retried([&] { return read(ends[0], &told, 1); }) == 1;
         kill(child, SIGKILL);
-        while (waitpid(child, nullptr, 0) < 0 && errno == EINTR) {
-        }
+        Retried([&] { return waitpid(child, nullptr, 0); });
     }
     close(ends[0]);
     return started;
@@ -82,8 +96,18 @@ bool CanShowWidgets() {
     return DisplayIsThere();
 }
 
-Desktop::Desktop() {
-    if (QCoreApplication::instance() == nullptr) own_ = NewApplication();
+Desktop::Desktop() : c_locale_(std::setlocale(LC_ALL, nullptr)) {
+    if (QCoreApplication::instance() != nullptr) return;
+    own_ = NewApplication();
+    PutLocaleBack();
+}
+
+Desktop::~Desktop() {
+    if (own_) PutLocaleBack();  // what reads the keyboard may have set it again
+}
+
+void Desktop::PutLocaleBack() const {
+    std::setlocale(LC_ALL, c_locale_.c_str());
 }
 
 }  // namespace mrlxmlclass::qt

@@ -16,29 +16,41 @@ OffscreenApplication::OffscreenApplication()
     QApplication::setStyle("fusion");
 }
 
+std::unique_ptr<EditTaskView> QtPlan::Screens::NewView(EditTask& form) {
+    std::unique_ptr<EditTaskView> view = QtTaskScreens::NewView(form);
+    if (on_view) on_view();
+    return view;
+}
+
 Boolean QtPlan::Edit(const String& task, const std::function<void(QWidget&)>& person, int from_where,
                      const String& date_format) {
     Heard();
-    // A dialog that nothing closes would stand there for ever.
-    QTimer deadline;
-    constexpr int kLongest = 20'000;
-    QObject::connect(&deadline, &QTimer::timeout, [] {
-        ADD_FAILURE() << "the dialog stood open for too long";
-        QApplication::closeAllWindows();
-    });
-    if (QCoreApplication::instance() != nullptr) deadline.start(kLongest);
-    const QObject here;  // where no dialog can show, nobody acts in the next one instead
-    QTimer::singleShot(0, &here, [&person] {
-        const QPointer<QWidget> window = QApplication::activeModalWidget();
-        if (window == nullptr) return ADD_FAILURE() << "no dialog shows", void();
-        EXPECT_TRUE(QTest::qWaitForWindowActive(window));
-        person(*window);
-        Settle();
-        if (window.isNull() || QApplication::activeModalWidget() != window) return;
-        ADD_FAILURE() << "the dialog was left open";
-        window->close();
-    });
-    return app->showtaskinfo(Key(task), app->xTaskCol(), from_where, EnglishTaskDialogTexts(), date_format);
+    QPointer<QTimer> deadline;
+    screens_.on_view = [&] {  // there may be no QApplication before
+        // A dialog that nothing closes would stand there for ever.
+        deadline = new QTimer(qApp);
+        constexpr int kLongest = 20'000;
+        QObject::connect(deadline, &QTimer::timeout, [] {
+            ADD_FAILURE() << "the dialog stood open for too long";
+            QApplication::closeAllWindows();
+        });
+        deadline->start(kLongest);
+        QTimer::singleShot(0, deadline, [&person] {
+            const QPointer<QWidget> window = QApplication::activeModalWidget();
+            if (window == nullptr) return ADD_FAILURE() << "no dialog shows", void();
+            EXPECT_TRUE(QTest::qWaitForWindowActive(window));
+            person(*window);
+            Settle();
+            if (window.isNull() || QApplication::activeModalWidget() != window) return;
+            ADD_FAILURE() << "the dialog was left open";
+            window->close();
+        });
+    };
+    const Boolean changed =
+        app->showtaskinfo(Key(task), app->xTaskCol(), from_where, EnglishTaskDialogTexts(), date_format);
+    screens_.on_view = nullptr;
+    delete deadline.data();
+    return changed;
 }
 
 bool Wheel(QWidget& widget, int notches) {

@@ -40,7 +40,12 @@ public:
                  const String& date_format = {});
 
 private:
-    QtTaskScreens screens_;
+    struct Screens : QtTaskScreens {
+        std::unique_ptr<EditTaskView> NewView(EditTask& form) override;
+        std::function<void()> on_view;
+    };
+
+    Screens screens_;
     Services services_{platform.clock, platform.locale, platform.files, platform.shell,
                        platform.ui,    NoOldPlans(),    screens_,       platform.help};
     InstalledServices installed_{services_};
