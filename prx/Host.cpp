@@ -9,6 +9,7 @@
 namespace prx {
 
 void HostUi::Message(const std::string& text) {
+    if (ShowMessage(text)) return;
     progress_.Clear();
     fmt::print(stderr, "prx: {}\n", Plain(text));
 }

@@ -15,7 +15,7 @@ public:
     std::string ProgramFolder() override { return StateFolder() + "/prx"; }
 };
 
-/// Messages go to the error output; the yields of a load move the progress bar.
+/// Messages go to the error output, or in front of a window that stands; the yields of a load move the progress bar.
 class HostUi : public mrlxmlclass::Ui {
 public:
     void Message(const std::string& text) override;

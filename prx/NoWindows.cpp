@@ -21,6 +21,10 @@ bool LeftByOk() {
     return false;
 }
 
+bool ShowMessage(const std::string&) {
+    return false;
+}
+
 std::string WhyNoWindow() {
     return "this prx was built without windows; build it where Qt 6 Widgets is installed";
 }

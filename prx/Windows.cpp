@@ -4,6 +4,7 @@
 
 #include "mrlxmlclass/dialog/EditTask.h"
 #include "qt/QtTaskScreens.h"
+#include "qt/QtUi.h"
 
 namespace prx {
 namespace {
@@ -37,6 +38,12 @@ mrlxmlclass::TaskScreens& Windows() {
 bool LeftByOk() {
     const auto latest = TheWindows().TakeLatest();
     return latest && latest->Saved();
+}
+
+bool ShowMessage(const std::string& text) {
+    if (!mrlxmlclass::QtUi::CanShow()) return false;
+    mrlxmlclass::QtUi().Message(text);
+    return true;
 }
 
 std::string WhyNoWindow() {

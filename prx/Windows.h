@@ -13,6 +13,8 @@ void GoOnWithWindows(char** arguments);
 mrlxmlclass::TaskScreens& Windows();
 /// Why no window can be shown now, in plain words; "" when one can.
 std::string WhyNoWindow();
+/// Shows a message in front of the window that stands. False when none does: then it is not shown.
+bool ShowMessage(const std::string& text);
 /// Whether the latest dialog was left by OK, and saved what it was to save.
 bool LeftByOk();
 

@@ -99,6 +99,19 @@ TEST_F(PersonAtTheWindow, SavesNothingOnCancelNotEvenSomebodyWhoIsNew) {
     EXPECT_TRUE(folder.Read("a.prx") == before);
 }
 
+TEST_F(PersonAtTheWindow, ReadsInABoxThatAnAttachmentIsGone) {
+    {
+        const std::string note = folder.Output({"note", "a.prx", "add", "The plan", "--link", "/gone/plan.pdf"});
+        folder.Output({"assign", "a.prx", "Kitchen", "note", note.substr(0, note.find('\n'))});
+    }
+    const Variable opens("PERSON_OPENS", "1");
+    const Variable presses("PERSON_PRESSES", "CmdCancel");
+    const Result result = folder.Prx({"edit", "a.prx", "Kitchen"});
+    EXPECT_EQ(result.status, 0);
+    EXPECT_EQ(result.out, "box: The attachment could not be opened.\n");
+    EXPECT_EQ(result.err.find("could not be opened"), std::string::npos) << result.err;
+}
+
 TEST_F(PersonAtTheWindow, SavesNothingWhenOkIsPressedAtOnce) {
     const std::string before = folder.Read("a.prx");
     const Variable presses("PERSON_PRESSES", "CmdOK");

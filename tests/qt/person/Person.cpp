@@ -1,12 +1,14 @@
 // Loaded into a program before it starts, this uses the task dialog that the program opens: types $PERSON_TYPES over
-// the duration and $PERSON_KNOWS as a new person's name, where they are set, and presses the button of the name
-// $PERSON_PRESSES.
+// the duration and $PERSON_KNOWS as a new person's name, opens the first attachment for $PERSON_OPENS, where they are
+// set, and presses the button of the name $PERSON_PRESSES. What a message box says goes to the output.
 #include <QAbstractButton>
 #include <QApplication>
 #include <QKeyEvent>
 #include <QLineEdit>
+#include <QMessageBox>
 #include <QTableView>
 #include <QTimer>
+#include <cstdio>
 
 namespace {
 
@@ -31,11 +33,23 @@ void AddSomebody(const QWidget& window, const QString& name) {
     Press(*editor, Qt::Key_Return, "\r");
 }
 
+void OpenAttachment(const QWidget& window) {
+    auto* attachments = window.findChild<QTableView*>("gridattachement");
+    attachments->setCurrentIndex(attachments->model()->index(0, 0));
+    Press(*attachments, Qt::Key_Space, " ");
+}
+
 void UseDialog() {
     QWidget* window = QApplication::activeModalWidget();
     if (window == nullptr) return;
+    if (auto* box = qobject_cast<QMessageBox*>(window)) {
+        std::printf("box: %s\n", qPrintable(box->text()));
+        box->button(QMessageBox::Ok)->click();
+        return;
+    }
     Type(*window->findChild<QLineEdit*>("TxtDurtion"), qEnvironmentVariable("PERSON_TYPES"));
     if (qEnvironmentVariableIsSet("PERSON_KNOWS")) AddSomebody(*window, qEnvironmentVariable("PERSON_KNOWS"));
+    if (qEnvironmentVariableIsSet("PERSON_OPENS")) OpenAttachment(*window);
     window->findChild<QAbstractButton*>(qEnvironmentVariable("PERSON_PRESSES"))->click();
 }
 
