@@ -3,13 +3,16 @@
 
 #include "mrlxmlclass/dialog/EditTask.h"
 #include "qt/QtTaskScreens.h"
+#include "qt/QtUi.h"
 
 using namespace mrlxmlclass;
 
 int main() {
     const auto form = Make<EditTask>();
     QtTaskScreens screens;
-    if (!QtTaskScreens::CanShow() || !screens.NewView(*form)) return 1;
+    if (!QtTaskScreens::CanShow()) return 1;
+    const auto view = screens.NewView(*form);
+    if (!QtUi::CanShow()) return 2;
     std::puts("The installed windows work.");
     return 0;
 }

@@ -1,11 +1,15 @@
 #include <gtest/gtest.h>
 
 #include <QAbstractButton>
+#include <QComboBox>
+#include <QContextMenuEvent>
 #include <QDir>
-#include <QGuiApplication>
 #include <QLabel>
+#include <QMenu>
+#include <QScreen>
 #include <QTabWidget>
 #include <QTextEdit>
+#include <QTimer>
 
 #include "tests/qt/QtDialog.h"
 
@@ -62,43 +66,121 @@ void ExpectWholeCaptions(const QWidget& window) {
     }
 }
 
-/// Saves a picture of each tab; the name tells its looks.
-void TakePictures(const QString& looks, int from_where = 2) {
-    const OffscreenApplication application;
+/// Saves a picture of a window in its folder; the looks and the scale belong to its name.
+void TakePicture(QWidget& window, const QString& looks, const QString& what) {
     const QDir folder(MRLXMLCLASS_PICTURES);
     ASSERT_TRUE(folder.mkpath("."));
-    if (looks == "dark") QApplication::setPalette(DarkPalette());
     const QString scale = QString::number(qRound(100 * qApp->devicePixelRatio()));
+    const QString name = QString("%1-%2-%3.png").arg(looks, scale, what);
+    EXPECT_TRUE(window.grab().save(folder.filePath(name))) << name.toStdString();
+}
 
+/// Opens the dialog on a furnished task; `person(window)` looks at it, and it is cancelled.
+void LookAt(const std::function<void(QWidget& window)>& person, int from_where = 2) {
     QtPlan plan;
     Furnish(plan);
     plan.Edit(
         "Foundation",
         [&](QWidget& window) {
-            auto& tabs = Find<QTabWidget>(window, "TabTask");
-            for (int tab = 0; tab < tabs.count(); ++tab) {
-                if (!tabs.isTabEnabled(tab)) continue;
-                tabs.setCurrentIndex(tab);
-                Settle();
-                ExpectWholeCaptions(window);
-                const QString name = QString("%1-%2-%3.png").arg(looks, scale).arg(tab);
-                EXPECT_TRUE(window.grab().save(folder.filePath(name))) << name.toStdString();
-            }
+            person(window);
             Click(Find(window, "CmdCancel"));
         },
         from_where, "dd/MM/yyyy");
 }
 
+void GoTo(QWidget& window, int tab) {
+    Find<QTabWidget>(window, "TabTask").setCurrentIndex(tab);
+    Settle();
+}
+
+/// Saves a picture of each tab.
+void TakePictures(QWidget& window, const QString& looks) {
+    const auto& tabs = Find<QTabWidget>(window, "TabTask");
+    for (int tab = 0; tab < tabs.count(); ++tab) {
+        if (!tabs.isTabEnabled(tab)) continue;
+        GoTo(window, tab);
+        ExpectWholeCaptions(window);
+        TakePicture(window, looks, QString::number(tab));
+    }
+}
+
 TEST(Pictures, AreTakenOfEveryTabOnALightDesktop) {
-    TakePictures("light");
+    const OffscreenApplication application;
+    LookAt([](QWidget& window) { TakePictures(window, "light"); });
 }
 
 TEST(Pictures, AreTakenOfEveryTabOnADarkDesktop) {
-    TakePictures("dark");
+    const OffscreenApplication application;
+    QApplication::setPalette(DarkPalette());
+    LookAt([](QWidget& window) { TakePictures(window, "dark"); });
 }
 
 TEST(Pictures, AreTakenOfTheScreenThatShowsNamesOnly) {
-    TakePictures("names", 1);
+    const OffscreenApplication application;
+    LookAt([](QWidget& window) { TakePictures(window, "names"); }, 1);
+}
+
+TEST(Pictures, AreTakenFromRightToLeft) {
+    const OffscreenApplication application;
+    QApplication::setLayoutDirection(Qt::RightToLeft);
+    LookAt([](QWidget& window) { TakePictures(window, "mirrored"); });
+    QApplication::setLayoutDirection(Qt::LeftToRight);
+}
+
+TEST(Pictures, AreTakenOfTheSmallestWindow) {
+    const OffscreenApplication application;
+    LookAt([](QWidget& window) {
+        window.resize(window.minimumSizeHint());
+        TakePictures(window, "smallest");
+    });
+}
+
+TEST(Pictures, AreTakenInALargeFontThatFitsTheScreen) {
+    const OffscreenApplication application;
+    QFont large = QApplication::font();
+    large.setPointSizeF(1.8 * large.pointSizeF());
+    QApplication::setFont(large);
+    LookAt([&](QWidget& window) {
+        EXPECT_EQ(Find(window, "lblName").font().pointSizeF(), large.pointSizeF()) << "the desktop's font";
+        const QSize screen = window.screen()->availableSize();
+        EXPECT_LE(window.width(), screen.width());
+        EXPECT_LE(window.height(), screen.height());
+        TakePictures(window, "large");
+    });
+}
+
+TEST(Pictures, AreTakenOfAnOpenList) {
+    const OffscreenApplication application;
+    LookAt([](QWidget& window) {
+        GoTo(window, 1);
+        auto& table = Find<QTableView>(window, "VSFlexGridPredecessor");
+        ClickCell(table, 2, 1);
+        auto& list = Find<QComboBox>(*table.viewport(), "");
+        TakePicture(*list.view()->window(), "light", "list");
+        QTest::keyClick(list.view(), Qt::Key_Escape);
+        Settle();
+    });
+}
+
+TEST(Pictures, AreTakenOfTheMenuAndTheWindowOfAnAddress) {
+    const OffscreenApplication application;
+    LookAt([](QWidget& window) {
+        GoTo(window, 2);
+        auto& note = Find<QTextEdit>(window, "txtNote");
+        QContextMenuEvent right(QContextMenuEvent::Mouse, {5, 5}, note.mapToGlobal(QPoint(5, 5)));
+        QCoreApplication::sendEvent(note.viewport(), &right);
+        auto& menu = Find<QMenu>(window, "mnuFile");
+        TakePicture(menu, "light", "menu");
+        menu.close();
+
+        QTimer::singleShot(0, [] {
+            QWidget& address = *QApplication::activeModalWidget();
+            ExpectWholeCaptions(address);
+            TakePicture(address, "light", "address");
+            Click(Find(address, "CmdCancel"));
+        });
+        Click(Find(window, "Cmdlink"));
+    });
 }
 
 }  // namespace
