@@ -11,6 +11,7 @@
 #include <functional>
 #include <utility>
 
+#include "qt/CheckBox.h"
 #include "qt/GridModel.h"
 #include "qt/LineField.h"
 #include "qt/Texts.h"
@@ -75,16 +76,6 @@ void DrawArrow(QPainter& painter, const QStyleOptionViewItem& cell) {
     painter.save();
     painter.setOpacity(selected ? 1 : kFaint);
     QApplication::style()->drawPrimitive(QStyle::PE_IndicatorArrowDown, &arrow, &painter, cell.widget);
-    painter.restore();
-}
-
-/// Some styles draw a check box in hardly another colour than a dark table's.
-void DrawOutline(QPainter& painter, const QRect& box, const QStyleOptionViewItem& cell) {
-    constexpr double kFaint = 0.4;
-    painter.save();
-    painter.setOpacity(kFaint);
-    painter.setPen(cell.palette.color(QPalette::Text));
-    painter.drawRect(QRectF(box).adjusted(0.5, 0.5, -0.5, -0.5));
     painter.restore();
 }
 
@@ -185,7 +176,7 @@ void CellDelegate::paint(QPainter* painter, const QStyleOptionViewItem& option, 
     if (index.data(Qt::CheckStateRole).isValid()) {
         const QStyle& style = *(option.widget != nullptr ? option.widget->style() : QApplication::style());
         DrawOutline(*painter, style.subElementRect(QStyle::SE_ItemViewItemCheckIndicator, &cell, option.widget),
-                    option);
+                    option.palette);
     }
 }
 

@@ -7,6 +7,7 @@
 #include <utility>
 
 #include "mrlxmlclass/runtime/Date.h"
+#include "qt/CheckBox.h"
 #include "qt/Texts.h"
 
 namespace mrlxmlclass::qt {
@@ -28,7 +29,7 @@ void UseFormat(QDateEdit& date, const QString& format) {
 }  // namespace
 
 DateField::DateField(DateControl& control, std::function<void()> changed)
-    : control_(control), changed_(std::move(changed)), has_date_(new QCheckBox(this)), date_(new QDateEdit(this)) {
+    : control_(control), changed_(std::move(changed)), has_date_(new CheckBox(this)), date_(new QDateEdit(this)) {
     auto* row = new QHBoxLayout(this);
     row->setContentsMargins(0, 0, 0, 0);
     row->addWidget(has_date_);

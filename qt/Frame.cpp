@@ -14,6 +14,8 @@ void Frame::setVisible(bool visible) {
 
 void Frame::paintEvent(QPaintEvent*) {
     QStylePainter painter(this);
+    // Some styles leave room for a line that is not drawn here.
+    painter.translate(isRightToLeft() ? contentsRect().right() - rect().right() : contentsRect().left(), 0);
     QFont heading = font();
     heading.setBold(true);
     painter.setFont(heading);

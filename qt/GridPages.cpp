@@ -15,8 +15,7 @@ GridView* AddGrid(QWidget& page, EditTask& form, const Control& frame_control, G
     bindings.AddCaption(frame_control, *frame);
     auto* view = new GridView(form, grid, frame);
     bindings.Add(grid, *view, [view] { view->Follow(); });
-    (new QVBoxLayout(frame))->addWidget(view);
-    frame->layout()->setContentsMargins(0, frame->layout()->contentsMargins().top(), 0, 0);
+    frame->Lay(new QVBoxLayout)->addWidget(view);
     (new QVBoxLayout(&page))->addWidget(frame);
     return view;
 }

@@ -90,8 +90,7 @@ QWidget* NotesPage::NewNoteFrame(Bindings& bindings) {
     auto* frame = new Frame(this);
     bindings.AddCaption(form_.FrNote, *frame);
     bindings.Add(form_.txtNote, *note_, [this] { note_->Show(); });
-    (new QVBoxLayout(frame))->addWidget(note_);
-    frame->layout()->setContentsMargins(0, frame->layout()->contentsMargins().top(), 0, 0);
+    frame->Lay(new QVBoxLayout)->addWidget(note_);
     return frame;
 }
 
@@ -117,8 +116,7 @@ QWidget* NotesPage::NewAttachmentsFrame(Bindings& bindings) {
     add(form_.CmdRemove, [this] { form_.CmdRemove_Click(); });
     buttons->addStretch(1);
 
-    auto* row = new QHBoxLayout(frame);
-    row->setContentsMargins(0, row->contentsMargins().top(), 0, 0);
+    auto* row = frame->Lay(new QHBoxLayout);
     row->addWidget(view, 1);
     row->addLayout(buttons);
     return frame;

@@ -11,8 +11,8 @@ namespace mrlxmlclass {
 ///     Services services{system.clock, system.locale, system.files, system.shell, ui, NoOldPlans(), screens};
 ///
 /// A box stands where it can: on the thread of a QApplication, such as the one that the task dialog makes while it
-/// stands. Elsewhere a message goes where the system's own does. A box that the task dialog raised goes with it when the
-/// host unloads it. What includes this needs no header of Qt.
+/// stands. Elsewhere a message goes where the system's own does. A box that the task dialog raised goes with it when
+/// the host unloads it. What includes this needs no header of Qt.
 class QtUi : public Ui {
 public:
     /// Whether a message would show in a box now.

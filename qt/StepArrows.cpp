@@ -51,7 +51,7 @@ void StepArrows::wheelEvent(QWheelEvent* event) {
 QSize StepArrows::sizeHint() const {
     QStyleOptionSpinBox wide;
     initStyleOption(&wide);
-    const int height = QAbstractSpinBox::sizeHint().height();
+    const int height = field_.sizeHint().height();
     wide.rect = QRect(0, 0, 10 * height, height);
     const QRect arrows = style()->subControlRect(QStyle::CC_SpinBox, &wide, QStyle::SC_SpinBoxUp, this);
     return {wide.rect.right() - arrows.left() + 1, height};

@@ -1,6 +1,5 @@
 #include "qt/TaskPage.h"
 
-#include <QCheckBox>
 #include <QComboBox>
 #include <QGridLayout>
 #include <QKeyEvent>
@@ -8,8 +7,8 @@
 #include <QSignalBlocker>
 #include <algorithm>
 
+#include "qt/CheckBox.h"
 #include "qt/DateField.h"
-#include "qt/Frame.h"
 #include "qt/Labels.h"
 #include "qt/StepArrows.h"
 
@@ -29,6 +28,16 @@ QHBoxLayout* WithArrows(QWidget* field, QWidget* arrows) {
     return row;
 }
 
+/// What it takes, also while it does not show.
+int WidthOf(QLayoutItem& item) {
+    if (const QWidget* widget = item.widget()) return widget->sizeHint().width();
+    const QLayout* row = item.layout();
+    if (row == nullptr || row->count() == 0) return 0;
+    int width = (row->count() - 1) * row->spacing();
+    for (int n = 0; n < row->count(); ++n) width += WidthOf(*row->itemAt(n));
+    return width;
+}
+
 }  // namespace
 
 TaskPage::TaskPage(EditTask& form, Bindings& bindings) : form_(form) {
@@ -38,8 +47,8 @@ TaskPage::TaskPage(EditTask& form, Bindings& bindings) : form_(form) {
     column->addStretch(1);
 }
 
-QGridLayout* TaskPage::NewFieldGrid(QWidget* frame) {
-    auto* grid = new QGridLayout(frame);
+QGridLayout* TaskPage::NewFieldGrid(Frame& frame) {
+    auto* grid = frame.Lay(new QGridLayout);
     grid->setColumnStretch(kRest, 1);
     grids_.push_back(grid);
     return grid;
@@ -51,8 +60,8 @@ void TaskPage::showEvent(QShowEvent* event) {
         int widest = 0;
         for (const QGridLayout* grid : grids_) {
             for (int row = 0; row < grid->rowCount(); ++row) {
-                const QLayoutItem* item = grid->itemAtPosition(row, column);
-                if (item != nullptr) widest = std::max(widest, item->sizeHint().width());
+                QLayoutItem* item = grid->itemAtPosition(row, column);
+                if (item != nullptr) widest = std::max(widest, WidthOf(*item));
             }
         }
         for (QGridLayout* grid : grids_) grid->setColumnMinimumWidth(column, widest);
@@ -63,7 +72,7 @@ void TaskPage::showEvent(QShowEvent* event) {
 QWidget* TaskPage::NewProgressFrame(Bindings& bindings) {
     auto* frame = new Frame(this);
     bindings.AddCaption(form_.frmTaskPro[0], *frame);
-    QGridLayout* grid = NewFieldGrid(frame);
+    QGridLayout* grid = NewFieldGrid(*frame);
     AddProgress(*grid, bindings);
     AddCost(*grid, bindings);
     return frame;
@@ -72,7 +81,7 @@ QWidget* TaskPage::NewProgressFrame(Bindings& bindings) {
 QWidget* TaskPage::NewDatesFrame(Bindings& bindings) {
     auto* frame = new Frame(this);
     bindings.AddCaption(form_.FrStartDate, *frame);
-    QGridLayout* grid = NewFieldGrid(frame);
+    QGridLayout* grid = NewFieldGrid(*frame);
     AddDates(*grid, bindings);
     AddDuration(*grid, bindings);
     return frame;
@@ -93,6 +102,7 @@ void TaskPage::AddProgress(QGridLayout& grid, Bindings& bindings) {
         for (auto n = static_cast<std::size_t>(box->count()); n < offered.size(); ++n) box->addItem(ToQt(offered[n]));
         percent_->Show();
     });
+    bindings.Show(form_.TxtPercentComplet);  // a box keeps the height that it has in its first font
     connect(box->lineEdit(), &QLineEdit::textEdited, this, [this](const QString& text) { percent_->Typed(text); });
     connect(box, &QComboBox::textActivated, this, [this](const QString& chosen) {
         percent_->Typed(chosen);
@@ -152,7 +162,7 @@ void TaskPage::AddDuration(QGridLayout& grid, Bindings& bindings) {
     grid.addWidget(NewLabel(form_.LblDuration[0], bindings, duration_line_), row, kLabels);
     grid.addLayout(WithArrows(duration_line_, arrows), row, kFields);
 
-    auto* milestone = new QCheckBox(this);
+    auto* milestone = new CheckBox(this);
     bindings.AddCaption(form_.chkAsMilistones, *milestone,
                         [this, milestone] { milestone->setChecked(static_cast<bool>(form_.chkAsMilistones.Value())); });
     connect(milestone, &QCheckBox::clicked, this, [this](bool ticked) { form_.chkAsMilistones.Value(ticked); });

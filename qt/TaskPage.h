@@ -6,6 +6,7 @@
 
 #include "mrlxmlclass/dialog/EditTask.h"
 #include "qt/Bindings.h"
+#include "qt/Frame.h"
 #include "qt/LineField.h"
 
 class QGridLayout;
@@ -24,7 +25,7 @@ protected:
 private:
     QWidget* NewProgressFrame(Bindings& bindings);
     QWidget* NewDatesFrame(Bindings& bindings);
-    QGridLayout* NewFieldGrid(QWidget* frame);
+    QGridLayout* NewFieldGrid(Frame& frame);
     void AddProgress(QGridLayout& grid, Bindings& bindings);
     void AddCost(QGridLayout& grid, Bindings& bindings);
     void AddDates(QGridLayout& grid, Bindings& bindings);

@@ -10,6 +10,8 @@
 #include <cstdlib>
 #include <thread>
 
+#include "mrlxmlclass/dialog/EditTask.h"
+#include "mrlxmlclass/dialog/EditTaskView.h"
 #include "tests/qt/QtDialog.h"
 
 namespace mrlxmlclass::testing {
@@ -110,6 +112,20 @@ TEST_F(QtTaskScreensAlone, EditsATaskInAProgramThatHasNoApplication) {
     EXPECT_EQ(plan["Design"].TaskDuration(), 5);
     EXPECT_EQ(QCoreApplication::instance(), nullptr);
     plan.Heard();
+}
+
+TEST_F(QtTaskScreensAlone, HasAViewThatBearsAllBeforeItShows) {
+    const OffscreenApplication application;
+    QtTaskScreens screens;
+    const auto form = Make<EditTask>();
+    const auto view = screens.NewView(*form);
+    view->Refresh(form->TabTask);
+    view->SetFocus(form->TabTask);
+    view->PopupMenu();
+    view->PasteIntoNote();
+    view->Close();
+    view->ShowModally();
+    EXPECT_EQ(QApplication::topLevelWidgets().size(), 0) << "it was closed before";
 }
 
 TEST_F(QtTaskScreensAlone, CannotShowADialogInAProgramWithoutWidgets) {

@@ -28,6 +28,17 @@ TEST_F(TaskPage, DropsLettersTypedIntoTheDuration) {
     });
 }
 
+TEST_F(TaskPage, LeavesEnterInTheDurationToTheForm) {
+    plan.Edit("Design", [](QWidget& window) {
+        auto& duration = Find<QLineEdit>(window, "TxtDurtion");
+        bool taken = false;
+        QObject::connect(&duration, &QLineEdit::returnPressed, &duration, [&taken] { taken = true; });
+        QTest::keyClick(&duration, Qt::Key_Return);
+        EXPECT_FALSE(taken) << "the field's rules drop the key";
+        EXPECT_FALSE(window.isVisible()) << "the window's button takes it";
+    });
+}
+
 TEST_F(TaskPage, TakesADurationOfThreeDigitsAtMost) {
     plan.Edit("Design", [](QWidget& window) {
         auto& duration = Find<QLineEdit>(window, "TxtDurtion");

@@ -95,6 +95,25 @@ TEST_F(TaskWindow, GoesWithTheWindowInFrontOfItWhenTheHostUnloadsIt) {
     EXPECT_EQ(QApplication::activeModalWidget(), nullptr);
 }
 
+TEST_F(TaskWindow, OpensAnotherDialogFromWithin) {
+    plan.Task("Build").From(Monday).Lasting(2);
+    EXPECT_EQ(plan.Edit("Design",
+                        [this](QWidget& outer) {
+                            Type(Find(outer, "TxtDurtion"), "5");
+                            plan.Edit("Build", [&outer](QWidget& inner) {
+                                EXPECT_NE(&inner, &outer);
+                                Type(Find(inner, "TxtDurtion"), "4");
+                                Click(Find(inner, "CmdOK"));
+                            });
+                            EXPECT_TRUE(outer.isVisible());
+                            Click(Find(outer, "CmdOK"));
+                        }),
+              True);
+    EXPECT_EQ(plan["Design"].TaskDuration(), 5);
+    EXPECT_EQ(plan["Build"].TaskDuration(), 4);
+    plan.Heard();
+}
+
 TEST_F(TaskWindow, CountsAsCancelledWhenTheHostQuits) {
     Boolean changed = True;
     QTimer::singleShot(0, [&] {
