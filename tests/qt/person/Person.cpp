@@ -33,7 +33,15 @@ void AddSomebody(const QWidget& window, const QString& name) {
     Press(*editor, Qt::Key_Return, "\r");
 }
 
+void AnswerBox() {
+    auto* box = qobject_cast<QMessageBox*>(QApplication::activeModalWidget());
+    if (box == nullptr) return;
+    std::printf("box: %s\n", qPrintable(box->text()));
+    box->button(QMessageBox::Ok)->click();
+}
+
 void OpenAttachment(const QWidget& window) {
+    QTimer::singleShot(0, qApp, AnswerBox);
     auto* attachments = window.findChild<QTableView*>("gridattachement");
     attachments->setCurrentIndex(attachments->model()->index(0, 0));
     Press(*attachments, Qt::Key_Space, " ");
@@ -42,11 +50,6 @@ void OpenAttachment(const QWidget& window) {
 void UseDialog() {
     QWidget* window = QApplication::activeModalWidget();
     if (window == nullptr) return;
-    if (auto* box = qobject_cast<QMessageBox*>(window)) {
-        std::printf("box: %s\n", qPrintable(box->text()));
-        box->button(QMessageBox::Ok)->click();
-        return;
-    }
     Type(*window->findChild<QLineEdit*>("TxtDurtion"), qEnvironmentVariable("PERSON_TYPES"));
     if (qEnvironmentVariableIsSet("PERSON_KNOWS")) AddSomebody(*window, qEnvironmentVariable("PERSON_KNOWS"));
     if (qEnvironmentVariableIsSet("PERSON_OPENS")) OpenAttachment(*window);
