@@ -16,8 +16,9 @@ OffscreenApplication::OffscreenApplication()
     QApplication::setStyle("fusion");
 }
 
-std::unique_ptr<EditTaskView> QtPlan::Screens::NewView(EditTask& form) {
-    std::unique_ptr<EditTaskView> view = QtTaskScreens::NewView(form);
+std::unique_ptr<EditTaskView> QtPlan::Screens::NewView(EditTask& form_to_show) {
+    form = &form_to_show;
+    std::unique_ptr<EditTaskView> view = QtTaskScreens::NewView(form_to_show);
     if (on_view) on_view();
     return view;
 }

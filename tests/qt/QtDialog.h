@@ -39,10 +39,14 @@ public:
     Boolean Edit(const String& task, const std::function<void(QWidget& window)>& person, int from_where = 2,
                  const String& date_format = {});
 
+    /// Of the dialog that stands.
+    EditTask& form() const { return *screens_.form; }
+
 private:
     struct Screens : QtTaskScreens {
-        std::unique_ptr<EditTaskView> NewView(EditTask& form) override;
+        std::unique_ptr<EditTaskView> NewView(EditTask& form_to_show) override;
         std::function<void()> on_view;
+        EditTask* form = nullptr;
     };
 
     Screens screens_;
