@@ -11,6 +11,7 @@
 #include <QStyle>
 #include <QTabBar>
 #include <QTabWidget>
+#include <algorithm>
 
 #include "qt/GridPages.h"
 #include "qt/GridView.h"
@@ -125,7 +126,7 @@ void TaskWindow::DropEdits() {
 void TaskWindow::Leave() {
     DropEdits();
     const QList<QDialog*> in_front = findChildren<QDialog*>();
-    for (auto dialog = in_front.rbegin(); dialog != in_front.rend(); ++dialog) (*dialog)->reject();
+    std::for_each(in_front.rbegin(), in_front.rend(), [](QDialog* dialog) { dialog->reject(); });
     hide();
 }
 
