@@ -99,7 +99,7 @@ void EditTask::ShowModally() {
         std::unique_ptr<EditTaskView>& view;
         ~Ended() { view.reset(); }
     } const ended{view_};
-    view_->ShowModally();
+    if (!closed_) view_->ShowModally();  // the host may have had a word meanwhile
 }
 
 void EditTask::Unload() {

@@ -24,6 +24,7 @@ void EndWithAnEmptyRow(GridControl& grid) {
 }  // namespace
 
 void EditTask::LoadPredecessor(GridControl& grid) {
+    predecessor_positions_ = "";  // which are added to what stands there
     predecessor_names_ = Gloabal::SetComboTask(tasks_, KeyAsText(), predecessor_positions_);
     grid.Rows(1);
     for (const auto& entry : tasks_->NewEnum()) {
@@ -49,6 +50,7 @@ void EditTask::VSFlexGridPredecessor_BeforeEdit(Long Row, Long Col, ByRef<Boolea
         grid.ComboList("");
         grid.EditMaxLength(0);
         const bool editable = Row >= grid.FixedRows();
+        bool begins = false;  // from a lag
         if (Col == dialog::kPosition && editable) {
             grid.ComboList(predecessor_positions_);
             previous_row_key_ = grid.RowData(Row);
@@ -65,16 +67,15 @@ void EditTask::VSFlexGridPredecessor_BeforeEdit(Long Row, Long Col, ByRef<Boolea
                 *Cancel = True;
             } else if (lag == "-") {
                 grid.TextMatrix(Row, Col, "0");
+            } else {
+                begins = IsNumeric(lag);
             }
         } else if (Col == dialog::kType) {
             *Cancel = True;
         }
         const bool signed_lag = grid.TextMatrix(Row, Col).find('-') != String::npos;
         grid.EditMaxLength(signed_lag ? kLagDigits + 1 : kLagDigits);
-        const bool begins = Col == dialog::kLag && editable && !*Cancel;
-        if (begins && IsNumeric(grid.TextMatrix(Row, Col))) {
-            previous_lag_ = Conversions::StringToInteger(grid.TextMatrix(Row, Col));
-        }
+        if (begins) previous_lag_ = Conversions::StringToInteger(grid.TextMatrix(Row, Col));
     });
 }
 

@@ -1,6 +1,7 @@
 #include "mrlxmlclass/dialog/EditTask_internal.h"
 #include "mrlxmlclass/dialog/GridPeople.h"
 #include "mrlxmlclass/items/PeopleCol.h"
+#include "mrlxmlclass/platform/Locale.h"
 #include "mrlxmlclass/runtime/Text.h"
 #include "mrlxmlclass/tasks/TasksCls.h"
 #include "mrlxmlclass/xml/Conversions.h"
@@ -65,8 +66,8 @@ void EditTask::VSFlexGridResource_AfterEdit(Long Row, Long Col) {
         GridControl& grid = VSFlexGridResource;
         const String name = grid.TextMatrix(Row, Col);
         // Kept: somebody called as the row's own data is nobody.
-        if (!EqualsIgnoringCase(name, new_person_caption_) && !Trim(name).empty() && grid.RowData(Row) == kNewPerson &&
-            name != kNewPerson) {
+        if (LowerCaseOfAnyScript(name) != LowerCaseOfAnyScript(new_person_caption_) && !Trim(name).empty() &&
+            grid.RowData(Row) == kNewPerson && name != kNewPerson) {
             const String person = Gloabal::AddPeople(people_, /*personkey=*/{}, name, {}, {}, {}, {}, {}, True);
             grid.RowData(Row, person + kPersonMark);
             grid.TextMatrix(Row, dialog::kNumber, Conversions::LongToString(grid.Rows()));

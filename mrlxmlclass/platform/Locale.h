@@ -27,4 +27,8 @@ protected:
     static std::uint64_t NewStamp();
 };
 
+/// A text with the letters of every script in lower case, one by one, in every locale alike. One that is not UTF-8
+/// keeps all but its ASCII letters.
+String LowerCaseOfAnyScript(const String& text);
+
 }  // namespace mrlxmlclass

@@ -2,10 +2,14 @@
 #include <locale.h>
 
 #include <algorithm>
+#include <climits>
 #include <cstdlib>
+#include <cwchar>
+#include <cwctype>
 #include <optional>
 
 #include "mrlxmlclass/platform/Posix_internal.h"
+#include "mrlxmlclass/runtime/Text.h"
 
 namespace mrlxmlclass::platform {
 namespace {
@@ -56,6 +60,22 @@ public:
 private:
     const LocaleSettings settings_ = SettingsOfEnvironment();
     const std::uint64_t stamp_ = NewStamp();
+};
+
+/// The thread reads and writes UTF-8 meanwhile, whatever the process does.
+class UsesUtf8 {
+public:
+    UsesUtf8() : before_(uselocale(Utf8())) {}
+    ~UsesUtf8() { uselocale(before_); }
+    UsesUtf8(const UsesUtf8&) = delete;
+    UsesUtf8& operator=(const UsesUtf8&) = delete;
+
+private:
+    static locale_t Utf8() {
+        static const locale_t utf8 = newlocale(LC_CTYPE_MASK, "C.UTF-8", locale_t{});
+        return utf8;
+    }
+    const locale_t before_;
 };
 
 // One part of a date taken off the front of a format; nothing when no plain one stands there.
@@ -124,3 +144,19 @@ LocaleSettings SettingsOf(const LocaleFacts& facts) {
 }
 
 }  // namespace mrlxmlclass::platform
+
+namespace mrlxmlclass {
+
+String LowerCaseOfAnyScript(const String& text) {
+    const platform::UsesUtf8 utf8;
+    std::wstring letters(text.size(), L'\0');
+    const std::size_t read = std::mbstowcs(letters.data(), text.c_str(), letters.size());
+    if (read == static_cast<std::size_t>(-1) || text.find('\0') != String::npos) return LowerCase(text);
+    letters.resize(read);
+    for (wchar_t& letter : letters) letter = static_cast<wchar_t>(std::towlower(static_cast<std::wint_t>(letter)));
+    String lower(letters.size() * MB_LEN_MAX, '\0');
+    lower.resize(std::wcstombs(lower.data(), letters.c_str(), lower.size()));
+    return lower;
+}
+
+}  // namespace mrlxmlclass

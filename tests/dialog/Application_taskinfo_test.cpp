@@ -137,6 +137,15 @@ TEST(unloadtaskinfo, ClosesTheDialogWithoutSaving) {
     EXPECT_EQ(plan.platform.screens.closed, 1);
 }
 
+TEST(unloadtaskinfo, WhileTheScreenIsMadeShowsNothing) {
+    Plan plan;
+    plan.Task("Design").From(Monday).Lasting(3);
+    plan.platform.screens.on_new_view = [&] { plan.app->unloadtaskinfo(); };
+    EXPECT_EQ(EditInDialog(plan, "Design", [](EditTask&) { ADD_FAILURE() << "it shows"; }), False);
+    EXPECT_EQ(plan.platform.screens.shown, 0);
+    EXPECT_EQ(Module().g_TaskInfoUnloading, False);
+}
+
 TEST(unloadtaskinfo, LeavesOkNothingToSave) {
     Plan plan;
     plan.Task("Design").From(Monday).Lasting(3);

@@ -133,6 +133,15 @@ TEST_F(PeopleTable, TakesItsCaptionForNobody) {
     });
 }
 
+TEST_F(PeopleTable, TakesItsCaptionForNobodyInAnyScript) {
+    const auto texts = DialogTexts();
+    texts->Remove("10658");
+    texts->Add(String("Neue Person hinzuf\u00FCgen"), KeyText(String("10658")));
+    plan.platform.screens.person = [](EditTask& form) { Type(form, 3, "NEUE PERSON HINZUF\u00DCGEN"); };
+    plan.app->showtaskinfo(plan.Key("Design"), plan.app->xTaskCol(), 2, texts);
+    EXPECT_EQ(plan.app->xPeopleCol()->Count(), 2);
+}
+
 TEST_F(PeopleTable, KeepsAFurtherRowForAnEditThatLeftItsLastRowEmpty) {
     for (const char* text : {"", "   "}) {
         InDialog([&](EditTask& form) {

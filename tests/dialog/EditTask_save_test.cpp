@@ -1,37 +1,8 @@
-#include <gtest/gtest.h>
-
-#include "mrlxmlclass/items/TaskNoteRelationCls.h"
+#include "tests/dialog/Saving.h"
 #include "tests/support/Interruption.h"
-#include "tests/support/TaskDialog.h"
 
 namespace mrlxmlclass::testing {
 namespace {
-
-/// A phase over a task, and another task beside them.
-class Saving : public ::testing::Test {
-protected:
-    Saving() {
-        plan.WithLinks();
-        plan.Task("Phase");
-        plan.Task("Design").Under("Phase").From(Monday).Lasting(3).Costing(10);
-        plan.Task("Survey").From(Monday).Lasting(1);
-        plan["Phase"].TaskCost(10);
-        plan.col().AutoLink(True);
-    }
-    /// Does something in the dialog on "Design" and leaves it with OK.
-    Boolean OnOk(const std::function<void(EditTask&)>& person) {
-        return EditInDialog(plan, "Design", [&](EditTask& form) {
-            person(form);
-            form.CmdOK_Click(0);
-        });
-    }
-    static void ChooseSurvey(EditTask& form) {
-        ASSERT_EQ(form.BeginEdit(form.VSFlexGridPredecessor, 1, 1), True);
-        form.EndEdit(form.VSFlexGridPredecessor, ComboEntry{"3", "Survey"});
-    }
-
-    Plan plan;
-};
 
 TEST_F(Saving, ChangesNothingWhereThePersonDidNothing) {
     EXPECT_EQ(OnOk([](EditTask&) {}), False);
@@ -84,7 +55,21 @@ TEST_F(Saving, OfAStartStoresItWithItsLagAndTellsNobody) {
               "2   Design  2026-03-03 2026-03-05\n"
               "3 Survey  2026-03-02 2026-03-02\n");
     EXPECT_EQ(plan["Design"].TaskLag(), 7);
-    EXPECT_EQ(plan["Design"].TaskBDateValid(), True);
+}
+
+TEST_F(Saving, OfDatesAndADurationRaisesTheirFlags) {
+    TasksCls& task = plan["Design"];
+    task.TaskBDateValid(False);
+    task.TaskEDateValid(False);
+    task.TaskDurationValid(False);
+    OnOk([](EditTask& form) {
+        form.DTPickerStart.Value(Tuesday);
+        form.DTPickerStart_Change();
+        form.TxtDurtion[0].Text("5");
+    });
+    EXPECT_EQ(task.TaskBDateValid(), True);
+    EXPECT_EQ(task.TaskEDateValid(), True);
+    EXPECT_EQ(task.TaskDurationValid(), True);
 }
 
 TEST_F(Saving, OfTheSameStartLeavesTheLagAlone) {
@@ -95,6 +80,16 @@ TEST_F(Saving, OfTheSameStartLeavesTheLagAlone) {
         EXPECT_EQ(form.Task()->TaskLag(), 0);
     });
     EXPECT_EQ(plan["Design"].TaskLag(), 5);
+}
+
+TEST_F(Saving, OfClearedDatesStoresNone) {
+    OnOk([](EditTask& form) {
+        form.DTPickerStart.Value(Variant::Null{});
+        form.DTPickerStart_Change();
+    });
+    EXPECT_EQ(plan["Design"].TaskBDate(), Date());
+    EXPECT_EQ(plan["Design"].TaskEDate(), Date());
+    EXPECT_EQ(plan["Design"].TaskDuration(), 0);
 }
 
 TEST_F(Saving, OfADurationGivesTrueAndStoresItWithTheEnd) {
@@ -136,6 +131,18 @@ TEST_F(Saving, OfACostAddsTheDifferenceOnceToEveryAncestor) {
               "RoolUpCostChange(1, 25)\n");
     EXPECT_EQ(plan["Design"].TaskCost(), 25);
     EXPECT_EQ(plan["Phase"].TaskCost(), 25);
+}
+
+TEST_F(Saving, OfACostReachesAncestorsAtAnyHeight) {
+    plan.Task("Draw").Under("Design").From(Monday).Lasting(1);
+    EditInDialog(plan, "Draw", [](EditTask& form) {
+        form.Txtcost.Text("15");
+        form.CmdOK_Click(0);
+    });
+    EXPECT_EQ(plan.Heard(),
+              "RoolUpCostChange(4, 15)\n"
+              "RoolUpCostChange(2, 25)\n"
+              "RoolUpCostChange(1, 25)\n");
 }
 
 TEST_F(Saving, OfPredecessorsLinksThemInTheOrderOfTheirRows) {
@@ -187,6 +194,19 @@ TEST_F(Saving, OfRemovedPredecessorsComesBeforeTheNewOnes) {
               "SucessorChange(4, 2)\n");
 }
 
+TEST_F(Saving, OfARemovedPredecessorAloneUnlinksIt) {
+    plan.About("Design").After("Survey");
+    EXPECT_EQ(OnOk([](EditTask& form) {
+                  form.MoveTo(form.VSFlexGridPredecessor, 1, 1);
+                  form.VSFlexGridPredecessor_KeyDown(EditTask::kDelete, 0);
+              }),
+              False);
+    EXPECT_EQ(plan.Heard(),
+              "SucessorChange(3, )\n"
+              "PredecessorChange(2, )\n"
+              "PredecessorKeyChange(2, 3, remove)\n");
+}
+
 TEST_F(Saving, EndsAtALagThatIsNoNumberAndWhatCameBeforeStands) {
     AddNote(plan, "Design", "old");
     plan.platform.screens.file = "/attached";
@@ -205,107 +225,6 @@ TEST_F(Saving, EndsAtALagThatIsNoNumberAndWhatCameBeforeStands) {
     EXPECT_EQ(plan.col().PredessorAsString("2"), "3");
     EXPECT_EQ(plan["Design"].TaskLag(), 0);
     EXPECT_EQ(NotesOf(plan, "Design"), "1:old:");
-}
-
-// --- Notes -----------------------------------------------------------------------------------------------------------
-
-TEST_F(Saving, OfAFirstNoteMakesOneOnAllSides) {
-    OnOk([](EditTask& form) { form.txtNote.Text("Mind the roof"); });
-    EXPECT_EQ(plan.Heard(), "NoteChange(2, Mind the roof)\n");
-    EXPECT_EQ(NotesOf(plan, "Design"), "1:Mind the roof:");
-    EXPECT_EQ(MasterNotes(plan), "1:Mind the roof:");
-    const auto relation = plan.app->xTaskNotesRelationcol()->Item("1");
-    EXPECT_EQ(relation->NoteKey(), "1");
-    EXPECT_EQ(relation->TaskKey(), 2);
-}
-
-TEST_F(Saving, OfANoteUpdatesBothCopies) {
-    AddNote(plan, "Design", "old", "/link");
-    plan.app->xNoteCol()->Item("1")->NoteLink("");
-    OnOk([](EditTask& form) { form.txtNote.Text("new"); });
-    EXPECT_EQ(NotesOf(plan, "Design"), "1:new:/link");
-    EXPECT_EQ(MasterNotes(plan), "1:new:/link");
-    EXPECT_EQ(plan.Heard(), "");
-}
-
-TEST_F(Saving, OfNoNoteRemovesItFromAllSides) {
-    AddNote(plan, "Design", "old");
-    OnOk([](EditTask& form) { form.txtNote.Text(""); });
-    EXPECT_EQ(NotesOf(plan, "Design"), "");
-    EXPECT_EQ(MasterNotes(plan), "");
-    EXPECT_EQ(plan.app->xTaskNotesRelationcol()->Count(), 0);
-    EXPECT_EQ(plan["Design"].TaskNoteRelation()->Count(), 0);
-}
-
-TEST_F(Saving, OfNoNoteKeepsOneWhileAnAttachmentStays) {
-    AddNote(plan, "Design", "old");
-    AddNote(plan, "Design", "", "/attached");
-    OnOk([](EditTask& form) { form.txtNote.Text(""); });
-    EXPECT_EQ(NotesOf(plan, "Design"), "1::, 2::/attached");
-    EXPECT_EQ(MasterNotes(plan), "1::, 2::/attached");
-}
-
-TEST_F(Saving, KeepsTakingTheFirstNoteForTheTextThoughItIsAnAttachment) {
-    AddNote(plan, "Design", "", "/attached");
-    OnOk([](EditTask& form) { form.txtNote.Text("new"); });
-    EXPECT_EQ(NotesOf(plan, "Design"), "1:new:/attached");
-}
-
-TEST_F(Saving, KeepsTheTextOfATaskWithoutANoteOnItsNewAttachment) {
-    plan.platform.screens.file = "/new";
-    OnOk([](EditTask& form) {
-        form.CmdAttach_Click();
-        form.txtNote.Text("text");
-    });
-    EXPECT_EQ(NotesOf(plan, "Design"), "1:text:/new");
-    EXPECT_EQ(plan.Heard(), "NoteChange(2, )\n");
-}
-
-TEST_F(Saving, KeepsTheTextOfARemovedNoteOnTheNextOne) {
-    AddNote(plan, "Design", "first", "/a");
-    AddNote(plan, "Design", "second", "/b");
-    OnOk([](EditTask& form) {
-        form.MoveTo(form.gridattachement, 0, 0);
-        form.CmdRemove_Click();
-    });
-    EXPECT_EQ(NotesOf(plan, "Design"), "2:first:/b");
-}
-
-TEST_F(Saving, OfClearedDatesStoresNone) {
-    OnOk([](EditTask& form) {
-        form.DTPickerStart.Value(Variant::Null{});
-        form.DTPickerStart_Change();
-    });
-    EXPECT_EQ(plan["Design"].TaskBDate(), Date());
-    EXPECT_EQ(plan["Design"].TaskEDate(), Date());
-    EXPECT_EQ(plan["Design"].TaskDuration(), 0);
-}
-
-TEST_F(Saving, OfAttachmentsAddsTheNewAndThenRemovesTheOld) {
-    AddNote(plan, "Design", "text");
-    AddNote(plan, "Design", "", "/old");
-    plan.platform.screens.file = "/a new one";
-    OnOk([](EditTask& form) {
-        form.CmdAttach_Click();
-        form.MoveTo(form.gridattachement, 0, 0);
-        form.CmdRemove_Click();
-    });
-    EXPECT_EQ(NotesOf(plan, "Design"), "1:text:, 3::/a new one");
-    EXPECT_EQ(MasterNotes(plan), "1:text:, 3::/a new one");
-    EXPECT_EQ(plan.app->xTaskNotesRelationcol()->Count(), 2);
-}
-
-TEST_F(Saving, KeepsNothingBehindTheBarOfANewLink) {
-    plan.platform.screens.file = "/a|b";
-    OnOk([](EditTask& form) { form.CmdAttach_Click(); });
-    EXPECT_EQ(MasterNotes(plan), "");  // "b|" was taken for the key of a note that is there
-}
-
-TEST_F(Saving, RecordsANoteThatTheProjectDoesNotHave) {
-    AddNote(plan, "Design", "old");
-    plan.app->xNoteCol()->Remove(1, "1");
-    OnOk([](EditTask& form) { form.txtNote.Text("new"); });
-    EXPECT_EQ(plan.failures.Taken(), "NotesCol/Item 5\nEditTask/SaveTaskInfo 91\n");
 }
 
 // --- All together ----------------------------------------------------------------------------------------------------
@@ -393,6 +312,28 @@ TEST_F(Saving, LeavesAProjectAloneThatWasStartedMeanwhile) {
     EXPECT_EQ(plan.app->xTaskPeopleRelationcol()->Count(), 0);
     EXPECT_EQ(MasterNotes(plan), "");
     EXPECT_EQ(before->Item(2)->PeopleAsString(), "Ann");
+}
+
+TEST_F(Saving, OfPastedBytesThatAreNoTextLosesNothingElse) {
+    const String binary("\x01\xFF\xFE\0<", 5);
+    OnOk([&](EditTask& form) {
+        form.TxtName[0].Text(binary);
+        form.TxtName_Validate(0);
+        form.Txtcost.Text(binary);
+        form.TxtPercentComplet.Text(binary);
+        form.txtNote.Text(binary);
+        ChooseSurvey(form);
+        ASSERT_EQ(form.BeginEdit(form.VSFlexGridPredecessor, 1, 3), True);
+        form.EndEdit(form.VSFlexGridPredecessor, binary);
+    });
+    EXPECT_EQ(plan["Design"].TaskName(), binary);
+    EXPECT_EQ(plan["Design"].TaskCost(), 10);
+    EXPECT_EQ(plan.col().PredessorAsString("2"), "3");
+    plan.app->xFileName(plan.platform.Path("p.prx"));
+    ASSERT_EQ(plan.app->SaveXml(False), True);
+    EXPECT_EQ(plan.app->LoadXML(), True);
+    EXPECT_EQ(plan.app->xTaskCol()->Item(2)->TaskEDate(), Wednesday);
+    plan.app->endreadonly();
 }
 
 TEST_F(Saving, RecordsATaskThatAHandlerTookAway) {

@@ -121,6 +121,63 @@ TEST(CmdHelp, RecordsThatThereIsNoneAndStaysOpen) {
     EXPECT_EQ(plan.failures.Taken(), "EditTask/CmdHelp_Click 429\n");
 }
 
+TEST(Events, RecordTheirFailuresUnderTheirOwnNames) {
+    struct Row {
+        const char* recorded;
+        std::function<void(EditTask&)> event;
+    };
+    Boolean flag;
+    constexpr int kNowhere = 99;
+    const Row rows[] = {
+        {"DTPickerStart_Change 13",
+         [](EditTask& form) {
+             form.DTPickerStart.Value("x");
+             form.DTPickerStart_Change();
+         }},
+        {"DTPickerEnd_Change 13",
+         [](EditTask& form) {
+             form.DTPickerEnd.Value("x");
+             form.DTPickerEnd_Change();
+         }},
+        {"VSFlexGridPredecessor_BeforeEdit 9",
+         [&](EditTask& form) { form.VSFlexGridPredecessor_BeforeEdit(kNowhere, 3, flag); }},
+        {"VSFlexGridPredecessor_ComboCloseUp 9",
+         [&](EditTask& form) {
+             form.VSFlexGridPredecessor.ComboData("1");
+             form.VSFlexGridPredecessor_ComboCloseUp(kNowhere, 1, flag);
+         }},
+        {"VSFlexGridPredecessor_AfterEdit 9",
+         [](EditTask& form) { form.VSFlexGridPredecessor_AfterEdit(kNowhere, 3); }},
+        {"VSFlexGridPredecessor_KeyDown 9",
+         [](EditTask& form) {
+             form.VSFlexGridPredecessor.Row(kNowhere);
+             form.VSFlexGridPredecessor_KeyDown(EditTask::kDelete, 0);
+         }},
+        {"VSFlexGridResource_Click 9", [](EditTask& form) { form.VSFlexGridResource_Click(kNowhere); }},
+        {"VSFlexGridResource_BeforeEdit 9",
+         [&](EditTask& form) { form.VSFlexGridResource_BeforeEdit(kNowhere, 1, flag); }},
+        {"VSFlexGridResource_AfterEdit 9", [](EditTask& form) { form.VSFlexGridResource_AfterEdit(kNowhere, 1); }},
+        {"VSFlexGridResource_ComboCloseUp 9",
+         [&](EditTask& form) { form.VSFlexGridResource_ComboCloseUp(kNowhere, 1, flag); }},
+        {"gridattachement_DblClick 9",
+         [](EditTask& form) {
+             form.gridattachement.Row(kNowhere);
+             form.gridattachement_DblClick();
+         }},
+        {"mnuunattach_Click 9",
+         [](EditTask& form) {
+             form.gridattachement.Row(kNowhere);
+             form.CmdRemove_Click();
+         }},
+    };
+    for (const Row& row : rows) {
+        Plan plan;
+        plan.WithLinks().Task("Design").From(Monday).Lasting(3);
+        EditInDialog(plan, "Design", row.event);
+        EXPECT_EQ(plan.failures.Taken(), String("EditTask/") + row.recorded + "\n");
+    }
+}
+
 TEST(Refreshing, TellsTheViewWhatShowsOtherwiseAndNothingElse) {
     Plan plan;
     plan.Task("Design").From(Monday).Lasting(3);

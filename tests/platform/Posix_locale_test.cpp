@@ -68,6 +68,14 @@ TEST(SettingsOf, GivesTextsInUtf8) {
     EXPECT_EQ(group("'", false), "'");
 }
 
+TEST(LowerCaseOfAnyScript, TakesLettersOneByOne) {
+    EXPECT_EQ(LowerCaseOfAnyScript("ABC xyz 1"), "abc xyz 1");
+    EXPECT_EQ(LowerCaseOfAnyScript("\u00C4\u00D6\u00DC \u0416\u03A3 \U0001F3E0"),
+              "\u00E4\u00F6\u00FC \u0436\u03C3 \U0001F3E0");
+    EXPECT_EQ(LowerCaseOfAnyScript(""), "");
+    EXPECT_EQ(LowerCaseOfAnyScript("A\xFF"), "a\xFF");
+}
+
 TEST(PosixLocale, LeavesTheLocaleOfTheProcessAlone) {
     const String before = std::setlocale(LC_ALL, nullptr);
     Locale& locale = SystemServices().locale;

@@ -38,6 +38,7 @@ private:
 };
 
 std::unique_ptr<EditTaskView> FakeTaskScreens::NewView(EditTask& form) {
+    on_new_view();
     return std::make_unique<View>(*this, form);
 }
 

@@ -23,6 +23,9 @@ public:
     /// What the person chooses in the file dialog; "" = nothing.
     String file;
 
+    /// What happens while a view is made.
+    std::function<void()> on_new_view = [] {};
+
     // What the views were asked for.
     int shown = 0;
     int closed = 0;

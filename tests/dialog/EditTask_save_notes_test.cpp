@@ -1,0 +1,100 @@
+#include "mrlxmlclass/items/TaskNoteRelationCls.h"
+#include "tests/dialog/Saving.h"
+
+namespace mrlxmlclass::testing {
+namespace {
+
+// --- Notes -----------------------------------------------------------------------------------------------------------
+
+TEST_F(Saving, OfAFirstNoteMakesOneOnAllSides) {
+    OnOk([](EditTask& form) { form.txtNote.Text("Mind the roof"); });
+    EXPECT_EQ(plan.Heard(), "NoteChange(2, Mind the roof)\n");
+    EXPECT_EQ(NotesOf(plan, "Design"), "1:Mind the roof:");
+    EXPECT_EQ(MasterNotes(plan), "1:Mind the roof:");
+    const auto relation = plan.app->xTaskNotesRelationcol()->Item("1");
+    EXPECT_EQ(relation->NoteKey(), "1");
+    EXPECT_EQ(relation->TaskKey(), 2);
+}
+
+TEST_F(Saving, OfANoteUpdatesBothCopies) {
+    AddNote(plan, "Design", "old", "/link");
+    plan.app->xNoteCol()->Item("1")->NoteLink("");
+    OnOk([](EditTask& form) { form.txtNote.Text("new"); });
+    EXPECT_EQ(NotesOf(plan, "Design"), "1:new:/link");
+    EXPECT_EQ(MasterNotes(plan), "1:new:/link");
+    EXPECT_EQ(plan.Heard(), "");
+}
+
+TEST_F(Saving, OfNoNoteRemovesItFromAllSides) {
+    AddNote(plan, "Design", "old");
+    OnOk([](EditTask& form) { form.txtNote.Text(""); });
+    EXPECT_EQ(NotesOf(plan, "Design"), "");
+    EXPECT_EQ(MasterNotes(plan), "");
+    EXPECT_EQ(plan.app->xTaskNotesRelationcol()->Count(), 0);
+    EXPECT_EQ(plan["Design"].TaskNoteRelation()->Count(), 0);
+}
+
+TEST_F(Saving, OfNoNoteKeepsOneWhileAnAttachmentStays) {
+    AddNote(plan, "Design", "old");
+    AddNote(plan, "Design", "", "/attached");
+    OnOk([](EditTask& form) { form.txtNote.Text(""); });
+    EXPECT_EQ(NotesOf(plan, "Design"), "1::, 2::/attached");
+    EXPECT_EQ(MasterNotes(plan), "1::, 2::/attached");
+}
+
+TEST_F(Saving, KeepsTakingTheFirstNoteForTheTextThoughItIsAnAttachment) {
+    AddNote(plan, "Design", "", "/attached");
+    OnOk([](EditTask& form) { form.txtNote.Text("new"); });
+    EXPECT_EQ(NotesOf(plan, "Design"), "1:new:/attached");
+}
+
+TEST_F(Saving, KeepsTheTextOfATaskWithoutANoteOnItsNewAttachment) {
+    plan.platform.screens.file = "/new";
+    OnOk([](EditTask& form) {
+        form.CmdAttach_Click();
+        form.txtNote.Text("text");
+    });
+    EXPECT_EQ(NotesOf(plan, "Design"), "1:text:/new");
+    EXPECT_EQ(plan.Heard(), "NoteChange(2, )\n");
+}
+
+TEST_F(Saving, KeepsTheTextOfARemovedNoteOnTheNextOne) {
+    AddNote(plan, "Design", "first", "/a");
+    AddNote(plan, "Design", "second", "/b");
+    OnOk([](EditTask& form) {
+        form.MoveTo(form.gridattachement, 0, 0);
+        form.CmdRemove_Click();
+    });
+    EXPECT_EQ(NotesOf(plan, "Design"), "2:first:/b");
+}
+
+TEST_F(Saving, OfAttachmentsAddsTheNewAndThenRemovesTheOld) {
+    AddNote(plan, "Design", "text");
+    AddNote(plan, "Design", "", "/old");
+    plan.platform.screens.file = "/a new one";
+    OnOk([](EditTask& form) {
+        form.CmdAttach_Click();
+        form.MoveTo(form.gridattachement, 0, 0);
+        form.CmdRemove_Click();
+    });
+    EXPECT_EQ(plan.Heard(), "NoteChange(2, text)\n");
+    EXPECT_EQ(NotesOf(plan, "Design"), "1:text:, 3::/a new one");
+    EXPECT_EQ(MasterNotes(plan), "1:text:, 3::/a new one");
+    EXPECT_EQ(plan.app->xTaskNotesRelationcol()->Count(), 2);
+}
+
+TEST_F(Saving, KeepsNothingBehindTheBarOfANewLink) {
+    plan.platform.screens.file = "/a|b";
+    OnOk([](EditTask& form) { form.CmdAttach_Click(); });
+    EXPECT_EQ(MasterNotes(plan), "");  // "b|" was taken for the key of a note that is there
+}
+
+TEST_F(Saving, RecordsANoteThatTheProjectDoesNotHave) {
+    AddNote(plan, "Design", "old");
+    plan.app->xNoteCol()->Remove(1, "1");
+    OnOk([](EditTask& form) { form.txtNote.Text("new"); });
+    EXPECT_EQ(plan.failures.Taken(), "NotesCol/Item 5\nEditTask/SaveTaskInfo 91\n");
+}
+
+}  // namespace
+}  // namespace mrlxmlclass::testing
