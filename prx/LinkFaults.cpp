@@ -4,7 +4,10 @@
 
 #include <set>
 
+#include "mrlxmlclass/runtime/Tail.h"
+#include "mrlxmlclass/runtime/Text.h"
 #include "mrlxmlclass/tasks/TasksCol.h"
+#include "mrlxmlclass/xml/Conversions.h"
 #include "prx/Edit.h"
 #include "prx/Outline.h"
 #include "prx/Terminal.h"
@@ -15,6 +18,11 @@ using namespace mrlxmlclass;
 
 namespace {
 
+std::string Shown(const std::string& lead) {
+    constexpr std::size_t kWidest = 60;
+    return Plain(CutTo(lead, kWidest));
+}
+
 /// The links of all tasks, looked at or mended.
 class Links {
 public:
@@ -23,6 +31,7 @@ public:
     std::vector<std::string> Look() {
         for (const auto& entry : tasks_->NewEnum()) {
             TasksCls& task = *entry.item;
+            if (task.TaskKey() == 0) continue;  // no link can name it
             if (task.TaskPredecessorValid()) LookAtPredecessors(task);
             if (task.TaskSuccessorValid()) LookAtSuccessors(task);
             LookAtLeads(task);
@@ -91,12 +100,45 @@ private:
     /// Behind the links: what leads nowhere has no lead time any more.
     void LookAtLeads(TasksCls& task) {
         for (const auto& entry : task.TaskLeadTime()->Snapshot()) {
-            const std::string key = tasks_->GetPredecessor(entry.item.As<String>());
-            if (WaitsFor(task, key)) continue;
-            Tell(fmt::format("{} keeps a lead time for task {}, for which it does not wait", TitleOf(task), Plain(key)),
-                 "taken out");
-            if (mends_) tasks_->RemoveLeadTime(KeyOf(task), key, 0);
+            const std::string lead = entry.item.As<String>();
+            const std::string key = tasks_->GetPredecessor(lead);
+            if (!WaitsFor(task, key)) {
+                Tell(fmt::format("{} keeps a lead time for {}, for which it does not wait", TitleOf(task),
+                                 key.empty() ? "no task" : "task " + Plain(key)),
+                     "taken out");
+                if (mends_) tasks_->RemoveLeadTime(KeyOf(task), key, 0);
+            } else if (!HoldsDays(lead)) {
+                Tell(fmt::format("{} keeps the lead time \"{}\" for task {}, which is no number of days", TitleOf(task),
+                                 Shown(lead), Plain(key)),
+                     "measured anew");
+                if (mends_) tasks_->AddLeadTime(KeyOf(task), key, GapTowards(task, key));
+            }
         }
+    }
+
+    /// Whether the library finds them there.
+    static bool HoldsDays(const std::string& lead) {
+        return static_cast<bool>(FailureTail("prx").Silent().Run<Boolean>("HoldsDays", [&](Boolean& result) {
+            const std::vector<String> parts = Split(lead, "|");
+            if (parts.size() < 2) return;
+            Conversions::StringToInteger(parts[1]);
+            result = True;
+        }));
+    }
+
+    /// As the library measures it by the dates; the task's other lead times stay.
+    Integer GapTowards(TasksCls& task, const std::string& key) {
+        const Ref<Collection> links = task.TaskPredecessor();
+        const Ref<Collection> leads = task.TaskLeadTime();
+        const auto link = Make<Collection>();
+        link->Add(key, key);
+        task.TaskPredecessor(link);
+        task.TaskLeadTime(Make<Collection>());
+        tasks_->CalcLeadTime(KeyOf(task));
+        const Integer gap = tasks_->GetLeadTime(key, task.TaskLeadTime());
+        task.TaskPredecessor(links);
+        task.TaskLeadTime(leads);
+        return gap;
     }
 
     bool WaitsFor(TasksCls& task, const std::string& key) const {

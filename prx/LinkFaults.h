@@ -7,13 +7,13 @@
 
 /// Whether the links between tasks agree: each leads to a task that is there and is known to both, none is one that the
 /// library refuses to make (to the task itself, to one right below it, to one that waits for it), and a lead time
-/// belongs to a link.
+/// belongs to a link and tells days.
 namespace prx {
 
 /// Where they do not; empty for a file that is in order.
 std::vector<std::string> LinkFaults(const Project& project);
 /// Mends that in memory and tells what was done. What a task waits for counts; what leads nowhere or may not be goes,
-/// and a list of those that wait for a task follows them.
+/// and a list of those that wait for a task follows them. A lead time without days is measured anew by the dates.
 std::vector<std::string> MendLinks(const Project& project);
 
 }  // namespace prx

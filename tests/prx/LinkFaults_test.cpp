@@ -43,6 +43,14 @@ protected:
     const PlanFolder plan_;
 };
 
+/// With a lead time that tells no days.
+class LinksWithoutDays : public Links, public testing::WithParamInterface<const char*> {
+protected:
+    LinksWithoutDays() {
+        Damage("<TaskLeadTime>2|2</TaskLeadTime>", std::string("<TaskLeadTime>") + GetParam() + "</TaskLeadTime>");
+    }
+};
+
 }  // namespace
 
 TEST_F(Links, ToAPredecessorThatIsGone) {
@@ -71,6 +79,34 @@ TEST_F(Links, OfWhichOnlyALeadTimeIsLeft) {
     Damage("<TaskLeadTime>2|2</TaskLeadTime>", "<TaskLeadTime>2|2;1|7</TaskLeadTime>");
     ExpectMended("task 3 \"Build\" keeps a lead time for task 1, for which it does not wait", "taken out");
     EXPECT_NE(plan_.Read("b.prx").find("<TaskLeadTime>2|2</TaskLeadTime>"), std::string::npos);
+}
+
+TEST_P(LinksWithoutDays, AreMeasuredAnew) {
+    ExpectMended(std::string("task 3 \"Build\" keeps the lead time \"") + GetParam() +
+                     "\" for task 2, which is no number of days",
+                 "measured anew");
+    EXPECT_NE(plan_.Read("b.prx").find("<TaskLeadTime>2|2</TaskLeadTime>"), std::string::npos);
+    plan_.Edit({"set", "Design", "duration=7"});
+}
+
+TEST_P(LinksWithoutDays, AreMeasuredAnewBeforeAForcedEdit) {
+    plan_.Output({"set", "a.prx", "Design", "duration=7", "--force"});
+    plan_.Output({"check", "a.prx"});
+    EXPECT_NE(plan_.Read("a.prx").find("<TaskLeadTime>2|2</TaskLeadTime>"), std::string::npos);
+}
+
+INSTANTIATE_TEST_SUITE_P(Texts, LinksWithoutDays, testing::Values("2|x", "2", "2|", "2|99999"));
+
+TEST_F(Links, WhoseOtherLeadTimesStay) {
+    plan_.Output({"link", "a.prx", "Test", "Design", "--lag", "9"});
+    Damage("<TaskLeadTime>2|9;3|4<", "<TaskLeadTime>2|x;3|4<");
+    plan_.Output({"check", "a.prx", "--repair", "b.prx"});
+    EXPECT_NE(plan_.Read("b.prx").find("<TaskLeadTime>3|4;2|9<"), std::string::npos) << plan_.Read("b.prx");
+}
+
+TEST_F(Links, OfWhichALeadTimeIsLeftThatNamesNoTask) {
+    Damage("<TaskLeadTime>2|2</TaskLeadTime>", "<TaskLeadTime>2|2;|7</TaskLeadTime>");
+    ExpectMended("task 3 \"Build\" keeps a lead time for no task, for which it does not wait", "taken out");
 }
 
 TEST_F(Links, OfATaskToItself) {
