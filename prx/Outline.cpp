@@ -168,7 +168,9 @@ std::string Quoted(const TasksCls& task) {
 
 std::string TitleOf(const TasksCls& task) {
     constexpr std::size_t kWidestName = 60;
-    return fmt::format("task {} \"{}\"", task.TaskKey().value(), Plain(CutTo(task.TaskName(), kWidestName)));
+    const std::string name = Plain(CutTo(task.TaskName(), kWidestName));
+    if (task.TaskKey() == 0) return fmt::format("task \"{}\"", name);
+    return fmt::format("task {} \"{}\"", task.TaskKey().value(), name);
 }
 
 std::string Tasks(std::size_t count) {

@@ -20,7 +20,7 @@ std::vector<OutlineRow> Outline(const mrlxmlclass::Ref<mrlxmlclass::TasksCol>& t
 
 /// "Build" in quotation marks, for messages.
 std::string Quoted(const mrlxmlclass::TasksCls& task);
-/// "task 3 "Build"", likewise.
+/// "task 3 "Build"", likewise; "task "Build"" where it has no key.
 std::string TitleOf(const mrlxmlclass::TasksCls& task);
 /// "1 task", "5 tasks".
 std::string Tasks(std::size_t count);

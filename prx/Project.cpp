@@ -17,6 +17,7 @@
 #include "prx/Inspection.h"
 #include "prx/LinkFaults.h"
 #include "prx/Refusal.h"
+#include "prx/TaskKeys.h"
 #include "prx/Terminal.h"
 #include "prx/TieFaults.h"
 
@@ -153,12 +154,24 @@ void Project::LockNewFile() {
 }
 
 void Project::RefuseUnlessWhole() const {
-    const std::vector<std::string> losses = Losses(*this);
-    if (losses.empty()) return;
-    throw Refusal(
-        fmt::format("{}: this project could not be read whole, and saving it would lose the rest:\n  {}\n"
-                    "Look at it with \"prx check\"; --force goes on all the same.",
-                    Plain(path_), fmt::join(Shortened(losses), "\n  ")));
+    const auto refuse = [&](const char* why, const std::vector<std::string>& lines) {
+        throw Refusal(fmt::format("{}: {}:\n  {}\nLook at it with \"prx check\"; --force goes on all the same.",
+                                  Plain(path_), why, fmt::join(Shortened(lines), "\n  ")));
+    };
+    if (!Unread(*this).empty()) {
+        refuse("this project could not be read whole, and saving it would lose the rest", Losses(*this));
+    }
+    const std::vector<std::string> keyless = KeyFaults(*this);
+    if (!keyless.empty()) {
+        throw Refusal(
+            fmt::format("{}: {}, and no change can find it.\n\"prx check --repair\" files it under one in a "
+                        "new file; --force does so before the change.",
+                        Plain(path_), fmt::join(keyless, "\n  ")));
+    }
+    const std::vector<std::string> failures = OtherFailures();
+    if (!failures.empty()) {
+        refuse("nothing of this project is lost, but it is in disorder, so that a change may go wrong", failures);
+    }
 }
 
 /// A load never takes this date back, and the next save would write none.
@@ -190,9 +203,11 @@ std::vector<std::string> Project::FailuresSince() const {
 }
 
 std::vector<std::string> Project::Mend() {
-    std::vector<std::string> told = MendTies(*this);
-    const std::vector<std::string> links = MendLinks(*this);
-    told.insert(told.end(), links.begin(), links.end());
+    std::vector<std::string> told = MendKeys(*this);  // ties and links lead to keys
+    for (const auto mend : {MendTies, MendLinks}) {
+        const std::vector<std::string> more = mend(*this);
+        told.insert(told.end(), more.begin(), more.end());
+    }
     return told;
 }
 

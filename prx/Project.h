@@ -16,8 +16,8 @@ public:
     /// Opens a file to read it.
     static Project ToLook(Host& host, const std::string& file);
     /// Opens a file to change it. Refuses one that somebody else has open and, unless `force`, one that could not be
-    /// read whole: saving it would lose the rest for good. With `force` what is lost is told, and ties and links are
-    /// mended first, and told, too.
+    /// read whole (saving it would lose the rest for good), that has a task without a key, or whose opening recorded a
+    /// failure. With `force` what is lost is told, and keys, ties and links are mended first, and told, too.
     static Project ToEdit(Host& host, const std::string& file, bool force);
     /// Starts a project under a name that no file has yet.
     static Project Fresh(Host& host, const std::string& file);
@@ -43,7 +43,7 @@ public:
     /// What it recorded since the file was open, but for troubles with the lock.
     std::vector<std::string> FailuresSince() const;
 
-    /// Mends ties and links in memory and tells what was done.
+    /// Mends keys, ties and links in memory and tells what was done.
     std::vector<std::string> Mend();
 
     /// Refuses when the library recorded a failure since the file was opened.

@@ -40,6 +40,7 @@ public:
         LookAtItems();
         LookAtRelations();
         for (const auto& entry : app_.xTaskCol()->NewEnum()) {
+            if (entry.item->TaskKey() == 0) continue;  // nothing can tie it
             const std::string key = KeyText(entry.item->TaskKey()).text();
             if (LookAtList(*entry.item, TitleOf(*entry.item), of_task_[key])) LookAtCopies(*entry.item, of_task_[key]);
         }
@@ -92,7 +93,8 @@ private:
             const std::string item = K::ItemOf(relation);
             std::string fault;
             if (!app_.xTaskCol()->Item(relation.TaskKey())) {
-                fault = fmt::format("leads to task {}, which is not there", task);
+                fault = relation.TaskKey() == 0 ? "leads to no task"
+                                                : fmt::format("leads to task {}, which is not there", task);
             } else if (!items_.contains(item)) {
                 fault = fmt::format("leads to {} {}, which is not there", K::kName, Plain(item));
             } else if (!pairs.emplace(task, item).second) {
@@ -201,7 +203,10 @@ private:
         lines_.push_back(mends_ ? fmt::format("{}: {}", fault, mended) : fault);
     }
 
-    static std::string RelationName(const std::string& key) { return fmt::format("{} {}", K::kRelation, Plain(key)); }
+    static std::string RelationName(const std::string& key) {
+        return IsPlainKey(key) ? fmt::format("{} {}", K::kRelation, key)
+                               : fmt::format("{} \"{}\"", K::kRelation, Plain(key));
+    }
     std::string ItemName(const std::string& key) const {
         return fmt::format("{} {} \"{}\"", K::kName, key, Shown(K::NameOf(*items_.at(key))));
     }

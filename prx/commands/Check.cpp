@@ -7,6 +7,7 @@
 #include "prx/Outline.h"
 #include "prx/Project.h"
 #include "prx/Refusal.h"
+#include "prx/TaskKeys.h"
 #include "prx/Terminal.h"
 #include "prx/TieFaults.h"
 
@@ -30,10 +31,11 @@ public:
         const bool quiet = Tell("Recorded on the way", Recorded(project));
         const bool in_order = Tell("Repaired in memory, not in the file", prx::Repairs(project));
         const bool consistent = Tell("Still wrong", OutlineFaults(project));
+        const bool keyed = Tell("Without a key; --repair files it under one in a new file", KeyFaults(project));
         const bool tied = Tell("Tied wrongly; --repair mends it in a new file", TieFaults(project));
         const bool linked = Tell("Linked wrongly; --repair mends it in a new file", LinkFaults(project));
         TellOfLock(project);
-        if (!lossless || !quiet || !in_order || !consistent || !tied || !linked) return kFoundFaults;
+        if (!lossless || !quiet || !in_order || !consistent || !keyed || !tied || !linked) return kFoundFaults;
         return TellThatAllIsWell(project);
     }
 
@@ -58,7 +60,7 @@ private:
         fmt::print("{}: written\n", Plain(mended.path()));
         std::vector<std::string> left = Losses(mended);
         for (const std::vector<std::string>& more :
-             {prx::Repairs(mended), OutlineFaults(mended), TieFaults(mended), LinkFaults(mended)}) {
+             {prx::Repairs(mended), OutlineFaults(mended), KeyFaults(mended), TieFaults(mended), LinkFaults(mended)}) {
             left.insert(left.end(), more.begin(), more.end());
         }
         return Tell("Still wrong", left) && whole ? kDone : kFoundFaults;

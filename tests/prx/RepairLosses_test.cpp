@@ -115,6 +115,7 @@ TEST_P(KeylessTie, IsRepaired) {
     EXPECT_TRUE(Has(plan_.Prx({"check", "a.prx"}).out, " has a key that counts as none\n"));
     const std::string told = plan_.Output({"check", "a.prx", "--repair", "b.prx"});
     EXPECT_TRUE(Has(told, " has a key that counts as none: filed under a key of its own\n")) << told;
+    EXPECT_TRUE(Has(told, "\" has a key")) << told;
     ExpectTied("b.prx");
 }
 
