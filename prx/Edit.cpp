@@ -12,6 +12,7 @@
 #include "mrlxmlclass/items/TaskObstaclesRelationCol.h"
 #include "mrlxmlclass/items/obstaclesCol.h"
 #include "prx/Items.h"
+#include "prx/Outline.h"
 #include "prx/Refusal.h"
 #include "prx/Terminal.h"
 #include "prx/Values.h"
@@ -38,6 +39,16 @@ Ref<TasksCls> FindByName(const Project& project, const std::string& name) {
         found = entry.item;
     }
     return found;
+}
+
+Ref<TasksCls> MakeTask(const Project& project) {
+    constexpr int kLastKey = 32767;
+    const Ref<TasksCls> task = project.tasks()->Add();
+    if (task && task->TaskKey() != 0) return task;
+    if (project.tasks()->Item(Long(kLastKey))) {
+        throw Refusal(fmt::format("the plan is full: one task has the key {}, the last that there is", kLastKey));
+    }
+    throw Refusal("the library could not make a new task");
 }
 
 /// Makes the new task a child of `parent`, which is a summary from now on.
@@ -101,11 +112,24 @@ std::string KeyOf(const TasksCls& task) {
     return Text(task.TaskKey());
 }
 
+void RefuseWithoutWayUp(const Project& project, const TasksCls& task) {
+    std::unordered_set<std::int64_t> passed = {task.TaskKey()};
+    std::string name = Quoted(task);
+    for (Long above = task.ParentID(); above != 0;) {
+        const Ref<TasksCls> parent = project.tasks()->Item(above);
+        if (!parent) throw Refusal(fmt::format("{} belongs to task {}, which is not there", name, above.value()));
+        if (!passed.insert(above).second) throw Refusal(fmt::format("the parents of {} run in a circle", Quoted(task)));
+        name = Quoted(*parent);
+        above = parent->ParentID();
+    }
+}
+
 Ref<TasksCls> AddTask(const Project& project, const Place& place) {
     const Ref<TasksCol> tasks = project.tasks();
+    if (place.under) RefuseWithoutWayUp(project, *place.under);
+    if (place.after) RefuseWithoutWayUp(project, *place.after);
     if (tasks->TaskCanNotBeAdd()) throw Refusal("the plan is full: it cannot take another task");
-    const Ref<TasksCls> task = tasks->Add();
-    if (!task) throw Refusal("the library could not make a new task");
+    const Ref<TasksCls> task = MakeTask(project);
     const Long last_row = task->TaskPosition();
 
     const Ref<TasksCls> parent = place.after ? tasks->Item(place.after->ParentID()) : place.under;
@@ -132,8 +156,7 @@ void NameNewTask(const Project& project, const Ref<TasksCls>& task, const std::s
 }
 
 Ref<TasksCls> AddBeside(const Project& project, const std::string& name, Long place) {
-    const Ref<TasksCls> task = project.tasks()->Add();
-    if (!task) throw Refusal("the library could not make a new task");
+    const Ref<TasksCls> task = MakeTask(project);
     const Date today = Platform().clock.Today();
     task->ProjectID(1);
     task->TaskBDate(today);

@@ -16,6 +16,9 @@ mrlxmlclass::Ref<mrlxmlclass::TasksCls> FindAnyTask(const Project& project, cons
 /// The key as the library's operations take it.
 std::string KeyOf(const mrlxmlclass::TasksCls& task);
 
+/// Refuses a task whose parents do not lead to the top: one is not there, or they run in a circle.
+void RefuseWithoutWayUp(const Project& project, const mrlxmlclass::TasksCls& task);
+
 /// Where a new task goes.
 struct Place {
     mrlxmlclass::Ref<mrlxmlclass::TasksCls> under;  ///< last below this one

@@ -74,6 +74,17 @@ void RefuseSecondTask(Application& app, const std::string& item_key) {
     }
 }
 
+/// Of keys that were wanted and not given: refuses in plain words where the last one of their kind is taken.
+template <class Records, class KeyOfRecord>
+void RefuseWhenFull(const Project& project, const Ref<Records>& records, const char* kind, KeyOfRecord&& key_of) {
+    if (project.FailuresSince().empty()) return;
+    constexpr int kLastKey = 32767;
+    for (const auto& entry : records->NewEnum()) {
+        if (KeyNumber(key_of(*entry.item)) != kLastKey) continue;
+        throw Refusal(fmt::format("the plan is full: one {} has the key {}, the last that there is", kind, kLastKey));
+    }
+}
+
 std::string Named(const std::string& kind, const std::string& name) {
     constexpr std::size_t kWidest = 60;
     return fmt::format("{} \"{}\"", kind, Plain(CutTo(name, kWidest)));
@@ -155,6 +166,7 @@ std::string AddItem(const Project& project, Kind kind, const std::string& name,
                     const std::vector<std::string>& fields) {
     return With(kind, [&]<class K>(K) {
         const auto item = K::Add(project.app(), name);
+        RefuseWhenFull(project, K::All(project.app()), K::kName, K::KeyOf);
         if (!item) throw Refusal(fmt::format("the library could not make a new {}", K::kName));
         for (std::size_t i = 0; i < fields.size(); ++i) {
             if (!fields[i].empty()) K::kFields[i].set(*item, fields[i]);
@@ -191,6 +203,7 @@ void Assign(const Project& project, const Ref<TasksCls>& task, Kind kind, const 
         }
         RefuseSecondTask<K>(app, key);
         K::Tie(app, *task, *item);
+        RefuseWhenFull(project, K::Ties(app), K::kRelation, [](const auto& tie) { return tie.elementKey(); });
     });
 }
 

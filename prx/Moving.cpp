@@ -135,6 +135,7 @@ void MoveAmongSiblings(const Project& project, TasksCls& task, Long before) {
 }  // namespace
 
 void IndentTask(const Project& project, const Ref<TasksCls>& task) {
+    RefuseWithoutWayUp(project, *task);
     const Ref<TasksCls> parent = Neighbour(project, *task, Direction::kUp);
     if (!parent) throw Refusal(fmt::format("{} stands first on its level: there is no task above it", Quoted(*task)));
     RefuseTooDeep(project, *task, *parent);
@@ -145,6 +146,7 @@ void IndentTask(const Project& project, const Ref<TasksCls>& task) {
 }
 
 void OutdentTask(const Project& project, const Ref<TasksCls>& task) {
+    RefuseWithoutWayUp(project, *task);
     const Ref<TasksCls> parent = project.tasks()->Item(task->ParentID());
     if (!parent) throw Refusal(fmt::format("{} stands at the top already", Quoted(*task)));
     const Long old_parent = task->ParentID();
@@ -165,6 +167,8 @@ void MoveTask(const Project& project, const Ref<TasksCls>& task, Direction direc
 
 void MoveTask(const Project& project, const Ref<TasksCls>& task, const Place& place) {
     const TasksCls& anchor = place.after ? *place.after : *place.under;
+    RefuseWithoutWayUp(project, *task);
+    RefuseWithoutWayUp(project, anchor);
     if (StandsIn(anchor, *task, project)) {
         throw Refusal(fmt::format("{} cannot go to a place that moves along with it", Quoted(*task)));
     }
@@ -181,6 +185,7 @@ void MoveTask(const Project& project, const Ref<TasksCls>& task, const Place& pl
 
 void TakeToTop(const Project& project, const Ref<TasksCls>& task) {
     if (task->ParentID() == 0) throw Refusal(fmt::format("{} is a phase already", Quoted(*task)));
+    RefuseWithoutWayUp(project, *task);
     const std::string top = project.tasks()->GetFirstLevelParentPosKey(KeyOf(*task), /*keys=*/True);
     MoveTask(project, task, Place{.under = {}, .after = project.tasks()->Item(top)});
 }
