@@ -9,11 +9,16 @@
 #include <unordered_set>
 
 #include "mrlxmlclass/dom/Document.h"
+#include "mrlxmlclass/runtime/Tail.h"
 #include "mrlxmlclass/runtime/Text.h"
+#include "mrlxmlclass/xml/Conversions.h"
+#include "mrlxmlclass/xml/DateText.h"
+#include "mrlxmlclass/xml/ProjectsCls.h"
 #include "prx/LostRecords.h"
 #include "prx/Outline.h"
 #include "prx/Project.h"
 #include "prx/Terminal.h"
+#include "prx/Values.h"
 
 namespace prx {
 
@@ -68,6 +73,8 @@ void CheckChildren(const Ref<TasksCol>& tasks, Lines& lines) {
         if (!entry.item->TaskCondidat()) continue;
         const Long key = entry.item->TaskKey();
         auto& expected = by_parent[key];
+        // A task without a key is told as such, and with it on the list nobody can read that.
+        if (key == 0 || expected.contains(0)) continue;
         const Ref<Dictionary> listed = tasks->GetTasksAsKeys(key);
         if (!listed) {
             lines.push_back(fmt::format("{} is filed under another key", TitleOf(*entry.item)));
@@ -83,6 +90,49 @@ void CheckChildren(const Ref<TasksCol>& tasks, Lines& lines) {
             lines.push_back(fmt::format("{} does not list its child, task {}", TitleOf(*entry.item), missing));
         }
     }
+}
+
+/// The dates of a file, read as a load reads them, but not brought into range.
+class FileDates {
+public:
+    explicit FileDates(const ProjectsCls& project) {
+        dates_.file_format = project.DateFormat();
+        dates_.system_format = Gloabal::GetSystemDateFormat();
+        dates_.on = !dates_.file_format.empty() && dates_.file_format != dates_.system_format;
+        if (!dates_.on) return;
+        Gloabal::SetALLFormat(dates_.file_format, dates_.system_format, dates_.system_parts, dates_.file_parts,
+                              dates_.separator);
+    }
+
+    void Compare(dom::Node record, const char* element, const TasksCls& task, const char* name, Date now,
+                 Lines& lines) const {
+        const dom::Node node = record.selectSingleNode(element);
+        if (!node || !now.set()) return;
+        const Date written = FailureTail("prx").Silent().Run<Date>(
+            "FileDates", [&](Date& result) { result = Conversions::StringToDate(dates_.Adjusted(node.Text())); });
+        if (!written.set() || written.day() == now) return;
+        lines.push_back(
+            fmt::format("the {} of {} was moved from {} to {}", name, TitleOf(task), DayText(written), DayText(now)));
+    }
+
+private:
+    DateAdjustment dates_;
+};
+
+void CompareUnit(dom::Node record, TasksCls& task, Lines& lines) {
+    const String written = record.selectSingleNode("TaskDurationUnit").Text();
+    if (written.empty() || task.TaskDurationUnitValid() != "True" || written == task.TaskDurationUnit()) return;
+    constexpr std::size_t kWidest = 20;
+    lines.push_back(fmt::format("the duration of {} counts in {}, not in \"{}\"", TitleOf(task),
+                                task.TaskDurationUnit(), Plain(CutTo(written, kWidest))));
+}
+
+void CompareRow(dom::Node record, const TasksCls& task, Lines& lines) {
+    const String row = record.selectSingleNode("TaskPosition").Text();
+    const std::string now = std::to_string(task.TaskPosition().value());
+    if (Trim(row) == now) return;
+    lines.push_back(
+        fmt::format("{} was moved from row {} to row {}", TitleOf(task), row.empty() ? "none" : Plain(Trim(row)), now));
 }
 
 void CheckDates(const std::vector<OutlineRow>& rows, Lines& lines) {
@@ -126,15 +176,15 @@ std::vector<std::string> Repairs(const Project& project) {
     Lines lines;
     const auto document = Make<dom::Document>();
     if (!document->Load(project.path())) return lines;
+    const FileDates dates(*project.app().xProject());
     ForEachElement(document->documentElement().selectSingleNode("Tasks"), "Task", [&](dom::Node record) {
         const String key = record.selectSingleNode("TaskKey").Text();
         const Ref<TasksCls> task = project.tasks()->Item(String(Trim(key)));
-        if (!task || !task->TaskCondidat()) return;
-        const String row = record.selectSingleNode("TaskPosition").Text();
-        const std::string now = std::to_string(task->TaskPosition().value());
-        if (Trim(row) == now) return;
-        lines.push_back(fmt::format("{} was moved from row {} to row {}", TitleOf(*task),
-                                    row.empty() ? "none" : Plain(Trim(row)), now));
+        if (!task) return;
+        dates.Compare(record, "TaskBDate", *task, "start", task->TaskBDate(), lines);
+        dates.Compare(record, "TaskEDate", *task, "end", task->TaskEDate(), lines);
+        CompareUnit(record, *task, lines);
+        if (task->TaskCondidat()) CompareRow(record, *task, lines);
     });
     return lines;
 }

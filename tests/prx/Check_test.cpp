@@ -59,6 +59,28 @@ TEST(Check, TellsARowThatTwoTasksHave) {
     ExpectIn(folder.Faults(), "was moved from row 11 to row");
 }
 
+TEST(Check, TellsTheDatesThatTheLoadMoved) {
+    const Damaged folder("<TaskName>Excavate</TaskName><TaskBDate>5/13/2026",
+                         "<TaskName>Excavate</TaskName><TaskBDate>5/13/1990");
+    const std::string faults = folder.Faults();
+    ExpectIn(faults, "Repaired in memory, not in the file:\n  the start of task ");
+    ExpectIn(faults, " \"Excavate\" was moved from 1990-05-13 to 2000-05-1");
+    folder.Output({"check", "a.prx", "--repair", "b.prx"});
+    folder.Output({"check", "b.prx"});
+}
+
+TEST(Check, TellsAnEndThatTheLoadCountedAnew) {
+    const Damaged folder("<TaskName>Excavate</TaskName><TaskBDate>5/13/2026</TaskBDate><TaskEDate>5/",
+                         "<TaskName>Excavate</TaskName><TaskBDate>5/13/2026</TaskBDate><TaskEDate>4/");
+    ExpectIn(folder.Faults(), "the end of task ");
+    ExpectIn(folder.Faults(), " \"Excavate\" was moved from 2026-04-");
+}
+
+TEST(Check, TellsAUnitThatCountsAsDays) {
+    const Damaged folder("<TaskDurationUnit>days<", "<TaskDurationUnit>moons<");
+    ExpectIn(folder.Faults(), " counts in days, not in \"moons\"\n");
+}
+
 TEST(Check, TellsWhatCouldNotBeRead) {
     const Damaged folder("<TaskName>Excavate</TaskName><TaskBDate>5/13/2026",
                          "<TaskName>Excavate</TaskName><TaskBDate>soon");
