@@ -2,8 +2,12 @@
 
 #include <fmt/core.h>
 
+#include <utility>
+
+#include "mrlxmlclass/dom/Document.h"
 #include "mrlxmlclass/session/StaticCls.h"
 #include "prx/Kinds.h"
+#include "prx/LostRecords.h"
 #include "prx/Outline.h"
 
 namespace prx {
@@ -40,6 +44,7 @@ public:
 
     /// 0 where nothing does.
     Long Find() {
+        LookIntoFile();
         for (const Kind kind : kKinds) {
             With(kind, [&]<class K>(K) { LookAtTies<K>(); });
         }
@@ -49,6 +54,17 @@ public:
     }
 
 private:
+    /// The key stands there out of its place. Where records are missing it may be one of theirs.
+    void LookIntoFile() {
+        const auto document = Make<dom::Document>();
+        if (!document->Load(project_.path())) return;
+        std::vector<Long> keys;
+        ForEachElement(document->documentElement().selectSingleNode("Tasks"), "Task",
+                       [&](dom::Node record) { keys.push_back(KeyNumber(record.selectSingleNode("TaskKey").Text())); });
+        if (std::cmp_not_equal(keys.size(), project_.tasks()->Count(/*p_all=*/True).value())) return;
+        for (const Long key : keys) Consider(key);
+    }
+
     /// The relations that the task lists lead to it.
     template <class K>
     void LookAtTies() {
@@ -105,7 +121,8 @@ void FileAnew(const Project& project, TasksCls& task) {
     tasks.RemoveParentTask(task.ParentID(), Long(0));
     task.TaskKey(key);
     tasks.SortMe(True);  // from here on it stands under its own key
-    tasks.AddParentTask(task.ParentID(), key);
+    // The load files no children behind a parent that it does not find.
+    for (const auto& entry : tasks.NewEnum()) tasks.AddParentTask(entry.item->ParentID(), entry.item->TaskKey());
     tasks.SetPhases();
     for (const Kind kind : kKinds) {
         With(kind, [&]<class K>(K) { LeadToTask<K>(project.app(), task); });

@@ -10,8 +10,8 @@ namespace prx {
 
 /// The task without one; empty for a file that is in order.
 std::vector<std::string> KeyFaults(const Project& project);
-/// Files it, in memory, under the key by which its ties and links go on naming it, else under the next one, and tells
-/// that. Its parent and the phases know it from then on.
+/// Files it, in memory, under the key that stands out of its place in the file or by which its ties and links go on
+/// naming it, else under the next one, and tells that. Its parent, its children and the phases know it from then on.
 std::vector<std::string> MendKeys(const Project& project);
 
 }  // namespace prx

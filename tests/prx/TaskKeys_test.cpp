@@ -75,17 +75,21 @@ TEST_F(KeylessTask, CanBeAPhase) {
     ExpectInOrder("Later");
 }
 
-TEST_F(KeylessTask, CanBeOneOfWhichNothingWasRead) {
-    Damage(
-        "<ProjectID>0</ProjectID><TaskType>false</TaskType><TaskCondidat>true</TaskCondidat>"
-        "<TaskMilstones>false</TaskMilstones><TaskKey>4<",
-        "<TaskType>false</TaskType><ProjectID>0</ProjectID><TaskCondidat>true</TaskCondidat>"
-        "<TaskMilstones>false</TaskMilstones><TaskKey>4<");
-    EXPECT_EQ(plan_.Prx({"check", "a.prx", "--repair", "b.prx", "--force"}).status, 1);
-    plan_.Output({"rename", "a.prx", "Build", "Make", "--force"});
-    plan_.Edit({"rename", "Make", "Build"});
-    plan_.Write("a.prx", plan_.Read("b.prx"));
-    plan_.Edit({"rename", "Build", "Make"});
+TEST_F(KeylessTask, CanBeOneWhoseKeyStandsOutOfItsPlace) {
+    for (const std::string key : {"4", "1"}) {
+        const std::string whole = plan_.Read("a.prx");
+        const std::string rest =
+            "<TaskCondidat>true</TaskCondidat><TaskMilstones>false</TaskMilstones><TaskKey>" + key + "<";
+        Damage("<ProjectID>0</ProjectID><TaskType>false</TaskType>" + rest,
+               "<TaskType>false</TaskType><ProjectID>0</ProjectID>" + rest);
+        const std::string copy = key + ".prx";
+        const Result repaired = plan_.Prx({"check", "a.prx", "--repair", copy, "--force"});
+        EXPECT_TRUE(Has(repaired.out, Fault("") + ": filed under key " + key + "\n")) << repaired.out;
+        for (const char* name : {"Make", "Build"}) plan_.Output({"rename", copy, "3", name});
+        plan_.Output({"rename", "a.prx", "3", "Make", "--force"});
+        plan_.Output({"rename", "a.prx", "3", "Build"});
+        plan_.Write("a.prx", whole);
+    }
 }
 
 TEST_F(KeylessTask, GetsAFreeKeyWhereTheLastOneIsTaken) {
