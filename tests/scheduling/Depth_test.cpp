@@ -76,6 +76,15 @@ void OnSmallStack(const std::function<void(DeepPlan&)>& body) {
     });
 }
 
+void ExpectToRollUpFrom(Long leaf, DeepPlan& deep) {
+    TasksCol& col = deep.col();
+    col.AdjustSummary(Text(leaf));
+    col.AdjustCost(Text(leaf));
+    EXPECT_EQ(deep[deep.top]->TaskCost(), Currency(1));
+    col.RollUpCostChanged(leaf, Currency(5));
+    EXPECT_EQ(deep[deep.top]->TaskCost(), Currency(6));
+}
+
 }  // namespace
 
 TEST(Depth, AChainOfAllTasksMovesByItsStart) {
@@ -115,11 +124,7 @@ TEST(Depth, AnOutlineOfAThousandLevelsMovesAndRollsUp) {
         EXPECT_TRUE(col.DurationChanged(leaf, Double(3)));
         EXPECT_EQ(deep[deep.top]->TaskEDate(), Friday);
 
-        col.AdjustSummary(Text(leaf));
-        col.AdjustCost(Text(leaf));
-        EXPECT_EQ(deep[deep.top]->TaskCost(), Currency(1));
-        col.RollUpCostChanged(leaf, Currency(5));
-        EXPECT_EQ(deep[deep.top]->TaskCost(), Currency(6));
+        ExpectToRollUpFrom(leaf, deep);
 
         col.ResetStartDate(7);
         EXPECT_EQ(deep[leaf]->TaskBDate(), Wednesday + 7);
@@ -159,11 +164,7 @@ TEST(Depth, AChainRunsIntoADeepOutlineAndOutAgain) {
         EXPECT_EQ(deep[before]->TaskBDate(), Wednesday);
         all_from_the_outline_on_start(Thursday);
 
-        col.AdjustSummary(Text(leaf));
-        col.AdjustCost(Text(leaf));
-        EXPECT_EQ(deep[deep.top]->TaskCost(), Currency(1));
-        col.RollUpCostChanged(leaf, Currency(5));
-        EXPECT_EQ(deep[deep.top]->TaskCost(), Currency(6));
+        ExpectToRollUpFrom(leaf, deep);
 
         col.ResetStartDate(7);
         EXPECT_EQ(deep[before]->TaskBDate(), Wednesday + 7);
