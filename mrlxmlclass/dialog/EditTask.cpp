@@ -10,9 +10,9 @@
 
 namespace mrlxmlclass {
 
-using dialog::kTail;
-
 namespace {
+
+constexpr auto kTail = dialog::kEditTaskTail;
 
 /// The tab on which the dialog opens.
 Long StartTabFor(Integer Fromwhere) {

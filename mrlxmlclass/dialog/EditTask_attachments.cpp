@@ -8,11 +8,11 @@
 
 namespace mrlxmlclass {
 
-using dialog::kTail;
 using dialog::NoteRemoved;
 
 namespace {
 
+constexpr auto kTail = dialog::kEditTaskTail;
 constexpr int kDocuments = 5;      // see GetSpecialfolder
 constexpr int kLeastSuccess = 33;  // what the shell gives below it is a failure
 

@@ -10,10 +10,9 @@
 
 namespace mrlxmlclass {
 
-using dialog::kTail;
-
 namespace {
 
+constexpr auto kTail = dialog::kEditTaskTail;
 constexpr double kCostLimit = 99'999'999;
 constexpr const char* kNewPhase = "<New Phase>";
 

@@ -9,7 +9,7 @@
 /// What the files of EditTask share.
 namespace mrlxmlclass::dialog {
 
-inline constexpr FailureTail kTail{"EditTask"};
+inline constexpr FailureTail kEditTaskTail{"EditTask"};
 
 /// Durations beyond it show whole, and are not typed.
 inline constexpr int kMostShortDuration = 999;
@@ -64,7 +64,7 @@ template <class Rules>
 void EditTask::Answer(const Control& field, const char* label, Rules&& rules) {
     if (loading_ || std::find(answered_.begin(), answered_.end(), &field) != answered_.end()) return;
     answered_.push_back(&field);
-    dialog::kTail.Run(label, std::forward<Rules>(rules));
+    dialog::kEditTaskTail.Run(label, std::forward<Rules>(rules));
     std::erase(answered_, &field);
 }
 

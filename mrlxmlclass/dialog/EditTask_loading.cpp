@@ -14,10 +14,9 @@
 
 namespace mrlxmlclass {
 
-using dialog::kTail;
-
 namespace {
 
+constexpr auto kTail = dialog::kEditTaskTail;
 constexpr int kDurationDigits = 3;
 
 /// What a picker shows for a date of the task: today where it has none.

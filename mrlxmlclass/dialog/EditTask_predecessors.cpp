@@ -7,11 +7,11 @@
 
 namespace mrlxmlclass {
 
-using dialog::kTail;
 using dialog::NoteRemoved;
 
 namespace {
 
+constexpr auto kTail = dialog::kEditTaskTail;
 constexpr int kLagDigits = 3;
 constexpr const char* kFinishToStart = "FS";
 

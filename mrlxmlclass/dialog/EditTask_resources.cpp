@@ -9,9 +9,10 @@
 namespace mrlxmlclass {
 
 using dialog::kPersonMark;
-using dialog::kTail;
 
 namespace {
+
+constexpr auto kTail = dialog::kEditTaskTail;
 
 /// Adds a row that shows its own number.
 Long AddNumbered(GridControl& grid, const String& text) {

@@ -10,8 +10,11 @@
 #include "mrlxmlclass/xml/Conversions.h"
 
 namespace mrlxmlclass {
+namespace {
 
-using dialog::kTail;
+constexpr auto kTail = dialog::kEditTaskTail;
+
+}  // namespace
 
 Boolean EditTask::SaveTaskInfo() {
     return kTail.Run<Boolean>("SaveTaskInfo", [&](Boolean& result) {

@@ -77,6 +77,8 @@ struct SectionRow {
 };
 template <class Col>
 struct SectionOf;
+template <class Col>
+inline constexpr SectionRow kSectionRow = SectionOf<Col>::row;
 template <>
 struct SectionOf<PeopleCol> {
     static constexpr SectionRow row = {.label = "PeopleCol",
@@ -144,6 +146,8 @@ struct ItemRow {
 };
 template <class Item>
 struct ItemKind;
+template <class Item>
+inline constexpr ItemRow kItemRow = ItemKind<Item>::row;
 template <>
 struct ItemKind<peopleCls> {
     static constexpr ItemRow row = {.key_element = "Personkey",
@@ -192,6 +196,8 @@ struct NamedItemRow {
 };
 template <class Item>
 struct NamedItemKind;
+template <class Item>
+inline constexpr NamedItemRow kNamedItemRow = NamedItemKind<Item>::row;
 template <>
 struct NamedItemKind<GoalsCls> {
     static constexpr NamedItemRow row = {.position_element = "GoalPosition",
@@ -239,6 +245,8 @@ struct RelationRow {
 };
 template <class Record>
 struct RelationKind;
+template <class Record>
+inline constexpr RelationRow kRelationRow = RelationKind<Record>::row;
 template <>
 struct RelationKind<TaskGoalRelationCls> {
     static constexpr RelationRow row = {

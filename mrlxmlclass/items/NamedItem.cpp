@@ -11,15 +11,13 @@ namespace mrlxmlclass {
 namespace {
 
 template <class Self>
-constexpr NamedItemRow kRow = NamedItemKind<Self>::row;
-template <class Self>
 constexpr FailureTail kTail{LabelOf<Self>::label, FailureTail::Gives::SoFar};
 
 }  // namespace
 
 template <class Self, class Relations>
 NamedItem<Self, Relations>::NamedItem() {
-    this->f_.elementName = kRow<Self>.element;
+    this->f_.elementName = kNamedItemRow<Self>.element;
 }
 
 template <class Self, class Relations>
@@ -34,8 +32,8 @@ Ref<Self> NamedItem<Self, Relations>::Clone() {
 
 template <class Self, class Relations>
 String NamedItem<Self, Relations>::GuardedLink() {
-    return kTail<Self>.template Run<String>(kRow<Self>.link, [&](String& result) {
-        if (!this->f_.link.valid) RaiseNotValid(kRow<Self>.link);
+    return kTail<Self>.template Run<String>(kNamedItemRow<Self>.link, [&](String& result) {
+        if (!this->f_.link.valid) RaiseNotValid(kNamedItemRow<Self>.link);
         result = this->f_.link.value;
     });
 }
@@ -48,10 +46,10 @@ Ref<Relations> NamedItem<Self, Relations>::ReadRelations() {
 template <class Self, class Relations>
 void NamedItem<Self, Relations>::Internal::Write(RecordWriter& out) const {
     this->WriteKey(out);
-    out.Write(kRow<Self>.position_element, this->f_.position);
-    out.Write(kRow<Self>.name_element, this->f_.name);
-    out.Write(kRow<Self>.link_element, this->f_.link);
-    out.Write(kRow<Self>.description_element, this->f_.description);
+    out.Write(kNamedItemRow<Self>.position_element, this->f_.position);
+    out.Write(kNamedItemRow<Self>.name_element, this->f_.name);
+    out.Write(kNamedItemRow<Self>.link_element, this->f_.link);
+    out.Write(kNamedItemRow<Self>.description_element, this->f_.description);
     this->WriteRelations(out);
 }
 
@@ -63,11 +61,11 @@ dom::Node NamedItem<Self, Relations>::Internal::FromXmlInt(dom::Node xmlParent, 
     f.elementName = xmlParent.baseName();
     RecordReader in(xmlChild);
     this->ReadKey(in, reading);
-    in.Read(kRow<Self>.position_element, f.position);
-    in.Read(kRow<Self>.name_element, f.name);
+    in.Read(kNamedItemRow<Self>.position_element, f.position);
+    in.Read(kNamedItemRow<Self>.name_element, f.name);
     if (!reading.for_lib) {
-        in.Read(kRow<Self>.link_element, f.link);
-        in.Read(kRow<Self>.description_element, f.description);
+        in.Read(kNamedItemRow<Self>.link_element, f.link);
+        in.Read(kNamedItemRow<Self>.description_element, f.description);
         this->ReadRelationKeys(in, reading);
     }
     return in.position();

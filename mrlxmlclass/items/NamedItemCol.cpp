@@ -11,11 +11,9 @@ namespace {
 
 constexpr FailureTail::Gives kSoFar = FailureTail::Gives::SoFar;
 template <class Self>
-constexpr SectionRow kRow = SectionOf<Self>::row;
+constexpr FailureTail kTail{kSectionRow<Self>.label, kSoFar};
 template <class Self>
-constexpr FailureTail kTail{kRow<Self>.label, kSoFar};
-template <class Self>
-constexpr FailureTail kAssigningTail{kRow<Self>.assigning, kSoFar};
+constexpr FailureTail kAssigningTail{kSectionRow<Self>.assigning, kSoFar};
 
 }  // namespace
 
@@ -34,7 +32,7 @@ Boolean NamedItemCol<Self, ItemOf, Relations>::Assigne(const String& item_key, I
         item->Tasks()->AddItem(oTaskCol->Item(TaskKey));
         result = True;
     };
-    return kAssigningTail<Self>.template Run<Boolean>(kRow<Self>.assigne, assigne);
+    return kAssigningTail<Self>.template Run<Boolean>(kSectionRow<Self>.assigne, assigne);
 }
 
 template <class Self, class ItemOf, class Relations>
@@ -42,19 +40,20 @@ Boolean NamedItemCol<Self, ItemOf, Relations>::UnAssigne(const Variant& item_key
                                                          const Ref<TasksCol>& /*oTaskCol*/,
                                                          const Ref<Relations>& relations) {
     const Ref<Self> held(static_cast<Self*>(this));  // a host may let go of the list, and of what it was called with
-    return kAssigningTail<Self>.template Run<Boolean>(kRow<Self>.unassigne, [&, TaskKey, relations](Boolean& result) {
-        const Ref<ItemOf> item = In(static_cast<Self&>(*this)).Find(item_key.Key());
-        const Variant key = item->FindRelationKey(TaskKey, relations);
-        if (key.is_empty()) return;
-        In(item).ReadRelations()->Remove(key);
-        // Kept: the copy of the task becomes a candidate of the item's own list, and stays there. It shares its lists
-        // with the live task, which loses its links where they are live, and its place below its parent where the item
-        // has a copy of the parent too.
-        item->Tasks()->Remove(TaskKey, {}, {}, {}, {}, {}, {}, /*ForceDelete=*/False, /*p_sort=*/True,
-                              /*p_arrange=*/True);
-        relations->Remove(key);
-        result = True;
-    });
+    return kAssigningTail<Self>.template Run<Boolean>(
+        kSectionRow<Self>.unassigne, [&, TaskKey, relations](Boolean& result) {
+            const Ref<ItemOf> item = In(static_cast<Self&>(*this)).Find(item_key.Key());
+            const Variant key = item->FindRelationKey(TaskKey, relations);
+            if (key.is_empty()) return;
+            In(item).ReadRelations()->Remove(key);
+            // Kept: the copy of the task becomes a candidate of the item's own list, and stays there. It shares its
+            // lists with the live task, which loses its links where they are live, and its place below its parent where
+            // the item has a copy of the parent too.
+            item->Tasks()->Remove(TaskKey, {}, {}, {}, {}, {}, {}, /*ForceDelete=*/False, /*p_sort=*/True,
+                                  /*p_arrange=*/True);
+            relations->Remove(key);
+            result = True;
+        });
 }
 
 template <class Self, class ItemOf, class Relations>

@@ -10,8 +10,6 @@ namespace mrlxmlclass {
 namespace {
 
 template <class Self>
-constexpr ItemRow kRow = ItemKind<Self>::row;
-template <class Self>
 constexpr FailureTail kTail{LabelOf<Self>::label, FailureTail::Gives::SoFar};
 
 }  // namespace
@@ -27,7 +25,7 @@ Boolean PlanItem<Self, Relations, FieldsOf>::SetTasksCollection(const Ref<Relati
                                                                 const Ref<TasksCol>& TaskCol) {
     const Ref<Self> held(static_cast<Self*>(this));  // a listener may let go of it, and of what it was called with
     const auto wire = [&, oTaskRelationcol, TaskCol](Boolean& result) {
-        if constexpr (kRow<Self>.drops_copies) {
+        if constexpr (kItemRow<Self>.drops_copies) {
             f_.Tasks.Set({});
         } else {
             In(Tasks()).RemoveALL();
@@ -35,15 +33,15 @@ Boolean PlanItem<Self, Relations, FieldsOf>::SetTasksCollection(const Ref<Relati
         if (const Ref<Relations> own = Internal(*this).PeekRelations()) {
             for (const auto& entry : own->NewEnum()) {
                 const auto relation = oTaskRelationcol->Item(entry.item->elementKey());
-                if (kRow<Self>.wants_relation && !relation) continue;
+                if (kItemRow<Self>.wants_relation && !relation) continue;
                 const Ref<TasksCls> task = TaskCol->Item(relation->TaskKey());
-                if (kRow<Self>.wants_task && !task) continue;
+                if (kItemRow<Self>.wants_task && !task) continue;
                 Tasks()->AddItem(task);
             }
         }
         result = True;
     };
-    return kTail<Self>.As(kRow<Self>.wiring).template Run<Boolean>("SetTasksCollection", wire);
+    return kTail<Self>.As(kItemRow<Self>.wiring).template Run<Boolean>("SetTasksCollection", wire);
 }
 
 template <class Self, class Relations, class FieldsOf>
@@ -77,34 +75,34 @@ KeyText PlanItem<Self, Relations, FieldsOf>::Internal::FirstRelationTo(const Key
 template <class Self, class Relations, class FieldsOf>
 Boolean PlanItem<Self, Relations, FieldsOf>::Internal::IncrementID(const Ref<StaticCls>& oPublicStaticCls) {
     return kTail<Self>.template Run<Boolean>("IncrementID", [&](Boolean& result) {
-        f_.key = IssueKey(oPublicStaticCls, kRow<Self>.counter, kRow<Self>.draws_from).Number();
+        f_.key = IssueKey(oPublicStaticCls, kItemRow<Self>.counter, kItemRow<Self>.draws_from).Number();
         result = True;
     });
 }
 
 template <class Self, class Relations, class FieldsOf>
 void PlanItem<Self, Relations, FieldsOf>::Internal::WriteKey(RecordWriter& out) const {
-    out.Write(kRow<Self>.key_element, f_.key);
+    out.Write(kItemRow<Self>.key_element, f_.key);
 }
 
 template <class Self, class Relations, class FieldsOf>
 void PlanItem<Self, Relations, FieldsOf>::Internal::WriteRelations(RecordWriter& out) const {
     if (!f_.relations.valid) return;
-    const dom::Node wrapper = out.Wrapper(kRow<Self>.relations_element);
+    const dom::Node wrapper = out.Wrapper(kItemRow<Self>.relations_element);
     if (const Ref<Relations> own = PeekRelations()) own->ToXmlInt(out.document(), wrapper, /*onlykey=*/True);
 }
 
 template <class Self, class Relations, class FieldsOf>
 void PlanItem<Self, Relations, FieldsOf>::Internal::ReadKey(RecordReader& in, const Reading& reading) {
-    if (in.Read(kRow<Self>.key_element, f_.key)) In(reading.counters).RaiseTo(kRow<Self>.counter, f_.key);
+    if (in.Read(kItemRow<Self>.key_element, f_.key)) In(reading.counters).RaiseTo(kItemRow<Self>.counter, f_.key);
 }
 
 template <class Self, class Relations, class FieldsOf>
 void PlanItem<Self, Relations, FieldsOf>::Internal::ReadRelationKeys(RecordReader& in, const Reading& reading) {
-    if (reading.for_lib || !in.At(kRow<Self>.relations_element)) return;
+    if (reading.for_lib || !in.At(kItemRow<Self>.relations_element)) return;
     const auto own = Make<Relations>();
     In(own).FromXmlInt(in.position(), in.position().firstChild(), /*onlykey=*/True);
-    if (kRow<Self>.lends_counters) own->oPublicStaticCls = reading.counters;
+    if (kItemRow<Self>.lends_counters) own->oPublicStaticCls = reading.counters;
     f_.relations.Let(own);
     in.Step();
 }

@@ -9,12 +9,8 @@
 namespace mrlxmlclass {
 namespace {
 
-template <class Item>
-constexpr ItemRow kRow = ItemKind<Item>::row;
 template <class Self>
-constexpr SectionRow kSection = SectionOf<Self>::row;
-template <class Self>
-constexpr FailureTail kTail{kSection<Self>.label, FailureTail::Gives::SoFar};
+constexpr FailureTail kTail{kSectionRow<Self>.label, FailureTail::Gives::SoFar};
 
 }  // namespace
 
@@ -57,14 +53,14 @@ void PlanItemCol<Self, ItemOf, Relations>::Remove(const Variant& Index) {
     kTail<Self>.Silent().Run("Remove", [&] {
         const KeyText key = Index.Key();
         if (!this->records_.Remove(key)) return;
-        if (this->oPublicStaticCls) In(this->oPublicStaticCls).Free(kRow<ItemOf>.freed, key);
+        if (this->oPublicStaticCls) In(this->oPublicStaticCls).Free(kItemRow<ItemOf>.freed, key);
     });
 }
 
 template <class Self, class ItemOf, class Relations>
 Boolean PlanItemCol<Self, ItemOf, Relations>::IamNotAvailable(const String& p_key) {
     return kTail<Self>.template Run<Boolean>("IamNotAvailable", [&](Boolean& result) {
-        const Ref<Collection> freed = In(this->oPublicStaticCls).PeekPool(kRow<ItemOf>.freed);
+        const Ref<Collection> freed = In(this->oPublicStaticCls).PeekPool(kItemRow<ItemOf>.freed);
         if (freed && freed->Count() > 0) freed->Remove(p_key);
         result = True;
     });
@@ -72,14 +68,14 @@ Boolean PlanItemCol<Self, ItemOf, Relations>::IamNotAvailable(const String& p_ke
 
 template <class Self, class ItemOf, class Relations>
 Boolean PlanItemCol<Self, ItemOf, Relations>::SortMe() {
-    return kTail<Self>.template Run<Boolean>(kSection<Self>.sorting,
+    return kTail<Self>.template Run<Boolean>(kSectionRow<Self>.sorting,
                                              [&](Boolean&) { this->records_ = SortedByPosition(this->NewEnum()); });
 }
 
 template <class Self, class ItemOf, class Relations>
 Boolean PlanItemCol<Self, ItemOf, Relations>::SetTasksCollection(const Ref<Relations>& oTaskRelationcol,
                                                                  const Ref<TasksCol>& oTaskCol) {
-    return kTail<Self>.As(kSection<Self>.wiring).template Run<Boolean>("SetTasksCollection", [&](Boolean& result) {
+    return kTail<Self>.As(kSectionRow<Self>.wiring).template Run<Boolean>("SetTasksCollection", [&](Boolean& result) {
         for (const auto& entry : this->NewEnum()) result = entry.item->SetTasksCollection(oTaskRelationcol, oTaskCol);
     });
 }

@@ -12,16 +12,14 @@ namespace mrlxmlclass {
 namespace {
 
 template <class Self>
-constexpr SectionRow kRow = SectionOf<Self>::row;
+constexpr FailureTail kTail{kSectionRow<Self>.label};
 template <class Self>
-constexpr FailureTail kTail{kRow<Self>.label};
-template <class Self>
-constexpr FailureTail kLifetimeTail{kRow<Self>.lifetime};
+constexpr FailureTail kLifetimeTail{kSectionRow<Self>.lifetime};
 
 }  // namespace
 
 template <class Self, class Record>
-RecordCol<Self, Record>::RecordCol() : element_name_(kRow<Self>.element) {
+RecordCol<Self, Record>::RecordCol() : element_name_(kSectionRow<Self>.element) {
     kLifetimeTail<Self>.Run("Class_Initialize", [] { EnsureErrorsHandler(); });
 }
 
@@ -40,7 +38,7 @@ Ref<dom::Document> RecordCol<Self, Record>::ToXmlFile(const String& FileName, co
                                                       Boolean includeDocHeader, Boolean /*useNamespace*/,
                                                       Boolean unicode, Boolean FileExist, Boolean Save) {
     return kLifetimeTail<Self>.template Run<Ref<dom::Document>>("ToXmlFile", [&](Ref<dom::Document>& result) {
-        result = WriteSection({kRow<Self>.section, element_name_},
+        result = WriteSection({kSectionRow<Self>.section, element_name_},
                               {FileName, xmlDoc, includeDocHeader, unicode, FileExist, Save},
                               BodyOf(static_cast<Self&>(*this)));
     });
@@ -69,7 +67,7 @@ Ref<dom::Document> RecordCol<Self, Record>::ReadSection(const String& FileName, 
     return kTail<Self>.template Run<Ref<dom::Document>>("FromXmlFile", [&](Ref<dom::Document>& result) {
         const Ref<dom::Document> document = DocumentToRead(FileName, loaded, xmlDoc);
         const auto contents = document->Contents();  // whoever hears a yield may load it anew
-        const dom::Node section = RootOf(document).selectSingleNode(kRow<Self>.section);
+        const dom::Node section = RootOf(document).selectSingleNode(kSectionRow<Self>.section);
         if (section) Internal(*this).FromXmlInt(section, section.firstChild(), p_for_lib);
         result = document;
     });

@@ -9,16 +9,14 @@ namespace mrlxmlclass {
 namespace {
 
 template <class Self>
-constexpr RelationRow kRow = RelationKind<Self>::row;
-template <class Self>
 constexpr FailureTail kTail{LabelOf<Self>::label, FailureTail::Gives::SoFar};
 
 }  // namespace
 
 template <class Self, class ItemKey, class Note>
 Relation<Self, ItemKey, Note>::Relation() {
-    f_.elementName = kRow<Self>.element;
-    f_.elementKey = kRow<Self>.first_key;
+    f_.elementName = kRelationRow<Self>.element;
+    f_.elementKey = kRelationRow<Self>.first_key;
 }
 
 template <class Self, class ItemKey, class Note>
@@ -49,20 +47,20 @@ String Relation<Self, ItemKey, Note>::GuardedDescription() {
 template <class Self, class ItemKey, class Note>
 Boolean Relation<Self, ItemKey, Note>::Internal::IncrementID(const Ref<StaticCls>& oPublicStaticCls) {
     return kTail<Self>.template Run<Boolean>("IncrementID", [&](Boolean& result) {
-        f_.elementKey = IssueKey(oPublicStaticCls, kRow<Self>.counter, kRow<Self>.draws_from).text();
+        f_.elementKey = IssueKey(oPublicStaticCls, kRelationRow<Self>.counter, kRelationRow<Self>.draws_from).text();
         result = True;
     });
 }
 
 template <class Self, class ItemKey, class Note>
 void Relation<Self, ItemKey, Note>::Internal::Write(RecordWriter& out) const {
-    for (const RelationChild child : kRow<Self>.order) {
+    for (const RelationChild child : kRelationRow<Self>.order) {
         switch (child) {
             case RelationChild::Task:
                 out.Write("TaskKey", f_.TaskKey);
                 break;
             case RelationChild::Item:
-                out.Write(kRow<Self>.item_element, f_.item_key);
+                out.Write(kRelationRow<Self>.item_element, f_.item_key);
                 break;
             case RelationChild::Description:
                 out.Write("Description", f_.Description);
@@ -79,22 +77,22 @@ dom::Node Relation<Self, ItemKey, Note>::Internal::FromXmlInt(dom::Node xmlParen
                                                               const Reading& reading) {
     f_ = Fields();
     f_.elementName = xmlParent.baseName();
-    f_.elementKey = kRow<Self>.first_key;
+    f_.elementKey = kRelationRow<Self>.first_key;
     RecordReader in(xmlChild);
-    for (const RelationChild child : kRow<Self>.order) {
+    for (const RelationChild child : kRelationRow<Self>.order) {
         switch (child) {
             case RelationChild::Task:
                 in.Read("TaskKey", f_.TaskKey);
                 break;
             case RelationChild::Item:
-                in.Read(kRow<Self>.item_element, f_.item_key);
+                in.Read(kRelationRow<Self>.item_element, f_.item_key);
                 break;
             case RelationChild::Description:
                 in.Read("Description", f_.Description);
                 break;
             case RelationChild::Key:
                 if (!in.Read("Key", f_.elementKey)) break;
-                In(reading.counters).RaiseTo(kRow<Self>.counter, Conversions::StringToLong(f_.elementKey));
+                In(reading.counters).RaiseTo(kRelationRow<Self>.counter, Conversions::StringToLong(f_.elementKey));
                 break;
         }
     }

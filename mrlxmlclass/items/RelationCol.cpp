@@ -10,17 +10,15 @@
 namespace mrlxmlclass {
 namespace {
 
-template <class Record>
-constexpr RelationRow kRow = RelationKind<Record>::row;
 template <class Self>
-constexpr FailureTail kTail{SectionOf<Self>::row.label, FailureTail::Gives::SoFar};
+constexpr FailureTail kTail{kSectionRow<Self>.label, FailureTail::Gives::SoFar};
 template <class Self>
-constexpr FailureTail kXmlTail{SectionOf<Self>::row.label};
+constexpr FailureTail kXmlTail{kSectionRow<Self>.label};
 
 /// What goes wrong in `Remove` is silent where freeing comes last, and where nobody handles it.
 template <class Self, class Record>
-constexpr FailureTail kRemoveTail = kRow<Record>.removal == RelationRemoval::ThenFrees ||
-                                            kRow<Record>.removal == RelationRemoval::Raises
+constexpr FailureTail kRemoveTail = kRelationRow<Record>.removal == RelationRemoval::ThenFrees ||
+                                            kRelationRow<Record>.removal == RelationRemoval::Raises
                                         ? kTail<Self>.Silent()
                                         : kTail<Self>;
 
@@ -36,7 +34,7 @@ Ref<Record> RelationCol<Self, Record>::Add(const String& ID) {
         } else {
             record->elementKey(ID);
         }
-        if (kRow<Record>.names_records) In(record).elementName(this->element_name_);
+        if (kRelationRow<Record>.names_records) In(record).elementName(this->element_name_);
         Internal(*this).File(In(record).Key(), record);
         result = record;
     });
@@ -47,10 +45,10 @@ Ref<Record> RelationCol<Self, Record>::AddItem(const Ref<Record>& newProperty) {
     return kTail<Self>.template Run<Ref<Record>>("AddItem", [&](Ref<Record>& result) {
         const Ref<Self> held(static_cast<Self*>(this));  // a listener may let go of the list
         const Ref<Record> clone = newProperty->Clone();
-        if (kRow<Record>.names_records) In(clone).elementName(this->element_name_);
-        if (kRow<Record>.issues_key) {
+        if (kRelationRow<Record>.names_records) In(clone).elementName(this->element_name_);
+        if (kRelationRow<Record>.issues_key) {
             const Long number = LeadingNumber(clone->elementKey());
-            if (kRow<Record>.numbers_key) clone->elementKey(Conversions::LongToString(number));
+            if (kRelationRow<Record>.numbers_key) clone->elementKey(Conversions::LongToString(number));
             if (number == 0) In(clone).IncrementID(this->oPublicStaticCls);
         }
         Internal(*this).File(In(clone).Key(), clone);
@@ -60,12 +58,12 @@ Ref<Record> RelationCol<Self, Record>::AddItem(const Ref<Record>& newProperty) {
 
 template <class Self, class Record>
 Ref<Record> RelationCol<Self, Record>::Item(const Variant& key) const {
-    constexpr FailureTail tail = kRow<Record>.silent_item ? kTail<Self>.Silent() : kTail<Self>;
+    constexpr FailureTail tail = kRelationRow<Record>.silent_item ? kTail<Self>.Silent() : kTail<Self>;
     return tail.template Run<Ref<Record>>("Item", [&](Ref<Record>& result) {
         const Ref<Record>* record = this->records_.Find(key.Key());
         if (record != nullptr) {
             result = *record;
-        } else if (!kRow<Record>.silent_item) {
+        } else if (!kRelationRow<Record>.silent_item) {
             Raise(failure::kUnknownKey);
         }
     });
@@ -82,15 +80,16 @@ void RelationCol<Self, Record>::Internal::RemoveOrRaise(const KeyText& key) {
     const auto remove = [&] {
         if (!relations_.records_.Remove(key)) Raise(failure::kUnknownKey);
     };
-    switch (kRow<Record>.removal) {
+    switch (kRelationRow<Record>.removal) {
         case RelationRemoval::ThenFrees:
             remove();
-            if (counters) In(counters).Free(kRow<Record>.freed, key);
+            if (counters) In(counters).Free(kRelationRow<Record>.freed, key);
             break;
         case RelationRemoval::FreesFirst:
             // Kept: freed before it is gone, and once: the same key leaves the task's list and the project's, and both
             // may have counters.
-            if (counters && !In(counters).IsFree(kRow<Record>.freed, key)) In(counters).Free(kRow<Record>.freed, key);
+            if (counters && !In(counters).IsFree(kRelationRow<Record>.freed, key))
+                In(counters).Free(kRelationRow<Record>.freed, key);
             remove();
             break;
         case RelationRemoval::Only:
@@ -103,7 +102,7 @@ void RelationCol<Self, Record>::Internal::RemoveOrRaise(const KeyText& key) {
 template <class Self, class Record>
 Boolean RelationCol<Self, Record>::TakeFreedKey(const String& p_key) {
     return kTail<Self>.template Run<Boolean>("IamNotAvailable", [&](Boolean& result) {
-        In(this->oPublicStaticCls).Pool(kRow<Record>.freed)->Remove(p_key);
+        In(this->oPublicStaticCls).Pool(kRelationRow<Record>.freed)->Remove(p_key);
         result = True;
     });
 }

@@ -19,7 +19,6 @@ constexpr int kLastYear = 9999;
 /// 1 January 2000.
 constexpr Date kFirstDay(36526);
 constexpr double kShortYear = 365;
-constexpr int kMostUnits = 999;
 /// Before the year 9900: no look ahead comes near the last one.
 constexpr Date kDaysInReach(2921000);
 

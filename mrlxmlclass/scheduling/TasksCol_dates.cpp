@@ -5,7 +5,6 @@ namespace mrlxmlclass {
 namespace {
 
 constexpr auto kTail = kTasksColTail;
-constexpr Double kMostUnits = 999;
 
 }  // namespace
 

@@ -15,6 +15,9 @@ struct DurationUnit {
     bool plain;         ///< steps through the plain calendar: no day is skipped
 };
 
+/// A task without children lasts so many units at most.
+inline constexpr int kMostUnits = 999;
+
 /// What nearly every task is measured in.
 extern const DurationUnit kDays;
 inline bool IsDays(std::string_view unit) {
