@@ -2,8 +2,7 @@
 #include "mrlxmlclass/dialog/GridPeople.h"
 #include "mrlxmlclass/items/NotesCol.h"
 #include "mrlxmlclass/items/PeopleCol.h"
-#include "mrlxmlclass/items/TaskAssigmentRelationCol.h"
-#include "mrlxmlclass/items/TaskNoteRelationCol.h"
+#include "mrlxmlclass/items/Relation_internal.h"
 #include "mrlxmlclass/items/TaskNotes.h"
 #include "mrlxmlclass/tasks/TasksCls_internal.h"
 #include "mrlxmlclass/tasks/TasksCol.h"
@@ -156,9 +155,9 @@ void EditTask::AddNote(Describe&& describe) {
 void EditTask::RemoveNote(const String& note_key) {
     for (const auto& entry : note_relations_->NewEnum()) {
         if (entry.item->NoteKey() != note_key) continue;
-        const String key = entry.item->elementKey();
-        note_relations_->Remove(key);
-        Stored()->TaskNoteRelation()->Remove(key);
+        const KeyText key(entry.item->elementKey());
+        In(note_relations_).RemoveOrRaise(key);
+        In(Stored()->TaskNoteRelation()).RemoveOrRaise(key);
         break;
     }
     notes_->Remove(1, note_key);

@@ -60,7 +60,7 @@ void Untie(TasksCol& tasks, const Side<Relations, Copies>& side, Variant key, Va
     const Ref<TasksCol> held(&tasks);
     const Ref<TasksCls> task = tasks.Item(key);
     const Ref<Relations> relations = (*task.*side.relations)();
-    if constexpr (RelationKind<typename Relations::Held>::row.removal == RelationRemoval::Raises) {
+    if constexpr (kRelationRow<typename Relations::Held>.removal == RelationRemoval::Raises) {
         In(relations).RemoveOrRaise(relation.Key());
     } else {
         relations->Remove(relation);

@@ -34,6 +34,19 @@ TEST_F(Saving, OfNoNoteRemovesItFromAllSides) {
     EXPECT_EQ(plan["Design"].TaskNoteRelation()->Count(), 0);
 }
 
+TEST_F(Saving, EndsAtANoteThatTheTaskNoLongerTies) {
+    AddNote(plan, "Design", "", "/a");
+    plan["Design"].TaskNoteRelation()->Remove("1");
+    EXPECT_EQ(OnOk([](EditTask& form) {
+                  form.CmdRemove_Click();
+                  form.txtNote.Text("not saved");
+              }),
+              False);
+    EXPECT_EQ(plan.failures.Taken(), "EditTask/SaveTaskInfo 5\n");
+    EXPECT_EQ(MasterNotes(plan), "1::/a");
+    EXPECT_EQ(plan.app->xTaskNotesRelationcol()->Count(), 0);
+}
+
 TEST_F(Saving, OfNoNoteKeepsOneWhileAnAttachmentStays) {
     AddNote(plan, "Design", "old");
     AddNote(plan, "Design", "", "/attached");
