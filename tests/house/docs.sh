@@ -20,8 +20,10 @@ tell() {
 }
 documents=(README.md CONTRIBUTING.md CHANGELOG.md docs/*.md)
 
-# The example of the README is one that compiles.
+# What the documents show of a program is one that compiles.
 block cpp README.md | diff - examples/new_plan.cpp || tell "README.md shows another example than examples/new_plan.cpp"
+sed -n '/^struct/,/^namespace {/p' examples/untie_goal.cpp | head -n -2 | diff <(block cpp docs/hosts.md) - ||
+    tell "docs/hosts.md unties a goal in another way than examples/untie_goal.cpp"
 
 # What a document names as a path of the house is there. A `*` stands for any name.
 for document in "${documents[@]}"; do
