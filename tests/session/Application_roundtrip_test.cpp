@@ -10,8 +10,8 @@ namespace {
 
 using namespace testing;
 
-/// With MRLXMLCLASS_ROUNDS=25 a thousand projects.
 constexpr unsigned kProjects = 40;
+constexpr unsigned kManyProjects = 1000;
 
 /// Loads what was saved, under a format; nothing is recorded by it.
 void LoadUnder(RandomProject& project, const char* format, Boolean only_tasks = False, Boolean for_lib = False) {
@@ -23,8 +23,8 @@ void LoadUnder(RandomProject& project, const char* format, Boolean only_tasks = 
 
 /// A drawn project for each seed, under three of the formats; `body` is told the text of its file.
 template <class Body>
-void ForRandomProjects(Body&& body) {
-    for (unsigned seed = 1; seed <= Rounds(kProjects); ++seed) {
+void ForRandomProjects(unsigned projects, Body&& body) {
+    for (unsigned seed = 1; seed <= Rounds(projects); ++seed) {
         const char* format = kFormats[seed % 3];
         SCOPED_TRACE("seed " + std::to_string(seed) + " under " + format);
         RandomProject project(seed, format);
@@ -37,7 +37,7 @@ void ForRandomProjects(Body&& body) {
 }
 
 TEST(RandomProjects, AreTheSameAfterALoadButForWhatALoadMends) {
-    ForRandomProjects([](RandomProject& project, const String& file, const char* format) {
+    ForRandomProjects(kManyProjects, [](RandomProject& project, const String& file, const char* format) {
         LoadUnder(project, format);
         const SavedRecords again = RecordsIn(project.Saved("second.prx"));
         EXPECT_EQ(Difference(AfterALoad(RecordsIn(file), format, format), again), "");
@@ -46,7 +46,7 @@ TEST(RandomProjects, AreTheSameAfterALoadButForWhatALoadMends) {
 }
 
 TEST(RandomProjects, StayAsTheyAreFromTheSecondLoadOn) {
-    ForRandomProjects([](RandomProject& project, const String&, const char* format) {
+    ForRandomProjects(kProjects, [](RandomProject& project, const String&, const char* format) {
         LoadUnder(project, format);
         const SavedRecords once = RecordsIn(project.Saved("second.prx"));
         LoadUnder(project, format);
@@ -78,7 +78,7 @@ TEST(RandomProjects, KeepEveryTaskDateAndEveryDayOfTheCalendarUnderAnotherFormat
 }
 
 TEST(RandomProjects, KeepTheirTasksAloneInALoadOfTheTasks) {
-    ForRandomProjects([](RandomProject& project, const String& file, const char* format) {
+    ForRandomProjects(kProjects, [](RandomProject& project, const String& file, const char* format) {
         LoadUnder(project, format, /*only_tasks=*/True);
         const SavedRecords again = RecordsIn(project.Saved("second.prx"));
         EXPECT_EQ(Difference(AfterALoadOfTasks(RecordsIn(file), format, format), again), "");
@@ -86,7 +86,7 @@ TEST(RandomProjects, KeepTheirTasksAloneInALoadOfTheTasks) {
 }
 
 TEST(RandomProjects, KeepTheReducedRecordsInALoadAsALibrary) {
-    ForRandomProjects([](RandomProject& project, const String& file, const char* format) {
+    ForRandomProjects(kProjects, [](RandomProject& project, const String& file, const char* format) {
         LoadUnder(project, format, False, /*for_lib=*/True);
         const SavedRecords again = RecordsIn(project.Saved("second.prx"));
         EXPECT_EQ(Difference(AfterALoadAsLibrary(RecordsIn(file), format, /*only_tasks=*/false), again), "");
@@ -94,7 +94,7 @@ TEST(RandomProjects, KeepTheReducedRecordsInALoadAsALibrary) {
 }
 
 TEST(RandomProjects, KeepTheReducedTasksAloneInALoadOfTheTasksAsALibrary) {
-    ForRandomProjects([](RandomProject& project, const String& file, const char* format) {
+    ForRandomProjects(kProjects, [](RandomProject& project, const String& file, const char* format) {
         LoadUnder(project, format, /*only_tasks=*/True, /*for_lib=*/True);
         const SavedRecords again = RecordsIn(project.Saved("second.prx"));
         EXPECT_EQ(Difference(AfterALoadAsLibrary(RecordsIn(file), format, /*only_tasks=*/true), again), "");
