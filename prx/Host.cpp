@@ -14,6 +14,17 @@ void HostUi::Message(const std::string& text) {
     fmt::print(stderr, "prx: {}\n", Plain(text));
 }
 
+mrlxmlclass::Ref<mrlxmlclass::HelpSystem> HostHelp::NewHelpSystem() {
+    class NoPages : public mrlxmlclass::HelpSystem {
+    public:
+        void loadSystem(const mrlxmlclass::Ref<mrlxmlclass::Counted>& /*owner*/) override {}
+        void OpenHelpPage(const std::string& /*page*/) override {
+            mrlxmlclass::Platform().ui.Message("There are no pages of help on this window.");
+        }
+    };
+    return mrlxmlclass::Ref<mrlxmlclass::HelpSystem>(mrlxmlclass::Make<NoPages>().get());
+}
+
 Host::Host() {
     // Where the folder cannot be had, the library says itself that its error file could not be written.
     std::error_code ignored;

@@ -28,6 +28,12 @@ private:
     Progress progress_;
 };
 
+/// There are no pages of help; that is said where a window asks for one.
+class HostHelp : public mrlxmlclass::HelpSystems {
+public:
+    mrlxmlclass::Ref<mrlxmlclass::HelpSystem> NewHelpSystem() override;
+};
+
 /// What this process puts in place of the system's services, for as long as it lives.
 class Host {
 public:
@@ -40,8 +46,9 @@ private:
     mrlxmlclass::Services& system_ = mrlxmlclass::SystemServices();
     HostFiles files_{system_.files};
     HostUi ui_;
+    HostHelp help_;
     mrlxmlclass::Services services_{
-        system_.clock, system_.locale, files_, system_.shell, ui_, mrlxmlclass::NoOldPlans(), Windows()};
+        system_.clock, system_.locale, files_, system_.shell, ui_, mrlxmlclass::NoOldPlans(), Windows(), help_};
     mrlxmlclass::InstalledServices installed_{services_};
 };
 

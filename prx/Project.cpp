@@ -123,8 +123,7 @@ Project Project::ToEdit(Host& host, const std::string& file, bool force) {
     if (force) {
         TellEach("was lost", Unread(project));
         TellEach("was mended", project.Mend());  // nothing stays tied to what is lost
-        TellEach("the mending did not go through", project.FailuresSince());
-        project.failures_at_opening_ = CountRecorded();  // the edit is judged by its own
+        project.TellFailures("the mending did not go through");
     } else {
         project.RefuseUnlessWhole();
     }
@@ -209,6 +208,11 @@ std::vector<std::string> Project::Mend() {
         told.insert(told.end(), more.begin(), more.end());
     }
     return told;
+}
+
+void Project::TellFailures(const char* what) {
+    TellEach(what, FailuresSince());
+    failures_at_opening_ = CountRecorded();
 }
 
 void Project::RefuseIfFailed() const {

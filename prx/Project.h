@@ -46,7 +46,9 @@ public:
     /// Mends keys, ties and links in memory and tells what was done.
     std::vector<std::string> Mend();
 
-    /// Refuses when the library recorded a failure since the file was opened.
+    /// Tells what the library recorded since the file was opened, a message each; the edit is judged by what follows.
+    void TellFailures(const char* what);
+    /// Refuses when the library recorded a failure since the file was opened, or since they were told.
     void RefuseIfFailed() const;
     /// Replaces the file, or leaves it as it is and refuses: also when the edit did not go through.
     void Save();

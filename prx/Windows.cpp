@@ -2,7 +2,6 @@
 
 #include <utility>
 
-#include "mrlxmlclass/dialog/EditTask.h"
 #include "qt/QtTaskScreens.h"
 #include "qt/QtUi.h"
 
@@ -35,9 +34,9 @@ mrlxmlclass::TaskScreens& Windows() {
     return TheWindows();
 }
 
-bool LeftByOk() {
+mrlxmlclass::EditTask::Ending EndingOfDialog() {
     const auto latest = TheWindows().TakeLatest();
-    return latest && latest->Saved();
+    return latest ? latest->ending() : mrlxmlclass::EditTask::Ending::Unsaved;
 }
 
 bool ShowMessage(const std::string& text) {

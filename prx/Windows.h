@@ -2,6 +2,7 @@
 
 #include <string>
 
+#include "mrlxmlclass/dialog/EditTask.h"
 #include "mrlxmlclass/platform/TaskScreens.h"
 
 /// The windows of this program, which it has when it was built with them.
@@ -15,7 +16,7 @@ mrlxmlclass::TaskScreens& Windows();
 std::string WhyNoWindow();
 /// Shows a message in front of the window that stands. False when none does: then it is not shown.
 bool ShowMessage(const std::string& text);
-/// Whether the latest dialog was left by OK, and saved what it was to save.
-bool LeftByOk();
+/// How the latest dialog was left.
+mrlxmlclass::EditTask::Ending EndingOfDialog();
 
 }  // namespace prx

@@ -12,6 +12,7 @@ using prx::Command;
 
 int Run(int argc, char** argv) {
     CLI::App app("Plans in .prx files: start, show, change and check them.", "prx");
+    app.set_version_flag("--version", "prx " PRX_VERSION);
     app.require_subcommand(1);
     prx::Commands commands;
     for (const auto make :

@@ -135,7 +135,7 @@ void EditTask::CmdOK_Click(Integer) {
     if (saving_ || closed_) return;  // a person presses twice while the host is heard, or the host has closed it
     const dialog::Raised saving(saving_);
     kTail.Run("CmdOK_Click", [&] {
-        saved_ = SaveTaskInfo();
+        ending_ = SaveTaskInfo() ? Ending::Saved : Ending::Failed;
         Unload();
     });
 }

@@ -82,8 +82,13 @@ public:
     const Ref<TasksCls>& Task() const { return task_; }
     /// True on Cancel; on OK it depends on the duration alone.
     Boolean Unchanged() const { return unchanged_; }
-    /// The person left with `CmdOK`, and all was saved.
-    Boolean Saved() const { return saved_; }
+    /// How the person left.
+    enum class Ending {
+        Unsaved,  ///< not by `CmdOK`, or not yet
+        Saved,    ///< by `CmdOK`, and all was saved
+        Failed,   ///< by `CmdOK`, and a failure was recorded that ended the saving
+    };
+    Ending ending() const { return ending_; }
     /// The tab that Form_Activate shows.
     Long StartTab() const { return start_tab_; }
     /// By how much the lag edited last changed.
@@ -284,7 +289,7 @@ private:
     Boolean predecessors_changed_;
     Boolean resources_changed_;
     Boolean unchanged_;
-    Boolean saved_;
+    Ending ending_ = Ending::Unsaved;
     String new_person_caption_;   ///< text "10658"
     String choose_file_title_;    ///< text "10659"
     String link_failed_message_;  ///< text "10351"

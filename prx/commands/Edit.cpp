@@ -26,29 +26,28 @@ public:
 
         project.tasks()->SortMe(mrlxmlclass::True);  // as the dialog does: that alone is no change
         const std::string before = ContentOf(project);
-        EditInWindow(project, *task);
-        const bool left_by_ok = LeftByOk();
-        if (!left_by_ok || ContentOf(project) == before) {
-            project.RefuseIfFailed();
-            Note(left_by_ok ? "nothing changed, so nothing was saved" : "left without OK, so nothing was saved");
+        const mrlxmlclass::Date start = task->TaskBDate();
+        const mrlxmlclass::Date end = task->TaskEDate();
+        project.app().showtaskinfo(KeyOf(*task), project.tasks(), kScreen, EnglishTaskDialogTexts());
+        const Ending ending = EndingOfDialog();
+        if (ending == Ending::Failed) project.RefuseIfFailed();
+        project.TellFailures("in the window");  // of what the person tried meanwhile
+        if (ending != Ending::Saved || ContentOf(project) == before) {
+            Note(ending == Ending::Saved ? "nothing changed, so nothing was saved"
+                                         : "left without OK, so nothing was saved");
             return kDone;
         }
+        // The dialog stores dates without moving what depends on them.
+        if (task->TaskBDate() != start || task->TaskEDate() != end) DatesChanged(project, *task);
         project.Save();
         events.Print();
         return kDone;
     }
 
 private:
+    using Ending = mrlxmlclass::EditTask::Ending;
     /// The screen of a host's on which all of a task can be edited.
     static constexpr int kScreen = 2;
-
-    /// The dialog stores dates without moving what depends on them.
-    static void EditInWindow(const Project& project, mrlxmlclass::TasksCls& task) {
-        const mrlxmlclass::Date start = task.TaskBDate();
-        const mrlxmlclass::Date end = task.TaskEDate();
-        project.app().showtaskinfo(KeyOf(task), project.tasks(), kScreen, EnglishTaskDialogTexts());
-        if (task.TaskBDate() != start || task.TaskEDate() != end) DatesChanged(project, task);
-    }
 
     std::string task_;
 };

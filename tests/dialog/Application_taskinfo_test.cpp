@@ -185,7 +185,7 @@ TEST(CancelByAHandler, WhileItSavesIsNotHeard) {
                                form.CmdOK_Click(0);
                            }),
               True);
-    EXPECT_EQ(dialog->Saved(), True);
+    EXPECT_EQ(dialog->ending(), EditTask::Ending::Saved);
     EXPECT_EQ(plan["Design"].TaskDuration(), 5);
 }
 

@@ -52,7 +52,7 @@ TEST(Saved, TellsOfOkWhateverChanged) {
             dialog = Ref<EditTask>(&form);
             ok ? form.CmdOK_Click(0) : form.CmdCancel_Click(0);
         });
-        EXPECT_EQ(dialog->Saved(), Boolean(ok));
+        EXPECT_EQ(dialog->ending(), ok ? EditTask::Ending::Saved : EditTask::Ending::Unsaved);
         EXPECT_EQ(dialog->Unchanged(), True);
     }
 }

@@ -1,6 +1,7 @@
 #include <gtest/gtest.h>
 
 #include <cstdlib>
+#include <filesystem>
 
 #include "tests/prx/PlanFolder.h"
 
@@ -40,6 +41,20 @@ TEST_F(EditInWindow, SaysWhyThereIsNoWindow) {
 #endif
 }
 
+TEST_F(EditInWindow, SaysThatItsWindowsAreMissingOrDoNotStart) {
+    const std::string lonely = folder.Path("prx");
+    std::filesystem::copy_file(PRX_PROGRAM, lonely);
+    const std::string edit = lonely + " edit " + folder.Path("a.prx") + " Kitchen 2>" + folder.Path("told");
+    EXPECT_EQ(std::system(edit.c_str()) >> 8, 2);
+    EXPECT_EQ(folder.Read("told"),
+              "prx: this prx was built without windows; build it where Qt 6 Widgets is installed\n");
+
+    folder.Write("prx-windows", "#!/bin/sh\necho The loader misses a library >&2; exit 127\n");
+    std::filesystem::permissions(folder.Path("prx-windows"), std::filesystem::perms::owner_all);
+    EXPECT_EQ(std::system(edit.c_str()) >> 8, 2);
+    EXPECT_EQ(folder.Read("told"), "The loader misses a library\nprx: the program of its windows does not start\n");
+}
+
 #ifdef PRX_WITH_WINDOWS
 
 TEST_F(EditInWindow, RefusesATaskThatIsNotThere) {
@@ -51,7 +66,7 @@ TEST_F(EditInWindow, LosesNothingWhenItIsKilled) {
     const Variable platform("QT_QPA_PLATFORM", "offscreen");
     const std::string before = folder.Read("a.prx");
     const std::string killed =
-        "timeout -s KILL 3 " PRX_PROGRAM " edit " + folder.Path("a.prx") + " Kitchen 2>" + folder.Path("killed.err");
+        "timeout -s KILL 1 " PRX_PROGRAM " edit " + folder.Path("a.prx") + " Kitchen 2>" + folder.Path("killed.err");
     EXPECT_EQ(std::system(killed.c_str()) >> 8, 128 + 9) << folder.Read("killed.err");
     EXPECT_TRUE(folder.Read("a.prx") == before);
     folder.Edit({"rename", "Kitchen", "Kitchen and bath"});
@@ -110,6 +125,25 @@ TEST_F(PersonAtTheWindow, ReadsInABoxThatAnAttachmentIsGone) {
     EXPECT_EQ(result.status, 0);
     EXPECT_EQ(result.out, "box: The attachment could not be opened.\n");
     EXPECT_EQ(result.err.find("could not be opened"), std::string::npos) << result.err;
+}
+
+TEST_F(PersonAtTheWindow, SavesThoughSomethingFailedOnTheWay) {
+    const Variable lags("PERSON_LAGS", "2");
+    const Variable presses("PERSON_PRESSES", "CmdOK");
+    const Result result = folder.Prx({"edit", "a.prx", "Kitchen"});
+    EXPECT_EQ(result.status, 0);
+    EXPECT_NE(result.err.find("prx: in the window: The value is not of the type that is needed (13 in EditTask."),
+              std::string::npos)
+        << result.err;
+    EXPECT_NE(folder.Row("Kitchen").find("\"lag\": 2"), std::string::npos) << folder.Row("Kitchen");
+}
+
+TEST_F(PersonAtTheWindow, ReadsThatThereIsNoHelp) {
+    const Variable presses("PERSON_PRESSES", "CmdHelp CmdCancel");
+    const Result result = folder.Prx({"edit", "a.prx", "Kitchen"});
+    EXPECT_EQ(result.status, 0);
+    EXPECT_EQ(result.out, "box: There are no pages of help on this window.\n");
+    EXPECT_NE(result.err.find("prx: left without OK, so nothing was saved\n"), std::string::npos) << result.err;
 }
 
 TEST_F(PersonAtTheWindow, SavesNothingWhenOkIsPressedAtOnce) {

@@ -1,8 +1,10 @@
 // Loaded into a program before it starts, this uses the task dialog that the program opens: types $PERSON_TYPES over
-// the duration and $PERSON_KNOWS as a new person's name, opens the first attachment for $PERSON_OPENS, where they are
-// set, and presses the button of the name $PERSON_PRESSES. What a message box says goes to the output.
+// the duration, $PERSON_KNOWS as a new person's name and $PERSON_LAGS as the lag of the first predecessor while there
+// is no start, opens the first attachment for $PERSON_OPENS, where they are set, and presses the buttons of the names
+// $PERSON_PRESSES one after the other. What a message box says goes to the output.
 #include <QAbstractButton>
 #include <QApplication>
+#include <QCheckBox>
 #include <QKeyEvent>
 #include <QLineEdit>
 #include <QMessageBox>
@@ -33,6 +35,19 @@ void AddSomebody(const QWidget& window, const QString& name) {
     Press(*editor, Qt::Key_Return, "\r");
 }
 
+void TypeLagWithoutStart(const QWidget& window, const QString& lag) {
+    auto* has_start = window.findChild<QWidget*>("DTPickerStart")->findChild<QCheckBox*>();
+    auto* predecessors = window.findChild<QTableView*>("VSFlexGridPredecessor");
+    const QModelIndex cell = predecessors->model()->index(0, 3);
+    has_start->click();
+    predecessors->setCurrentIndex(cell);
+    predecessors->edit(cell);
+    auto* editor = predecessors->findChild<QLineEdit*>();
+    Type(*editor, lag);
+    Press(*editor, Qt::Key_Return, "\r");
+    has_start->click();
+}
+
 void AnswerBox() {
     auto* box = qobject_cast<QMessageBox*>(QApplication::activeModalWidget());
     if (box == nullptr) return;
@@ -52,8 +67,12 @@ void UseDialog() {
     if (window == nullptr) return;
     Type(*window->findChild<QLineEdit*>("TxtDurtion"), qEnvironmentVariable("PERSON_TYPES"));
     if (qEnvironmentVariableIsSet("PERSON_KNOWS")) AddSomebody(*window, qEnvironmentVariable("PERSON_KNOWS"));
+    if (qEnvironmentVariableIsSet("PERSON_LAGS")) TypeLagWithoutStart(*window, qEnvironmentVariable("PERSON_LAGS"));
     if (qEnvironmentVariableIsSet("PERSON_OPENS")) OpenAttachment(*window);
-    window->findChild<QAbstractButton*>(qEnvironmentVariable("PERSON_PRESSES"))->click();
+    for (const QString& button : qEnvironmentVariable("PERSON_PRESSES").split(' ')) {
+        QTimer::singleShot(0, qApp, AnswerBox);
+        window->findChild<QAbstractButton*>(button)->click();
+    }
 }
 
 void Begin() {
