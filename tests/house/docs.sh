@@ -21,7 +21,7 @@ tell() {
 documents=(README.md CONTRIBUTING.md CHANGELOG.md docs/*.md)
 
 # What the documents show of a program is one that compiles.
-block cpp README.md | diff - examples/new_plan.cpp || tell "README.md shows another example than examples/new_plan.cpp"
+block cpp README.md | diff - examples/first_task.cpp || tell "README.md shows another example than examples/first_task.cpp"
 sed -n '/^struct/,/^namespace {/p' examples/untie_goal.cpp | head -n -2 | diff <(block cpp docs/hosts.md) - ||
     tell "docs/hosts.md unties a goal in another way than examples/untie_goal.cpp"
 
