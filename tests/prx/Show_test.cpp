@@ -118,10 +118,4 @@ TEST(Show, WritesNothingToTheFile) {
     EXPECT_EQ(folder.Read("a.prx"), before);
 }
 
-TEST(Show, DrawsNoBarWhereNobodyWatches) {
-    const Folder folder;
-    folder.CopyExample("house.prx", "a.prx");
-    EXPECT_EQ(folder.Prx({"show", "a.prx"}).err, "");
-}
-
 }  // namespace prx_test
