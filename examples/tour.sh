@@ -20,6 +20,7 @@ expect_changes() {
     local names
     names=$(sed -n 's/^[<>].*"name": "\([^"]*\)".*/\1/p' changes | sort -u | paste -sd, -)
     [ "$names" = "$3" ] || { echo "Expected changes to: $3; found: $names" >&2; exit 1; }
+    ! grep '^[<>]' changes | grep -v '"key": ' || { echo "Expected changes to no more than tasks" >&2; exit 1; }
 }
 
 folder=$(mktemp -d)

@@ -101,6 +101,15 @@ std::string KeysOf(const Ref<Collection>& keys) {
     return json::Array(texts);
 }
 
+/// Working days that each link keeps free.
+std::string LagsOf(TasksCls& task, TasksCol& tasks) {
+    std::vector<std::string> lags;
+    for (const auto& entry : task.TaskPredecessor()->Snapshot()) {
+        lags.push_back(std::to_string(tasks.GetLeadTime(entry.item.Key().text(), task.TaskLeadTime()).value()));
+    }
+    return json::Array(lags);
+}
+
 std::string TextsOf(const std::vector<std::string>& texts) {
     std::vector<std::string> quoted;
     for (const std::string& text : texts) quoted.push_back(json::Quote(text));
@@ -130,7 +139,9 @@ std::string JsonOf(const OutlineRow& row, const Ref<TasksCol>& tasks) {
         .Add("cost", Text(task.TaskCost()))
         .Add("colour", task.TaskcolorValid() ? number(task.TaskColor()) : "null")
         .Add("lag", number(task.TaskLag()));
-    if (task.TaskPredecessorValid()) object.Add("predecessors", KeysOf(task.TaskPredecessor()));
+    if (task.TaskPredecessorValid()) {
+        object.Add("predecessors", KeysOf(task.TaskPredecessor())).Add("link_lags", LagsOf(task, *tasks));
+    }
     for (const Kind kind : kKinds) object.Add(PluralOf(kind), TextsOf(NamesOn(task, kind)));
     return object.Text();
 }

@@ -44,6 +44,7 @@ TEST_F(Link, KeepsTheDatesOfATaskThatStartsLateEnough) {
     plan_.Edit({"link", "Build", "Design"});
 
     EXPECT_EQ(plan_.Days("Build"), "2026-03-09 2026-03-11");
+    EXPECT_TRUE(Has(plan_.Row("Build"), R"("link_lags": [2])"));
     plan_.Edit({"set", "Design", "start=2026-03-03"});  // the two days in between stay
     EXPECT_EQ(plan_.Days("Build"), "2026-03-10 2026-03-12");
 }
