@@ -2,7 +2,6 @@
 
 #include <QAbstractItemView>
 #include <QApplication>
-#include <QComboBox>
 #include <QKeyEvent>
 #include <QLineEdit>
 #include <QPainter>
@@ -12,6 +11,7 @@
 #include <utility>
 
 #include "qt/CheckBox.h"
+#include "qt/DropList.h"
 #include "qt/GridModel.h"
 #include "qt/LineField.h"
 #include "qt/Texts.h"
@@ -21,10 +21,10 @@ namespace {
 
 /// A list that is open from the start, and tells once when it closes: with the place of the choice, or -1. What is
 /// typed is looked for in it, and chosen only by Enter or a click.
-class CellList : public QComboBox {
+class CellList : public DropList {
 public:
-    explicit CellList(QWidget* parent) : QComboBox(parent) {
-        connect(this, &QComboBox::activated, this, [this](int choice) { Close(choice); });
+    explicit CellList(QWidget* parent) : DropList(parent) {
+        connect(this, &DropList::activated, this, [this](int choice) { Close(choice); });
         QTimer::singleShot(0, this, [this] {
             showPopup();
             if (!typed_.isEmpty()) view()->keyboardSearch(typed_);
@@ -32,7 +32,7 @@ public:
     }
 
     void hidePopup() override {
-        QComboBox::hidePopup();
+        DropList::hidePopup();
         // A choice comes right behind. The table may have put the editor away by itself.
         QTimer::singleShot(0, this, [this] {
             if (!isHidden()) Close(-1);
@@ -42,7 +42,7 @@ public:
     std::function<void(int choice)> closed;
 
 protected:
-    // The list itself has the keys once it is open; closed, it would choose.
+    // The list itself has the keys once it is open.
     void keyPressEvent(QKeyEvent* event) override {
         if (KeyAscii(*event) >= ' ') typed_ += event->text();
     }

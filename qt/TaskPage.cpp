@@ -1,6 +1,5 @@
 #include "qt/TaskPage.h"
 
-#include <QComboBox>
 #include <QGridLayout>
 #include <QKeyEvent>
 #include <QLabel>
@@ -9,6 +8,7 @@
 
 #include "qt/CheckBox.h"
 #include "qt/DateField.h"
+#include "qt/DropList.h"
 #include "qt/Labels.h"
 #include "qt/StepArrows.h"
 
@@ -18,6 +18,15 @@ namespace {
 constexpr int kLabels = 0;
 constexpr int kFields = 1;
 constexpr int kRest = 2;  ///< takes the room that the fields do not need
+
+/// The percentages to choose from.
+class PercentList : public DropList {
+public:
+    using DropList::DropList;
+
+protected:
+    int Standing() const override { return findText(currentText().remove(EditTask::kPercentTail)); }
+};
 
 /// A field with its arrows, as one.
 QHBoxLayout* WithArrows(QWidget* field, QWidget* arrows) {
@@ -88,7 +97,7 @@ QWidget* TaskPage::NewDatesFrame(Bindings& bindings) {
 }
 
 void TaskPage::AddProgress(QGridLayout& grid, Bindings& bindings) {
-    auto* box = new QComboBox(this);
+    auto* box = new PercentList(this);
     box->setEditable(true);
     box->setInsertPolicy(QComboBox::NoInsert);
     box->setCompleter(nullptr);
@@ -104,7 +113,7 @@ void TaskPage::AddProgress(QGridLayout& grid, Bindings& bindings) {
     });
     bindings.Show(form_.TxtPercentComplet);  // a box keeps the height that it has in its first font
     connect(box->lineEdit(), &QLineEdit::textEdited, this, [this](const QString& text) { percent_->Typed(text); });
-    connect(box, &QComboBox::textActivated, this, [this](const QString& chosen) {
+    connect(box, &DropList::textActivated, this, [this](const QString& chosen) {
         percent_->Typed(chosen);
         form_.TxtPercentComplet_Click();
     });
@@ -173,13 +182,15 @@ bool TaskPage::eventFilter(QObject* watched, QEvent* event) {
     if (event->type() != QEvent::KeyPress) return QWidget::eventFilter(watched, event);
     auto& key = static_cast<QKeyEvent&>(*event);
     if (watched == duration_line_) return DurationKey(key);
-    if (watched != cost_line_) return PercentKey(key);
-    if (const int ascii = KeyAscii(key); ascii != EditTask::kNoKey) form_.Txtcost_KeyPress(Integer(ascii));
+    if (watched == cost_line_) {
+        if (const int ascii = KeyAscii(key); ascii != EditTask::kNoKey) form_.Txtcost_KeyPress(Integer(ascii));
+    } else {
+        percent_->BeforeKey(key);
+    }
     return false;
 }
 
-// Each of these gives whether the key goes no further.
-
+/// Whether the key goes no further.
 bool TaskPage::DurationKey(QKeyEvent& key) {
     Integer ascii = KeyAscii(key);
     if (ascii == EditTask::kNoKey) return false;
@@ -187,12 +198,6 @@ bool TaskPage::DurationKey(QKeyEvent& key) {
     // What the field does not take, the window may: Enter presses its button.
     if (ascii == EditTask::kNoKey) key.setAccepted(KeyAscii(key) != EditTask::kEnter);
     return ascii == EditTask::kNoKey;
-}
-
-bool TaskPage::PercentKey(const QKeyEvent& key) {
-    percent_->BeforeKey(key);
-    // They would choose from the list unseen.
-    return key.key() == Qt::Key_PageUp || key.key() == Qt::Key_PageDown;
 }
 
 }  // namespace mrlxmlclass::qt

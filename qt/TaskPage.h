@@ -32,7 +32,6 @@ private:
     void AddDuration(QGridLayout& grid, Bindings& bindings);
 
     bool DurationKey(QKeyEvent& key);
-    bool PercentKey(const QKeyEvent& key);
 
     EditTask& form_;
     std::vector<QGridLayout*> grids_;  ///< one a frame, all with the same columns
