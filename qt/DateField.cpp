@@ -1,13 +1,18 @@
 #include "qt/DateField.h"
 
-#include <QFocusEvent>
+#include <QCalendarWidget>
 #include <QHBoxLayout>
+#include <QKeyEvent>
+#include <QLineEdit>
+#include <QMouseEvent>
 #include <QRegularExpression>
 #include <QSignalBlocker>
+#include <QStyleOptionComboBox>
 #include <utility>
 
 #include "mrlxmlclass/runtime/Date.h"
 #include "qt/CheckBox.h"
+#include "qt/DropList.h"
 #include "qt/Texts.h"
 
 namespace mrlxmlclass::qt {
@@ -26,10 +31,24 @@ void UseFormat(QDateEdit& date, const QString& format) {
     }
 }
 
+/// Nothing but the mouse opens its calendar.
+void OpenCalendar(QDateEdit& date) {
+    QStyleOptionComboBox box;
+    box.initFrom(&date);
+    const QRect arrow = date.style()->subControlRect(QStyle::CC_ComboBox, &box, QStyle::SC_ComboBoxArrow, &date);
+    const QPointF place = arrow.center();
+    QMouseEvent press(QEvent::MouseButtonPress, place, date.mapToGlobal(place), Qt::LeftButton, Qt::LeftButton, {});
+    QCoreApplication::sendEvent(&date, &press);
+}
+
 }  // namespace
 
-DateField::DateField(DateControl& control, std::function<void()> changed)
-    : control_(control), changed_(std::move(changed)), has_date_(new CheckBox(this)), date_(new QDateEdit(this)) {
+DateField::DateField(const EditTask& form, DateControl& control, std::function<void()> changed)
+    : form_(form),
+      control_(control),
+      changed_(std::move(changed)),
+      has_date_(new CheckBox(this)),
+      date_(new QDateEdit(this)) {
     auto* row = new QHBoxLayout(this);
     row->setContentsMargins(0, 0, 0, 0);
     row->addWidget(has_date_);
@@ -42,6 +61,24 @@ DateField::DateField(DateControl& control, std::function<void()> changed)
 
     QObject::connect(has_date_, &QCheckBox::clicked, this, [this] { Changed(); });
     QObject::connect(date_, &QDateEdit::dateChanged, this, [this] { Changed(); });
+    const auto* line = date_->findChild<QLineEdit*>();
+    QObject::connect(line, &QLineEdit::textEdited, this, [this] { typed_ = true; });
+    QObject::connect(date_, &QDateEdit::editingFinished, this, [this] {
+        if (std::exchange(typed_, false)) Chosen();
+    });
+}
+
+void DateField::Chosen() {
+    if (form_.StandsIn(control_)) Changed();
+}
+
+// Made at the first need, as it takes long.
+void DateField::WatchCalendar() {
+    if (calendar_ != nullptr) return;
+    calendar_ = date_->calendarWidget();
+    for (const auto chosen : {&QCalendarWidget::clicked, &QCalendarWidget::activated}) {
+        QObject::connect(calendar_, chosen, this, [this] { Chosen(); });
+    }
 }
 
 void DateField::Changed() {
@@ -70,11 +107,21 @@ void DateField::focusInEvent(QFocusEvent* event) {
 }
 
 bool DateField::eventFilter(QObject* watched, QEvent* event) {
-    if (event->type() == QEvent::Wheel && !date_->hasFocus()) {
-        event->ignore();  // whoever scrolls past changes nothing
-        return true;
+    switch (event->type()) {
+        case QEvent::Wheel:
+            if (date_->hasFocus()) return false;
+            event->ignore();  // whoever scrolls past changes nothing
+            return true;
+        case QEvent::MouseButtonPress:
+            WatchCalendar();
+            return false;
+        case QEvent::KeyPress:
+            if (!DropsDown(static_cast<const QKeyEvent&>(*event))) return false;
+            OpenCalendar(*date_);
+            return true;
+        default:
+            return QWidget::eventFilter(watched, event);
     }
-    return QWidget::eventFilter(watched, event);
 }
 
 }  // namespace mrlxmlclass::qt

@@ -6,7 +6,9 @@
 #include <functional>
 #include <optional>
 
-#include "mrlxmlclass/dialog/Controls.h"
+#include "mrlxmlclass/dialog/EditTask.h"
+
+class QCalendarWidget;
 
 namespace mrlxmlclass::qt {
 
@@ -14,7 +16,7 @@ namespace mrlxmlclass::qt {
 class DateField : public QWidget {
 public:
     /// `changed()` is called when the person has put another date into the control, or none.
-    DateField(DateControl& control, std::function<void()> changed);
+    DateField(const EditTask& form, DateControl& control, std::function<void()> changed);
 
     void Show();
 
@@ -25,12 +27,18 @@ protected:
 
 private:
     void Changed();
+    /// The person chose the date that shows now, be it the same as before.
+    void Chosen();
+    void WatchCalendar();
 
+    const EditTask& form_;
     DateControl& control_;
     std::function<void()> changed_;
     QCheckBox* has_date_;
     QDateEdit* date_;
-    std::optional<QString> format_;  ///< the host's, in use
+    QCalendarWidget* calendar_ = nullptr;  ///< once it was opened
+    std::optional<QString> format_;        ///< the host's, in use
+    bool typed_ = false;                   ///< since the focus came
 };
 
 }  // namespace mrlxmlclass::qt

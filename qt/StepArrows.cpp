@@ -13,7 +13,8 @@ StepArrows::StepArrows(QWidget& field, std::function<void()> up, std::function<v
     : QAbstractSpinBox(field.parentWidget()), field_(field), up_(std::move(up)), down_(std::move(down)) {
     field.installEventFilter(this);
     lineEdit()->hide();
-    setFocusPolicy(Qt::NoFocus);  // the field has it, and takes the arrow keys
+    setFocusPolicy(Qt::ClickFocus);  // no stop for Tab
+    setFocusProxy(&field);           // which takes the arrow keys
     setSizePolicy(QSizePolicy::Fixed, QSizePolicy::Fixed);
 }
 

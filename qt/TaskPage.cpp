@@ -144,7 +144,7 @@ void TaskPage::AddCost(QGridLayout& grid, Bindings& bindings) {
 
 void TaskPage::AddDates(QGridLayout& grid, Bindings& bindings) {
     const auto add = [&](DateControl& control, const Control& label, std::function<void()> changed) {
-        auto* field = new DateField(control, std::move(changed));
+        auto* field = new DateField(form_, control, std::move(changed));
         bindings.Add(control, *field, [field] { field->Show(); });
         const int row = grid.rowCount();
         grid.addWidget(NewLabel(label, bindings, field), row, kLabels);

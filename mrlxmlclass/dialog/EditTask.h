@@ -148,6 +148,9 @@ public:
     void chkAsMilistones_Click();
     void DTPickerStart_Change();
     void DTPickerEnd_Change();
+    /// Whether the picker shows a date that only stands in for one that the task does not have: then it is a change
+    /// when the person chooses that very date.
+    Boolean StandsIn(const DateControl& picker) const;
     void TxtDurtion_Change(Integer Index);
     void TxtDurtion_KeyPress(Integer Index, ByRef<Integer> KeyAscii);
     void TxtDurtion_Validate(Integer Index);

@@ -71,6 +71,11 @@ void EditTask::DTPickerEnd_Change() {
     });
 }
 
+Boolean EditTask::StandsIn(const DateControl& picker) const {
+    const Date of_task = &picker == &DTPickerStart ? task_->TaskBDate() : task_->TaskEDate();
+    return !of_task.set() && !picker.Value().is_null();
+}
+
 void EditTask::PutDatenull() {
     // Past the rules, which would refuse an end before the start, and find a start for the end.
     In(task_).StoreEnd(Date());

@@ -50,6 +50,25 @@ TEST(Loading, ShowsEveryDigitOfALongDuration) {
     });
 }
 
+TEST(StandsIn, IsTrueOfADateThatTheTaskDoesNotHave) {
+    Plan plan;
+    plan.Task("Design").Task("Build").From(Monday).Lasting(2);
+    EditInDialog(plan, "Build", [](EditTask& form) {
+        EXPECT_EQ(form.StandsIn(form.DTPickerStart), False);
+        EXPECT_EQ(form.StandsIn(form.DTPickerEnd), False);
+    });
+    EditInDialog(plan, "Design", [](EditTask& form) {
+        EXPECT_EQ(form.StandsIn(form.DTPickerStart), True);
+        EXPECT_EQ(form.StandsIn(form.DTPickerEnd), True);
+        form.DTPickerEnd_Change();
+        EXPECT_EQ(form.StandsIn(form.DTPickerStart), False) << "it begins on the day on which it ends";
+        EXPECT_EQ(form.StandsIn(form.DTPickerEnd), False);
+        form.DTPickerStart.Value(Variant::Null{});
+        form.DTPickerStart_Change();
+        EXPECT_EQ(form.StandsIn(form.DTPickerStart), False) << "no date shows";
+    });
+}
+
 TEST(Loading, ShowsTodayForATaskWithoutDatesWhichKeepsNone) {
     Plan plan;
     plan.Task("Design").Holding(Date(), Date(), 0);

@@ -1,5 +1,6 @@
 #include <gtest/gtest.h>
 
+#include <QCalendarWidget>
 #include <QLabel>
 #include <QLineEdit>
 #include <QTabBar>
@@ -18,6 +19,15 @@ protected:
     OffscreenApplication application;
     QtPlan plan;
 };
+
+/// The days of its calendar, which has been opened.
+QTableView& CalendarOf(QDateEdit& date) {
+    return Find<QTableView>(*date.calendarWidget(), "qt_calendar_calendarview");
+}
+
+void OpenByMouse(QDateEdit& date) {
+    QTest::mouseClick(&date, Qt::LeftButton, {}, QPoint(date.width() - 5, date.height() / 2));
+}
 
 TEST_F(DateField, ShowsDatesInTheFormatOfTheHost) {
     plan.Edit(
@@ -102,6 +112,132 @@ TEST_F(DateField, StepsThePartOfTheDateThatThePersonIsIn) {
             Click(Find(window, "CmdCancel"));
         },
         2, "dd/MM/yyyy");
+}
+
+// --- The calendar ----------------------------------------------------------------------------------------------------
+
+TEST_F(DateField, OpensItsCalendarByAltDownAndF4) {
+    for (const Qt::LayoutDirection direction : {Qt::RightToLeft, Qt::LeftToRight}) {
+        QApplication::setLayoutDirection(direction);
+        plan.Edit("Design", [](QWidget& window) {
+            QDateEdit& start = DateIn(window, "DTPickerStart");
+            start.setFocus();
+            for (const auto& [key, modifier] :
+                 {std::pair(Qt::Key_Down, Qt::AltModifier), {Qt::Key_F4, Qt::NoModifier}}) {
+                QTest::keyClick(&start, key, modifier);
+                EXPECT_TRUE(start.calendarWidget()->isVisible()) << key;
+                EXPECT_EQ(start.calendarWidget()->selectedDate(), QDate(2026, 3, 2));
+                QTest::keyClick(start.calendarWidget()->window(), Qt::Key_Escape);
+                EXPECT_FALSE(start.calendarWidget()->isVisible());
+                EXPECT_TRUE(start.hasFocus());
+            }
+            EXPECT_EQ(start.date(), QDate(2026, 3, 2));
+            Click(Find(window, "CmdCancel"));
+        });
+    }
+}
+
+TEST_F(DateField, TakesAnotherDateFromItsCalendar) {
+    plan.Edit("Design", [](QWidget& window) {
+        QDateEdit& start = DateIn(window, "DTPickerStart");
+        start.setFocus();
+        QTest::keyClick(&start, Qt::Key_F4);
+        EXPECT_TRUE(CalendarOf(start).isVisible());
+        for (const Qt::Key key : {Qt::Key_Right, Qt::Key_Return}) QTest::keyClick(&CalendarOf(start), key);
+        EXPECT_EQ(start.date(), QDate(2026, 3, 3));
+        Click(Find(window, "CmdOK"));
+    });
+    EXPECT_EQ(plan["Design"].TaskBDate(), Tuesday);
+}
+
+TEST_F(DateField, CountsTheDateThatShowsAsChosenWhereTheTaskHasNone) {
+    using Way = std::pair<const char*, std::function<void(QDateEdit&)>>;
+    const Way ways[] = {
+        {"typed", [](QDateEdit& date) { QTest::keyClicks(&date, date.text().left(2)); }},
+        {"entered",
+         [](QDateEdit& date) {
+             QTest::keyClick(&date, Qt::Key_F4);
+             QTest::keyClick(&CalendarOf(date), Qt::Key_Return);
+         }},
+        {"clicked",
+         [](QDateEdit& date) {
+             OpenByMouse(date);
+             QTableView& calendar = CalendarOf(date);
+             QTest::mouseClick(calendar.viewport(), Qt::LeftButton, {},
+                               calendar.visualRect(calendar.currentIndex()).center());
+         }},
+    };
+    const Date today = plan.platform.clock.Today();
+    for (const auto& [way, choose] : ways) {
+        SCOPED_TRACE(way);
+        for (const char* control : {"DTPickerStart", "DTPickerEnd"}) {
+            const std::string task = std::string("Idea ") + way + control;
+            plan.Task(task.c_str());
+            plan.Edit(
+                task,
+                [&](QWidget& window) {
+                    QDateEdit& date = DateIn(window, control);
+                    date.setFocus();
+                    choose(date);
+                    Click(Find(window, "CmdOK"));
+                },
+                2, "dd/MM/yyyy");
+            EXPECT_EQ(plan[task].TaskBDate(), today) << control;
+            EXPECT_EQ(plan[task].TaskEDate(), today) << control;
+        }
+    }
+}
+
+TEST_F(DateField, CountsNoDateAsChosenThatWasOnlyLookedAt) {
+    plan.Task("Idea");
+    plan.Edit("Idea", [](QWidget& window) {
+        QDateEdit& start = DateIn(window, "DTPickerStart");
+        start.setFocus();
+        QTest::keyClick(&start, Qt::Key_F4);
+        QTest::keyClick(start.calendarWidget()->window(), Qt::Key_Escape);
+        for (int part = 0; part < 3; ++part) QTest::keyClick(&start, Qt::Key_Tab);
+        EXPECT_FALSE(start.hasFocus());
+        Click(Find(window, "CmdOK"));
+    });
+    EXPECT_EQ(plan["Idea"].TaskBDate(), Date());
+}
+
+TEST_F(DateField, TellsNothingOfADateThatTheTaskHasAlready) {
+    plan.Task("Build").From(Monday).Lasting(2);
+    plan["Build"].TaskLag(2);
+    plan.Edit(
+        "Build",
+        [this](QWidget& window) {
+            QDateEdit& start = DateIn(window, "DTPickerStart");
+            start.setFocus();
+            QTest::keyClicks(&start, "02");
+            QTest::keyClick(&start, Qt::Key_F4);
+            QTest::keyClick(&CalendarOf(start), Qt::Key_Return);
+            Find(window, "TxtName").setFocus();
+            EXPECT_EQ(plan.form().Task()->TaskLag(), 2) << "another start would take it away";
+            Click(Find(window, "CmdCancel"));
+        },
+        2, "dd/MM/yyyy");
+}
+
+// --- The keys and the mouse ------------------------------------------------------------------------------------------
+
+TEST_F(DateField, TakesAHalfTypedDateInBeforeTheArrowsOfTheDurationStep) {
+    plan.Edit(
+        "Design",
+        [](QWidget& window) {
+            QDateEdit& end = DateIn(window, "DTPickerEnd");
+            end.setFocus();
+            end.setSelectedSection(QDateTimeEdit::DaySection);
+            QTest::keyClicks(&end, "06");
+            QWidget& arrows = Find(window, "VScrollDuration");
+            QTest::mouseClick(&arrows, Qt::LeftButton, {}, QPoint(arrows.width() / 2, arrows.height() / 4));
+            EXPECT_TRUE(Find(window, "TxtDurtion").hasFocus());
+            Click(Find(window, "CmdOK"));
+        },
+        2, "dd/MM/yyyy");
+    EXPECT_EQ(plan["Design"].TaskDuration(), 6);
+    EXPECT_EQ(plan["Design"].TaskEDate(), Monday + 7);
 }
 
 TEST_F(DateField, StaysAsItIsWhenSomebodyScrollsPast) {
