@@ -101,12 +101,36 @@ void GridView::Clicked(const QModelIndex& index, QPoint at) {
     if (opens || form_.ClickEdits(grid_, model_.GridRow(cell), cell.column())) edit(cell, AllEditTriggers, nullptr);
 }
 
+QModelIndex GridView::EditedFrom(const QModelIndex& index) const {
+    return model_.IndexOf(model_.GridRow(index), form_.ColToEdit(grid_, model_.GridRow(index), index.column()));
+}
+
+bool GridView::edit(const QModelIndex& index, EditTrigger trigger, QEvent* event) {
+    if (!index.isValid() || !(trigger & (EditKeyPressed | AnyKeyPressed))) {
+        return QTableView::edit(index, trigger, event);
+    }
+    const QModelIndex cell = EditedFrom(index);
+    if (cell != index) setCurrentIndex(cell);
+    return QTableView::edit(cell, trigger, event);
+}
+
 void GridView::keyPressEvent(QKeyEvent* event) {
     const bool on_row = currentIndex().isValid();
+    const bool space = event->key() == Qt::Key_Space;
+    const bool enter = event->key() == Qt::Key_Return || event->key() == Qt::Key_Enter;
     if (event->key() == Qt::Key_Delete && on_key) return on_key(EditTask::kDelete);
-    if (event->key() == Qt::Key_Space && on_row && on_click) return Clicked(currentIndex(), {-1, -1});
-    if (event->key() == Qt::Key_Space && on_row && on_open) return on_open();
+    if (space && on_row && on_click) return Clicked(EditedFrom(currentIndex()), {-1, -1});
+    if ((space || enter) && on_row && on_open) return on_open();
     QTableView::keyPressEvent(event);
+}
+
+// Who comes by the keyboard has a cell to go on from.
+void GridView::focusInEvent(QFocusEvent* event) {
+    const bool by_key = event->reason() == Qt::TabFocusReason || event->reason() == Qt::BacktabFocusReason;
+    if (by_key && !currentIndex().isValid()) {
+        setCurrentIndex(model_.index(rowAt(0), static_cast<int>(grid_.Col().value())));
+    }
+    QTableView::focusInEvent(event);
 }
 
 void GridView::FocusMoved(const QWidget* from, const QWidget* to) {

@@ -23,16 +23,20 @@ public:
     /// What the form has for this table; left empty, nothing follows.
     std::function<void(Long row)> on_click;    ///< also Space on the current row
     std::function<void(Integer code)> on_key;  ///< of the keys that edit rows: Delete
-    std::function<void()> on_open;             ///< a double click, or Space where on_click has no meaning
+    std::function<void()> on_open;             ///< a double click or Enter, or Space where on_click has no meaning
     std::function<void()> on_leave;            ///< the focus went elsewhere in the window
 
 protected:
     void currentChanged(const QModelIndex& current, const QModelIndex& previous) override;
+    bool edit(const QModelIndex& index, EditTrigger trigger, QEvent* event) override;
+    void focusInEvent(QFocusEvent* event) override;
     void keyPressEvent(QKeyEvent* event) override;
     void mousePressEvent(QMouseEvent* event) override;
     void showEvent(QShowEvent* event) override;
 
 private:
+    /// The cell that is edited when a key is typed in this one.
+    QModelIndex EditedFrom(const QModelIndex& index) const;
     /// `at` is where in the view.
     void Clicked(const QModelIndex& index, QPoint at);
     void FocusMoved(const QWidget* from, const QWidget* to);

@@ -202,6 +202,8 @@ public:
     Boolean OffersList(const GridControl& grid, Long col) const;
     /// Whether a single click on the cell can only mean that it is to be edited.
     Boolean ClickEdits(const GridControl& grid, Long row, Long col) const;
+    /// The column that is edited when a key is typed somewhere in the row.
+    Long ColToEdit(const GridControl& grid, Long row, Long col) const;
     /// Whether the cell carries the tick that tells whether its row is selected.
     Boolean CarriesTick(const GridControl& grid, Long row, Long col) const;
     /// Makes a cell the current one.

@@ -23,6 +23,10 @@ Boolean EditTask::ClickEdits(const GridControl& grid, Long row, Long col) const 
     return OffersList(grid, col) && grid.RowData(row).empty();
 }
 
+Long EditTask::ColToEdit(const GridControl& grid, Long row, Long col) const {
+    return ClickEdits(grid, row, dialog::kPerson) && &grid == &VSFlexGridResource ? Long(dialog::kPerson) : col;
+}
+
 Boolean EditTask::CarriesTick(const GridControl& grid, Long row, Long col) const {
     return &grid == &VSFlexGridResource && col == dialog::kPerson && HasCell(grid, row, col) &&
            grid.RowData(row) != kNewPerson;

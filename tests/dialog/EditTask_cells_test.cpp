@@ -59,6 +59,21 @@ TEST(ClickEdits, IsTrueOfTheNameOfANewPersonAlone) {
     });
 }
 
+TEST(ColToEdit, LeadsToTheNameOfANewPersonAndNowhereElse) {
+    Plan plan;
+    plan.WithLinks().Task("Design").Task("Build").After("Design");
+    AddPerson(plan, "Ann");
+    EditInDialog(plan, "Build", [](EditTask& form) {
+        for (int col = 0; col < 2; ++col) {
+            EXPECT_EQ(form.ColToEdit(form.VSFlexGridResource, 1, col), col) << "a person";
+            EXPECT_EQ(form.ColToEdit(form.VSFlexGridResource, 2, col), 1) << "a new person";
+            EXPECT_EQ(form.ColToEdit(form.VSFlexGridResource, 3, col), col) << "no row";
+            EXPECT_EQ(form.ColToEdit(form.VSFlexGridPredecessor, 2, col), col) << "the empty row";
+        }
+        EXPECT_EQ(form.ColToEdit(form.gridattachement, 0, 0), 0);
+    });
+}
+
 TEST(CarriesTick, IsTrueOfTheNamesOfThePeopleThatThereAre) {
     Plan plan;
     AddPerson(plan, "Ann");

@@ -238,6 +238,42 @@ TEST_F(GridView, AssignsAPersonWithTheSpaceBar) {
     EXPECT_TRUE(plan["Build"].isAssigned(ann));
 }
 
+TEST_F(GridView, HasACurrentPersonWheneverTabLeadsToThePeople) {
+    const String ann = AddPerson(plan, "Ann");
+    UsePeople([](QTableView& table) {
+        Find(*table.window(), "CmdOK").setFocus();
+        EXPECT_FALSE(table.currentIndex().isValid());
+        for (const auto& [from, key] : {std::pair("CmdOK", Qt::Key_Backtab), {"TabTask", Qt::Key_Tab}}) {
+            QWidget& neighbour = Find(*table.window(), from);
+            neighbour.setFocus();
+            QTest::keyClick(QApplication::focusWidget(), key);
+            EXPECT_TRUE(table.hasFocus()) << from;
+            EXPECT_EQ(table.currentIndex().row(), 0) << from;
+        }
+        QTest::keyClick(&table, Qt::Key_Space);
+        EXPECT_EQ(Shown(table), "1 | Ann*\n2 | New person...\n");
+    });
+    EXPECT_TRUE(plan["Build"].isAssigned(ann));
+}
+
+TEST_F(GridView, TypesANewPersonFromAnyColumn) {
+    UsePeople([](QTableView& table) {
+        for (const Qt::Key opens : {Qt::Key_F2, Qt::Key_Space, Qt::Key_E}) {
+            table.setFocus();
+            table.setCurrentIndex(table.model()->index(0, 0));
+            QTest::keyClick(&table, opens);
+            Settle();
+            EXPECT_EQ(OpenLine(table).text(), opens == Qt::Key_E ? "e" : "") << opens;
+            if (opens != Qt::Key_E) QTest::keyClick(&OpenLine(table), Qt::Key_Escape);
+        }
+        QTest::keyClicks(&OpenLine(table), "ve");
+        QTest::keyClick(&OpenLine(table), Qt::Key_Return);
+        Settle();
+        EXPECT_EQ(Shown(table), "2 | eve*\n | New person...\n");
+    });
+    EXPECT_TRUE(plan["Build"].isAssigned("1"));
+}
+
 TEST_F(GridView, EditsNoPersonThatIsThere) {
     AddPerson(plan, "Ann");
     UsePeople([](QTableView& table) {

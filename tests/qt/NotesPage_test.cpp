@@ -175,13 +175,17 @@ TEST_F(NotesPage, OpensAnAttachmentByTheShellAlone) {
     EXPECT_EQ(plan.platform.shell.targets, (std::vector<String>{"http://www.one.example/$(rm -rf ~)?q='\";"}));
 }
 
-TEST_F(NotesPage, OpensAnAttachmentWithTheSpaceBar) {
+TEST_F(NotesPage, OpensAnAttachmentWithTheSpaceBarAndWithEnter) {
     AddNote(plan, "Design", "", "http://www.one.example");
-    Use([](QWidget& window) {
+    Use([this](QWidget& window) {
         ClickCell(Attachments(window), 0, 0);
-        QTest::keyClick(&Attachments(window), Qt::Key_Space);
+        for (const Qt::Key key : {Qt::Key_Space, Qt::Key_Return, Qt::Key_Enter}) {
+            QTest::keyClick(&Attachments(window), key);
+            EXPECT_EQ(plan.platform.shell.targets, (std::vector<String>{"http://www.one.example"})) << key;
+            EXPECT_TRUE(window.isVisible()) << key;
+            plan.platform.shell.targets.clear();
+        }
     });
-    EXPECT_EQ(plan.platform.shell.targets, (std::vector<String>{"http://www.one.example"}));
 }
 
 TEST_F(NotesPage, RemovesAnAttachmentByItsButtonAndByDelete) {
