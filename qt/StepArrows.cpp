@@ -30,6 +30,10 @@ bool StepArrows::eventFilter(QObject* watched, QEvent* event) {
         case QEvent::Wheel:
             wheelEvent(static_cast<QWheelEvent*>(event));
             return true;
+        case QEvent::FontChange:
+        case QEvent::StyleChange:
+            updateGeometry();  // as high as the field
+            [[fallthrough]];
         default:
             return QAbstractSpinBox::eventFilter(watched, event);
     }
@@ -40,18 +44,19 @@ bool StepArrows::StepKey(const QKeyEvent& key) {
     const bool alone = !(key.modifiers() & (Qt::AltModifier | Qt::ControlModifier | Qt::ShiftModifier));
     const bool steps = key.key() == Qt::Key_Up || key.key() == Qt::Key_Down;
     if (!alone || !steps) return false;
-    if (isEnabled()) stepBy(key.key() == Qt::Key_Up ? 1 : -1);
+    if (CanBeUsed()) stepBy(key.key() == Qt::Key_Up ? 1 : -1);
     return true;
 }
 
 void StepArrows::wheelEvent(QWheelEvent* event) {
-    if (field_.hasFocus() && isEnabled()) return QAbstractSpinBox::wheelEvent(event);
+    if (field_.hasFocus() && CanBeUsed()) return QAbstractSpinBox::wheelEvent(event);
     event->ignore();  // whoever scrolls past changes nothing
 }
 
 QSize StepArrows::sizeHint() const {
     QStyleOptionSpinBox wide;
     initStyleOption(&wide);
+    wide.direction = Qt::LeftToRight;
     const int height = field_.sizeHint().height();
     wide.rect = QRect(0, 0, 10 * height, height);
     const QRect arrows = style()->subControlRect(QStyle::CC_SpinBox, &wide, QStyle::SC_SpinBoxUp, this);

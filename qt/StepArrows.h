@@ -22,6 +22,7 @@ protected:
 
 private:
     bool StepKey(const QKeyEvent& key);
+    bool CanBeUsed() const { return isEnabled() && !isHidden(); }
 
     QWidget& field_;
     std::function<void()> up_;

@@ -64,7 +64,7 @@ QGridLayout* TaskPage::NewFieldGrid(Frame& frame) {
 }
 
 /// Labels and fields stand below one another across the frames.
-void TaskPage::showEvent(QShowEvent* event) {
+void TaskPage::AlignColumns() {
     for (const int column : {kLabels, kFields}) {
         int widest = 0;
         for (const QGridLayout* grid : grids_) {
@@ -73,9 +73,18 @@ void TaskPage::showEvent(QShowEvent* event) {
                 if (item != nullptr) widest = std::max(widest, WidthOf(*item));
             }
         }
-        for (QGridLayout* grid : grids_) grid->setColumnMinimumWidth(column, widest);
+        for (QGridLayout* grid : grids_) {
+            if (grid->columnMinimumWidth(column) == widest) continue;
+            grid->setColumnMinimumWidth(column, widest);
+            grid->activate();
+        }
     }
-    QWidget::showEvent(event);
+}
+
+bool TaskPage::event(QEvent* event) {
+    const bool resized_below = event->type() == QEvent::LayoutRequest;
+    if (resized_below || event->type() == QEvent::Show) AlignColumns();
+    return QWidget::event(event);
 }
 
 QWidget* TaskPage::NewProgressFrame(Bindings& bindings) {

@@ -19,7 +19,7 @@ public:
     TaskPage(EditTask& form, Bindings& bindings);
 
 protected:
-    void showEvent(QShowEvent* event) override;
+    bool event(QEvent* event) override;
     bool eventFilter(QObject* watched, QEvent* event) override;
 
 private:
@@ -30,6 +30,7 @@ private:
     void AddCost(QGridLayout& grid, Bindings& bindings);
     void AddDates(QGridLayout& grid, Bindings& bindings);
     void AddDuration(QGridLayout& grid, Bindings& bindings);
+    void AlignColumns();
 
     bool DurationKey(QKeyEvent& key);
 

@@ -112,6 +112,12 @@ void Choose(const QTableView& table, const char* text) {
     Settle();
 }
 
+QFont LargeFont() {
+    QFont large = QApplication::font();
+    large.setPointSizeF(1.8 * large.pointSizeF());
+    return large;
+}
+
 void Settle() {
     // Twice: what is done first may leave something to do.
     for (int round = 0; round < 2; ++round) QCoreApplication::processEvents();

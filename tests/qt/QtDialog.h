@@ -85,6 +85,9 @@ void EditCell(QTableView& table, int row, int col);
 QLineEdit& OpenLine(const QTableView& table);
 void Choose(const QTableView& table, const char* text);
 
+/// The desktop's font, 1.8 times as large.
+QFont LargeFont();
+
 /// What a person sees next: all that waits to be done is done.
 void Settle();
 

@@ -84,6 +84,59 @@ TEST_F(TaskPage, StepsTheDurationByItsArrowsAndByTheKeys) {
     EXPECT_EQ(plan["Design"].TaskDuration(), 4);
 }
 
+TEST_F(TaskPage, StepsNothingByArrowsThatDoNotShow) {
+    plan.Edit(
+        "Design",
+        [](QWidget& window) {
+            auto& box = Find<QComboBox>(window, "TxtPercentComplet");
+            EXPECT_FALSE(Find(window, "VScrollPercentComplete").isVisible());
+            box.setFocus();
+            QTest::keyClick(&box, Qt::Key_Up);
+            EXPECT_FALSE(Wheel(box, 1));
+            EXPECT_EQ(box.currentText(), "0");
+            Click(Find(window, "CmdCancel"));
+        },
+        5);
+}
+
+TEST_F(TaskPage, HasNarrowArrowsFromRightToLeftToo) {
+    int width[2] = {};
+    for (const Qt::LayoutDirection direction : {Qt::LeftToRight, Qt::RightToLeft}) {
+        QApplication::setLayoutDirection(direction);
+        plan.Edit("Design", [&](QWidget& window) {
+            width[direction == Qt::RightToLeft] = Find(window, "VScrollDuration").width();
+            EXPECT_LT(width[0], Find(window, "VScrollDuration").height());
+            Click(Find(window, "CmdCancel"));
+        });
+    }
+    QApplication::setLayoutDirection(Qt::LeftToRight);
+    EXPECT_EQ(width[1], width[0]);
+}
+
+TEST_F(TaskPage, HasArrowsAsHighAsTheirFieldsOnADesktopOfLargeFonts) {
+    QApplication::setFont(LargeFont());
+    plan.Edit("Design", [](QWidget& window) {
+        for (const auto& [arrows, field] :
+             {std::pair("VScrollDuration", "TxtDurtion"), {"VScrollPercentComplete", "TxtPercentComplet"}}) {
+            EXPECT_EQ(Find(window, arrows).height(), Find(window, field).height()) << arrows;
+        }
+        Click(Find(window, "CmdCancel"));
+    });
+}
+
+TEST_F(TaskPage, KeepsItsFieldsBelowOneAnotherWhenTheFontOfTheDesktopChanges) {
+    plan.Edit("Design", [](QWidget& window) {
+        const auto place = [&](const char* name) { return Find(window, name).mapTo(&window, QPoint()).x(); };
+        const int before = place("Txtcost");
+        EXPECT_EQ(place("DTPickerStart"), before);
+        QApplication::setFont(LargeFont());
+        Settle();
+        EXPECT_GT(place("Txtcost"), before);
+        EXPECT_EQ(place("DTPickerStart"), place("Txtcost"));
+        Click(Find(window, "CmdCancel"));
+    });
+}
+
 TEST_F(TaskPage, ShowsWhatATickedMilestoneMakesOfTheDuration) {
     plan.Task("Look").From(Monday).Lasting(1);
     plan.Edit("Look", [](QWidget& window) {
