@@ -81,11 +81,15 @@ void DrawArrow(QPainter& painter, const QStyleOptionViewItem& cell) {
 
 }  // namespace
 
-QWidget* CellDelegate::createEditor(QWidget* parent, const QStyleOptionViewItem&, const QModelIndex& index) const {
+QWidget* CellDelegate::createEditor(QWidget* parent, const QStyleOptionViewItem& option,
+                                    const QModelIndex& index) const {
     if (!form_.BeginEdit(grid_, model_.GridRow(index), index.column())) return nullptr;
     if (!grid_.ComboList().empty()) return NewList(parent);
     auto* line = new QLineEdit(parent);
     line->setFrame(false);
+    QStyleOptionViewItem cell = option;
+    initStyleOption(&cell, index);
+    line->setAlignment(QStyle::visualAlignment(parent->layoutDirection(), cell.displayAlignment));
     if (grid_.EditMaxLength() > 0) line->setMaxLength(static_cast<int>(grid_.EditMaxLength().value()));
     return line;
 }

@@ -1,6 +1,7 @@
 #include "qt/LineField.h"
 
 #include <QKeyEvent>
+#include <QStyleOptionFrame>
 #include <algorithm>
 #include <utility>
 
@@ -9,7 +10,21 @@
 
 namespace mrlxmlclass::qt {
 
+void NameLine::initStyleOption(QStyleOptionFrame* option) const {
+    QLineEdit::initStyleOption(option);
+    if (isReadOnly()) option->palette.setBrush(QPalette::Base, option->palette.window());
+}
+
+bool LineField::RemoveHalf(const QString& text) {
+    const qsizetype caret = std::min<qsizetype>(line_.cursorPosition(), text.size());
+    if (caret == 0 || !text[caret - 1].isHighSurrogate()) return false;
+    line_.setText(QString(text).remove(caret - 1, 1));
+    line_.setCursorPosition(static_cast<int>(caret) - 1);
+    return true;
+}
+
 void LineField::Typed(const QString& text) {
+    if (RemoveHalf(text)) return Typed(line_.text());
     echo_ = true;
     emptied_ = EndOfTyped(text) == 0;
     control_.Text(FromQt(text));

@@ -7,6 +7,15 @@
 
 namespace mrlxmlclass::qt {
 
+/// A line that does not look like a field while it takes no text.
+class NameLine : public QLineEdit {
+public:
+    using QLineEdit::QLineEdit;
+
+protected:
+    void initStyleOption(QStyleOptionFrame* option) const override;
+};
+
 /// A line in which a text control is typed. What the form makes of it comes back while the person is still at it, so
 /// the caret stays where it was; where the form fills what the person emptied, the next key replaces that.
 class LineField {
@@ -24,6 +33,8 @@ public:
     void BeforeKey(const QKeyEvent& key);
 
 private:
+    /// Takes away the half that is left of a character which the longest length cut in two; whether there was one.
+    bool RemoveHalf(const QString& text);
     /// Where the tail begins, or what is left of it.
     qsizetype EndOfTyped(const QString& text) const;
 

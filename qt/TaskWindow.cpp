@@ -47,7 +47,7 @@ TaskWindow::TaskWindow(EditTask& form) : form_(form) {
 }
 
 QLayout* TaskWindow::NewNameRow() {
-    auto* line = new QLineEdit(this);
+    auto* line = new NameLine(this);
     name_ = std::make_unique<LineField>(*line, form_.TxtName[0]);
     bindings_.Add(form_.TxtName[0], *line, [this] { name_->Show(); });
     connect(line, &QLineEdit::textEdited, this, [this](const QString& text) { name_->Typed(text); });

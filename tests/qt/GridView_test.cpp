@@ -197,6 +197,19 @@ TEST_F(GridView, GivesAPredecessorBackOnCancel) {
     EXPECT_TRUE(plan["Build"].isPredecessor(plan.Key("Draw")));
 }
 
+TEST_F(GridView, EditsALagWhereItShows) {
+    for (const bool mirrored : {false, true}) {
+        QApplication::setLayoutDirection(mirrored ? Qt::RightToLeft : Qt::LeftToRight);
+        UsePredecessors([mirrored](QTableView& table) {
+            EditCell(table, 0, 3);
+            const QLineEdit& line = OpenLine(table);
+            const bool at_the_left = line.inputMethodQuery(Qt::ImCursorRectangle).toRectF().x() < line.width() / 2.0;
+            EXPECT_EQ(at_the_left, mirrored);
+        });
+    }
+    QApplication::setLayoutDirection(Qt::LeftToRight);
+}
+
 TEST_F(GridView, LetsTabLeadOutOfTheTable) {
     UsePredecessors([](QTableView& table) {
         QTest::keyClick(&table, Qt::Key_Tab);

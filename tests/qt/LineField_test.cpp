@@ -73,6 +73,41 @@ TEST_F(LineField, PutsTheCaretBehindACostThatTheFormWrote) {
     EXPECT_EQ(plan["Design"].TaskCost(), Currency(1925));
 }
 
+TEST_F(LineField, LooksLikeAFieldOnlyWhereItTakesText) {
+    plan.Task("Phase").Task("Part").Under("Phase").From(Monday).Lasting(2);
+    for (const QPalette& palette : {QPalette(Qt::lightGray), QPalette(Qt::darkBlue)}) {
+        QApplication::setPalette(palette);
+        for (const auto& [task, paper] : {std::pair("Part", QPalette::Base), {"Phase", QPalette::Window}}) {
+            plan.Edit(task, [&](QWidget& window) {
+                auto& name = Find<QLineEdit>(window, "TxtName");
+                const QImage picture = name.grab().toImage();
+                EXPECT_EQ(picture.pixelColor(picture.rect().center()), palette.color(paper)) << task;
+                Click(Find(window, "CmdCancel"));
+            });
+        }
+    }
+}
+
+TEST_F(LineField, HasNoHalfOfACharacterWhereItIsFull) {
+    constexpr char32_t kEmoji[] = U"\U0001F3E0";
+    const QString house = QString::fromUcs4(kEmoji, 1);
+    plan.Edit("Design", [&](QWidget& window) {
+        auto& name = Find<QLineEdit>(window, "TxtName");
+        for (const int place : {159, 80, 0}) {
+            name.setText(QString(159, 'x'));
+            name.setCursorPosition(place);
+            name.insert(house);
+            EXPECT_EQ(name.text(), QString(159, 'x')) << place;
+            EXPECT_EQ(name.cursorPosition(), place);
+            EXPECT_EQ(plan.form().TxtName[0].Text(), std::string(159, 'x')) << place;
+        }
+        name.setText(QString(158, 'x'));
+        name.insert(house);
+        EXPECT_EQ(name.text(), QString(158, 'x') + house);
+        Click(Find(window, "CmdCancel"));
+    });
+}
+
 // --- The percentage --------------------------------------------------------------------------------------------------
 
 TEST_F(LineField, TakesAPercentageOfTwoDigitsThoughTheSignComesWithTheFirst) {
