@@ -2,6 +2,7 @@
 
 #include <QCheckBox>
 #include <QDateEdit>
+#include <QList>
 #include <QWidget>
 #include <functional>
 #include <optional>
@@ -19,6 +20,8 @@ public:
     DateField(const EditTask& form, DateControl& control, std::function<void()> changed);
 
     void Show();
+    /// What the focus rests on.
+    QList<QWidget*> parts() const { return {has_date_, date_}; }
 
 protected:
     /// What leads to the field leads to its date, or, where there is none, to its box.

@@ -5,6 +5,7 @@
 
 #include "qt/Frame.h"
 #include "qt/GridView.h"
+#include "qt/Labels.h"
 
 namespace mrlxmlclass::qt {
 namespace {
@@ -12,8 +13,9 @@ namespace {
 /// A page of one frame, with one table in it.
 GridView* AddGrid(QWidget& page, EditTask& form, const Control& frame_control, GridControl& grid, Bindings& bindings) {
     auto* frame = new Frame(&page);
-    bindings.AddCaption(frame_control, *frame);
     auto* view = new GridView(form, grid, frame);
+    bindings.AddCaption(frame_control, *frame,
+                        [&frame_control, view] { view->setAccessibleName(Spoken(frame_control)); });
     bindings.Add(grid, *view, [view] { view->Follow(); });
     frame->Lay(new QVBoxLayout)->addWidget(view);
     (new QVBoxLayout(&page))->addWidget(frame);

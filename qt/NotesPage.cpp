@@ -11,6 +11,7 @@
 
 #include "qt/Frame.h"
 #include "qt/GridView.h"
+#include "qt/Labels.h"
 #include "qt/Texts.h"
 
 namespace mrlxmlclass::qt {
@@ -96,8 +97,8 @@ QWidget* NotesPage::NewNoteFrame(Bindings& bindings) {
 
 QWidget* NotesPage::NewAttachmentsFrame(Bindings& bindings) {
     auto* frame = new Frame(this);
-    bindings.AddCaption(form_.Frattach, *frame);
     auto* view = new GridView(form_, form_.gridattachement, frame);
+    bindings.AddCaption(form_.Frattach, *frame, [this, view] { view->setAccessibleName(Spoken(form_.Frattach)); });
     view->setEditTriggers(QAbstractItemView::NoEditTriggers);
     view->horizontalHeader()->setSectionResizeMode(QHeaderView::Stretch);
     view->on_open = [this] { form_.gridattachement_DblClick(); };

@@ -9,12 +9,13 @@
 
 namespace mrlxmlclass::qt {
 
-StepArrows::StepArrows(QWidget& field, std::function<void()> up, std::function<void()> down)
+StepArrows::StepArrows(QWidget& field, const QLineEdit& line, std::function<void()> up, std::function<void()> down)
     : QAbstractSpinBox(field.parentWidget()), field_(field), up_(std::move(up)), down_(std::move(down)) {
     field.installEventFilter(this);
     lineEdit()->hide();
-    setFocusPolicy(Qt::ClickFocus);  // no stop for Tab
-    setFocusProxy(&field);           // which takes the arrow keys
+    connect(&line, &QLineEdit::textChanged, lineEdit(), &QLineEdit::setText);  // what a screen reader says
+    setFocusPolicy(Qt::ClickFocus);                                            // no stop for Tab
+    setFocusProxy(&field);                                                     // which takes the arrow keys
     setSizePolicy(QSizePolicy::Fixed, QSizePolicy::Fixed);
 }
 

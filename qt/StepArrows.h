@@ -3,13 +3,16 @@
 #include <QAbstractSpinBox>
 #include <functional>
 
+class QLineEdit;
+
 namespace mrlxmlclass::qt {
 
 /// Two arrows beside a field, which step its value: a spin box of the desktop's own without the field. While the field
 /// has the focus, its arrow keys and the mouse wheel over either step the value too.
 class StepArrows : public QAbstractSpinBox {
 public:
-    StepArrows(QWidget& field, std::function<void()> up, std::function<void()> down);
+    /// `line` is where the field shows the value.
+    StepArrows(QWidget& field, const QLineEdit& line, std::function<void()> up, std::function<void()> down);
 
     void stepBy(int steps) override;
     QSize sizeHint() const override;

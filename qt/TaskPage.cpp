@@ -131,11 +131,12 @@ void TaskPage::AddProgress(QGridLayout& grid, Bindings& bindings) {
         typed_in->installEventFilter(this);
     }
     auto* arrows = new StepArrows(
-        *box, [this] { form_.VScrollPercentComplete_UpClick(); }, [this] { form_.VScrollPercentComplete_DownClick(); });
+        *box, *box->lineEdit(), [this] { form_.VScrollPercentComplete_UpClick(); },
+        [this] { form_.VScrollPercentComplete_DownClick(); });
     bindings.Add(form_.VScrollPercentComplete, *arrows);
 
     const int row = grid.rowCount();
-    grid.addWidget(NewLabel(form_.lblPercentComplet, bindings, box), row, kLabels);
+    grid.addWidget(NewLabel(form_.lblPercentComplet, bindings, box, {arrows}), row, kLabels);
     grid.addLayout(WithArrows(box, arrows), row, kFields);
 }
 
@@ -156,7 +157,7 @@ void TaskPage::AddDates(QGridLayout& grid, Bindings& bindings) {
         auto* field = new DateField(form_, control, std::move(changed));
         bindings.Add(control, *field, [field] { field->Show(); });
         const int row = grid.rowCount();
-        grid.addWidget(NewLabel(label, bindings, field), row, kLabels);
+        grid.addWidget(NewLabel(label, bindings, field, field->parts()), row, kLabels);
         grid.addWidget(field, row, kFields);
     };
     add(form_.DTPickerStart, form_.LblStartDate, [this] { form_.DTPickerStart_Change(); });
@@ -173,11 +174,12 @@ void TaskPage::AddDuration(QGridLayout& grid, Bindings& bindings) {
     duration_line_->installEventFilter(this);
 
     auto* arrows = new StepArrows(
-        *duration_line_, [this] { form_.VScrollDuration_UpClick(0); }, [this] { form_.VScrollDuration_DownClick(0); });
+        *duration_line_, *duration_line_, [this] { form_.VScrollDuration_UpClick(0); },
+        [this] { form_.VScrollDuration_DownClick(0); });
     bindings.Add(form_.VScrollDuration[0], *arrows);
 
     int row = grid.rowCount();
-    grid.addWidget(NewLabel(form_.LblDuration[0], bindings, duration_line_), row, kLabels);
+    grid.addWidget(NewLabel(form_.LblDuration[0], bindings, duration_line_, {arrows}), row, kLabels);
     grid.addLayout(WithArrows(duration_line_, arrows), row, kFields);
 
     auto* milestone = new CheckBox(this);

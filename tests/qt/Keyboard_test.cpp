@@ -1,0 +1,115 @@
+#include <gtest/gtest.h>
+
+#include <QAccessible>
+#include <QLineEdit>
+#include <QTabBar>
+#include <QTabWidget>
+#include <algorithm>
+
+#include "tests/qt/QtDialog.h"
+
+namespace mrlxmlclass::testing {
+namespace {
+
+/// The way through the dialog without a mouse, and without a screen to look at.
+class Keyboard : public ::testing::Test {
+protected:
+    Keyboard() {
+        plan.WithLinks();
+        plan.Task("Draw").From(Monday).Lasting(2);
+        plan.Task("Build").From(Monday + 7).Lasting(5).After("Draw");
+    }
+
+    void Use(const std::function<void(QWidget& window)>& person) {
+        plan.Edit("Build", [&](QWidget& window) {
+            person(window);
+            Click(Find(window, "CmdCancel"));
+        });
+    }
+
+    OffscreenApplication application;
+    QtPlan plan;
+};
+
+/// The control that the widget belongs to.
+QString ControlOf(const QWidget* widget) {
+    while (widget->objectName().isEmpty() || widget->objectName().startsWith("qt_")) widget = widget->parentWidget();
+    return widget->objectName();
+}
+
+/// Where the key leads from the tabs until it is back there: a line, in which a control stands once for each of its
+/// widgets that stops at the focus.
+QString WalkBy(Qt::Key key, QWidget& window) {
+    constexpr int kMany = 40;
+    QWidget* const from = Find<QTabWidget>(window, "TabTask").tabBar();
+    from->setFocus();
+    QStringList controls;
+    const QWidget* last = nullptr;
+    for (int n = 0; n < kMany; ++n) {
+        QWidget* const here = QApplication::focusWidget();
+        if (here == from && last != nullptr) break;
+        if (here != last) controls << ControlOf(here);
+        last = here;
+        QTest::keyClick(here, key);
+    }
+    return controls.join(" ");
+}
+
+TEST_F(Keyboard, LeadsThroughEachTabInTheOrderInWhichItIsRead) {
+    Use([](QWidget& window) {
+        const char* const pages[] = {
+            "DTPickerStart DTPickerStart DTPickerEnd DTPickerEnd TxtDurtion chkAsMilistones TxtPercentComplet Txtcost",
+            "VSFlexGridPredecessor",
+            "txtNote gridattachement Cmdlink CmdAttach CmdRemove",
+            "VSFlexGridResource",
+        };
+        for (int tab = 0; tab < 4; ++tab) {
+            Find<QTabWidget>(window, "TabTask").setCurrentIndex(tab);
+            Settle();
+            const QString way = WalkBy(Qt::Key_Tab, window);
+            EXPECT_EQ(way.toStdString(), "TabTask " + std::string(pages[tab]) + " CmdOK CmdCancel CmdHelp TxtName");
+            QStringList back = way.split(' ');
+            std::reverse(back.begin() + 1, back.end());
+            EXPECT_EQ(WalkBy(Qt::Key_Backtab, window).toStdString(), back.join(" ").toStdString());
+        }
+    });
+}
+
+TEST_F(Keyboard, HasANameForAllThatTheFocusRestsOn) {
+    Use([](QWidget& window) {
+        const auto name_of = [](QWidget& widget) {
+            return QAccessible::queryAccessibleInterface(&widget)->text(QAccessible::Name).toStdString();
+        };
+        for (const auto& [control, name] : {std::pair("DTPickerStart", "Start:"), {"DTPickerEnd", "Finish:"}}) {
+            EXPECT_EQ(name_of(BoxIn(window, control)), name);
+            EXPECT_EQ(name_of(DateIn(window, control)), name);
+        }
+        for (const auto& [control, name] : {std::pair("VSFlexGridPredecessor", "The task waits for"),
+                                            {"gridattachement", "Attachments"},
+                                            {"VSFlexGridResource", "Who works on the task"},
+                                            {"txtNote", "Note"},
+                                            {"TxtName", "Name:"},
+                                            {"TxtDurtion", "Duration:"},
+                                            {"VScrollDuration", "Duration:"},
+                                            {"VScrollPercentComplete", "Percent complete:"},
+                                            {"Txtcost", "Cost:"}}) {
+            EXPECT_EQ(name_of(Find(window, control)), name) << control;
+        }
+    });
+}
+
+TEST_F(Keyboard, HasTheValueOfTheFieldForItsArrows) {
+    Use([](QWidget& window) {
+        const auto value_of = [&](const char* arrows) {
+            return QAccessible::queryAccessibleInterface(&Find(window, arrows))->text(QAccessible::Value).toStdString();
+        };
+        EXPECT_EQ(value_of("VScrollDuration"), "5");
+        Type(Find(window, "TxtDurtion"), "7");
+        EXPECT_EQ(value_of("VScrollDuration"), "7");
+        Type(*Find(window, "TxtPercentComplet").findChild<QLineEdit*>(), "40");
+        EXPECT_EQ(value_of("VScrollPercentComplete"), "40 %");
+    });
+}
+
+}  // namespace
+}  // namespace mrlxmlclass::testing
