@@ -57,6 +57,16 @@ void Furnish(QtPlan& plan) {
     plan.Heard();
 }
 
+/// All tabs show, and no arrows to scroll to them.
+void ExpectWholeTabs(const QWidget& window) {
+    const QTabBar& tabs = *Find<QTabWidget>(window, "TabTask").tabBar();
+    EXPECT_EQ(tabs.count(), 4);
+    for (int tab = 0; tab < tabs.count(); ++tab) {
+        EXPECT_TRUE(tabs.rect().contains(tabs.tabRect(tab))) << tab;
+        EXPECT_GE(tabs.tabRect(tab).width(), tabs.fontMetrics().horizontalAdvance(tabs.tabText(tab))) << tab;
+    }
+}
+
 /// Every caption that shows has the room that it needs.
 void ExpectWholeCaptions(const QWidget& window) {
     for (const QWidget* widget : window.findChildren<QWidget*>()) {
@@ -77,13 +87,14 @@ void TakePicture(QWidget& window, const QString& looks, const QString& what) {
     EXPECT_TRUE(window.grab().save(folder.filePath(name))) << name.toStdString();
 }
 
-/// Opens the dialog on a furnished task; `person(window)` looks at it, and it is cancelled.
-void LookAt(const std::function<void(QWidget& window)>& person, int from_where = 2) {
+/// Opens the dialog on a furnished task, or another; `person(window)` looks at it, and it is cancelled.
+void LookAt(const std::function<void(QWidget& window)>& person, int from_where = 2, const char* task = "Foundation") {
     QtPlan plan;
     Furnish(plan);
     plan.Edit(
-        "Foundation",
+        task,
         [&](QWidget& window) {
+            ExpectWholeTabs(window);
             person(window);
             Click(Find(window, "CmdCancel"));
         },
@@ -139,8 +150,7 @@ TEST(Pictures, AreTakenOfTheSmallestWindow) {
 
 TEST(Pictures, AreTakenInALargeFontThatFitsTheScreen) {
     const OffscreenApplication application;
-    QFont large = QApplication::font();
-    large.setPointSizeF(1.8 * large.pointSizeF());
+    const QFont large = LargeFont();
     QApplication::setFont(large);
     LookAt([&](QWidget& window) {
         EXPECT_EQ(Find(window, "lblName").font().pointSizeF(), large.pointSizeF()) << "the desktop's font";
@@ -149,6 +159,35 @@ TEST(Pictures, AreTakenInALargeFontThatFitsTheScreen) {
         EXPECT_LE(window.height(), screen.height());
         EXPECT_LE(Find(window, "TxtPercentComplet").height(), Find(window, "TxtDurtion").height() + 2);
         TakePictures(window, "large");
+    });
+}
+
+TEST(Pictures, AreTakenOfASummaryWhichKeepsItsName) {
+    const OffscreenApplication application;
+    const auto take = [](const QString& looks) {
+        LookAt([&](QWidget& window) { TakePicture(window, looks, "summary"); }, 2, "House");
+    };
+    take("light");
+    QApplication::setPalette(DarkPalette());
+    take("dark");
+}
+
+TEST(Pictures, AreTakenOfCellsThatAreTypedIn) {
+    const OffscreenApplication application;
+    LookAt([](QWidget& window) {
+        GoTo(window, 1);
+        EditCell(Find<QTableView>(window, "VSFlexGridPredecessor"), 1, 3);
+        TakePicture(window, "light", "lag");
+        GoTo(window, 3);
+        auto& people = Find<QTableView>(window, "VSFlexGridResource");
+        Find<QTabWidget>(window, "TabTask").tabBar()->setFocus();
+        QTest::keyClick(QApplication::focusWidget(), Qt::Key_Tab);
+        EXPECT_TRUE(people.hasFocus());
+        TakePicture(window, "light", "current");
+        QTest::keyClick(&people, Qt::Key_End, Qt::ControlModifier);
+        QTest::keyClick(&people, Qt::Key_F2);
+        QTest::keyClicks(&OpenLine(people), "Ida");
+        TakePicture(window, "light", "person");
     });
 }
 

@@ -12,7 +12,10 @@
 namespace mrlxmlclass::testing {
 
 OffscreenApplication::OffscreenApplication()
-    : application_((qunsetenv("QT_STYLE_OVERRIDE"), std::make_unique<QApplication>(count_, arguments_))) {
+    : platform_("QT_QPA_PLATFORM", qEnvironmentVariableIsSet("QT_SCALE_FACTOR")
+                                       ? "offscreen:configfile=" MRLXMLCLASS_SOURCE_DIR "/tests/qt/large_screen.json"
+                                       : "offscreen"),
+      application_((qunsetenv("QT_STYLE_OVERRIDE"), std::make_unique<QApplication>(count_, arguments_))) {
     QApplication::setStyle("fusion");
 }
 

@@ -17,7 +17,8 @@ class QLineEdit;
 
 namespace mrlxmlclass::testing {
 
-/// A QApplication without a screen, for as long as a test needs one; the looks are the same on every machine.
+/// A QApplication without a screen, for as long as a test needs one; the looks are the same on every machine. Where
+/// everything is twice as large, so is the screen.
 class OffscreenApplication {
 public:
     OffscreenApplication();
@@ -26,7 +27,7 @@ private:
     int count_ = 1;
     char name_[9] = "qt_tests";
     char* arguments_[2] = {name_, nullptr};
-    ScopedEnvironment platform_{"QT_QPA_PLATFORM", "offscreen"};
+    ScopedEnvironment platform_;
     std::unique_ptr<QApplication> application_;
 };
 
