@@ -25,6 +25,7 @@ namespace mrlxmlclass {
 namespace {
 
 constexpr FailureTail kTail{"SafeFile", FailureTail::Gives::SoFar};
+constexpr std::string_view kDeclaration = "<?xml version=";
 
 /// What the error log takes up from here on.
 class NewFailures {
@@ -96,8 +97,21 @@ void DemandReplaceable(const Target& target) {
     if (target.old.size == 0) files.Read(target.path);
 }
 
+/// Whether something bears the name that no dead save left: what one leaves is empty, or begins as all saved files do.
+Boolean IsForeign(const String& path) {
+    Files& files = Platform().files;
+    if (FileNameOf(files.Resolve(path)) != FileNameOf(path)) return True;  // a link
+    const FileFacts there = files.Facts(path);
+    if (!there.exists || there.folder) return there.folder;
+    return kTail.Silent().Run<Boolean>("IsForeign", [&](Boolean& result) {
+        result = True;
+        const String content = files.Read(path);
+        result = !content.starts_with(kDeclaration.substr(0, content.size()));
+    });
+}
+
 /// The same for every save of a file, so that each clears away what a dead one left. A "~" before each dot keeps it
-/// from being an autosave by its own name. A folder that bears the name is gone around.
+/// from being an autosave by its own name. A folder, a link or a foreign file that bears the name is gone around.
 String NameOfCopy(const String& path) {
     const std::size_t name = path.rfind('/') + 1;  // without a "/": 0
     String copy = path.substr(0, name) + "~";
@@ -107,7 +121,7 @@ String NameOfCopy(const String& path) {
     }
     do {
         copy += '~';
-    } while (Platform().files.Facts(copy).folder);
+    } while (IsForeign(copy));
     return copy;
 }
 

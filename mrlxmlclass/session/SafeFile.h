@@ -17,7 +17,8 @@ class Application;
 /// those of everybody. A link stays a link and its target is replaced, or made; other hard links keep the old file. An
 /// autosave name ends hidden, the lock stays held. A file that `SaveXml` could not write over is refused, such as a
 /// write-protected one. The wizard's state is written last, unless `persist` is False; what goes wrong there stands in
-/// the error file only. A copy that a dead process left behind is gone after the next save.
+/// the error file only. A copy that a dead process left behind is gone after the next save; what else bears its
+/// name, and does not begin as a saved file does, is gone around.
 ///
 /// Hold the project's lock meanwhile: two savers of one file would share the copy.
 String SaveSafely(const Ref<Application>& application, Boolean persist = True);

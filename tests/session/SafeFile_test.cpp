@@ -301,51 +301,6 @@ TEST(SaveSafely, LeavesAFileVisibleThatOnlyLiesBehindALinkInAnAutosaveFolder) {
     EXPECT_EQ(project.Attributes("AutoSave001.prx/house.prx"), 0);
 }
 
-TEST(SaveSafely, NamesItsCopySoThatItIsNoAutosaveItself) {
-    SavedProject project;
-    project.app->xFileName(project.Path("AutoSave001.prx"));
-    project.platform.faults.FailAt(FileCall::Rename, 1);
-    project.platform.faults.KeepFailing();
-
-    EXPECT_NE(SaveSafely(project.app), "");
-    project.platform.faults.Heal();
-
-    EXPECT_EQ(project.FilesThere(), "~AutoSave001~.prx~");
-    project.failures.Taken();
-}
-
-TEST(SaveSafely, ReplacesACopyThatWasLeftBehind) {
-    SavedProject project;
-    project.Write("~house~.prx~", "half a project");
-    project.platform.files.SetMode(project.Path("~house~.prx~"), 0444);
-
-    EXPECT_EQ(SaveSafely(project.app), "");
-
-    EXPECT_EQ(project.FilesThere(), "house.prx");
-    EXPECT_NE(project.Mode("house.prx"), 0444U);
-}
-
-TEST(SaveSafely, ReplacesALinkInThePlaceOfItsCopy) {
-    SavedProject project;
-    project.Write("precious", "data");
-    std::filesystem::create_symlink("precious", project.Path("~house~.prx~"));
-
-    EXPECT_EQ(SaveSafely(project.app), "");
-
-    EXPECT_EQ(project.Read("precious"), "data");
-    EXPECT_EQ(project.FilesThere(), "house.prx precious");
-}
-
-TEST(SaveSafely, GoesAroundAFolderInThePlaceOfItsCopy) {
-    SavedProject project;
-    std::filesystem::create_directory(project.Path("~house~.prx~"));
-
-    EXPECT_EQ(SaveSafely(project.app), "");
-
-    EXPECT_EQ(project.FilesThere(), "house.prx ~house~.prx~");
-    EXPECT_EQ(Listed(MissingSections(project.Path("house.prx"))), "");
-}
-
 TEST(SaveSafely, StoresTheWizardStateLast) {
     SavedProject project;
     project.platform.faults.FailAt(FileCall::Rename, 1);
