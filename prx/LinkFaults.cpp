@@ -9,6 +9,7 @@
 #include "mrlxmlclass/tasks/TasksCol.h"
 #include "mrlxmlclass/xml/Conversions.h"
 #include "prx/Edit.h"
+#include "prx/Findings.h"
 #include "prx/Outline.h"
 #include "prx/Terminal.h"
 
@@ -26,7 +27,7 @@ std::string Shown(const std::string& lead) {
 /// The links of all tasks, looked at or mended.
 class Links {
 public:
-    Links(Ref<TasksCol> tasks, bool mends) : tasks_(std::move(tasks)), mends_(mends) {}
+    Links(Ref<TasksCol> tasks, Findings::Purpose purpose) : tasks_(std::move(tasks)), found_(purpose) {}
 
     std::vector<std::string> Look() {
         for (const auto& entry : tasks_->NewEnum()) {
@@ -36,7 +37,7 @@ public:
             if (task.TaskSuccessorValid()) LookAtSuccessors(task);
             LookAtLeads(task);
         }
-        return std::move(lines_);
+        return found_.Take();
     }
 
 private:
@@ -45,18 +46,20 @@ private:
             const std::string key = entry.item.Key().text();
             const Ref<TasksCls> predecessor = tasks_->Item(key);
             if (!predecessor) {
-                Tell(fmt::format("{} waits for task {}, which is not there", TitleOf(task), Plain(key)), "taken off");
-                if (mends_) TakeOff(task, key);
+                found_.Tell(fmt::format("{} waits for task {}, which is not there", TitleOf(task), Plain(key)),
+                            "taken off", /*nowhere=*/true);
+                if (found_.mends()) TakeOff(task, key);
             } else if (const std::string why = WhyNot(task, *predecessor); !why.empty()) {
-                Tell(fmt::format("{} waits for {}", TitleOf(task), why), "taken off");
+                found_.Tell(fmt::format("{} waits for {}", TitleOf(task), why), "taken off");
                 off_.emplace(KeyOf(task), key);
-                if (!mends_) continue;
+                if (!found_.mends()) continue;
                 TakeOff(task, key);
                 if (predecessor->isSucesser(KeyOf(task))) predecessor->TaskSuccessor()->Remove(KeyOf(task));
             } else if (!predecessor->isSucesser(KeyOf(task))) {
-                Tell(fmt::format("{} waits for {}, which does not list it", TitleOf(task), TitleOf(*predecessor)),
-                     "put on");
-                if (mends_) predecessor->TaskSuccessor()->Add(KeyOf(task), KeyOf(task));
+                found_.Tell(
+                    fmt::format("{} waits for {}, which does not list it", TitleOf(task), TitleOf(*predecessor)),
+                    "put on");
+                if (found_.mends()) predecessor->TaskSuccessor()->Add(KeyOf(task), KeyOf(task));
             }
         }
     }
@@ -90,10 +93,11 @@ private:
             const Ref<TasksCls> successor = tasks_->Item(key);
             if (successor && WaitsFor(*successor, KeyOf(task))) continue;
             if (off_.contains({key, KeyOf(task)})) continue;  // told already
-            Tell(successor ? fmt::format("{} lists {}, which does not wait for it", TitleOf(task), TitleOf(*successor))
-                           : fmt::format("{} lists task {}, which is not there", TitleOf(task), Plain(key)),
-                 "taken off");
-            if (mends_) task.TaskSuccessor()->Remove(key);
+            found_.Tell(successor
+                            ? fmt::format("{} lists {}, which does not wait for it", TitleOf(task), TitleOf(*successor))
+                            : fmt::format("{} lists task {}, which is not there", TitleOf(task), Plain(key)),
+                        "taken off", !successor);
+            if (found_.mends()) task.TaskSuccessor()->Remove(key);
         }
     }
 
@@ -103,15 +107,15 @@ private:
             const std::string lead = entry.item.As<String>();
             const std::string key = tasks_->GetPredecessor(lead);
             if (!WaitsFor(task, key)) {
-                Tell(fmt::format("{} keeps a lead time for {}, for which it does not wait", TitleOf(task),
-                                 key.empty() ? "no task" : "task " + Plain(key)),
-                     "taken out");
-                if (mends_) tasks_->RemoveLeadTime(KeyOf(task), key, 0);
+                found_.Tell(fmt::format("{} keeps a lead time for {}, for which it does not wait", TitleOf(task),
+                                        key.empty() ? "no task" : "task " + Plain(key)),
+                            "taken out");
+                if (found_.mends()) tasks_->RemoveLeadTime(KeyOf(task), key, 0);
             } else if (!HoldsDays(lead)) {
-                Tell(fmt::format("{} keeps the lead time \"{}\" for task {}, which is no number of days", TitleOf(task),
-                                 Shown(lead), Plain(key)),
-                     "measured anew");
-                if (mends_) tasks_->AddLeadTime(KeyOf(task), key, GapTowards(task, key));
+                found_.Tell(fmt::format("{} keeps the lead time \"{}\" for task {}, which is no number of days",
+                                        TitleOf(task), Shown(lead), Plain(key)),
+                            "measured anew");
+                if (found_.mends()) tasks_->AddLeadTime(KeyOf(task), key, GapTowards(task, key));
             }
         }
     }
@@ -145,24 +149,23 @@ private:
         return task.TaskPredecessorValid() && task.isPredecessor(key) && !off_.contains({KeyOf(task), key});
     }
 
-    void Tell(const std::string& fault, const char* mended) {
-        lines_.push_back(mends_ ? fmt::format("{}: {}", fault, mended) : fault);
-    }
-
     Ref<TasksCol> tasks_;
-    bool mends_;
-    std::vector<std::string> lines_;
+    Findings found_;
     std::set<std::pair<std::string, std::string>> off_;  ///< a task and one that it is told not to wait for
 };
 
 }  // namespace
 
 std::vector<std::string> LinkFaults(const Project& project) {
-    return Links(project.tasks(), /*mends=*/false).Look();
+    return Links(project.tasks(), Findings::Purpose::kTell).Look();
+}
+
+std::vector<std::string> LinksToNowhere(const Project& project) {
+    return Links(project.tasks(), Findings::Purpose::kTellWhatLeadsNowhere).Look();
 }
 
 std::vector<std::string> MendLinks(const Project& project) {
-    return Links(project.tasks(), /*mends=*/true).Look();
+    return Links(project.tasks(), Findings::Purpose::kMend).Look();
 }
 
 }  // namespace prx

@@ -12,6 +12,8 @@ namespace prx {
 
 /// Where they do not; empty for a file that is in order.
 std::vector<std::string> LinkFaults(const Project& project);
+/// Only what leads to a task that is not there.
+std::vector<std::string> LinksToNowhere(const Project& project);
 /// Mends that in memory and tells what was done. What a task waits for counts; what leads nowhere or may not be goes,
 /// and a list of those that wait for a task follows them. A lead time without days is measured anew by the dates.
 std::vector<std::string> MendLinks(const Project& project);

@@ -7,6 +7,7 @@
 #include <set>
 #include <unordered_map>
 
+#include "prx/Findings.h"
 #include "prx/Kinds.h"
 #include "prx/Outline.h"
 #include "prx/Terminal.h"
@@ -17,7 +18,6 @@ using namespace mrlxmlclass;
 
 namespace {
 
-using Lines = std::vector<std::string>;
 constexpr std::size_t kWidestName = 60;
 
 std::string Shown(const std::string& name) {
@@ -33,10 +33,10 @@ bool IsPlainKey(const std::string& key) {
 template <class K>
 class Ties {
 public:
-    Ties(Application& app, bool mends, Lines& lines) : app_(app), mends_(mends), lines_(lines) {}
+    Ties(Application& app, Findings& found) : app_(app), found_(found) {}
 
     void Look() {
-        const std::size_t told_before = lines_.size();
+        const std::size_t told_before = found_.count();
         LookAtItems();
         LookAtRelations();
         for (const auto& entry : app_.xTaskCol()->NewEnum()) {
@@ -47,7 +47,7 @@ public:
         if constexpr (K::kKind != Kind::kNote) {
             for (const auto& [key, item] : items_) LookAtList(*item, ItemName(key), of_item_[key]);
         }
-        if (mends_ && lines_.size() > told_before) CopyAnew();
+        if (found_.mends() && found_.count() > told_before) CopyAnew();
     }
 
 private:
@@ -63,9 +63,9 @@ private:
                 items_.emplace(key, entry.item);
                 continue;
             }
-            Tell(fmt::format("{} \"{}\" has no key", K::kName, Shown(K::NameOf(*entry.item))),
-                 "filed under a key of its own");
-            items_.emplace(mends_ ? FileAnew(entry.item, entry.key.text()) : std::pair(key, entry.item));
+            found_.Tell(fmt::format("{} \"{}\" has no key", K::kName, Shown(K::NameOf(*entry.item))),
+                        "filed under a key of its own");
+            items_.emplace(found_.mends() ? FileAnew(entry.item, entry.key.text()) : std::pair(key, entry.item));
         }
     }
 
@@ -91,11 +91,13 @@ private:
             const Relation& relation = *entry.item;
             const std::string task = KeyText(relation.TaskKey()).text();
             const std::string item = K::ItemOf(relation);
+            const bool to_task = static_cast<bool>(app_.xTaskCol()->Item(relation.TaskKey()));
+            const bool nowhere = !to_task || !items_.contains(item);
             std::string fault;
-            if (!app_.xTaskCol()->Item(relation.TaskKey())) {
+            if (!to_task) {
                 fault = relation.TaskKey() == 0 ? "leads to no task"
                                                 : fmt::format("leads to task {}, which is not there", task);
-            } else if (!items_.contains(item)) {
+            } else if (nowhere) {
                 fault = fmt::format("leads to {} {}, which is not there", K::kName, Plain(item));
             } else if (!pairs.emplace(task, item).second) {
                 fault = fmt::format("ties task {} to {} {} a second time", task, K::kName, item);
@@ -108,8 +110,8 @@ private:
                 continue;
             }
             wrong_.insert(relation.elementKey());
-            Tell(fmt::format("{} {}", RelationName(relation.elementKey()), fault), "taken out");
-            if (mends_) K::Ties(app_)->Remove(entry.key.text());
+            found_.Tell(fmt::format("{} {}", RelationName(relation.elementKey()), fault), "taken out", nowhere);
+            if (found_.mends()) K::Ties(app_)->Remove(entry.key.text());
         }
     }
 
@@ -120,8 +122,9 @@ private:
             const std::string key = entry.item->elementKey();
             if (IsPlainKey(key)) continue;
             wrong_.insert(key);
-            Tell(fmt::format("{} has a key that counts as none", RelationName(key)), "filed under a key of its own");
-            if (!mends_) continue;
+            found_.Tell(fmt::format("{} has a key that counts as none", RelationName(key)),
+                        "filed under a key of its own");
+            if (!found_.mends()) continue;
             K::Ties(app_)->Remove(entry.key.text());
             if constexpr (K::kKind == Kind::kPerson) K::Ties(app_)->IamNotAvailable(key);  // or it would come back
             entry.item->elementKey(K::kListsIssueKeys ? "" : IssuedKey());
@@ -153,21 +156,22 @@ private:
                 }
                 right = false;
                 if (wrong_.contains(key)) continue;  // told already
-                Tell(fmt::format("{} lists {}, {}", name, RelationName(key),
-                                 Holds(K::Ties(app_), key) ? "which ties others" : "which is not there"),
-                     "taken off");
+                const bool there = Holds(K::Ties(app_), key);
+                found_.Tell(fmt::format("{} lists {}, {}", name, RelationName(key),
+                                        there ? "which ties others" : "which is not there"),
+                            "taken off", !there);
             }
         }
         for (const Ref<Relation>& relation : own) {
             if (!missing.contains(relation->elementKey())) continue;
             right = false;
-            Tell(fmt::format("{} does not list {}, which ties it to {}", name, RelationName(relation->elementKey()),
-                             OtherSide(owner, *relation)),
-                 "put on");
+            found_.Tell(fmt::format("{} does not list {}, which ties it to {}", name,
+                                    RelationName(relation->elementKey()), OtherSide(owner, *relation)),
+                        "put on");
             mended->AddItem(relation);
         }
         if constexpr (requires { K::List(owner, mended); }) {
-            if (mends_ && !right) K::List(owner, mended);
+            if (found_.mends() && !right) K::List(owner, mended);
         }
         return right;
     }
@@ -182,9 +186,9 @@ private:
         const auto list = [](const std::multiset<std::string>& names) {
             return Shown(fmt::format("{}", fmt::join(names, ", ")));
         };
-        Tell(fmt::format("{} shows the {} \"{}\" instead of \"{}\"", TitleOf(task), K::kPlural, list(shown),
-                         list(expected)),
-             "read anew");
+        found_.Tell(fmt::format("{} shows the {} \"{}\" instead of \"{}\"", TitleOf(task), K::kPlural, list(shown),
+                                list(expected)),
+                    "read anew");
     }
 
     /// What a load makes of the ties.
@@ -197,10 +201,6 @@ private:
             K::Copies(*entry.item, copies);
         }
         if constexpr (K::kKind != Kind::kNote) K::All(app_)->SetTasksCollection(K::Ties(app_), app_.xTaskCol());
-    }
-
-    void Tell(const std::string& fault, const char* mended) {
-        lines_.push_back(mends_ ? fmt::format("{}: {}", fault, mended) : fault);
     }
 
     static std::string RelationName(const std::string& key) {
@@ -218,30 +218,33 @@ private:
     }
 
     Application& app_;
-    bool mends_;
-    Lines& lines_;
+    Findings& found_;
     std::map<std::string, Ref<typename K::Record>> items_;
     std::set<std::string> wrong_;  ///< relations that are told of
     std::unordered_map<std::string, Own> of_task_;
     std::unordered_map<std::string, Own> of_item_;
 };
 
-Lines LookAt(const Project& project, bool mends) {
-    Lines lines;
+std::vector<std::string> LookAt(const Project& project, Findings::Purpose purpose) {
+    Findings found(purpose);
     for (const Kind kind : kKinds) {
-        With(kind, [&]<class K>(K) { Ties<K>(project.app(), mends, lines).Look(); });
+        With(kind, [&]<class K>(K) { Ties<K>(project.app(), found).Look(); });
     }
-    return lines;
+    return found.Take();
 }
 
 }  // namespace
 
 std::vector<std::string> TieFaults(const Project& project) {
-    return LookAt(project, /*mends=*/false);
+    return LookAt(project, Findings::Purpose::kTell);
+}
+
+std::vector<std::string> TiesToNowhere(const Project& project) {
+    return LookAt(project, Findings::Purpose::kTellWhatLeadsNowhere);
 }
 
 std::vector<std::string> MendTies(const Project& project) {
-    return LookAt(project, /*mends=*/true);
+    return LookAt(project, Findings::Purpose::kMend);
 }
 
 }  // namespace prx

@@ -12,6 +12,8 @@ namespace prx {
 
 /// Where they do not; empty for a file that is in order.
 std::vector<std::string> TieFaults(const Project& project);
+/// Only what leads to a task, an item or a relation that is not there.
+std::vector<std::string> TiesToNowhere(const Project& project);
 /// Mends that in memory and tells what was done. The relations count: what leads nowhere goes, what has no
 /// key gets one, a list that says otherwise follows them.
 std::vector<std::string> MendTies(const Project& project);
