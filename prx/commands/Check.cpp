@@ -45,16 +45,21 @@ private:
         bool whole = true;
         {
             Project project = Project::ToLook(host, file());
-            whole = RefuseUnlessWhole(project);
-            const bool quiet = Tell("Recorded on the way", Recorded(project));
-            const bool in_order = Tell("Repaired", prx::Repairs(project));
-            const bool mended = Tell("Mended", project.Mend());
-            whole &= Tell("The mending did not go through", project.FailuresSince());
+            const std::vector<std::string> lost = RefuseUnlessWhole(project);
+            const std::vector<std::string> recorded = Recorded(project);
+            const std::vector<std::string> repaired = prx::Repairs(project);
+            const std::vector<std::string> mended = project.Mend();
+            const std::vector<std::string> failed = project.FailuresSince();
+            const bool well = lost.empty() && recorded.empty() && repaired.empty() && mended.empty() &&
+                              failed.empty() && OutlineFaults(project).empty();
             TellOfLock(project);
-            if (whole && quiet && in_order && mended && OutlineFaults(project).empty()) {
-                return TellThatAllIsWell(project);
-            }
+            if (well) return TellThatAllIsWell(project);
             project.SaveAs(copy_);
+            whole = Tell("Not read, and so not in the new file", lost);
+            Tell("Recorded on the way", recorded);
+            Tell("Repaired", repaired);
+            Tell("Mended", mended);
+            whole &= Tell("The mending did not go through", failed);
         }
         const Project mended = Project::ToLook(host, copy_);
         fmt::print("{}: written\n", Plain(mended.path()));
@@ -66,10 +71,10 @@ private:
         return Tell("Still wrong", left) && whole ? kDone : kFoundFaults;
     }
 
-    /// True when nothing is lost; with --force a loss is told.
-    bool RefuseUnlessWhole(const Project& project) const {
-        const std::vector<std::string> lost = Unread(project);
-        if (force_ || lost.empty()) return Tell("Not read, and so not in the new file", lost);
+    /// What is lost: nothing, or with --force something.
+    std::vector<std::string> RefuseUnlessWhole(const Project& project) const {
+        std::vector<std::string> lost = Unread(project);
+        if (force_ || lost.empty()) return lost;
         throw Refusal(
             fmt::format("{}: this project could not be read whole, and the new file would lack the rest:\n  {}\n"
                         "Nothing was written; --force writes it all the same.",

@@ -85,6 +85,14 @@ TEST_F(LossyFile, OfAKeyThatStandsTwiceIsToldAndRepaired) {
     plan_.Output({"check", "b.prx"});
 }
 
+TEST_F(LossyFile, IsToldOnlyWhenTheNewOneIsWritten) {
+    plan_.Output({"new", "a.prx"});
+    plan_.Output({"add", "a.prx", "Task"});
+    plan_.Write("a.prx", Replaced(plan_.Read("a.prx"), "<TaskPosition>1<", "<TaskPosition>7<"));
+
+    EXPECT_TRUE(Has(plan_.Refusal({"check", "a.prx", "--repair", "nowhere/b.prx"}), "The folder was not found"));
+}
+
 /// A tie whose record has a key that no list keeps as it is.
 class KeylessTie : public testing::TestWithParam<std::tuple<std::pair<const char*, const char*>, const char*>> {
 protected:
