@@ -26,6 +26,7 @@ protected:
 
 private:
     Progress progress_;
+    bool told_of_error_file_ = false;
 };
 
 /// There are no pages of help; that is said where a window asks for one.
@@ -40,7 +41,7 @@ public:
     Host();
     Progress& progress() { return ui_.progress(); }
     /// The file that failures are recorded in.
-    std::string ErrorFile() { return files_.ProgramFolder() + "/SendToSupport.xml"; }
+    static std::string ErrorFile();
 
 private:
     mrlxmlclass::Services& system_ = mrlxmlclass::SystemServices();

@@ -259,6 +259,19 @@ TEST(Prx, KeepsItsOwnFilesInTheStateFolderOfTheUser) {
     EXPECT_TRUE(folder.Has("state/prx/steps.xml"));
 }
 
+TEST(Prx, TellsOnceInWordsThatItsErrorFileCouldNotBeWritten) {
+    const Folder folder;
+    folder.CopyExample("house.prx", "a.prx");
+    folder.Write("a.prx", Replaced(folder.Read("a.prx"), "<ParentID>16</ParentID>", "<ParentID>999</ParentID>"));
+    folder.Write("state", "no folder");
+
+    const Result result = folder.Prx({"check", "a.prx"});
+
+    EXPECT_EQ(result.status, 1);
+    EXPECT_EQ(result.err, "prx: what went wrong could not be recorded in " +
+                              folder.Path("state/prx/SendToSupport.xml") + ": The folder was not found\n");
+}
+
 TEST(Prx, LeavesNoLockBehind) {
     const Folder folder;
     folder.Output({"new", "a.prx"});
