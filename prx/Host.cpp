@@ -22,6 +22,11 @@ std::string WhyNotRecorded(std::string_view message) {
 
 }  // namespace
 
+void HostFiles::Keep(const std::string& path) {
+    kept_ = files_.Read(path);
+    kept_path_ = path;
+}
+
 void HostUi::Message(const std::string& text) {
     const std::string why = WhyNotRecorded(text);
     if (!why.empty() && std::exchange(told_of_error_file_, true)) return;

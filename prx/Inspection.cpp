@@ -8,7 +8,6 @@
 #include <unordered_map>
 #include <unordered_set>
 
-#include "mrlxmlclass/dom/Document.h"
 #include "mrlxmlclass/runtime/Tail.h"
 #include "mrlxmlclass/runtime/Text.h"
 #include "mrlxmlclass/xml/Conversions.h"
@@ -174,10 +173,8 @@ std::vector<std::string> Recorded(const Project& project) {
 
 std::vector<std::string> Repairs(const Project& project) {
     Lines lines;
-    const auto document = Make<dom::Document>();
-    if (!document->Load(project.path())) return lines;
     const FileDates dates(*project.app().xProject());
-    ForEachElement(document->documentElement().selectSingleNode("Tasks"), "Task", [&](dom::Node record) {
+    ForEachElement(project.root().selectSingleNode("Tasks"), "Task", [&](dom::Node record) {
         const String key = record.selectSingleNode("TaskKey").Text();
         const Ref<TasksCls> task = project.tasks()->Item(String(Trim(key)));
         if (!task) return;

@@ -254,9 +254,7 @@ std::vector<std::string> LostRecords(const Project& project) {
         lines.push_back(fmt::format("the section {} is missing: a save was interrupted, or it was taken out",
                                     entry.item.As<String>()));
     }
-    const auto document = Make<dom::Document>();
-    if (!document->Load(project.path())) return lines;
-    const std::vector<std::string> more = FileLosses(project.app(), document->documentElement()).Look();
+    const std::vector<std::string> more = FileLosses(project.app(), project.root()).Look();
     lines.insert(lines.end(), more.begin(), more.end());
     return lines;
 }

@@ -2,6 +2,7 @@
 
 #include <fmt/core.h>
 #include <fmt/ranges.h>
+#include <sys/stat.h>
 
 #include <algorithm>
 #include <filesystem>
@@ -36,6 +37,36 @@ std::string Absolute(const std::string& file) {
     return path.string();
 }
 
+/// What the system refuses to do with a file is told of it.
+template <class Work>
+auto Asked(const std::string& path, Work&& work) {
+    try {
+        return work();
+    } catch (const Failure& failed) {
+        throw Refusal(fmt::format("{}: {}", Plain(path), Plain(failed.description())));
+    }
+}
+
+FileFacts FactsOf(const std::string& path) {
+    return Asked(path, [&] { return Platform().files.Facts(path); });
+}
+
+/// As long as it lives, a new file gives nobody a right that a file of such rights does not give them. The group may be
+/// another one: it gets no right but everybody's.
+class RightsLike {
+public:
+    explicit RightsLike(std::uint32_t mode) : before_(umask(0777)) {
+        const std::uint32_t others = mode & ((mode & 07U) * 011U);
+        umask(before_ | (~others & 077U));
+    }
+    ~RightsLike() { umask(before_); }
+    RightsLike(const RightsLike&) = delete;
+    RightsLike& operator=(const RightsLike&) = delete;
+
+private:
+    mode_t before_;
+};
+
 /// About as many yields as a load of the file takes: one for each record.
 std::size_t RecordsIn(const std::string& path) {
     if (!ErrorsGoToTerminal()) return 0;
@@ -44,10 +75,10 @@ std::size_t RecordsIn(const std::string& path) {
 }
 
 /// What a recorded failure is about.
-enum class About { kLock, kReading, kOther };
+enum class About { kWizard, kReading, kOther };
 
 About AboutWhat(const ErrorEntry& entry) {
-    if (entry.ClassSource() == "locking" || entry.FunctionSource() == "CreateLockFile") return About::kLock;
+    if (entry.ClassSource() == "Persist" || entry.ClassSource() == "Steps") return About::kWizard;
     // A list of keys that ends early is no loss: the relations tell what belongs on it. Those are counted.
     const bool read = entry.FunctionSource().starts_with("FromXml") && !entry.ClassSource().ends_with("RelationCol");
     return read ? About::kReading : About::kOther;
@@ -79,47 +110,57 @@ std::size_t CountRecorded() {
     return handler ? static_cast<std::size_t>(handler->Log()->Error_Col()->Count().value()) : 0;
 }
 
+/// The wizard's state stands in a file of this program's own.
+void TellOfWizard(std::size_t first) {
+    TellEach("no fault of the project, but of the wizard's state", Recorded({About::kWizard}, first, CountRecorded()));
+}
+
 }  // namespace
 
-Project::Project(const std::string& file) : path_(Absolute(file)), session_(Make<Application>()) {
+Project::Project(Host& host, const std::string& file)
+    : host_(&host), path_(Absolute(file)), app_(Make<Application>()), document_(Make<dom::Document>()) {
     // Links live: without them a load and a save would drop them from the file.
     app().Init(/*BVersion=*/True);
     app().xFileName(path_);
 }
 
-void Project::Load(Host& host) {
-    const FileFacts facts = Platform().files.Facts(path_);
+void Project::DemandFile() const {
+    const FileFacts facts = FactsOf(path_);
     if (!facts.exists) throw Refusal(fmt::format("{}: there is no such file", Plain(path_)));
     if (facts.folder) throw Refusal(fmt::format("{}: this is a folder, not a project", Plain(path_)));
+}
 
+void Project::Load() {
+    Asked(path_, [&] { host_->files().Keep(path_); });
     Boolean read_only;
     Boolean loaded;
     {
-        const ProgressDuring bar(host.progress(), "Reading", RecordsIn(path_));
+        const ProgressDuring bar(host_->progress(), "Reading", RecordsIn(path_));
         loaded = app().LoadXML(/*p_onlyTasks=*/False, /*p_for_lib=*/False, read_only);
     }
-    read_only_ = static_cast<bool>(read_only);
+    read_only_ = read_only && locks_.empty();
     failures_at_opening_ = CountRecorded();
-    if (loaded) return;
-    const auto document = Make<dom::Document>();
-    document->Load(path_);
-    throw Refusal(
-        fmt::format("{}: this cannot be read as a project: {}", Plain(path_),
-                    document->error_text().empty() ? "see " + host.ErrorFile() : Plain(document->error_text())));
+    if (!document_->Load(path_) || !loaded) {
+        const String fault = document_->error_text();
+        throw Refusal(fmt::format("{}: this cannot be read as a project: {}", Plain(path_),
+                                  fault.empty() ? "see " + Host::ErrorFile() : Plain(fault)));
+    }
+    TellOfWizard(0);
+    ReadDates();
 }
 
 Project Project::ToLook(Host& host, const std::string& file) {
-    Project project(file);
-    project.Load(host);
+    Project project(host, file);
+    project.DemandFile();
+    project.Load();
     return project;
 }
 
 Project Project::ToEdit(Host& host, const std::string& file, bool force) {
-    Project project(file);
-    project.Load(host);
-    if (project.read_only_) {
-        throw Refusal(fmt::format("{}: somebody else has this project open; try again later", Plain(project.path_)));
-    }
+    Project project(host, file);
+    project.DemandFile();
+    project.Lock();
+    project.Load();
     if (force) {
         TellEach("was lost", Unread(project));
         TellEach("was mended", project.Mend());  // nothing stays tied to what is lost
@@ -127,15 +168,13 @@ Project Project::ToEdit(Host& host, const std::string& file, bool force) {
     } else {
         project.RefuseUnlessWhole();
     }
-    project.KeepCreationDate();
     project.tasks()->Phases();  // a list that is not there yet cannot lose a phase
     project.tasks()->AutoLink(True);
     return project;
 }
 
-Project Project::Fresh(Host& /*host*/, const std::string& file) {
-    RefuseToReplace(file);
-    Project project(file);
+Project Project::Fresh(Host& host, const std::string& file) {
+    Project project(host, file);
     project.LockNewFile();
     project.failures_at_opening_ = CountRecorded();
     return project;
@@ -143,13 +182,21 @@ Project Project::Fresh(Host& /*host*/, const std::string& file) {
 
 void Project::RefuseToReplace(const std::string& file) {
     const std::string path = Absolute(file);
-    if (Platform().files.Facts(path).exists)
-        throw Refusal(fmt::format("{}: there is such a file already", Plain(path)));
+    if (FactsOf(path).exists) throw Refusal(fmt::format("{}: there is such a file already", Plain(path)));
+}
+
+void Project::Lock() {
+    Files& files = host_->files().below();
+    locks_.emplace_back(files, path_);
+    std::error_code none;
+    // Others may have it by its own name.
+    if (std::filesystem::is_symlink(path_, none)) locks_.emplace_back(files, files.Resolve(path_));
 }
 
 void Project::LockNewFile() {
-    if (app().CreateLockFile() || !Module().g_ReadOnly) return;
-    throw Refusal(fmt::format("{}: somebody else is at work on this project", Plain(path_)));
+    RefuseToReplace(path_);
+    Lock();
+    RefuseToReplace(path_);  // somebody may have made it meanwhile
 }
 
 void Project::RefuseUnlessWhole() const {
@@ -167,22 +214,28 @@ void Project::RefuseUnlessWhole() const {
                         "new file; --force does so before the change.",
                         Plain(path_), fmt::join(keyless, "\n  ")));
     }
-    const std::vector<std::string> failures = OtherFailures();
-    if (!failures.empty()) {
-        refuse("nothing of this project is lost, but it is in disorder, so that a change may go wrong", failures);
+    std::vector<std::string> disorder = OtherFailures();
+    for (const auto& to_nowhere : {TiesToNowhere(*this), LinksToNowhere(*this)}) {
+        disorder.insert(disorder.end(), to_nowhere.begin(), to_nowhere.end());
+    }
+    if (!disorder.empty()) {
+        refuse("nothing of this project is lost, but it is in disorder, so that a change may go wrong", disorder);
     }
 }
 
-/// A load never takes this date back, and the next save would write none.
-void Project::KeepCreationDate() {
-    const auto document = Make<dom::Document>();
-    if (!document->Load(path_)) return;
-    const dom::Node root = document->documentElement();
-    const String format = root.selectSingleNode("DateFormat").Text();
-    const Date date = FailureTail("prx").Silent().Run<Date>("KeepCreationDate", [&](Date& result) {
-        result = ParseDate(root.selectSingleNode("ProjectCreationDate").Text(), format);
-    });
-    app().xProject()->ProjectCreationDate(date);
+/// A load passes by the day of creation, so that the next save would write none, and reads the two lines as dates of
+/// this system, whatever the format of the file.
+void Project::ReadDates() {
+    const String format = root().selectSingleNode("DateFormat").Text();
+    const auto date_of = [&](const char* element) {
+        return FailureTail("prx").Silent().Run<Date>("ReadDates", [&](Date& result) {
+            result = ParseDate(root().selectSingleNode(element).Text(), format.empty() ? SystemDatePattern() : format);
+        });
+    };
+    ProjectsCls& record = *app().xProject();
+    record.ProjectCreationDate(date_of("ProjectCreationDate"));
+    if (const Date start = date_of("ProjectStartLine"); start.set()) record.ProjectStartLine(start);
+    if (const Date deadline = date_of("ProjectDeadLine"); deadline.set()) record.ProjectDeadLine(deadline);
 }
 
 std::vector<std::string> Project::ReadingFailures() const {
@@ -191,10 +244,6 @@ std::vector<std::string> Project::ReadingFailures() const {
 
 std::vector<std::string> Project::OtherFailures() const {
     return Recorded({About::kOther}, 0, failures_at_opening_);
-}
-
-std::vector<std::string> Project::LockFailures() const {
-    return Recorded({About::kLock}, 0, CountRecorded());
 }
 
 std::vector<std::string> Project::FailuresSince() const {
@@ -229,9 +278,7 @@ void Project::Save() {
 }
 
 void Project::SaveAs(const std::string& file) {
-    RefuseToReplace(file);
-    KeepCreationDate();
-    app().endreadonly();
+    const RightsLike rights(FactsOf(path_).mode);
     path_ = Absolute(file);
     app().xFileName(path_);
     LockNewFile();
@@ -239,8 +286,11 @@ void Project::SaveAs(const std::string& file) {
 }
 
 void Project::Write() {
-    const String problem = SaveSafely(session_.app);
+    const std::size_t recorded = CountRecorded();
+    const String problem = SaveSafely(app_);
     if (!problem.empty()) throw Refusal(fmt::format("{}: not saved: {}", Plain(path_), Plain(problem)));
+    host_->saved(path_);
+    TellOfWizard(recorded);
 }
 
 }  // namespace prx

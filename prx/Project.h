@@ -3,21 +3,24 @@
 #include <string>
 #include <vector>
 
+#include "mrlxmlclass/dom/Document.h"
 #include "mrlxmlclass/session/Application.h"
 #include "mrlxmlclass/tasks/TasksCol.h"
 #include "prx/Host.h"
+#include "prx/ProjectLock.h"
 
 namespace prx {
 
-/// A project file that a command works on: opened, perhaps locked, saved when the command says so, and let go of
-/// however the command ends.
+/// A project file that a command works on: locked where it is to be changed, opened, saved when the command says so,
+/// and let go of however the command ends.
 class Project {
 public:
-    /// Opens a file to read it.
+    /// Opens a file to read it. Nobody is kept from changing it meanwhile.
     static Project ToLook(Host& host, const std::string& file);
     /// Opens a file to change it. Refuses one that somebody else has open and, unless `force`, one that could not be
-    /// read whole (saving it would lose the rest for good), that has a task without a key, or whose opening recorded a
-    /// failure. With `force` what is lost is told, and keys, ties and links are mended first, and told, too.
+    /// read whole (saving it would lose the rest for good), that has a task without a key, whose opening recorded a
+    /// failure, or in which a tie or a link leads to nothing (what is new would get it with the key). With `force` what
+    /// is lost is told, and keys, ties and links are mended first, and told, too.
     static Project ToEdit(Host& host, const std::string& file, bool force);
     /// Starts a project under a name that no file has yet.
     static Project Fresh(Host& host, const std::string& file);
@@ -27,10 +30,12 @@ public:
 
     Project(Project&&) = default;
 
-    mrlxmlclass::Application& app() const { return *session_.app; }
-    mrlxmlclass::Ref<mrlxmlclass::TasksCol> tasks() const { return session_.app->xTaskCol(); }
+    mrlxmlclass::Application& app() const { return *app_; }
+    mrlxmlclass::Ref<mrlxmlclass::TasksCol> tasks() const { return app_->xTaskCol(); }
     /// The whole path.
     const std::string& path() const { return path_; }
+    /// The root element of the file as it was opened; null for a new one.
+    mrlxmlclass::dom::Node root() const { return document_->documentElement(); }
     /// Somebody else holds the project.
     bool read_only() const { return read_only_; }
 
@@ -38,9 +43,7 @@ public:
     std::vector<std::string> ReadingFailures() const;
     /// What else it recorded while it opened the file.
     std::vector<std::string> OtherFailures() const;
-    /// The same for the lock alone: a folder in which nothing can be written is no fault of the project.
-    std::vector<std::string> LockFailures() const;
-    /// What it recorded since the file was open, but for troubles with the lock.
+    /// What it recorded since the file was open.
     std::vector<std::string> FailuresSince() const;
 
     /// Mends keys, ties and links in memory and tells what was done.
@@ -52,29 +55,25 @@ public:
     void RefuseIfFailed() const;
     /// Replaces the file, or leaves it as it is and refuses: also when the edit did not go through.
     void Save();
-    /// Lets go of the file and goes on as a new one, which is saved; an edit that did not go through is, too.
+    /// Goes on as a new file, to which nobody gets a right that they do not have to this one, and saves it; also an
+    /// edit that did not go through.
     void SaveAs(const std::string& file);
 
 private:
-    /// Lets go of the lock at the end.
-    struct Session {
-        mrlxmlclass::Ref<mrlxmlclass::Application> app;
-        explicit Session(mrlxmlclass::Ref<mrlxmlclass::Application> application) : app(std::move(application)) {}
-        Session(Session&&) = default;
-        ~Session() {
-            if (app) app->endreadonly();
-        }
-    };
-
-    explicit Project(const std::string& file);
-    void Load(Host& host);
-    void RefuseUnlessWhole() const;
-    void KeepCreationDate();
+    Project(Host& host, const std::string& file);
+    void DemandFile() const;
+    void Lock();
     void LockNewFile();
+    void Load();
+    void RefuseUnlessWhole() const;
+    void ReadDates();
     void Write();
 
+    Host* host_;
     std::string path_;
-    Session session_;
+    std::vector<ProjectLock> locks_;  ///< two for a link
+    mrlxmlclass::Ref<mrlxmlclass::Application> app_;
+    mrlxmlclass::Ref<mrlxmlclass::dom::Document> document_;
     bool read_only_ = false;
     std::size_t failures_at_opening_ = 0;
 };

@@ -56,10 +56,8 @@ public:
 private:
     /// The key stands there out of its place. Where records are missing it may be one of theirs.
     void LookIntoFile() {
-        const auto document = Make<dom::Document>();
-        if (!document->Load(project_.path())) return;
         std::vector<Long> keys;
-        ForEachElement(document->documentElement().selectSingleNode("Tasks"), "Task",
+        ForEachElement(project_.root().selectSingleNode("Tasks"), "Task",
                        [&](dom::Node record) { keys.push_back(KeyNumber(record.selectSingleNode("TaskKey").Text())); });
         if (std::cmp_not_equal(keys.size(), project_.tasks()->Count(/*p_all=*/True).value())) return;
         for (const Long key : keys) Consider(key);

@@ -1,6 +1,7 @@
 #include <fmt/core.h>
 
 #include <cstdio>
+#include <system_error>
 
 #include "prx/Command.h"
 #include "prx/Refusal.h"
@@ -9,6 +10,13 @@
 namespace {
 
 using prx::Command;
+
+/// Refuses where the output did not get where it should; `more` says what was done all the same.
+void DemandWritten(const std::string& more = {}) {
+    if (std::fflush(stdout) != 0 || std::ferror(stdout) != 0) {
+        throw prx::Refusal("the output could not be written" + more);
+    }
+}
 
 int Run(int argc, char** argv) {
     CLI::App app("Plans in .prx files: start, show, change and check them.", "prx");
@@ -26,13 +34,22 @@ int Run(int argc, char** argv) {
     try {
         app.parse(argc, argv);
     } catch (const CLI::ParseError& error) {
-        return app.exit(error) == 0 ? Command::kDone : Command::kRefused;
+        const bool asked_for = app.exit(error) == 0;
+        DemandWritten();
+        return asked_for ? Command::kDone : Command::kRefused;
     }
     for (const auto& command : commands) {
         if (!command->chosen()) continue;
         if (command->opens_window()) prx::GoOnWithWindows(argv);
         prx::Host host;
-        return command->Run(host);
+        int status = Command::kRefused;
+        try {
+            status = command->Run(host);
+        } catch (const std::system_error&) {
+            if (std::ferror(stdout) == 0) throw;  // else it was told of a full output, as is done here
+        }
+        DemandWritten(host.saved().empty() ? "" : ", but " + prx::Plain(host.saved()) + " was saved");
+        return status;
     }
     return Command::kRefused;
 }
@@ -46,9 +63,8 @@ int Tell(const char* what) {
 
 /// The border of the process: whatever ends a command early is told in words.
 int main(int argc, char** argv) {
-    int status = Command::kRefused;
     try {
-        status = Run(argc, argv);
+        return Run(argc, argv);
     } catch (const prx::Refusal& refusal) {
         return Tell(refusal.what());
     } catch (const std::bad_alloc&) {
@@ -56,6 +72,4 @@ int main(int argc, char** argv) {
     } catch (const std::exception& error) {
         return Tell(prx::Plain(error.what()).c_str());
     }
-    if (std::fflush(stdout) != 0 || std::ferror(stdout) != 0) return Tell("the output could not be written");
-    return status;
 }

@@ -83,7 +83,6 @@ private:
 
     static void TellOfLock(const Project& project) {
         if (project.read_only()) Note("somebody else has this project open");
-        for (const std::string& failure : project.LockFailures()) Note("no lock could be taken: " + failure);
     }
     static int TellThatAllIsWell(const Project& project) {
         const std::size_t rows = Outline(project.tasks()).size();

@@ -30,7 +30,9 @@ public:
 
     /// Runs prx in this folder. Whatever it does, it never ends by a signal, hangs or prints the insides of C++: that
     /// fails the test.
-    Result Prx(const std::vector<std::string>& arguments) const;
+    Result Prx(const std::vector<std::string>& arguments) const { return PrxInto(Path(".out"), arguments); }
+    /// The same with its standard output going elsewhere.
+    Result PrxInto(const std::string& output, const std::vector<std::string>& arguments) const;
     /// The output of a run that must succeed.
     std::string Output(const std::vector<std::string>& arguments) const;
     /// The error output of a run that must be refused; it must print nothing else.

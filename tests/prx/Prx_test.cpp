@@ -154,7 +154,7 @@ void Folder::CopyExample(const std::string& example, const std::string& name) co
     Write(name, content);
 }
 
-Result Folder::Prx(const std::vector<std::string>& arguments) const {
+Result Folder::PrxInto(const std::string& output, const std::vector<std::string>& arguments) const {
     // Stopped after a time in which the slowest build answers many times over.
     std::vector<std::string> texts = {"env",     "-C", path_,      "XDG_STATE_HOME=" + Path("state"), "LC_ALL=C.UTF-8",
                                       "timeout", "60", PRX_PROGRAM};
@@ -166,7 +166,7 @@ Result Folder::Prx(const std::vector<std::string>& arguments) const {
 
     posix_spawn_file_actions_t actions;
     posix_spawn_file_actions_init(&actions);
-    posix_spawn_file_actions_addopen(&actions, 1, Path(".out").c_str(), O_WRONLY | O_CREAT | O_TRUNC, 0600);
+    posix_spawn_file_actions_addopen(&actions, 1, output.c_str(), O_WRONLY | O_CREAT | O_TRUNC, 0600);
     posix_spawn_file_actions_addopen(&actions, 2, Path(".err").c_str(), O_WRONLY | O_CREAT | O_TRUNC, 0600);
     pid_t process = 0;
     const int error = posix_spawnp(&process, "env", &actions, nullptr, pointers.data(), environ);
@@ -175,7 +175,8 @@ Result Folder::Prx(const std::vector<std::string>& arguments) const {
     int status = 0;
     waitpid(process, &status, 0);
 
-    Result result{WIFEXITED(status) ? WEXITSTATUS(status) : 128 + WTERMSIG(status), Read(".out"), Read(".err")};
+    Result result{WIFEXITED(status) ? WEXITSTATUS(status) : 128 + WTERMSIG(status),
+                  std::filesystem::is_regular_file(output) ? ReadFile(output) : "", Read(".err")};
     EXPECT_LE(result.status, 2) << result.err;
     for (const char* inside : {"terminate called", "what():", "Sanitizer", "runtime error", "std::", "Segmentation"}) {
         EXPECT_EQ(result.err.find(inside), std::string::npos) << result.err;
@@ -257,6 +258,22 @@ TEST(Prx, KeepsItsOwnFilesInTheStateFolderOfTheUser) {
 
     EXPECT_TRUE(folder.Has("state/prx/SendToSupport.xml"));
     EXPECT_TRUE(folder.Has("state/prx/steps.xml"));
+}
+
+TEST(Prx, SaysThatItSavedWhenItsOutputCouldNotBeWritten) {
+    const Folder folder;
+    folder.Output({"new", "a.prx"});
+
+    const Result added = folder.PrxInto("/dev/full", {"add", "a.prx", "Task"});
+    const Result shown = folder.PrxInto("/dev/full", {"show", "a.prx"});
+    folder.CopyExample("house.prx", "b.prx");
+    const Result shifted = folder.PrxInto("/dev/full", {"shift", "b.prx", "1"});  // more than a buffer holds
+
+    EXPECT_EQ(added.status, 2);
+    EXPECT_EQ(added.err, "prx: the output could not be written, but " + folder.Path("a.prx") + " was saved\n");
+    EXPECT_EQ(shifted.err, "prx: the output could not be written, but " + folder.Path("b.prx") + " was saved\n");
+    EXPECT_EQ(shown.status, 2);
+    EXPECT_EQ(shown.err, "prx: the output could not be written\n");
 }
 
 TEST(Prx, TellsOnceInWordsThatItsErrorFileCouldNotBeWritten) {

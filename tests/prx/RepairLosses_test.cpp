@@ -1,5 +1,7 @@
 #include <gtest/gtest.h>
 
+#include <filesystem>
+
 #include "tests/prx/PlanFolder.h"
 
 namespace prx_test {
@@ -91,6 +93,22 @@ TEST_F(LossyFile, IsToldOnlyWhenTheNewOneIsWritten) {
     plan_.Write("a.prx", Replaced(plan_.Read("a.prx"), "<TaskPosition>1<", "<TaskPosition>7<"));
 
     EXPECT_TRUE(Has(plan_.Refusal({"check", "a.prx", "--repair", "nowhere/b.prx"}), "The folder was not found"));
+}
+
+TEST_F(LossyFile, GivesNobodyARightToTheNewOneThatTheyDoNotHaveToIt) {
+    plan_.Output({"new", "a.prx"});
+    plan_.Output({"add", "a.prx", "Task"});
+    plan_.Write("a.prx", Replaced(plan_.Read("a.prx"), "<TaskPosition>1<", "<TaskPosition>7<"));
+    using std::filesystem::perms;
+    for (const auto& [old_rights, new_rights] :
+         {std::pair(perms(0600), perms(0600)), {perms(0640), perms(0600)}, {perms(0644), perms(0644)}}) {
+        std::filesystem::permissions(plan_.Path("a.prx"), old_rights);
+
+        plan_.Output({"check", "a.prx", "--repair", "b.prx"});
+
+        EXPECT_EQ(std::filesystem::status(plan_.Path("b.prx")).permissions(), new_rights);
+        std::filesystem::remove(plan_.Path("b.prx"));
+    }
 }
 
 /// A tie whose record has a key that no list keeps as it is.
