@@ -89,6 +89,23 @@ FileFacts FactsOf(const struct stat& status) {
     return facts;
 }
 
+namespace {
+
+[[noreturn]] void RaiseForDisk(int error, SourceLine where) {
+    switch (error) {
+        case EROFS:
+            Raise(failure::kPermissionDenied, "The disk can only be read", where);
+        case ENOSPC:
+            Raise(failure::kDeviceFailure, "The disk is full", where);
+        case EDQUOT:
+            Raise(failure::kDeviceFailure, "There is no more room on the disk for this user", where);
+        default:
+            Raise(failure::kDeviceFailure, where);
+    }
+}
+
+}  // namespace
+
 void RaiseFor(int error, const String& path, SourceLine where) {
     switch (error) {
         case ENOENT: {
@@ -102,7 +119,6 @@ void RaiseFor(int error, const String& path, SourceLine where) {
             Raise(failure::kPathNotFound, where);
         case EACCES:
         case EPERM:
-        case EROFS:
         case ETXTBSY:
             Raise(failure::kPermissionDenied, where);
         case EISDIR:
@@ -114,13 +130,13 @@ void RaiseFor(int error, const String& path, SourceLine where) {
         case ENAMETOOLONG:
             Raise(failure::kPathAccess, where);
         default:
-            Raise(failure::kDeviceFailure, where);
+            RaiseForDisk(error, where);
     }
 }
 
 void RaiseForOpenFile(int error, SourceLine where) {
-    const bool no_right = error == EACCES || error == EPERM || error == EROFS;
-    Raise(no_right ? failure::kPermissionDenied : failure::kDeviceFailure, where);
+    if (error == EACCES || error == EPERM) Raise(failure::kPermissionDenied, where);
+    RaiseForDisk(error, where);
 }
 
 }  // namespace mrlxmlclass::platform

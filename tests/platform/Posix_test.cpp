@@ -87,5 +87,17 @@ TEST(RaiseForOpenFile, KnowsTwoNumbers) {
     EXPECT_EQ(NumberOf([] { RaiseForOpenFile(EINVAL); }), 57);
 }
 
+TEST(RaiseForOpenFile, SaysWhatIsWrongWithTheDisk) {
+    for (const auto& [error, words] :
+         {std::pair{ENOSPC, "The disk is full"}, std::pair{EDQUOT, "There is no more room on the disk for this user"},
+          std::pair{EROFS, "The disk can only be read"}}) {
+        try {
+            RaiseForOpenFile(error);
+        } catch (const Failure& failed) {
+            EXPECT_EQ(failed.description(), words);
+        }
+    }
+}
+
 }  // namespace
 }  // namespace mrlxmlclass::testing
