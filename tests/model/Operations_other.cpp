@@ -88,8 +88,11 @@ bool Damage(const Edit& edit) {
         case 5:
             edit.col().Events.Raise(&TasksColEvents::DateStartChange, edit.task->TaskKey(), Monday - 1, False, False);
             break;
-        default:
+        case 6:
             edit.col().ChangePercentDone("99", 1);
+            break;
+        default:
+            Module().g_MinDate = Monday - 1;
             break;
     }
     return true;

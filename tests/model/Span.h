@@ -12,26 +12,39 @@ Date LastDay(const World& world);
 /// where not.
 void CheckSpan(World& world);
 
-/// What is known of the span, without a count, before an edit. It need not be right: a task whose start is set while
-/// nothing is known is taken for the first, and a duration alone tells nobody of the new end. But what sets no date
-/// leaves it alone.
+/// What is known of the span, without a count, before an edit. It need not be right: Span.cpp has a list of the
+/// reasons. But an end that was known rightly, or not at all, is known no other way after an edit, unless one of them
+/// holds; and what sets no date leaves all of it alone.
 class KnownSpan {
 public:
     explicit KnownSpan(World& world);
     void Check(std::string_view operation) const;
 
-private:
-    struct Known {
-        Date first;
-        Long first_holder;
-        Date last;
-        Long last_holder;
-        bool operator==(const Known&) const = default;
+    /// One end of the span: what is known of it, and what it is.
+    struct End {
+        Date day;
+        Long holder;
+        Date counted;
+        std::optional<Date> holders_day;  ///< nothing where nobody holds it
+        bool of_summary;                  ///< its holder has children
+        bool of_milestone;
+
+        bool Right() const { return !day.set() || day == counted; }
+        /// Right, and not by chance, its holder having left it.
+        bool Held() const { return Right() && (!day.set() || !holders_day || *holders_day == day); }
+        bool SameAs(const End& other) const { return day == other.day && holder == other.holder; }
     };
-    static Known Now();
+
+private:
+    struct Ends {
+        End first;
+        End last;
+        bool undated;  ///< a task of the outline is
+    };
+    static Ends Now(const World& world);
 
     World& world_;
-    Known before_ = Now();
+    Ends before_ = Now(world_);
 };
 
 }  // namespace mrlxmlclass::model
