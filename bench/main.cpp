@@ -28,15 +28,20 @@ public:
         Ratio("AddTaskParentForAll/30000", "AddTaskParentForAll/1000", "linear: 30");
         Ratio("ItemByNumber/30000", "ItemByNumber/1000", "constant: 1");
         Ratio("ItemByText/30000", "ItemByText/1000", "constant: 1");
-        for (const char* chain : {"100/0", "999/0", "2500/0", "1000/-1", "10000/-1", "30000/-1"}) {
+        for (const char* chain : {"100/0", "999/0", "2500/0", "100/-1", "1000/-1", "10000/-1", "30000/-1"}) {
             Ratio("ChainWalk/" + std::string(chain), "FloorChain/" + std::string(chain), "a task; at most 30");
         }
+        Ratio("OutlineWalkDown/10/10", "FloorChain/100/-1", "a task; at most 30");
         Ratio("OutlineWalkDown/10/100", "FloorChain/1000/-1", "a task; at most 30");
         Ratio("OutlineWalkDown/100/100", "FloorChain/10000/-1", "a task; at most 30");
+        Ratio("OutlineWalkDown/10/1000", "FloorChain/10000/-1", "a task; at most 30");
+        Ratio("OutlineWalkDown/30/1000", "FloorChain/30000/-1", "a task; at most 30");
         Ratio("ChainWalk/30000/-1", "ChainWalk/1000/-1", "a task; linear: 1");
         Ratio("OutlineWalkDown/10/1000", "OutlineWalkDown/10/100", "a task; linear: 1");
         Ratio("OutlineWalkDown/100/100", "OutlineWalkDown/10/100", "a task; linear: 1");
+        Ratio("OutlineWalkDown/30/1000", "OutlineWalkDown/10/100", "a task; linear: 1");
         Ratio("LinksAcrossSummaries/1000", "LinksAcrossSummaries/100", "a task; linear: 1");
+        Ratio("LinkThatMovesWhatFollows/10000", "LinkThatMovesWhatFollows/1000", "a task; linear: 1");
         Ratio("ResetStartDateOfAll/30000", "ResetStartDateOfAll/1000", "a task; linear: 1");
         for (const char* of :
              {"AssignPeople", "UnAssignPeople", "AssignGoals", "UnAssignGoals", "LoadRelations", "SaveRelations"}) {
