@@ -52,9 +52,13 @@ internals() {
 
 lengths() {
     local file lines
-    for file in $(sources); do
+    for file in $(sources) $(find tests -name '*.h' -o -name '*.cpp' | sort); do
         lines=$(wc -l <"$file")
         [ "$lines" -le 450 ] || echo "$file: $lines lines, 450 are the most"
+    done
+    for file in $(find tests -name '*.cpp' | sort); do
+        awk -v file="$file" '/^TEST(_F|_P)?\(/ { test = $0; first = NR }
+            /^}/ && test { if (NR - first >= 60) print file ": " NR - first + 1 " lines, 60 are the most: " test; test = "" }' "$file"
     done
 }
 

@@ -48,6 +48,10 @@ breaks catches mrlxmlclass/tasks/A.cpp '} catch (const std::exception&) {'
 breaks parser mrlxmlclass/dom/Node.cpp '#include <pugixml.hpp>'
 breaks internals mrlxmlclass/tasks/A.h '#include "mrlxmlclass/tasks/A_internal.h"'
 breaks lengths mrlxmlclass/tasks/A.cpp "$(seq 460)"
+breaks lengths tests/tasks/A_test.cpp "$(seq 460)"
+breaks lengths tests/tasks/B_test.cpp "TEST(B, IsLong) {
+$(seq 59)
+}"
 breaks tests mrlxmlclass/tasks/B.cpp 'int b;'
 breaks kept mrlxmlclass/session/C.cpp '// Kept: odd'
 breaks kept mrlxmlclass/session/C.h '// Kept: odd'

@@ -2,6 +2,7 @@
 
 #include <gtest/gtest.h>
 
+#include <algorithm>
 #include <functional>
 #include <new>
 #include <random>
@@ -314,77 +315,84 @@ TEST(OrderedStore, FindsWhatStandsAfterMemoryWasLacking) {
     }
 }
 
+/// A store and a plain list that go through the same drawn changes.
+class StoreAndList {
+public:
+    explicit StoreAndList(unsigned seed) : random_(seed) {}
+
+    void Change(int step) {
+        // Long phases of growing and of shrinking, so that every size is passed both ways.
+        const bool growing = step / 300 % 2 == 0;
+        const KeyText key = Below(10) == 0 ? KeyText() : KeyText(static_cast<int>(Below(400)));
+        const std::size_t taken = PlaceOf(key);
+        const std::size_t kind = Below(10);
+        if (kind < 5 && growing) {
+            ASSERT_EQ(store_.Append(key, step), taken == Store::npos);
+            if (taken == Store::npos) list_.emplace_back(key, step);
+        } else if (kind < 5 && !list_.empty()) {
+            const std::size_t at = Below(list_.size());
+            store_.RemoveAt(at);
+            list_.erase(list_.begin() + static_cast<std::ptrdiff_t>(at));
+        } else if (kind == 5) {
+            const std::size_t at = Below(list_.size() + 1);
+            ASSERT_EQ(store_.Insert(at, key, step), taken == Store::npos);
+            if (taken == Store::npos) list_.emplace(list_.begin() + static_cast<std::ptrdiff_t>(at), key, step);
+        } else if (kind == 6 || kind == 7) {
+            ASSERT_EQ(store_.Remove(key), taken != Store::npos);
+            if (taken != Store::npos) list_.erase(list_.begin() + static_cast<std::ptrdiff_t>(taken));
+        } else if (kind == 8 && taken != Store::npos) {
+            store_.Replace(taken, -step);
+            list_[taken].second = -step;
+        } else if (kind == 9) {
+            if (step % 7 == 0) snapshots_.emplace_back(store_, list_);
+            if (step % 5 == 0 && !snapshots_.empty()) snapshots_.erase(snapshots_.begin());
+            if (step % 97 == 0) store_.Clear(), list_.clear();
+        }
+    }
+    void LookForAFewKeys() {
+        for (int look = 0; look < 8; ++look) {
+            const KeyText wanted = KeyText(static_cast<int>(Below(400)));
+            ASSERT_EQ(store_.IndexOf(wanted), PlaceOf(wanted));
+        }
+    }
+    void ExpectTheSame() const { ExpectTheSame(store_, list_); }
+    void ExpectTheSameOfSnapshots() const {
+        for (const auto& [store, list] : snapshots_) ExpectTheSame(store, list);
+    }
+
+private:
+    using List = std::vector<std::pair<KeyText, int>>;
+
+    std::size_t Below(std::size_t limit) { return static_cast<std::size_t>(random_() % limit); }
+    std::size_t PlaceOf(KeyText key) const {
+        const auto found = std::ranges::find(list_, key, &List::value_type::first);
+        return key.none() || found == list_.end() ? Store::npos : static_cast<std::size_t>(found - list_.begin());
+    }
+    static void ExpectTheSame(const Store& store, const List& list) {
+        ASSERT_EQ(store.size(), list.size());
+        for (std::size_t i = 0; i < list.size(); ++i) {
+            ASSERT_EQ(store[i].key, list[i].first);
+            ASSERT_EQ(store[i].item, list[i].second);
+        }
+    }
+
+    std::mt19937 random_;
+    Store store_;
+    List list_;
+    std::vector<std::pair<Store, List>> snapshots_;
+};
+
 TEST(OrderedStore, AgreesWithAPlainListOverThousandsOfChanges) {
     for (const unsigned seed : {1U, 2U, 3U, 4U}) {
-        std::mt19937 random(seed);
-        const auto below = [&](std::size_t limit) { return static_cast<std::size_t>(random() % limit); };
-        Store store;
-        std::vector<std::pair<KeyText, int>> list;
-        std::vector<std::pair<Store, std::vector<std::pair<KeyText, int>>>> snapshots;
-        const auto place_of = [](const auto& pairs, KeyText key) {
-            const auto found = std::find_if(pairs.begin(), pairs.end(), [&](const auto& p) { return p.first == key; });
-            return key.none() || found == pairs.end() ? Store::npos : static_cast<std::size_t>(found - pairs.begin());
-        };
-        const auto expect_same = [&](const Store& tested, const auto& pairs) {
-            ASSERT_EQ(tested.size(), pairs.size());
-            for (std::size_t i = 0; i < pairs.size(); ++i) {
-                ASSERT_EQ(tested[i].key, pairs[i].first);
-                ASSERT_EQ(tested[i].item, pairs[i].second);
-            }
-        };
+        StoreAndList both(seed);
         for (int step = 0; step < 4000; ++step) {
             SCOPED_TRACE(testing::Message() << "seed " << seed << ", step " << step);
-            // Long phases of growing and of shrinking, so that every size is passed both ways.
-            const bool growing = step / 300 % 2 == 0;
-            const KeyText key = below(10) == 0 ? KeyText() : KeyText(static_cast<int>(below(400)));
-            const std::size_t taken = place_of(list, key);
-            switch (below(10)) {
-                case 0:
-                case 1:
-                case 2:
-                case 3:
-                case 4: {
-                    if (!growing) {
-                        if (list.empty()) break;
-                        const std::size_t at = below(list.size());
-                        store.RemoveAt(at);
-                        list.erase(list.begin() + static_cast<std::ptrdiff_t>(at));
-                        break;
-                    }
-                    ASSERT_EQ(store.Append(key, step), taken == Store::npos);
-                    if (taken == Store::npos) list.emplace_back(key, step);
-                    break;
-                }
-                case 5: {
-                    const std::size_t at = below(list.size() + 1);
-                    ASSERT_EQ(store.Insert(at, key, step), taken == Store::npos);
-                    if (taken == Store::npos) list.emplace(list.begin() + static_cast<std::ptrdiff_t>(at), key, step);
-                    break;
-                }
-                case 6:
-                case 7:
-                    ASSERT_EQ(store.Remove(key), taken != Store::npos);
-                    if (taken != Store::npos) list.erase(list.begin() + static_cast<std::ptrdiff_t>(taken));
-                    break;
-                case 8:
-                    if (taken == Store::npos) break;
-                    store.Replace(taken, -step);
-                    list[taken].second = -step;
-                    break;
-                default:
-                    if (step % 7 == 0) snapshots.emplace_back(store, list);
-                    if (step % 5 == 0 && !snapshots.empty()) snapshots.erase(snapshots.begin());
-                    if (step % 97 == 0) store.Clear(), list.clear();
-                    break;
-            }
-            for (int look = 0; look < 8; ++look) {
-                const KeyText wanted = KeyText(static_cast<int>(below(400)));
-                ASSERT_EQ(store.IndexOf(wanted), place_of(list, wanted));
-            }
-            if (step % 50 == 0) expect_same(store, list);
+            both.Change(step);
+            both.LookForAFewKeys();
+            if (step % 50 == 0) both.ExpectTheSame();
         }
-        expect_same(store, list);
-        for (const auto& [snapshot, pairs] : snapshots) expect_same(snapshot, pairs);
+        both.ExpectTheSame();
+        both.ExpectTheSameOfSnapshots();
     }
 }
 
