@@ -277,7 +277,7 @@ TEST(ErrorsHandlerGrowth, WritesLittleMoreThanTheFileOverTenThousandFailures) {
     const InstalledServices installed(services);
     for (int n = 1; n <= 10000; ++n) {
         kTail.Run("Some", [] { Raise(failure::kTypeMismatch); });
-        if (n % 1000 != 0 && n > 5) continue;
+        if (n % 250 != 0 && n > 250) continue;
         const auto file = DocumentOfFile(session.Path(kErrorFile));
         ASSERT_EQ(file->error_text(), "") << "after " << n;
         ASSERT_EQ(file->documentElement().childCount(), n);

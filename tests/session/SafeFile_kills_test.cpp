@@ -100,7 +100,9 @@ TEST(SaveSafely, LeavesAWholeFileWheneverItIsKilled) {
         const String found = project.Read("house.prx");
         ASSERT_TRUE(found == change.before || found == change.after);
         old += found == change.before ? 1 : 0;
-        left_behind += project.FilesThere() == "house.prx" ? 0 : 1;
+        const String there = project.FilesThere();
+        ASSERT_LE(std::ranges::count(there, ' '), 1) << there << ": no save leaves what one before it left";
+        left_behind += there == "house.prx" ? 0 : 1;
         if (killed % kSavesBetween != 0) continue;
         EXPECT_TRUE(SavingChild(project).Saved());
         EXPECT_EQ(project.FilesThere(), "house.prx");
