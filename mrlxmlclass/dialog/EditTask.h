@@ -180,6 +180,8 @@ public:
     void VSFlexGridResource_BeforeRowColChange(Long OldRow, Long OldCol, Long NewRow, Long NewCol,
                                                ByRef<Boolean> Cancel);
     void VSFlexGridResource_ComboCloseUp(Long Row, Long Col, ByRef<Boolean> FinishEdit);
+    /// Nothing follows from a key in this table.
+    void VSFlexGridResource_KeyDown(Integer /*KeyCode*/, Integer /*Shift*/) {}
     void VSFlexGridResource_LostFocus();
 
     // --- Notes and attachments --------------------------------------------------------------------------------------

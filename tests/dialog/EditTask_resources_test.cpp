@@ -185,5 +185,21 @@ TEST_F(PeopleTable, TakesTheDataOfAChosenEntry) {
     });
 }
 
+TEST_F(PeopleTable, MakesNothingOfAKey) {
+    InDialog([](EditTask& form) {
+        form.MoveTo(form.VSFlexGridResource, 1, kPerson);
+        const String before = Drawn(form.VSFlexGridResource);
+        for (const int key : {int{EditTask::kDelete}, int{EditTask::kV}, int{'A'}}) {
+            form.VSFlexGridResource_KeyDown(key, EditTask::kControlDown);
+            form.VSFlexGridResource_KeyDown(key, 0);
+        }
+        EXPECT_EQ(Drawn(form.VSFlexGridResource), before);
+        EXPECT_EQ(form.VSFlexGridResource.Row(), 1);
+        form.CmdOK_Click(0);
+    });
+    EXPECT_EQ(plan.Heard(), "");
+    EXPECT_EQ(plan["Design"].PeopleAsString(), "Ann");
+}
+
 }  // namespace
 }  // namespace mrlxmlclass::testing

@@ -68,6 +68,30 @@ TEST_F(Opener, IsNotStartedForATargetThatIsNotThere) {
     EXPECT_FALSE(plat.Exists("noted"));
 }
 
+TEST_F(Opener, RunsNothingOfATargetThatLooksLikeACommand) {
+    InstallNoting();
+    const String touch = "touch " + plat.Path("ran");
+    for (const String& command :
+         {"\"; " + touch + "; \"", "`" + touch + "`", "$(" + touch + ")", "'; " + touch + " '"}) {
+        EXPECT_EQ(system.Open("/" + command), 2) << command;
+        EXPECT_EQ(system.Open(command), 2) << command;
+        EXPECT_FALSE(plat.Exists("noted"));
+        EXPECT_EQ(system.Open("https://x.org/" + command), 42);
+        EXPECT_EQ(Noted(), "1|https://x.org/" + command + "|");
+    }
+    EXPECT_FALSE(plat.Exists("ran"));
+}
+
+TEST_F(Opener, IsToldATargetOfAnyLengthAndNotStartedForAFileThatNoneCanBeCalled) {
+    InstallNoting();
+    const String letters(10'000, 'a');
+    EXPECT_EQ(system.Open("/" + letters), 2);
+    EXPECT_EQ(system.Open(letters), 2);
+    EXPECT_FALSE(plat.Exists("noted"));
+    EXPECT_EQ(system.Open("https://x.org/" + letters), 42);
+    EXPECT_EQ(Noted(), "1|https://x.org/" + letters + "|");
+}
+
 TEST_F(Opener, IsMissed) {
     const ScopedEnvironment nowhere("PATH", plat.folder.path() + "::relative");
     EXPECT_EQ(system.Open("https://x.org"), 31);

@@ -1,4 +1,8 @@
 #include <gtest/gtest.h>
+#include <sys/resource.h>
+#include <unistd.h>
+
+#include <fstream>
 
 #include "mrlxmlclass/items/GoalsCol.h"
 #include "mrlxmlclass/items/PeopleCol.h"
@@ -27,12 +31,6 @@ TEST(Clone, CopiesEveryValueWithItsFlag) {
     task->TaskMilstones(True);
     task->TaskKey(3);
     task->TaskName("Roof");
-    In(task).StoreStart(Sunday + 0.5);
-    In(task).TaskEDate_Int(Saturday);
-    In(task).StoreDuration(4.5);
-    In(task).TaskLag_Int(-6);
-    task->TaskDurationUnit("fortnights");
-    task->TaskDurationUnitValid("True");
     task->TaskColor(7);
     task->TaskStatusKey(8);
     task->TaskPercentDone(9);
@@ -54,16 +52,6 @@ TEST(Clone, CopiesEveryValueWithItsFlag) {
     EXPECT_EQ(clone->TaskMilstones(), True);
     EXPECT_EQ(clone->TaskKey(), 3);
     EXPECT_EQ(clone->TaskName(), "Roof");
-    EXPECT_EQ(clone->TaskBDate(), Sunday) << "no date logic runs";
-    EXPECT_EQ(clone->TaskBDateValid(), True);
-    EXPECT_EQ(clone->TaskEDate(), Saturday);
-    EXPECT_EQ(clone->TaskEDateValid(), False);
-    EXPECT_EQ(clone->TaskDuration(), 4.5);
-    EXPECT_EQ(clone->TaskDurationValid(), True);
-    EXPECT_EQ(clone->TaskLag(), -6);
-    EXPECT_EQ(clone->TaskLagValid(), False);
-    EXPECT_EQ(clone->IsVaildDuration(), False) << "the unit is copied as it stands";
-    EXPECT_EQ(clone->TaskDurationUnitValid(), "True");
     EXPECT_EQ(clone->TaskColor(), 7);
     EXPECT_EQ(clone->TaskcolorValid(), True);
     EXPECT_EQ(clone->TaskStatusKey(), 8);
@@ -80,6 +68,28 @@ TEST(Clone, CopiesEveryValueWithItsFlag) {
     EXPECT_EQ(clone->PredecessorDirty(), True);
     clone->TaskName("Wall");
     EXPECT_EQ(task->TaskName(), "Roof");
+}
+
+TEST(Clone, CopiesDatesAndDurationWithTheirFlags) {
+    TestSession session;
+    const auto task = Make<TasksCls>();
+    In(task).StoreStart(Sunday + 0.5);
+    In(task).TaskEDate_Int(Saturday);
+    In(task).StoreDuration(4.5);
+    In(task).TaskLag_Int(-6);
+    task->TaskDurationUnit("fortnights");
+    task->TaskDurationUnitValid("True");
+    const auto clone = task->Clone();
+    EXPECT_EQ(clone->TaskBDate(), Sunday) << "no date logic runs";
+    EXPECT_EQ(clone->TaskBDateValid(), True);
+    EXPECT_EQ(clone->TaskEDate(), Saturday);
+    EXPECT_EQ(clone->TaskEDateValid(), False);
+    EXPECT_EQ(clone->TaskDuration(), 4.5);
+    EXPECT_EQ(clone->TaskDurationValid(), True);
+    EXPECT_EQ(clone->TaskLag(), -6);
+    EXPECT_EQ(clone->TaskLagValid(), False);
+    EXPECT_EQ(clone->IsVaildDuration(), False) << "the unit is copied as it stands";
+    EXPECT_EQ(clone->TaskDurationUnitValid(), "True");
 }
 
 TEST(Clone, LeavesAFreshUnitUnrepaired) {
@@ -172,6 +182,41 @@ TEST(Clone, AddsNoEmptyElementsOfCollections) {
     task->PeopleAsString();
     EXPECT_EQ(task->ToXml(False), before);
 }
+
+#if !defined(__SANITIZE_ADDRESS__)  // which would end the program itself
+
+/// The memory of this process cannot grow by more than so many bytes.
+class MemoryLimit {
+public:
+    explicit MemoryLimit(rlim_t bytes) {
+        std::size_t pages = 0;
+        std::ifstream("/proc/self/statm") >> pages;
+        getrlimit(RLIMIT_AS, &before_);
+        rlimit limited = before_;
+        limited.rlim_cur = pages * static_cast<rlim_t>(sysconf(_SC_PAGESIZE)) + bytes;
+        setrlimit(RLIMIT_AS, &limited);
+    }
+    ~MemoryLimit() { setrlimit(RLIMIT_AS, &before_); }
+    MemoryLimit(const MemoryLimit&) = delete;
+    MemoryLimit& operator=(const MemoryLimit&) = delete;
+
+private:
+    rlimit before_{};
+};
+
+TEST(Clone, KeepsRecordingUnderAnotherNameThatMemoryIsLacking) {
+    TestSession session;
+    const auto task = Make<TasksCls>();
+    constexpr std::size_t kLarge = 64U << 20U;
+    task->TaskLink(String(kLarge, 'x'));
+    {
+        const MemoryLimit limit(kLarge / 2);
+        EXPECT_FALSE(task->Clone());
+    }
+    EXPECT_EQ(session.failures.Taken(), "TasksCls/Clone_Error 7\n");
+}
+
+#endif
 
 }  // namespace
 }  // namespace mrlxmlclass
