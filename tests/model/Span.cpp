@@ -48,7 +48,7 @@ struct Wrong {
     bool inside() const { return first ? now.day > now.counted : now.day < now.counted; }
 };
 
-bool Undated(const Wrong& wrong) {
+bool SomeAreUndated(const Wrong& wrong) {
     return wrong.undated;
 }
 bool TakenFromOne(const Wrong& wrong) {
@@ -70,14 +70,14 @@ bool AtTheEnd(const Wrong& wrong) {
     return !wrong.first;
 }
 
-struct Reason {
+struct Excuse {
     bool (*holds)(const Wrong& wrong);
     std::initializer_list<std::string_view> operations;  ///< any when there are none
 };
 
-const Reason kReasons[] = {
+const Excuse kExcuses[] = {
     // A first task without a date makes the span begin with none, and one behind it ends it there.
-    {Undated, {}},
+    {SomeAreUndated, {}},
     // A date that is set while nothing is known is taken for the end of the span, and a last task that ends earlier
     // takes the known end along.
     {TakenFromOne, {}},
@@ -95,9 +95,9 @@ const Reason kReasons[] = {
 
 void CheckEnd(World& world, std::string_view operation, const Wrong& end) {
     if (!end.before.Held() || end.now.Right()) return;
-    const bool told = std::ranges::any_of(kReasons, [&](const Reason& reason) {
-        const auto& meant = reason.operations;
-        return (meant.size() == 0 || std::ranges::find(meant, operation) != meant.end()) && reason.holds(end);
+    const bool told = std::ranges::any_of(kExcuses, [&](const Excuse& excuse) {
+        const auto& meant = excuse.operations;
+        return (meant.size() == 0 || std::ranges::find(meant, operation) != meant.end()) && excuse.holds(end);
     });
     if (told) return;
     world.Complain("span", String(operation) + " leaves " + testing::DayName(end.now.day) + " known for the " +

@@ -12,9 +12,8 @@ Date LastDay(const World& world);
 /// where not.
 void CheckSpan(World& world);
 
-/// What is known of the span, without a count, before an edit. It need not be right: Span.cpp has a list of the
-/// reasons. But an end that was known rightly, or not at all, is known no other way after an edit, unless one of them
-/// holds; and what sets no date leaves all of it alone.
+/// What is known of the span, without a count, before an edit. What sets no date leaves it alone; and no other edit
+/// leaves an end wrong that was right or unknown before, unless one of the excuses holds that Span.cpp lists.
 class KnownSpan {
 public:
     explicit KnownSpan(World& world);
