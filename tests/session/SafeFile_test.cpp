@@ -14,11 +14,9 @@ namespace mrlxmlclass {
 namespace {
 
 using testing::FileCall;
-using testing::kSections;
 using testing::kSideFile;
 using testing::Listed;
 using testing::SavedProject;
-using testing::SectionsFrom;
 
 /// Hands out another content than the file's.
 class TamperingFiles : public ForwardingFiles {
