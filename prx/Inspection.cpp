@@ -134,15 +134,6 @@ void CompareRow(dom::Node record, const TasksCls& task, Lines& lines) {
         fmt::format("{} was moved from row {} to row {}", TitleOf(task), row.empty() ? "none" : Plain(Trim(row)), now));
 }
 
-void CheckDates(const std::vector<OutlineRow>& rows, Lines& lines) {
-    for (const OutlineRow& row : rows) {
-        const TasksCls& task = *row.task;
-        if (task.TaskBDate().set() && task.TaskEDate().set() && task.TaskEDate() < task.TaskBDate()) {
-            lines.push_back(fmt::format("{} ends before it starts", TitleOf(task)));
-        }
-    }
-}
-
 }  // namespace
 
 std::vector<std::string> Unread(const Project& project) {
@@ -192,7 +183,6 @@ std::vector<std::string> OutlineFaults(const Project& project) {
     CheckRows(rows, lines);
     CheckSubtrees(rows, lines);
     CheckChildren(project.tasks(), lines);
-    CheckDates(rows, lines);
     return lines;
 }
 

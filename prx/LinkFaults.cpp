@@ -68,11 +68,13 @@ private:
     std::string WhyNot(TasksCls& task, TasksCls& predecessor) const {
         if (task.TaskKey() == predecessor.TaskKey()) return "itself";
         if (predecessor.ParentID() == task.TaskKey()) return TitleOf(predecessor) + ", which stands below it";
-        if (WaitsFor(predecessor, KeyOf(task)) && GivesWay(task, predecessor)) {
+        if (IsSummary(predecessor)) return TitleOf(predecessor) + ", which is a summary";
+        if (!IsSummary(task) && WaitsFor(predecessor, KeyOf(task)) && GivesWay(task, predecessor)) {
             return TitleOf(predecessor) + ", which waits for it";
         }
         return {};
     }
+    bool IsSummary(const TasksCls& task) const { return static_cast<bool>(tasks_->isParent(KeyOf(task))); }
     /// The one whose link is known to one side alone, else the one that stands first.
     static bool GivesWay(TasksCls& task, TasksCls& other) {
         const bool known = static_cast<bool>(other.isSucesser(KeyOf(task)));

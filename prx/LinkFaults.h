@@ -6,8 +6,8 @@
 #include "prx/Project.h"
 
 /// Whether the links between tasks agree: each leads to a task that is there and is known to both, none is one that the
-/// library refuses to make (to the task itself, to one right below it, to one that waits for it), and a lead time
-/// belongs to a link and tells days.
+/// library refuses to make (to the task itself, to one right below it, to a summary, to one that waits for it), and a
+/// lead time belongs to a link and tells days.
 namespace prx {
 
 /// Where they do not; empty for a file that is in order.

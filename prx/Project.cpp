@@ -18,9 +18,11 @@
 #include "prx/Inspection.h"
 #include "prx/LinkFaults.h"
 #include "prx/Refusal.h"
+#include "prx/Summaries.h"
 #include "prx/TaskKeys.h"
 #include "prx/Terminal.h"
 #include "prx/TieFaults.h"
+#include "prx/ValueFaults.h"
 
 namespace prx {
 
@@ -252,7 +254,7 @@ std::vector<std::string> Project::FailuresSince() const {
 
 std::vector<std::string> Project::Mend() {
     std::vector<std::string> told = MendKeys(*this);  // ties and links lead to keys
-    for (const auto mend : {MendTies, MendLinks}) {
+    for (const auto mend : {MendTies, MendLinks, MendSummaries}) {
         const std::vector<std::string> more = mend(*this);
         told.insert(told.end(), more.begin(), more.end());
     }
@@ -273,7 +275,9 @@ void Project::RefuseIfFailed() const {
 }
 
 void Project::Save() {
+    MendSummaries(*this);  // a walk along the links leaves some as they were
     RefuseIfFailed();
+    RefuseBeyondLastYear(*this);
     Write();
 }
 

@@ -20,7 +20,7 @@ public:
     /// Opens a file to change it. Refuses one that somebody else has open and, unless `force`, one that could not be
     /// read whole (saving it would lose the rest for good), that has a task without a key, whose opening recorded a
     /// failure, or in which a tie or a link leads to nothing (what is new would get it with the key). With `force` what
-    /// is lost is told, and keys, ties and links are mended first, and told, too.
+    /// is lost is told, and keys, ties, links and summaries are mended first, and told, too.
     static Project ToEdit(Host& host, const std::string& file, bool force);
     /// Starts a project under a name that no file has yet.
     static Project Fresh(Host& host, const std::string& file);
@@ -46,14 +46,15 @@ public:
     /// What it recorded since the file was open.
     std::vector<std::string> FailuresSince() const;
 
-    /// Mends keys, ties and links in memory and tells what was done.
+    /// Mends keys, ties, links and summaries in memory and tells what was done.
     std::vector<std::string> Mend();
 
     /// Tells what the library recorded since the file was opened, a message each; the edit is judged by what follows.
     void TellFailures(const char* what);
     /// Refuses when the library recorded a failure since the file was opened, or since they were told.
     void RefuseIfFailed() const;
-    /// Replaces the file, or leaves it as it is and refuses: also when the edit did not go through.
+    /// Brings the summaries up to date and replaces the file, or leaves it as it is and refuses: also when the edit did
+    /// not go through, or leads beyond the last year.
     void Save();
     /// Goes on as a new file, to which nobody gets a right that they do not have to this one, and saves it; also an
     /// edit that did not go through.

@@ -7,9 +7,11 @@
 #include "prx/Outline.h"
 #include "prx/Project.h"
 #include "prx/Refusal.h"
+#include "prx/Summaries.h"
 #include "prx/TaskKeys.h"
 #include "prx/Terminal.h"
 #include "prx/TieFaults.h"
+#include "prx/ValueFaults.h"
 
 namespace prx {
 namespace {
@@ -18,30 +20,33 @@ class Check : public Command {
 public:
     explicit Check(CLI::App& app)
         : Command(app, "check", "Open a project and tell what is wrong with it; exit status 1 if anything is") {
-        repair_ = options().add_option("--repair", copy_,
-                                       "Mend the links between tasks, and what ties them to people, goals, obstacles "
-                                       "and notes, in a new file of this name");
-        options().add_flag("--force", force_, "Write the new file also without what could not be read")->needs(repair_);
+        auto* repair = repair_.AddTo(options(), "--repair",
+                                     "Mend the links between tasks, their summaries, and what ties them to people, "
+                                     "goals, obstacles and notes, in a new file of this name");
+        options().add_flag("--force", force_, "Write the new file also without what could not be read")->needs(repair);
     }
 
     int Run(Host& host) override {
-        if (repair_->count() > 0) return Repair(host);
+        if (repair_) return Repair(host);
         const Project project = Project::ToLook(host, file());
         const bool lossless = Tell("Not read", Unread(project));
         const bool quiet = Tell("Recorded on the way", Recorded(project));
         const bool in_order = Tell("Repaired in memory, not in the file", prx::Repairs(project));
-        const bool consistent = Tell("Still wrong", OutlineFaults(project));
+        const bool consistent = Tell("Still wrong", Unmended(project));
         const bool keyed = Tell("Without a key; --repair files it under one in a new file", KeyFaults(project));
         const bool tied = Tell("Tied wrongly; --repair mends it in a new file", TieFaults(project));
         const bool linked = Tell("Linked wrongly; --repair mends it in a new file", LinkFaults(project));
+        const bool added_up = Tell("Added up wrongly; --repair mends it in a new file", SummaryFaults(project));
         TellOfLock(project);
-        if (!lossless || !quiet || !in_order || !consistent || !keyed || !tied || !linked) return kFoundFaults;
+        if (!lossless || !quiet || !in_order || !consistent || !keyed || !tied || !linked || !added_up) {
+            return kFoundFaults;
+        }
         return TellThatAllIsWell(project);
     }
 
 private:
     int Repair(Host& host) const {
-        Project::RefuseToReplace(copy_);
+        Project::RefuseToReplace(*repair_);
         bool whole = true;
         {
             Project project = Project::ToLook(host, file());
@@ -51,21 +56,21 @@ private:
             const std::vector<std::string> mended = project.Mend();
             const std::vector<std::string> failed = project.FailuresSince();
             const bool well = lost.empty() && recorded.empty() && repaired.empty() && mended.empty() &&
-                              failed.empty() && OutlineFaults(project).empty();
+                              failed.empty() && Unmended(project).empty();
             TellOfLock(project);
             if (well) return TellThatAllIsWell(project);
-            project.SaveAs(copy_);
+            project.SaveAs(*repair_);
             whole = Tell("Not read, and so not in the new file", lost);
             Tell("Recorded on the way", recorded);
             Tell("Repaired", repaired);
             Tell("Mended", mended);
             whole &= Tell("The mending did not go through", failed);
         }
-        const Project mended = Project::ToLook(host, copy_);
+        const Project mended = Project::ToLook(host, *repair_);
         fmt::print("{}: written\n", Plain(mended.path()));
         std::vector<std::string> left = Losses(mended);
-        for (const std::vector<std::string>& more :
-             {prx::Repairs(mended), OutlineFaults(mended), KeyFaults(mended), TieFaults(mended), LinkFaults(mended)}) {
+        for (const std::vector<std::string>& more : {prx::Repairs(mended), Unmended(mended), KeyFaults(mended),
+                                                     TieFaults(mended), LinkFaults(mended), SummaryFaults(mended)}) {
             left.insert(left.end(), more.begin(), more.end());
         }
         return Tell("Still wrong", left) && whole ? kDone : kFoundFaults;
@@ -81,6 +86,13 @@ private:
                         Plain(project.path()), fmt::join(Shortened(lost), "\n  ")));
     }
 
+    /// What no repair mends.
+    static std::vector<std::string> Unmended(const Project& project) {
+        std::vector<std::string> lines = OutlineFaults(project);
+        const std::vector<std::string> values = ValueFaults(project);
+        lines.insert(lines.end(), values.begin(), values.end());
+        return lines;
+    }
     static void TellOfLock(const Project& project) {
         if (project.read_only()) Note("somebody else has this project open");
     }
@@ -99,8 +111,7 @@ private:
         return false;
     }
 
-    CLI::Option* repair_;
-    std::string copy_;
+    OptionalText repair_;
     bool force_ = false;
 };
 

@@ -3,6 +3,8 @@
 #include <gtest/gtest.h>
 
 #include <algorithm>
+#include <cmath>
+#include <map>
 #include <sstream>
 
 namespace prx_test {
@@ -38,6 +40,7 @@ std::vector<std::string> PlanFolder::WithFile(std::vector<std::string> arguments
 std::string PlanFolder::Edit(std::vector<std::string> arguments) const {
     std::string output = Output(WithFile(std::move(arguments)));
     EXPECT_EQ(Prx({"check", "a.prx"}).status, 0) << Prx({"check", "a.prx"}).out;
+    EXPECT_EQ(WrongSummaries(), "");
     return output;
 }
 
@@ -68,6 +71,35 @@ std::string PlanFolder::Row(const std::string& name) const {
 std::string PlanFolder::Days(const std::string& name) const {
     const std::string row = Row(name);
     return Member(row, "start") + " " + Member(row, "end");
+}
+
+std::string PlanFolder::WrongSummaries() const {
+    struct Sum {
+        std::string start, end;
+        double cost = 0;
+    };
+    std::map<std::string, Sum> below;
+    const std::vector<std::string> rows = TaskRows(Output({"show", "--json", "a.prx"}));
+    for (const std::string& row : rows) {
+        const auto [place, first] = below.try_emplace(Member(row, "parent"));
+        Sum& sum = place->second;
+        if (first || Member(row, "start") < sum.start) sum.start = Member(row, "start");
+        sum.end = std::max(sum.end, Member(row, "end"));
+        sum.cost += std::stod(Member(row, "cost"));
+    }
+    std::string wrong;
+    for (const std::string& row : rows) {
+        const auto found = below.find(Member(row, "key"));
+        if (found == below.end()) continue;
+        const auto& [start, end, cost] = found->second;
+        constexpr double kNothing = 1e-6;
+        if (Member(row, "start") == start && Member(row, "end") == end &&
+            std::abs(std::stod(Member(row, "cost")) - cost) < kNothing) {
+            continue;
+        }
+        wrong += row + ", but below it " + start + " to " + end + " for " + std::to_string(cost) + "\n";
+    }
+    return wrong;
 }
 
 int PlanFolder::Count() const {

@@ -1,0 +1,16 @@
+#pragma once
+
+#include <string>
+#include <vector>
+
+#include "prx/Project.h"
+
+/// Whether each summary runs as long as the tasks below it and costs what they cost, as the library adds them up.
+namespace prx {
+
+/// Where they do not; empty for a file that is in order, and for an outline that is not: nothing can be added up there.
+std::vector<std::string> SummaryFaults(const Project& project);
+/// Has the library add those up anew, the deepest first, and tells which.
+std::vector<std::string> MendSummaries(const Project& project);
+
+}  // namespace prx

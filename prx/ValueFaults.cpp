@@ -1,0 +1,76 @@
+#include "prx/ValueFaults.h"
+
+#include <fmt/core.h>
+
+#include "mrlxmlclass/scheduling/CalendarCls.h"
+#include "mrlxmlclass/session/ModuleState.h"
+#include "prx/Outline.h"
+#include "prx/Refusal.h"
+#include "prx/Terminal.h"
+#include "prx/Values.h"
+
+namespace prx {
+
+using namespace mrlxmlclass;
+
+namespace {
+
+using Lines = std::vector<std::string>;
+
+void CheckDates(const TasksCls& task, Lines& lines) {
+    if (task.TaskBDate().set() && task.TaskEDate().set() && task.TaskEDate() < task.TaskBDate()) {
+        lines.push_back(fmt::format("{} ends before it starts", TitleOf(task)));
+    }
+}
+
+/// Whatever days are free, it takes no more than there are.
+void CheckLength(TasksCls& task, Lines& lines) {
+    if (!task.TaskBDate().set() || task.TaskEDate() < task.TaskBDate()) return;
+    const double length = task.TaskDuration();
+    const double days = task.TaskEDate().day().days() - task.TaskBDate().day().days() + 1;
+    const double most = task.TaskDurationUnit() == "days" ? days : kLongestDuration;
+    if (length >= 0 && length <= most) return;
+    lines.push_back(fmt::format("{} takes {} {}, from {} to {}", TitleOf(task), Text(length), task.TaskDurationUnit(),
+                                Text(task.TaskBDate()), Text(task.TaskEDate())));
+}
+
+void CheckProgress(const TasksCls& task, Lines& lines) {
+    constexpr int kWhole = 100;
+    if (task.TaskPercentDone() >= 0 && task.TaskPercentDone() <= kWhole) return;
+    lines.push_back(fmt::format("{} is {}% done", TitleOf(task), Text(Long(task.TaskPercentDone()))));
+}
+
+void CheckWeekdays(const CalendarCls& calendar, Lines& lines) {
+    constexpr std::size_t kWidest = 20;
+    for (const auto& entry : calendar.NonWorkingDay()->Snapshot()) {
+        const std::string day = entry.key.value().Key().text();
+        if (day.size() == 1 && day >= "1" && day <= std::to_string(kDaysOfAWeek)) continue;
+        lines.push_back(fmt::format("the calendar has a free weekday \"{}\"; a week has 1 to {}",
+                                    Plain(CutTo(day, kWidest)), kDaysOfAWeek));
+    }
+}
+
+}  // namespace
+
+Lines ValueFaults(const Project& project) {
+    Lines lines;
+    for (const OutlineRow& row : Outline(project.tasks())) {
+        CheckDates(*row.task, lines);
+        CheckLength(*row.task, lines);
+        CheckProgress(*row.task, lines);
+    }
+    CheckWeekdays(*project.app().xCalendar(), lines);
+    return lines;
+}
+
+void RefuseBeyondLastYear(const Project& project) {
+    for (const OutlineRow& row : Outline(project.tasks())) {
+        const TasksCls& task = *row.task;
+        if (task.TaskBDate().year() <= MaxYear() && task.TaskEDate().year() <= MaxYear()) continue;
+        throw Refusal(fmt::format("{} would run from {} to {}; a plan must stay within the years {} to {}",
+                                  Quoted(task), Text(task.TaskBDate()), Text(task.TaskEDate()), kMinYear,
+                                  MaxYear().value()));
+    }
+}
+
+}  // namespace prx

@@ -1,0 +1,96 @@
+#include <gtest/gtest.h>
+
+#include "tests/prx/PlanFolder.h"
+
+namespace prx_test {
+namespace {
+
+/// A plan of three levels whose tasks are linked across them.
+class Summaries : public testing::Test {
+protected:
+    Summaries() { plan_.CopyExample("house.prx", "a.prx"); }
+
+    void Damage(const std::string& from, const std::string& to) const {
+        const std::string whole = plan_.Read("a.prx");
+        plan_.Write("a.prx", Replaced(whole, from, to));
+        EXPECT_NE(plan_.Read("a.prx"), whole) << from;
+    }
+    /// What a command prints that finds faults.
+    std::string Faults(const std::vector<std::string>& arguments) const {
+        const Result result = plan_.Prx(arguments);
+        EXPECT_EQ(result.status, 1) << result.out << result.err;
+        return result.out;
+    }
+    const PlanFolder plan_;
+};
+
+}  // namespace
+
+TEST_F(Summaries, SpanTheirTasksWhateverMovesAlong) {
+    for (const std::vector<std::string>& edit : {std::vector<std::string>{"set", "15", "start=2026-06-15"},
+                                                 {"set", "15", "duration=20"},
+                                                 {"remove", "52"},
+                                                 {"shift", "1"},
+                                                 {"indent", "3"},
+                                                 {"milestone", "2"},
+                                                 {"link", "25", "49"},
+                                                 {"move", "3", "--under", "19"}}) {
+        SCOPED_TRACE(edit.front());
+        plan_.CopyExample("house.prx", "a.prx");
+        plan_.Edit(edit);
+    }
+}
+
+TEST_F(Summaries, FollowFromTheDeepestUp) {
+    const std::string events = plan_.Edit({"set", "15", "start=2026-06-15"});
+
+    EXPECT_EQ(plan_.Days("Plumbing"), "2026-09-14 2026-12-04");
+    const std::size_t plumbing = events.rfind("DateStartChange(39, 2026-09-14, False, True)\n");
+    ASSERT_NE(plumbing, std::string::npos) << events;
+    EXPECT_NE(events.find("DateStartChange(38, ", plumbing), std::string::npos) << events;
+}
+
+TEST_F(Summaries, AreNotToldWhereNothingIsWrong) {
+    EXPECT_EQ(plan_.Edit({"done", "3", "5"}), "CompletedChange(3, 5)\n");
+}
+
+TEST_F(Summaries, AreCheckedAndRepaired) {
+    Damage("<TaskName>Plumbing</TaskName><TaskBDate>8/10/2026</TaskBDate>",
+           "<TaskName>Plumbing</TaskName><TaskBDate>8/3/2026</TaskBDate>");
+    Damage("<TaskCost>41600</TaskCost>", "<TaskCost>5</TaskCost>");
+    const std::string services =
+        "  task 38 \"Services\" runs from 2026-08-10 to 2026-11-02, the tasks below it from 2026-08-03 to 2026-11-02";
+    const std::string cost = "  task 38 \"Services\" costs 5, the tasks below it 41600";
+    const std::string plumbing =
+        "  task 39 \"Plumbing\" runs from 2026-08-03 to 2026-10-29, the tasks below it from 2026-08-10 to 2026-10-29";
+
+    EXPECT_EQ(Faults({"check", "a.prx"}),
+              "Added up wrongly; --repair mends it in a new file:\n" + services + "\n" + cost + "\n" + plumbing + "\n");
+
+    const std::string mended = ": added up anew\n";
+    EXPECT_EQ(
+        plan_.Output({"check", "a.prx", "--repair", "b.prx"}),
+        "Mended:\n" + services + mended + cost + mended + plumbing + mended + plan_.Path("b.prx") + ": written\n");
+    plan_.Output({"check", "b.prx"});
+    plan_.Write("a.prx", plan_.Read("b.prx"));
+    EXPECT_EQ(plan_.WrongSummaries(), "");
+    EXPECT_EQ(plan_.Days("Plumbing"), "2026-08-10 2026-10-29");
+}
+
+TEST_F(Summaries, AreMendedByAnyEdit) {
+    Damage("<TaskCost>41600</TaskCost>", "<TaskCost>5</TaskCost>");
+    EXPECT_EQ(plan_.Edit({"done", "3", "5"}), "CompletedChange(3, 5)\nRoolUpCostChange(38, 41600)\n");
+}
+
+TEST_F(Summaries, AreNotWaitedFor) {
+    Damage("<TaskSuccessor>22</TaskSuccessor>", "");
+    Damage("<TaskPredecessor>21</TaskPredecessor><TaskLeadTime>21|0</TaskLeadTime>",
+           "<TaskPredecessor>19</TaskPredecessor><TaskLeadTime>19|0</TaskLeadTime>");
+    const std::string fault =
+        "  task 22 \"Pour the concrete\" waits for task 19 \"Foundation slab\", which is a summary";
+    EXPECT_TRUE(Has(Faults({"check", "a.prx"}), fault + "\n"));
+    EXPECT_TRUE(Has(plan_.Output({"check", "a.prx", "--repair", "b.prx"}), fault + ": taken off\n"));
+    plan_.Output({"check", "b.prx"});
+}
+
+}  // namespace prx_test
