@@ -44,8 +44,8 @@ public:
     explicit TableTask(Row row) : row_(std::move(row)) {}
 
     String Name() override { return row_.name; }
-    Date StartDate() override { return below.empty() ? row_.start.value_or(Date()) : Date(); }
-    Date EndDate() override { return row_.end.value_or(Date()); }
+    Date StartDate() override { return {}; }
+    Date EndDate() override { return {}; }
     Boolean Completed() override { return row_.done; }
     String Note() override { return row_.note; }
     std::vector<String> AssignedResource() override { return row_.people; }

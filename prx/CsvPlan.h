@@ -33,7 +33,7 @@ struct PlannedTask {
 /// Rows of the outline stand in its order. Reading refuses, by line, what is no such plan.
 ///
 /// What the conversion ties to an obstacle does not last: it is shown obstacles without work, which a host ties
-/// afterwards. It is shown no days of a summary.
+/// afterwards. It is shown no days either, for it would add up the summary anew behind each: they are set afterwards.
 class CsvPlan : public mrlxmlclass::OldPlans {
 public:
     explicit CsvPlan(std::string_view text, std::string name);

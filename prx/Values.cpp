@@ -20,7 +20,6 @@ namespace {
 using namespace mrlxmlclass;
 
 constexpr std::array kWeekdays = {"Sunday", "Monday", "Tuesday", "Wednesday", "Thursday", "Friday", "Saturday"};
-constexpr double kLongest = 1'000'000;
 
 template <class Number>
 std::optional<Number> WholeText(std::string_view text) {
@@ -57,7 +56,9 @@ Date ReadDate(std::string_view text) {
     const std::chrono::year_month_day date{std::chrono::year(*year), std::chrono::month(static_cast<unsigned>(*month)),
                                            std::chrono::day(static_cast<unsigned>(*day))};
     if (!date.ok() || *year < 100) Refuse(text, "a day of the calendar");
-    return Date::Of(*year, *month, *day);
+    const Date read = Date::Of(*year, *month, *day);
+    if (!read.set()) Refuse(text, "a day that a plan can hold: in a file it stands for no day");
+    return read;
 }
 
 std::string Text(Date date) {
@@ -134,7 +135,8 @@ DurationText ReadDuration(std::string_view text) {
     constexpr std::string_view kExpected = "a duration; write it as 5, \"5 days\", 2wks, 3mons, 8hrs or 30mins";
     DurationText duration;
     const auto [end, error] = std::from_chars(text.data(), text.data() + text.size(), duration.length);
-    if (error != std::errc() || !std::isfinite(duration.length) || duration.length < 0 || duration.length > kLongest) {
+    if (error != std::errc() || !std::isfinite(duration.length) || duration.length < 0 ||
+        duration.length > kLongestDuration) {
         Refuse(text, kExpected);
     }
     const std::string_view unit = Trim(text.substr(static_cast<std::size_t>(end - text.data())));

@@ -35,6 +35,7 @@ struct DurationText {
     double length = 0;
     mrlxmlclass::String unit;
 };
+inline constexpr double kLongestDuration = 1'000'000;
 DurationText ReadDuration(std::string_view text);
 /// One of the five units, also by its first letters.
 mrlxmlclass::String ReadUnit(std::string_view text);

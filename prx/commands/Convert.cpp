@@ -32,7 +32,7 @@ class NewFromPlan : public Command {
 protected:
     NewFromPlan(CLI::App& app, const std::string& name, const std::string& summary, const std::string& of_file)
         : Command(app, name, summary, of_file) {
-        to_option_ = options().add_option("--to", to_, "The new project file; beside FILE where none is given");
+        to_.AddTo(options(), "--to", "The new project file; beside FILE where none is given");
     }
 
     /// What the conversion leaves to its host.
@@ -54,7 +54,7 @@ protected:
 
 private:
     std::string NewFile() const {
-        if (to_option_->count() > 0) return to_;
+        if (to_) return *to_;
         return std::filesystem::path(file()).replace_extension(".prx").string();
     }
 
@@ -70,8 +70,7 @@ private:
                          fmt::join(Shortened(lines), "\n  ")));
     }
 
-    CLI::Option* to_option_;
-    std::string to_;
+    OptionalText to_;
 };
 
 class Convert : public NewFromPlan {
@@ -129,17 +128,17 @@ private:
     void Complete(const Project& project) override {
         TieWorkOfObstacles(project);
         const std::vector<OutlineRow> rows = Outline(project.tasks());
-        AdjustSummaries(project, rows);
+        SetDays(rows);
         RefuseOtherDays(rows);
     }
 
-    /// The conversion brings a summary up to date for those below it that have days of their own.
-    void AdjustSummaries(const Project& project, const std::vector<OutlineRow>& rows) const {
-        std::set<std::int64_t> summaries;
+    /// Of the tasks without children; the summaries follow when all is saved.
+    void SetDays(const std::vector<OutlineRow>& rows) const {
         for (std::size_t i = 0; i < std::min(rows.size(), plan_->outline().size()); ++i) {
-            const TasksCls& task = *rows[i].task;
-            if (plan_->outline()[i].start.value_or(Date()).set() || !summaries.insert(task.ParentID()).second) continue;
-            AdjustDatesAbove(project, task);
+            const PlannedTask& planned = plan_->outline()[i];
+            if (planned.summary || !planned.start) continue;
+            rows[i].task->TaskBDate(*planned.start);
+            rows[i].task->TaskEDate(*planned.end);
         }
     }
 

@@ -1,6 +1,7 @@
 #include <gtest/gtest.h>
 
 #include "tests/prx/PlanFolder.h"
+#include "tests/support/Sample.h"
 
 namespace prx_test {
 namespace {
@@ -80,10 +81,22 @@ TEST(Import, RefusesMoreTasksThanThereAreKeys) {
     EXPECT_EQ(Table(rows).Refusal({"import", "a.csv"}), "prx: a.csv: line 32768: 32766 tasks are the most\n");
 }
 
+/// As many as there are keys for nearly: it must not have to be stopped.
+TEST(Import, TakesAFullTableOfDays) {
+    constexpr unsigned kTasks = 32'000 / mrlxmlclass::testing::kSample;
+    std::string rows = "phase,1,A,,\n";
+    for (unsigned i = 0; i < kTasks; ++i) rows += "task,2,B,2026-03-02,2026-03-06\n";
+    const Table table(rows + "task,2,Last,2026-03-03,2026-04-01\n");
+    table.Output({"import", "a.csv"});
+    EXPECT_EQ(table.Days("A"), "2026-03-02 2026-04-01");
+}
+
 TEST(Import, RefusesTheDayThatStandsForNone) {
-    EXPECT_TRUE(Has(Table("phase,1,A,,\ntask,2,B,1899-12-30,1899-12-30\n").RefusedLines(),
-                    " instead of 1899-12-30 to 1899-12-30\n"));
-    EXPECT_TRUE(Has(Table("phase,1,A,,\ntask,2,B,1899-12-30,2026-03-02\n").RefusedLines(), "line 3: \"B\""));
+    for (const char* end : {"1899-12-30", "2026-03-02"}) {
+        EXPECT_TRUE(
+            Has(Table("phase,1,A,,\ntask,2,B,1899-12-30," + std::string(end) + "\n").Refusal({"import", "a.csv"}),
+                "line 3: \"1899-12-30\" is not a day that a plan can hold"));
+    }
 }
 
 TEST(Import, RefusesMoreTiesThanThereAreKeys) {
