@@ -108,6 +108,21 @@ public:
         }
     }
 
+    /// Nobody reads what stands between the elements.
+    void LookBetween(dom::Node parent) {
+        constexpr int kText = 3;
+        constexpr int kCharacterData = 4;
+        constexpr std::size_t kWidest = 40;
+        constexpr const char* kBlanks = " \t\r\n";
+        for (dom::Node child = parent.firstChild(); child; child = child.nextSibling()) {
+            if (child.nodeType() != kText && child.nodeType() != kCharacterData) continue;
+            std::string text = child.Text();
+            text.erase(0, text.find_first_not_of(kBlanks));
+            text.erase(text.find_last_not_of(kBlanks) + 1);
+            if (!text.empty()) Tell(fmt::format("the text \"{}\"", CutTo(text, kWidest)));
+        }
+    }
+
     void Tell(const std::string& element) {
         lines_.push_back(fmt::format("{}: {} was not read", Plain(title_), Plain(element)));
     }
@@ -184,7 +199,7 @@ public:
         CompareRoot();
         const dom::Node calendar = Written("Calendar");
         app_.xCalendar()->ToXmlInt(written_, calendar);
-        RecordLosses("Calendar", lines_).Compare(ElementsIn(root_.selectSingleNode("Calendar")), calendar);
+        CompareRecord("Calendar", root_.selectSingleNode("Calendar"), calendar);
         return std::move(lines_);
     }
 
@@ -210,20 +225,29 @@ private:
         held.write(written_, section);
         WrittenRecords written(section);
         std::size_t place = 0;
-        ForEachElement(root_.selectSingleNode(held.section), [&](dom::Node record) {
+        const dom::Node in_file = root_.selectSingleNode(held.section);
+        RecordLosses(held.section, lines_).LookBetween(in_file);
+        ForEachElement(in_file, [&](dom::Node record) {
             if (record.baseName() != held.record) {
                 return RecordLosses(held.section, lines_).Tell(std::string(record.baseName()));
             }
             const dom::Node read = written.Take(record, place++);
             if (!read) return;  // counted
             const String key = record.selectSingleNode(held.key).Text();
-            RecordLosses(fmt::format("{} {}", held.record, Trim(key)), lines_).Compare(ElementsIn(record), read);
+            CompareRecord(fmt::format("{} {}", held.record, Trim(key)), record, read);
         });
+    }
+
+    void CompareRecord(std::string title, dom::Node record, dom::Node written) {
+        RecordLosses losses(std::move(title), lines_);
+        losses.LookBetween(record);
+        losses.Compare(ElementsIn(record), written);
     }
 
     /// The project's own fields stand before the sections.
     void CompareRoot() {
         RecordLosses losses("Project", lines_);
+        losses.LookBetween(root_);
         const dom::Node project = Written("Project");
         app_.xProject()->ToXmlInt(written_, project);
         std::vector<dom::Node> elements = ElementsIn(root_);

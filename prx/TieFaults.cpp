@@ -87,8 +87,10 @@ private:
     void LookAtRelations() {
         std::set<std::pair<std::string, std::string>> pairs;
         FileWithoutKeyAnew();
+        LeadBackToTasks();
         for (const auto& entry : K::Ties(app_)->NewEnum()) {
             const Relation& relation = *entry.item;
+            if (relation.TaskKey() == 0 && wrong_.contains(relation.elementKey())) continue;  // told already
             const std::string task = KeyText(relation.TaskKey()).text();
             const std::string item = K::ItemOf(relation);
             const bool to_task = static_cast<bool>(app_.xTaskCol()->Item(relation.TaskKey()));
@@ -129,6 +131,25 @@ private:
             if constexpr (K::kKind == Kind::kPerson) K::Ties(app_)->IamNotAvailable(key);  // or it would come back
             entry.item->elementKey(K::kListsIssueKeys ? "" : IssuedKey());
             K::Ties(app_)->AddItem(entry.item);
+        }
+    }
+
+    /// A relation that has lost its task is the one's that lists it.
+    void LeadBackToTasks() {
+        std::unordered_multimap<std::string, Ref<TasksCls>> listed;
+        for (const auto& entry : app_.xTaskCol()->NewEnum()) {
+            const Ref<Relations> relations = K::Listed(*entry.item);
+            if (!relations || entry.item->TaskKey() == 0) continue;
+            for (const auto& relation : relations->NewEnum()) listed.emplace(relation.item->elementKey(), entry.item);
+        }
+        for (const auto& entry : K::Ties(app_)->NewEnum()) {
+            const std::string key = entry.item->elementKey();
+            if (entry.item->TaskKey() != 0 || listed.count(key) != 1) continue;
+            const TasksCls& task = *listed.find(key)->second;
+            wrong_.insert(key);
+            Tell(fmt::format("{} leads to no task, though {} lists it", RelationName(key), TitleOf(task)),
+                 "tied to that");
+            if (mends_) entry.item->TaskKey(task.TaskKey());
         }
     }
 

@@ -71,6 +71,21 @@ TEST_F(Ties, ToAPersonThatIsGone) {
     EXPECT_EQ(plan_.Output({"person", "b.prx", "list"}), "Key  Name  Tasks\n  1  Ann   2\n  2  Bob\n");
 }
 
+TEST_F(Ties, ToNoTaskThoughOneListsThem) {
+    Damage("<TaskNoteRelation><TaskKey>3</TaskKey>", "<TaskNoteRelation>");
+    Damage("<TaskAssigmentRelation><Key>2</Key><TaskKey>3</TaskKey>", "<TaskAssigmentRelation><Key>2</Key>");
+
+    const std::string assignment = "  assignment 2 leads to no task, though task 3 \"Build\" lists it";
+    const std::string note = "  note relation 1 leads to no task, though task 3 \"Build\" lists it";
+    EXPECT_EQ(Faults(), kTold + assignment + "\n" + note + "\n");
+    EXPECT_EQ(
+        Repaired(),
+        Mended(assignment + ": tied to that\n  task 3 \"Build\" shows the people \"\" instead of \"Ann\": read anew\n" +
+               note + ": tied to that\n"));
+    EXPECT_EQ(plan_.Output({"person", "b.prx", "list"}), "Key  Name  Tasks\n  1  Ann   2,3\n  2  Bob\n");
+    EXPECT_NE(plan_.Output({"show", "--notes", "b.prx"}).find("Ask"), std::string::npos);
+}
+
 TEST_F(Ties, ToATaskThatIsGone) {
     Damage("<TaskGoalRelation><TaskKey>3<", "<TaskGoalRelation><TaskKey>99<");
 

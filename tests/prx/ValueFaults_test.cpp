@@ -1,0 +1,56 @@
+#include <gtest/gtest.h>
+
+#include "tests/prx/PlanFolder.h"
+
+namespace prx_test {
+namespace {
+
+/// The house plan with one text of its file replaced; what check tells of it.
+std::string FaultsWith(const std::string& from, const std::string& to) {
+    const PlanFolder plan;
+    plan.CopyExample("house.prx", "a.prx");
+    const std::string whole = plan.Read("a.prx");
+    plan.Write("a.prx", Replaced(whole, from, to));
+    EXPECT_NE(plan.Read("a.prx"), whole) << from;
+    const Result result = plan.Prx({"check", "a.prx"});
+    EXPECT_EQ(result.status, 1) << result.out << result.err;
+    return result.out;
+}
+
+const std::string kSurvey = "<TaskBDate>3/2/2026</TaskBDate><TaskEDate>3/4/2026</TaskEDate><TaskDuration>";
+
+}  // namespace
+
+TEST(ValueFaults, AreLengthsThatNoTaskHas) {
+    struct Row {
+        const char* length;
+        const char* told;
+    };
+    for (const Row& row : {Row{"77", "takes 77 days, from 2026-03-02 to 2026-03-04"},
+                           Row{"-1", "takes -1 days, from 2026-03-02 to 2026-03-04"},
+                           Row{"1e30", "takes 1e+30 days, from 2026-03-02 to 2026-03-04"}}) {
+        EXPECT_EQ(FaultsWith(kSurvey + "3<", kSurvey + row.length + "<"),
+                  "Still wrong:\n  task 2 \"Site survey\" " + std::string(row.told) + "\n");
+    }
+    EXPECT_EQ(FaultsWith("<TaskDuration>2</TaskDuration><TaskDurationUnit>wks<",
+                         "<TaskDuration>1e30</TaskDuration><TaskDurationUnit>wks<"),
+              "Still wrong:\n  task 23 \"Curing\" takes 1e+30 wks, from 2026-06-09 to 2026-06-23\n");
+}
+
+TEST(ValueFaults, AreSharesThatNothingCanBeDone) {
+    EXPECT_EQ(FaultsWith("<TaskPercentDone>60<", "<TaskPercentDone>-700<"),
+              "Still wrong:\n  task 6 \"Structural calculation\" is -700% done\n");
+}
+
+TEST(ValueFaults, AreWeekdaysThatNoWeekHas) {
+    EXPECT_EQ(FaultsWith("<NonWorkingDays>7:7;1:1<", "<NonWorkingDays>9:9;1:1<"),
+              "Still wrong:\n  the calendar has a free weekday \"9\"; a week has 1 to 7\n");
+}
+
+TEST(ValueFaults, AreTextsBetweenTheElements) {
+    EXPECT_EQ(FaultsWith("<Tasks ", "some text<Tasks "), "Not read:\n  Project: the text \"some text\" was not read\n");
+    EXPECT_EQ(FaultsWith("<Tasks scheduler=\"false\">", "<Tasks scheduler=\"false\">\n more\n"),
+              "Not read:\n  Tasks: the text \"more\" was not read\n");
+}
+
+}  // namespace prx_test
