@@ -6,6 +6,7 @@
 #include <array>
 #include <cmath>
 
+#include "mrlxmlclass/scheduling/WorkingDays.h"
 #include "mrlxmlclass/session/ModuleState.h"
 #include "prx/Edit.h"
 #include "prx/Refusal.h"
@@ -17,6 +18,11 @@ namespace prx {
 using namespace mrlxmlclass;
 
 namespace {
+
+constexpr const char* kDays = "days";
+constexpr int kMostUnits = 999;
+constexpr const char* kTooLate = "the year is out of range";
+constexpr const char* kOfMilestones = "a milestone is a day, without a duration, an end or a unit of its own";
 
 /// What the setting of one field may touch.
 struct Setting {
@@ -36,36 +42,50 @@ struct Setting {
     throw Refusal(fmt::format("{}={} was not taken: {}", field, Plain(value), instead));
 }
 
+std::string Longest(const String& unit) {
+    return fmt::format("{} {} are the longest", kMostUnits, unit);
+}
+
+void MakeMilestone(Setting& setting) {
+    if (setting.announced) {
+        setting.tasks().SeTAsMilstones(setting.project.tasks(), setting.key());
+        return;
+    }
+    setting.task.TaskMilstones(True);
+    setting.task.TaskEDate(setting.task.TaskBDate());
+    setting.task.TaskDuration(0);
+}
+
 void SetDurationIn(Setting& setting, Double length, const String& unit) {
-    const String in = unit.empty() ? setting.task.TaskDurationUnit() : unit;
+    if (length == 0) return MakeMilestone(setting);
+    TasksCls& task = setting.task;
+    const String in = unit.empty() ? task.TaskDurationUnit() : unit;
     const bool whole_days = in != "hrs" && in != "mins" && length == std::floor(length);
+    task.TaskMilstones(False);  // a milestone would keep no duration
     if (setting.walks() && whole_days) {
-        setting.task.TaskMilstones(False);  // a milestone would keep no duration
         setting.tasks().DurationChanged(setting.key(), length, unit);
         return;
     }
     // A walk that starts at the end would round the duration to whole days.
-    if (!unit.empty()) {
-        setting.task.TaskDurationUnit(unit);
-        setting.task.TaskDurationUnitValid("True");
+    if (length < 1) {  // the end would stay where it is
+        task.TaskDurationUnit(kDays);
+        task.TaskDuration(1);
     }
-    if (setting.announced) setting.task.TaskMilstones(False);
-    setting.task.TaskDuration(length);
-    if (setting.announced) DatesChanged(setting.project, setting.task);
+    task.TaskDurationUnit(in);
+    if (!unit.empty()) task.TaskDurationUnitValid("True");
+    task.TaskDuration(length);
+    if (setting.announced) DatesChanged(setting.project, task);
 }
 
 void SetUnit(Setting& setting, const std::string& value) {
-    SetDurationIn(setting, setting.task.TaskDuration(), ReadUnit(value));
+    const String unit = ReadUnit(value);
+    if (setting.task.TaskMilstones()) NotTaken("unit", value, kOfMilestones);
+    SetDurationIn(setting, setting.task.TaskDuration(), unit);
 }
 
 void SetMilestone(Setting& setting, const std::string& value) {
-    const Boolean milestone = ReadFlag(value);
-    if (!setting.announced) {
-        setting.task.TaskMilstones(milestone);
-        if (milestone) setting.task.TaskEDate(setting.task.TaskBDate());
-        setting.task.TaskDuration(milestone ? 0 : 1);
-    } else if (milestone) {
-        setting.tasks().SeTAsMilstones(setting.project.tasks(), setting.key());
+    if (ReadFlag(value)) {
+        MakeMilestone(setting);
     } else if (setting.task.TaskMilstones()) {
         SetDurationIn(setting, 1, {});
     }
@@ -96,7 +116,7 @@ void SetStart(Setting& setting, const std::string& value) {
     const Date start = setting.task.TaskBDate();
     if (start.year() != wanted.year() && DaysBetween(wanted, start) != 0) {
         constexpr double kNearby = 31;  // over the holidays into the next year
-        if (std::abs(start.days() - wanted.days()) > kNearby) NotTaken("start", value, "the year is out of range");
+        if (std::abs(start.days() - wanted.days()) > kNearby) NotTaken("start", value, kTooLate);
     }
     if (start != wanted) {
         setting.remarks.push_back(fmt::format("{} is not a working day; the task starts on {}", value, Text(start)));
@@ -106,11 +126,8 @@ void SetStart(Setting& setting, const std::string& value) {
 void SetDuration(Setting& setting, const std::string& value) {
     const DurationText wanted = ReadDuration(value);
     SetDurationIn(setting, wanted.length, wanted.unit);
-    if (setting.task.TaskDuration() != wanted.length) {
-        NotTaken(
-            "duration", value,
-            fmt::format("{} {} is the longest", Text(setting.task.TaskDuration()), setting.task.TaskDurationUnit()));
-    }
+    if (setting.task.TaskDuration() == wanted.length) return;
+    NotTaken("duration", value, wanted.length > kMostUnits ? Longest(setting.task.TaskDurationUnit()) : kTooLate);
 }
 
 void MoveEnd(Setting& setting, Date wanted) {
@@ -130,10 +147,15 @@ void SetEnd(Setting& setting, const std::string& value) {
     if (wanted < setting.task.TaskBDate()) {
         NotTaken("end", value, fmt::format("the task starts on {}", Text(setting.task.TaskBDate())));
     }
-    if (wanted.year() > MaxYear()) NotTaken("end", value, "the year is out of range");
+    if (wanted.year() > MaxYear()) NotTaken("end", value, kTooLate);
+    const String unit = setting.task.TaskDurationUnit();
+    if (unit != kDays && wanted != setting.task.TaskEDate()) {
+        NotTaken("end", value,
+                 fmt::format("the end of a task in {} follows from its duration; set that, or unit=days", unit));
+    }
     MoveEnd(setting, wanted);
-    const Date end = setting.task.TaskEDate();
-    if (end != wanted) NotTaken("end", value, fmt::format("the library gives {}", Text(end)));
+    if (setting.task.TaskEDate() == wanted) return;
+    NotTaken("end", value, Gloabal::NextWorkingDay(wanted, 1) != wanted ? "it is not a working day" : Longest(kDays));
 }
 
 void SetDone(Setting& setting, const std::string& value) {
@@ -170,11 +192,11 @@ struct Field {
 
 /// In the order in which they are set.
 constexpr std::array kFields = {
-    Field{"unit", "days, wks, mons, hrs or mins", false, SetUnit},
     Field{"milestone", "yes or no", false, SetMilestone},
+    Field{"unit", "days, wks, mons, hrs or mins", false, SetUnit},
     Field{"start", "yyyy-mm-dd; the end moves along", false, SetStart},
-    Field{"duration", "such as 5, \"5 days\" or 2wks; the end follows", false, SetDuration},
-    Field{"end", "yyyy-mm-dd; the duration follows", false, SetEnd},
+    Field{"duration", "such as 5, \"5 days\" or 2wks; the end follows, and 0 makes a milestone", false, SetDuration},
+    Field{"end", "yyyy-mm-dd, of a task in days; the duration follows", false, SetEnd},
     Field{"done", "percent, 0 to 100", true, SetDone},
     Field{"cost", "such as 1250 or 1250.50", false, SetCost},
     Field{"colour", "a number, 0 to 16777215", true, SetColour},
@@ -204,12 +226,41 @@ const std::string* ValueFor(const Field& field, const std::vector<Assignment>& a
     return value;
 }
 
-Remarks SetAll(Setting setting, const std::vector<Assignment>& assignments) {
-    const bool summary = static_cast<bool>(setting.tasks().isParent(setting.key()));
-    if (ValueFor(*FindField("duration"), assignments) != nullptr &&
-        ValueFor(*FindField("end"), assignments) != nullptr) {
-        throw Refusal("set the duration or the end, not both: one follows from the other");
+const std::string* ValueFor(std::string_view field, const std::vector<Assignment>& assignments) {
+    return ValueFor(*FindField(field), assignments);
+}
+
+/// Refuses fields of which one follows from the other.
+void RefuseTogether(const std::vector<Assignment>& assignments) {
+    const std::string* milestone = ValueFor("milestone", assignments);
+    const bool length = ValueFor("duration", assignments) != nullptr;
+    const bool end = ValueFor("end", assignments) != nullptr;
+    if (length && end) throw Refusal("set the duration or the end, not both: one follows from the other");
+    if (milestone != nullptr && ReadFlag(*milestone) && (length || end || ValueFor("unit", assignments) != nullptr)) {
+        throw Refusal(kOfMilestones);
     }
+}
+
+/// A unit that is set beside a duration becomes the duration's.
+std::vector<Assignment> WithUnits(std::vector<Assignment> assignments) {
+    const std::string* duration = ValueFor("duration", assignments);
+    const std::string* unit = ValueFor("unit", assignments);
+    if (duration == nullptr || unit == nullptr) return assignments;
+    const String named = ReadUnit(*unit);
+    const DurationText read = ReadDuration(*duration);
+    if (!read.unit.empty() && read.unit != named)
+        NotTaken("unit", *unit, fmt::format("the duration is in {}", read.unit));
+    for (Assignment& assignment : assignments) {
+        if (assignment.field == "duration") assignment.value = Text(read.length) + named;
+    }
+    std::erase_if(assignments, [](const Assignment& assignment) { return assignment.field == "unit"; });
+    return assignments;
+}
+
+Remarks SetAll(Setting setting, std::vector<Assignment> assignments) {
+    const bool summary = static_cast<bool>(setting.tasks().isParent(setting.key()));
+    RefuseTogether(assignments);
+    assignments = WithUnits(std::move(assignments));
     for (const Field& field : kFields) {
         const std::string* value = ValueFor(field, assignments);
         if (value == nullptr) continue;

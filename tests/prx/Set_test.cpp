@@ -78,6 +78,51 @@ TEST_F(Set, KeepsPartsOfADayAndShortUnits) {
     ExpectIn("2", R"("duration": 8, "unit": "hrs")");
 }
 
+TEST_F(Set, EndsATaskOfLessThanADayOnItsDay) {
+    for (const char* field : {"duration=0.5", "duration=0.3wks", "duration=0.5mons", "duration=0.25hrs"}) {
+        SCOPED_TRACE(field);
+        folder_.Output({"set", "a.prx", "2", "duration=100 days"});
+        folder_.Output({"set", "a.prx", "2", field});
+        ExpectIn("2", R"("start": "2026-03-02", "end": "2026-03-02")");
+        ExpectIn("1", R"("start": "2026-03-02", "end": "2026-03-02")");
+    }
+}
+
+TEST_F(Set, MakesAMilestoneOfALengthOfNone) {
+    for (const char* field : {"duration=0", "duration=0hrs", "duration=0wks"}) {
+        SCOPED_TRACE(field);
+        folder_.Output({"set", "a.prx", "2", "duration=5 days"});
+        folder_.Output({"set", "a.prx", "2", field});
+        ExpectIn("2", R"("milestone": true, "start": "2026-03-02", "end": "2026-03-02", "duration": 0)");
+    }
+}
+
+TEST_F(Set, TakesNoEndOfATaskThatDoesNotCountInDays) {
+    for (const char* unit : {"wks", "mons", "hrs", "mins"}) {
+        SCOPED_TRACE(unit);
+        folder_.Output({"set", "a.prx", "2", "duration=2" + std::string(unit)});
+        EXPECT_EQ(folder_.Refusal({"set", "a.prx", "2", "end=2026-03-26"}),
+                  "prx: end=2026-03-26 was not taken: the end of a task in " + std::string(unit) +
+                      " follows from its duration; set that, or unit=days\n");
+    }
+    folder_.Output({"set", "a.prx", "2", "unit=days", "end=2026-03-26"});
+    ExpectIn("2", R"("end": "2026-03-26", "duration": 19, "unit": "days")");
+    EXPECT_NE(folder_.Refusal({"add", "a.prx", "X", "--start=2026-03-02", "--end=2026-03-20", "--unit=wks"}), "");
+}
+
+TEST_F(Set, SaysWhyAnEndIsTooFar) {
+    EXPECT_EQ(folder_.Refusal({"set", "a.prx", "2", "end=2036-06-16"}),
+              "prx: end=2036-06-16 was not taken: 999 days are the longest\n");
+}
+
+TEST_F(Set, LeavesAMilestoneItsDay) {
+    EXPECT_TRUE(Has(folder_.Refusal({"set", "a.prx", "2", "milestone=yes", "duration=3"}), "a milestone is a day"));
+    folder_.Output({"set", "a.prx", "2", "milestone=yes"});
+    EXPECT_TRUE(Has(folder_.Refusal({"set", "a.prx", "2", "unit=wks"}), "a milestone is a day"));
+    folder_.Output({"set", "a.prx", "2", "unit=wks", "duration=2"});
+    ExpectIn("2", R"("milestone": false, "start": "2026-03-02", "end": "2026-03-16", "duration": 2, "unit": "wks")");
+}
+
 TEST_F(Set, GivesAMilestoneADuration) {
     folder_.Output({"set", "a.prx", "2", "milestone=yes"});
     folder_.Output({"set", "a.prx", "2", "duration=3"});
@@ -107,7 +152,7 @@ TEST_F(Set, TellsTheProgress) {
 TEST_F(Set, TakesNoEndOnAFreeDay) {
     const std::string before = folder_.Read("a.prx");
     EXPECT_EQ(folder_.Refusal({"set", "a.prx", "2", "end=2026-03-14"}),
-              "prx: end=2026-03-14 was not taken: the library gives 2026-03-16\n");
+              "prx: end=2026-03-14 was not taken: it is not a working day\n");
     EXPECT_EQ(folder_.Read("a.prx"), before);
 }
 
@@ -133,7 +178,7 @@ TEST_F(Set, TellsThatAStartWasMovedToAWorkingDay) {
 
 TEST_F(Set, NamesTheFieldsWhenOneIsUnknown) {
     EXPECT_EQ(folder_.Refusal({"set", "a.prx", "2", "color=1"}),
-              "prx: there is no field \"color\"; the fields are unit, milestone, start, duration, end, done, cost, "
+              "prx: there is no field \"color\"; the fields are milestone, unit, start, duration, end, done, cost, "
               "colour, name\n");
     EXPECT_NE(folder_.Refusal({"set", "a.prx", "2", "start"}).find("write field=value"), std::string::npos);
 }
