@@ -34,7 +34,7 @@ mrlxmlclass::Ref<mrlxmlclass::TasksCls> TaskCommand::Find(const Project& project
 
 void TaskCommand::SetFieldsOf(const Project& project, const mrlxmlclass::Ref<mrlxmlclass::TasksCls>& task,
                               const std::vector<Assignment>& assignments) {
-    for (const std::string& note : SetFields(project, task, assignments)) Tell(note);
+    TellEach(SetFields(project, task, assignments));
 }
 
 }  // namespace prx

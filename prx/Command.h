@@ -11,6 +11,21 @@
 
 namespace prx {
 
+/// A text of the command line that may be left out. One that is empty, such as a variable of the shell that nobody set,
+/// is not left out.
+class OptionalText {
+public:
+    CLI::Option* AddTo(CLI::App& options, const std::string& name, const std::string& help) {
+        return option_ = options.add_option(name, text_, help);
+    }
+    explicit operator bool() const { return option_->count() > 0; }
+    const std::string& operator*() const { return text_; }
+
+private:
+    CLI::Option* option_ = nullptr;
+    std::string text_;
+};
+
 /// One command: its constructor declares what it takes, Run does it. Each stands in a file of its own under commands/.
 class Command {
 public:
@@ -69,13 +84,14 @@ protected:
 
     /// Told when all went through.
     void Tell(const std::string& note) { notes_.push_back(note); }
+    void TellEach(const Remarks& remarks) { notes_.insert(notes_.end(), remarks.begin(), remarks.end()); }
     /// Sets fields of the task; see Fields.h.
     void SetFieldsOf(const Project& project, const mrlxmlclass::Ref<mrlxmlclass::TasksCls>& task,
                      const std::vector<Assignment>& assignments);
 
 private:
     std::string task_;
-    std::vector<std::string> notes_;
+    Remarks notes_;
 };
 
 using Commands = std::vector<std::unique_ptr<Command>>;

@@ -1,6 +1,7 @@
 #include "prx/Edit.h"
 
 #include <fmt/core.h>
+#include <fmt/ranges.h>
 
 #include <unordered_map>
 #include <unordered_set>
@@ -11,6 +12,7 @@
 #include "mrlxmlclass/items/TaskGoalRelationCol.h"
 #include "mrlxmlclass/items/TaskObstaclesRelationCol.h"
 #include "mrlxmlclass/items/obstaclesCol.h"
+#include "prx/Inspection.h"
 #include "prx/Items.h"
 #include "prx/Outline.h"
 #include "prx/Refusal.h"
@@ -41,6 +43,13 @@ Ref<TasksCls> FindByName(const Project& project, const std::string& name) {
     return found;
 }
 
+Ref<TasksCls> InRow(const Project& project, std::string_view row) {
+    for (const OutlineRow& other : Outline(project.tasks())) {
+        if (Text(other.task->TaskPosition()) == row) return other.task;
+    }
+    return nullptr;
+}
+
 Ref<TasksCls> MakeTask(const Project& project) {
     constexpr int kLastKey = 32767;
     const Ref<TasksCls> task = project.tasks()->Add();
@@ -56,6 +65,7 @@ void PutUnder(const Project& project, TasksCls& task, TasksCls& parent) {
     task.ParentID(parent.TaskKey());
     task.TaskType(True);
     parent.TaskType(False);
+    if (!project.tasks()->isParent(KeyOf(parent))) project.tasks()->RemoveAllTaskPredecessor(KeyOf(parent));
     project.tasks()->AddParentTask(parent.TaskKey(), task.TaskKey());
     if (!project.tasks()->CanbeLeveled(KeyOf(task), "")) {
         throw Refusal("the outline cannot get any deeper than that");
@@ -90,13 +100,12 @@ std::vector<Ref<TasksCls>> Subtree(const Project& project, const Ref<TasksCls>& 
 }  // namespace
 
 Ref<TasksCls> FindTask(const Project& project, const std::string& text) {
-    if (text.starts_with('#')) {
-        constexpr int kMostRows = 32767;
-        const Long row = ReadWhole(std::string_view(text).substr(1), 1, kMostRows);
-        return OfTheOutline(project.tasks()->Item(project.tasks()->GetTaskKeyByPosition(Integer(row))), text);
-    }
+    if (text.empty()) throw Refusal("name a task by its key, #row or name");
     if (IsNumber(text)) {
         if (Ref<TasksCls> task = project.tasks()->Item(text)) return OfTheOutline(task, text);
+    }
+    if (text.starts_with('#') && IsNumber(text.substr(1))) {
+        if (Ref<TasksCls> task = InRow(project, std::string_view(text).substr(1))) return OfTheOutline(task, text);
     }
     return OfTheOutline(FindByName(project, text), text);
 }
@@ -122,6 +131,26 @@ void RefuseWithoutWayUp(const Project& project, const TasksCls& task) {
         name = Quoted(*parent);
         above = parent->ParentID();
     }
+}
+
+Remarks LostAsSummary(const Project& project, TasksCls& task) {
+    Remarks remarks;
+    if (project.tasks()->isParent(KeyOf(task))) return remarks;
+    std::vector<std::string> waiting;
+    for (const OutlineRow& row : Outline(project.tasks())) {
+        if (row.task->TaskPredecessorValid() && row.task->isPredecessor(KeyOf(task)))
+            waiting.push_back(Quoted(*row.task));
+    }
+    if (!waiting.empty()) {
+        remarks.push_back(
+            fmt::format("{} is a summary now, and no task waits for a summary: {} for it no more", Quoted(task),
+                        fmt::format("{} wait{}", fmt::join(Shortened(waiting), ", "), waiting.size() == 1 ? "s" : "")));
+    }
+    if (task.TaskCost() != Currency(0)) {
+        remarks.push_back(fmt::format("{} cost {}; as a summary it costs what the tasks below it cost", Quoted(task),
+                                      Text(task.TaskCost())));
+    }
+    return remarks;
 }
 
 Ref<TasksCls> AddTask(const Project& project, const Place& place) {

@@ -1,6 +1,7 @@
 #pragma once
 
 #include <string>
+#include <vector>
 
 #include "mrlxmlclass/tasks/TasksCol.h"
 #include "prx/Project.h"
@@ -18,6 +19,12 @@ std::string KeyOf(const mrlxmlclass::TasksCls& task);
 
 /// Refuses a task whose parents do not lead to the top: one is not there, or they run in a circle.
 void RefuseWithoutWayUp(const Project& project, const mrlxmlclass::TasksCls& task);
+
+/// Worth telling beside what was asked for, a line each.
+using Remarks = std::vector<std::string>;
+
+/// What a task would lose by its first child, as a summary; nothing for one that has children.
+Remarks LostAsSummary(const Project& project, mrlxmlclass::TasksCls& task);
 
 /// Where a new task goes.
 struct Place {

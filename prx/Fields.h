@@ -4,7 +4,7 @@
 #include <string_view>
 #include <vector>
 
-#include "prx/Project.h"
+#include "prx/Edit.h"
 
 namespace prx {
 
@@ -18,9 +18,6 @@ struct Assignment {
 Assignment ReadAssignment(const std::string& text);
 /// The fields, for the help: a line each.
 std::string FieldHelp();
-
-/// Worth telling: a start that was moved to a working day.
-using Remarks = std::vector<std::string>;
 
 /// Sets the fields of a task in an order that lets one follow from the other, whatever order they came in; what waits
 /// for the task moves along, and the summaries above follow. Refuses a value that the library does not take as it

@@ -134,15 +134,17 @@ void MoveAmongSiblings(const Project& project, TasksCls& task, Long before) {
 
 }  // namespace
 
-void IndentTask(const Project& project, const Ref<TasksCls>& task) {
+Remarks IndentTask(const Project& project, const Ref<TasksCls>& task) {
     RefuseWithoutWayUp(project, *task);
     const Ref<TasksCls> parent = Neighbour(project, *task, Direction::kUp);
     if (!parent) throw Refusal(fmt::format("{} stands first on its level: there is no task above it", Quoted(*task)));
     RefuseTooDeep(project, *task, *parent);
     const Long old_parent = task->ParentID();
+    Remarks lost = LostAsSummary(project, *parent);
     FreeParentsOf(project, *task, parent);
     project.tasks()->ChangeTaskParent(KeyOf(*task), KeyOf(*parent), {}, {}, {}, /*Indent=*/True, "indent", kSource);
     KeepPhases(project, *task, old_parent);
+    return lost;
 }
 
 void OutdentTask(const Project& project, const Ref<TasksCls>& task) {
@@ -165,7 +167,7 @@ void MoveTask(const Project& project, const Ref<TasksCls>& task, Direction direc
                       direction == Direction::kUp ? neighbour->TaskPosition() : Long(LastRow(project, *neighbour) + 1));
 }
 
-void MoveTask(const Project& project, const Ref<TasksCls>& task, const Place& place) {
+Remarks MoveTask(const Project& project, const Ref<TasksCls>& task, const Place& place) {
     const TasksCls& anchor = place.after ? *place.after : *place.under;
     RefuseWithoutWayUp(project, *task);
     RefuseWithoutWayUp(project, anchor);
@@ -176,11 +178,16 @@ void MoveTask(const Project& project, const Ref<TasksCls>& task, const Place& pl
     const Long before = LastRow(project, anchor) + 1;
     if (parent == task->ParentID()) {
         MoveAmongSiblings(project, *task, before);
-        return;
+        return {};
     }
-    if (parent != 0) RefuseTooDeep(project, *task, *project.tasks()->Item(parent));
+    Remarks lost;
+    if (const Ref<TasksCls> new_parent = project.tasks()->Item(parent)) {
+        RefuseTooDeep(project, *task, *new_parent);
+        lost = LostAsSummary(project, *new_parent);
+    }
     MoveRows(project, *task, before);
     Reparent(project, *task, parent);
+    return lost;
 }
 
 void TakeToTop(const Project& project, const Ref<TasksCls>& task) {

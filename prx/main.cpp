@@ -18,6 +18,12 @@ void DemandWritten(const std::string& more = {}) {
     }
 }
 
+/// The parser would only say that a command is missing.
+bool NamesNoCommand(const CLI::App& app, int argc, char** argv) {
+    if (argc < 2 || argv[1][0] == '-') return false;
+    return app.get_subcommands([&](const CLI::App* command) { return command->check_name(argv[1]); }).empty();
+}
+
 int Run(int argc, char** argv) {
     CLI::App app("Plans in .prx files: start, show, change and check them.", "prx");
     app.set_version_flag("--version", "prx " PRX_VERSION);
@@ -34,6 +40,10 @@ int Run(int argc, char** argv) {
     try {
         app.parse(argc, argv);
     } catch (const CLI::ParseError& error) {
+        if (NamesNoCommand(app, argc, argv)) {
+            throw prx::Refusal(
+                fmt::format("there is no command \"{}\"; \"prx --help\" names them", prx::Plain(argv[1])));
+        }
         const bool asked_for = app.exit(error) == 0;
         DemandWritten();
         return asked_for ? Command::kDone : Command::kRefused;

@@ -14,10 +14,9 @@ class Add : public EditCommand {
 public:
     explicit Add(CLI::App& app) : EditCommand(app, "add", "Add a task and print its key and what followed") {
         options().add_option("NAME", name_, "Name of the task")->required();
-        auto* under = options().add_option("--under", under_, "Last below this task: a key, #row or name");
-        options().add_option("--after", after_, "Right behind this task, on its level")->excludes(under);
-        for (Option& option : fields_)
-            options().add_option(std::string("--") + option.field, option.value, option.help);
+        auto* under = under_.AddTo(options(), "--under", "Last below this task: a key, #row or name");
+        after_.AddTo(options(), "--after", "Right behind this task, on its level")->excludes(under);
+        for (Option& option : fields_) option.value.AddTo(options(), std::string("--") + option.field, option.help);
         options().add_flag("--milestone", milestone_, "A day rather than a stretch of time");
     }
 
@@ -27,15 +26,18 @@ public:
         const EventLog events(project.tasks());
 
         Place place;
-        if (!under_.empty()) place.under = FindTask(project, under_);
-        if (!after_.empty()) place.after = FindTask(project, after_);
+        if (under_) place.under = FindTask(project, *under_);
+        if (after_) place.after = FindTask(project, *after_);
+        Remarks remarks;
+        if (place.under) remarks = LostAsSummary(project, *place.under);
         const auto task = AddTask(project, place);
         std::vector<Assignment> assignments;
         if (milestone_) assignments.push_back({"milestone", "yes"});
         for (const Option& option : fields_) {
-            if (!option.value.empty()) assignments.push_back({option.field, option.value});
+            if (option.value) assignments.push_back({option.field, *option.value});
         }
-        const Remarks remarks = FillFields(project, task, assignments);
+        const Remarks of_fields = FillFields(project, task, assignments);
+        remarks.insert(remarks.end(), of_fields.begin(), of_fields.end());
         NameNewTask(project, task, name);
 
         project.Save();
@@ -49,12 +51,12 @@ private:
     struct Option {
         const char* field;
         const char* help;
-        std::string value = {};
+        OptionalText value = {};
     };
 
     std::string name_;
-    std::string under_;
-    std::string after_;
+    OptionalText under_;
+    OptionalText after_;
     bool milestone_ = false;
     std::array<Option, 7> fields_ = {{{"start", "First day, yyyy-mm-dd"},
                                       {"end", "Last day, yyyy-mm-dd"},

@@ -11,7 +11,7 @@ public:
 
 private:
     void Change(const Project& project, const mrlxmlclass::Ref<mrlxmlclass::TasksCls>& task) override {
-        IndentTask(project, task);
+        TellEach(IndentTask(project, task));
     }
 };
 

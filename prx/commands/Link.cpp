@@ -10,13 +10,13 @@ class Link : public TaskCommand {
 public:
     explicit Link(CLI::App& app) : TaskCommand(app, "link", "Make a task wait for another, its predecessor") {
         options().add_option("PREDECESSOR", predecessor_, "The task that has to end first")->required();
-        options().add_option("--lag", lag_, "Put it so many working days behind; a negative lag overlaps");
+        lag_.AddTo(options(), "--lag", "Put it so many working days behind; a negative lag overlaps");
     }
 
 private:
     void Read() override {
         constexpr int kMostDays = 999;
-        if (!lag_.empty()) days_ = ReadWhole(lag_, -kMostDays, kMostDays);
+        if (lag_) days_ = ReadWhole(*lag_, -kMostDays, kMostDays);
     }
     void Change(const Project& project, const mrlxmlclass::Ref<mrlxmlclass::TasksCls>& task) override {
         LinkTasks(project, task, FindTask(project, predecessor_), days_);
@@ -24,7 +24,7 @@ private:
     }
 
     std::string predecessor_;
-    std::string lag_;
+    OptionalText lag_;
     std::optional<mrlxmlclass::Integer> days_;
 };
 

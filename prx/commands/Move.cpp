@@ -1,6 +1,5 @@
 #include "prx/Command.h"
 #include "prx/Moving.h"
-#include "prx/Refusal.h"
 
 namespace prx {
 namespace {
@@ -11,8 +10,8 @@ public:
         CLI::Option_group& where = *options().add_option_group("Where to");
         where.add_flag("--up", up_, "Past the task above it on its level");
         where.add_flag("--down", down_, "Past the task below it on its level");
-        where.add_option("--under", under_, "Last below this task: a key, #row or name");
-        where.add_option("--after", after_, "Right behind this task, on its level");
+        under_.AddTo(where, "--under", "Last below this task: a key, #row or name");
+        after_.AddTo(where, "--after", "Right behind this task, on its level");
         where.require_option(1);
     }
 
@@ -23,16 +22,15 @@ private:
             return;
         }
         Place place;
-        if (!under_.empty()) place.under = FindTask(project, under_);
-        if (!after_.empty()) place.after = FindTask(project, after_);
-        if (!place.under && !place.after) throw Refusal("name the task that it goes under or after");
-        MoveTask(project, task, place);
+        if (under_) place.under = FindTask(project, *under_);
+        if (after_) place.after = FindTask(project, *after_);
+        TellEach(MoveTask(project, task, place));
     }
 
     bool up_ = false;
     bool down_ = false;
-    std::string under_;
-    std::string after_;
+    OptionalText under_;
+    OptionalText after_;
 };
 
 }  // namespace

@@ -1,8 +1,11 @@
 #include <fmt/core.h>
 
+#include <set>
+
 #include "prx/Command.h"
 #include "prx/EventLog.h"
 #include "prx/Moving.h"
+#include "prx/Outline.h"
 #include "prx/Terminal.h"
 #include "prx/Values.h"
 
@@ -13,17 +16,17 @@ class Phase : public EditCommand {
 public:
     explicit Phase(CLI::App& app)
         : EditCommand(app, "phase", "Print the phases, or make a task one: it goes to the top of the outline") {
-        options().add_option("TASK", task_, "A key, #row or name");
+        task_.AddTo(options(), "TASK", "A key, #row or name");
     }
 
     int Run(Host& host) override {
-        if (task_.empty()) {
+        if (!task_) {
             Print(Project::ToLook(host, file()));
             return kDone;
         }
         Project project = Project::ToEdit(host, file(), force());
         const EventLog events(project.tasks());
-        TakeToTop(project, FindTask(project, task_));
+        TakeToTop(project, FindTask(project, *task_));
         project.Save();
         events.Print();
         return kDone;
@@ -31,15 +34,17 @@ public:
 
 private:
     static void Print(const Project& project) {
-        for (const auto& entry : project.tasks()->Phases()->Snapshot()) {
-            const auto phase = project.tasks()->Item(entry.item);
-            if (!phase) continue;
-            fmt::print("{}  {}  {}\n", PadLeft(Text(phase->TaskPosition()), 3), PadLeft(Text(phase->TaskKey()), 3),
-                       Plain(phase->TaskName()));
+        std::set<std::int64_t> phases;
+        for (const auto& entry : project.tasks()->Phases()->Snapshot()) phases.insert(entry.item.Key().Number());
+        for (const OutlineRow& row : Outline(project.tasks())) {
+            const mrlxmlclass::TasksCls& task = *row.task;
+            if (!phases.contains(task.TaskKey())) continue;
+            fmt::print("{}  {}  {}\n", PadLeft(Text(task.TaskPosition()), 3), PadLeft(Text(task.TaskKey()), 3),
+                       Plain(task.TaskName()));
         }
     }
 
-    std::string task_;
+    OptionalText task_;
 };
 
 }  // namespace

@@ -21,11 +21,9 @@ public:
             ->excludes(json)
             ->excludes(gantt);
         options().add_flag("--notes", notes_, "Show the notes of the tasks")->excludes(json)->excludes(gantt);
-        options().add_option("--from", from_, "First day of the bars, yyyy-mm-dd")->needs(gantt);
-        options().add_option("--to", to_, "Last day of the bars, yyyy-mm-dd")->needs(gantt);
-        options()
-            .add_option("--width", width_, "Columns of the drawing; 80 unless the terminal is wider")
-            ->needs(gantt);
+        from_.AddTo(options(), "--from", "First day of the bars, yyyy-mm-dd")->needs(gantt);
+        to_.AddTo(options(), "--to", "Last day of the bars, yyyy-mm-dd")->needs(gantt);
+        width_.AddTo(options(), "--width", "Columns of the drawing; 80 unless the terminal is wider")->needs(gantt);
     }
 
     int Run(Host& host) override {
@@ -44,10 +42,9 @@ private:
     GanttView View() const {
         constexpr int kMostColumns = 1000;
         GanttView view;
-        if (!from_.empty()) view.from = ReadDate(from_);
-        if (!to_.empty()) view.to = ReadDate(to_);
-        view.width =
-            width_.empty() ? OutputWidth() : static_cast<std::size_t>(ReadWhole(width_, 0, kMostColumns).value());
+        if (from_) view.from = ReadDate(*from_);
+        if (to_) view.to = ReadDate(*to_);
+        view.width = width_ ? static_cast<std::size_t>(ReadWhole(*width_, 0, kMostColumns).value()) : OutputWidth();
         return view;
     }
 
@@ -55,9 +52,9 @@ private:
     bool gantt_ = false;
     bool people_ = false;
     bool notes_ = false;
-    std::string from_;
-    std::string to_;
-    std::string width_;
+    OptionalText from_;
+    OptionalText to_;
+    OptionalText width_;
 };
 
 }  // namespace

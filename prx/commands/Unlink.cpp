@@ -9,13 +9,13 @@ namespace {
 class Unlink : public TaskCommand {
 public:
     explicit Unlink(CLI::App& app) : TaskCommand(app, "unlink", "Let a task wait no longer; its dates stay") {
-        options().add_option("PREDECESSOR", predecessor_, "The task that it waits for; left out, all of them");
+        predecessor_.AddTo(options(), "PREDECESSOR", "The task that it waits for; left out, all of them");
     }
 
 private:
     void Change(const Project& project, const mrlxmlclass::Ref<mrlxmlclass::TasksCls>& task) override {
-        if (!predecessor_.empty()) {
-            UnlinkTasks(project, task, FindTask(project, predecessor_));
+        if (predecessor_) {
+            UnlinkTasks(project, task, FindTask(project, *predecessor_));
             return;
         }
         const auto predecessors = Predecessors(project, *task);
@@ -23,7 +23,7 @@ private:
         for (const auto& predecessor : predecessors) UnlinkTasks(project, task, predecessor);
     }
 
-    std::string predecessor_;
+    OptionalText predecessor_;
 };
 
 }  // namespace

@@ -75,6 +75,40 @@ TEST_F(Add, MakesAParentOfALeaf) {
               std::string::npos);
 }
 
+TEST_F(Add, TellsWhatALeafLosesThatBecomesASummary) {
+    folder_.Output({"add", "a.prx", "Build", "--under", "Phase", "--start", "2026-03-09"});
+    folder_.Output({"link", "a.prx", "Build", "Design"});
+    folder_.Output({"cost", "a.prx", "Design", "70"});
+
+    const Result result = folder_.Prx({"add", "a.prx", "Sketch", "--under", "Design"});
+
+    EXPECT_EQ(result.status, 0);
+    EXPECT_EQ(result.err,
+              "prx: \"Design\" is a summary now, and no task waits for a summary: \"Build\" waits for it no more\n"
+              "prx: \"Design\" cost 70; as a summary it costs what the tasks below it cost\n");
+    EXPECT_FALSE(Has(folder_.Output({"show", "--json", "a.prx"}), "\"predecessors\": [\""));
+    folder_.Output({"check", "a.prx"});
+    EXPECT_EQ(folder_.Prx({"add", "a.prx", "Draw", "--under", "Design"}).err, "");
+}
+
+TEST_F(Add, TakesNoLengthOfAMilestone) {
+    for (const char* option : {"--duration=5", "--end=2026-03-09", "--unit=wks"}) {
+        EXPECT_TRUE(Has(folder_.Refusal({"add", "a.prx", "X", "--milestone", option}), "a milestone is a day"))
+            << option;
+    }
+}
+
+TEST_F(Add, MakesAMilestoneOfALengthOfNone) {
+    folder_.Output({"add", "a.prx", "X", "--start", "2026-03-09", "--duration", "0"});
+    EXPECT_TRUE(Has(folder_.Output({"show", "a.prx"}), "X         2026-03-09  2026-03-09  milestone"));
+}
+
+TEST_F(Add, FindsATaskWhoseNameBeginsWithTheSignOfARow) {
+    folder_.Output({"add", "a.prx", "#5 pump"});
+    folder_.Output({"add", "a.prx", "X", "--under", "#5 pump"});
+    EXPECT_EQ(Names(), "Phase\n  Design\nLater\n#5 pump\n  X\n");
+}
+
 TEST_F(Add, RefusesAPlaceThatIsNotThere) {
     EXPECT_EQ(folder_.Refusal({"add", "a.prx", "X", "--under", "Nobody"}), "prx: there is no task \"Nobody\"\n");
     EXPECT_EQ(folder_.Refusal({"add", "a.prx", "X", "--under", "99"}), "prx: there is no task \"99\"\n");

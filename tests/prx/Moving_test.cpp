@@ -106,6 +106,20 @@ TEST_F(Indent, FreesTheNewParentFromWaitingForItsChild) {
     EXPECT_FALSE(Has(plan_.Row("A"), "\"predecessors\": [\""));
 }
 
+TEST_F(Indent, TellsWhatItsNewParentLoses) {
+    plan_.Edit({"link", "E", "A"});
+    plan_.Edit({"cost", "A", "70"});
+    plan_.Edit({"move", "E", "--after", "A"});
+    const std::string told =
+        "prx: \"A\" is a summary now, and no task waits for a summary: \"E\" waits for it no more\n"
+        "prx: \"A\" cost 70; as a summary it costs what the tasks below it cost\n";
+    const std::string before = plan_.Read("a.prx");
+    EXPECT_EQ(plan_.Prx({"indent", "a.prx", "E"}).err, told);
+
+    plan_.Write("a.prx", before);
+    EXPECT_EQ(plan_.Prx({"move", "a.prx", "F", "--under", "A"}).err, told);
+}
+
 TEST_F(Indent, RefusesTheFirstOfALevel) {
     EXPECT_EQ(plan_.Refused({"indent", "A"}), "prx: \"A\" stands first on its level: there is no task above it\n");
     EXPECT_NE(plan_.Refused({"indent", "First"}), "");
@@ -227,6 +241,11 @@ TEST_F(Move, AsksForOnePlaceThatDoesNotMoveAlong) {
 
 TEST_F(Phase, ListsThePhases) {
     EXPECT_EQ(plan_.Output({"phase", "a.prx"}), "  1    1  First\n  7    7  Second\n");
+}
+
+TEST_F(Phase, ListsThePhasesByTheirRows) {
+    plan_.Edit({"move", "Second", "--up"});
+    EXPECT_EQ(plan_.Output({"phase", "a.prx"}), "  1    7  Second\n  3    1  First\n");
 }
 
 TEST_F(Phase, TakesATaskToTheTop) {

@@ -34,6 +34,20 @@ TEST(New, WritesNothingWhenADateIsWrong) {
     EXPECT_FALSE(folder.Has("~a.prxl"));
 }
 
+TEST(New, RefusesADeadlineBeforeTheStart) {
+    const Folder folder;
+    EXPECT_EQ(folder.Refusal({"new", "a.prx", "--start", "2026-03-02", "--deadline", "2026-02-01"}),
+              "prx: the deadline 2026-02-01 lies before the start 2026-03-02\n");
+    EXPECT_FALSE(folder.Has("a.prx"));
+}
+
+TEST(New, RefusesTheDayThatStandsForNone) {
+    const Folder folder;
+    EXPECT_EQ(folder.Refusal({"new", "a.prx", "--start", "1899-12-30"}),
+              "prx: \"1899-12-30\" is not a day that a plan can hold: in a file it stands for no day\n");
+    EXPECT_FALSE(folder.Has("a.prx"));
+}
+
 TEST(New, RefusesAFolderThatIsNotThere) {
     const Folder folder;
     EXPECT_NE(folder.Refusal({"new", "nowhere/a.prx"}), "");

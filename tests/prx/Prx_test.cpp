@@ -230,7 +230,9 @@ TEST(Prx, RefusesToRunWithoutACommand) {
 
 TEST(Prx, RefusesAnUnknownCommandAndAnUnknownOption) {
     const Folder folder;
-    EXPECT_NE(folder.Refusal({"paint", "a.prx"}), "");
+    EXPECT_EQ(folder.Refusal({"paint", "a.prx"}), "prx: there is no command \"paint\"; \"prx --help\" names them\n");
+    EXPECT_EQ(folder.Refusal({"sho"}), "prx: there is no command \"sho\"; \"prx --help\" names them\n");
+    EXPECT_EQ(folder.Refusal({"person", "a.prx", "paint"}).find("no command"), std::string::npos);
     EXPECT_NE(folder.Refusal({"show", "--loudly", "a.prx"}), "");
 }
 
