@@ -142,6 +142,8 @@ std::vector<std::string> NamesOn(TasksCls& task, Kind kind) {
 }
 
 std::string FindItem(const Project& project, Kind kind, const std::string& text, const Ref<TasksCls>& of) {
+    if (text.empty())
+        throw Refusal(fmt::format("name a {} by its key or {}", NameOf(kind), kind == Kind::kNote ? "text" : "name"));
     return With(kind, [&]<class K>(K) {
         if (const auto item = Find<K>(project.app(), text)) return K::KeyOf(*item);
         std::vector<std::string> named;

@@ -43,4 +43,12 @@ TEST(EmptyArguments, NameNoTaskWithoutAName) {
     plan.Output({"rename", "a.prx", "23", "Drying"});
 }
 
+TEST(EmptyArguments, NameNoItemWithoutAName) {
+    const PlanFolder plan;
+    plan.CopyExample("house.prx", "a.prx");
+    plan.Write("a.prx", Replaced(plan.Read("a.prx"), "<GoalName>In before Christmas</GoalName>", "<GoalName/>"));
+    EXPECT_EQ(plan.Refusal({"goal", "a.prx", "remove", ""}), "prx: name a goal by its key or name\n");
+    EXPECT_EQ(plan.Refusal({"assign", "a.prx", "2", "goal", ""}), "prx: name a goal by its key or name\n");
+}
+
 }  // namespace prx_test
