@@ -145,6 +145,7 @@ private:
         for (const auto& entry : K::Ties(app_)->NewEnum()) {
             const std::string key = entry.item->elementKey();
             if (entry.item->TaskKey() != 0 || listed.count(key) != 1) continue;
+            if (!items_.contains(K::ItemOf(*entry.item))) continue;
             const TasksCls& task = *listed.find(key)->second;
             wrong_.insert(key);
             Tell(fmt::format("{} leads to no task, though {} lists it", RelationName(key), TitleOf(task)),

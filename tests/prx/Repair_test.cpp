@@ -86,6 +86,12 @@ TEST_F(Ties, ToNoTaskThoughOneListsThem) {
     EXPECT_NE(plan_.Output({"show", "--notes", "b.prx"}).find("Ask"), std::string::npos);
 }
 
+TEST_F(Ties, ToNoTaskAndNobody) {
+    Damage("<Key>2</Key><TaskKey>3</TaskKey><PersonKey>1<", "<Key>2</Key><PersonKey>9<");
+    EXPECT_EQ(Faults(), std::string(kTold) + "  assignment 2 leads to no task\n");
+    EXPECT_EQ(Repaired(), Mended("  assignment 2 leads to no task: taken out\n"));
+}
+
 TEST_F(Ties, ToATaskThatIsGone) {
     Damage("<TaskGoalRelation><TaskKey>3<", "<TaskGoalRelation><TaskKey>99<");
 
