@@ -148,9 +148,9 @@ private:
             if (!items_.contains(K::ItemOf(*entry.item))) continue;
             const TasksCls& task = *listed.find(key)->second;
             wrong_.insert(key);
-            Tell(fmt::format("{} leads to no task, though {} lists it", RelationName(key), TitleOf(task)),
-                 "tied to that");
-            if (mends_) entry.item->TaskKey(task.TaskKey());
+            found_.Tell(fmt::format("{} leads to no task, though {} lists it", RelationName(key), TitleOf(task)),
+                        "tied to that", /*nowhere=*/true);
+            if (found_.mends()) entry.item->TaskKey(task.TaskKey());
         }
     }
 
