@@ -3,6 +3,7 @@
 #include <sys/wait.h>
 #include <unistd.h>
 
+#include <csignal>
 #include <filesystem>
 
 #include "prx/Windows.h"
@@ -17,6 +18,7 @@ std::string why_no_window = "this prx was built without windows; build it where 
 bool Starts(std::string program) {
     std::string option = "--version";
     char* arguments[] = {program.data(), option.data(), nullptr};
+    std::signal(SIGCHLD, SIG_DFL);  // where they are ignored no child can be waited for
     posix_spawn_file_actions_t quiet{};
     posix_spawn_file_actions_init(&quiet);
     posix_spawn_file_actions_addopen(&quiet, STDOUT_FILENO, "/dev/null", O_WRONLY, 0);
@@ -36,7 +38,7 @@ void GoOnWithWindows(char** arguments) {
     const std::filesystem::path other = self.parent_path() / "prx-windows";
     if (error) {
         why_no_window = "the program of its windows cannot be found: " + error.message();
-    } else if (std::filesystem::exists(other, error)) {
+    } else if (std::filesystem::exists(other, error) || error) {
         if (Starts(other)) execv(other.c_str(), arguments);
         why_no_window = "the program of its windows does not start";
     }

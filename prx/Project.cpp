@@ -108,8 +108,7 @@ void TellEach(const char* what, const std::vector<std::string>& lines) {
 }
 
 std::size_t CountRecorded() {
-    const Ref<ErrorsHandler> handler = Module().g_ErrorsHandler;
-    return handler ? static_cast<std::size_t>(handler->Log()->Error_Col()->Count().value()) : 0;
+    return static_cast<std::size_t>(RecordedFailures().value());
 }
 
 /// The wizard's state stands in a file of this program's own.

@@ -35,8 +35,8 @@ ProjectLock::ProjectLock(Files& files, const std::string& project)
                 throw Refusal(Plain(project) + ": somebody else has this project open; try again later");
             }
             if (denied && tried < kTries) continue;
-            throw Refusal(fmt::format("{}: the lock beside it cannot be taken: {}", Plain(project),
-                                      Plain(failed.description())));
+            throw Refusal(
+                fmt::format("{}: the lock beside it cannot be taken: {}", Plain(project), Plain(failed.description())));
         }
     }
 }

@@ -12,8 +12,9 @@ namespace {
 class TaskWindows : public mrlxmlclass::QtTaskScreens {
 public:
     std::unique_ptr<mrlxmlclass::EditTaskView> NewView(mrlxmlclass::EditTask& form) override {
+        auto view = QtTaskScreens::NewView(form);
         latest_ = mrlxmlclass::Ref<mrlxmlclass::EditTask>(&form);
-        return QtTaskScreens::NewView(form);
+        return view;
     }
     mrlxmlclass::Ref<mrlxmlclass::EditTask> TakeLatest() { return std::exchange(latest_, {}); }
 
@@ -36,7 +37,7 @@ mrlxmlclass::TaskScreens& Windows() {
 
 mrlxmlclass::EditTask::Ending EndingOfDialog() {
     const auto latest = TheWindows().TakeLatest();
-    return latest ? latest->ending() : mrlxmlclass::EditTask::Ending::Unsaved;
+    return latest ? latest->ending() : mrlxmlclass::EditTask::Ending::Failed;
 }
 
 bool ShowMessage(const std::string& text) {

@@ -16,7 +16,7 @@ mrlxmlclass::TaskScreens& Windows();
 std::string WhyNoWindow();
 /// Shows a message in front of the window that stands. False when none does: then it is not shown.
 bool ShowMessage(const std::string& text);
-/// How the latest dialog was left.
+/// How the latest dialog was left; it counts as failed where none could be shown.
 mrlxmlclass::EditTask::Ending EndingOfDialog();
 
 }  // namespace prx

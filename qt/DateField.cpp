@@ -60,9 +60,11 @@ DateField::DateField(const EditTask& form, DateControl& control, std::function<v
     setFocusPolicy(Qt::ClickFocus);  // Tab stops at the box and at the date
 
     QObject::connect(has_date_, &QCheckBox::clicked, this, [this] { Changed(); });
-    QObject::connect(date_, &QDateEdit::dateChanged, this, [this] { Changed(); });
+    QObject::connect(date_, &QDateEdit::dateChanged, this, [this] {
+        if (calendar_ == nullptr || !calendar_->isVisible()) Changed();  // who walks about in it has chosen nothing yet
+    });
     const auto* line = date_->findChild<QLineEdit*>();
-    QObject::connect(line, &QLineEdit::textEdited, this, [this] { typed_ = true; });
+    QObject::connect(line, &QLineEdit::textEdited, this, [this] { typed_ = date_->hasAcceptableInput(); });
     QObject::connect(date_, &QDateEdit::editingFinished, this, [this] {
         if (std::exchange(typed_, false)) Chosen();
     });
@@ -76,9 +78,21 @@ void DateField::Chosen() {
 void DateField::WatchCalendar() {
     if (calendar_ != nullptr) return;
     calendar_ = date_->calendarWidget();
+    calendar_->installEventFilter(this);
     for (const auto chosen : {&QCalendarWidget::clicked, &QCalendarWidget::activated}) {
-        QObject::connect(calendar_, chosen, this, [this] { Chosen(); });
+        QObject::connect(calendar_, chosen, this, [this](QDate day) {
+            const Date* shown = control_.Value().If<Date>();
+            if (shown != nullptr && ToQt(*shown) == day) return Chosen();
+            const QSignalBlocker quiet(date_);
+            date_->setDate(day);
+            Changed();
+        });
     }
+}
+
+void DateField::DropEdit() {
+    typed_ = false;
+    Show();
 }
 
 void DateField::Changed() {
@@ -107,6 +121,10 @@ void DateField::focusInEvent(QFocusEvent* event) {
 }
 
 bool DateField::eventFilter(QObject* watched, QEvent* event) {
+    if (watched == calendar_) {
+        if (event->type() == QEvent::Hide) Show();  // where it was left without a choice
+        return false;
+    }
     switch (event->type()) {
         case QEvent::Wheel:
             if (date_->hasFocus()) return false;

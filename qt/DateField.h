@@ -20,6 +20,8 @@ public:
     DateField(const EditTask& form, DateControl& control, std::function<void()> changed);
 
     void Show();
+    /// Forgets what is half typed.
+    void DropEdit();
     /// What the focus rests on.
     QList<QWidget*> parts() const { return {has_date_, date_}; }
 
@@ -41,7 +43,7 @@ private:
     QDateEdit* date_;
     QCalendarWidget* calendar_ = nullptr;  ///< once it was opened
     std::optional<QString> format_;        ///< the host's, in use
-    bool typed_ = false;                   ///< since the focus came
+    bool typed_ = false;                   ///< a whole date, since the focus came
 };
 
 }  // namespace mrlxmlclass::qt

@@ -6,7 +6,8 @@
 namespace mrlxmlclass::qt {
 
 bool DropsDown(const QKeyEvent& key) {
-    return key.key() == Qt::Key_F4 || (key.key() == Qt::Key_Down && key.modifiers().testFlag(Qt::AltModifier));
+    return (key.key() == Qt::Key_F4 && key.modifiers() == Qt::NoModifier) ||
+           (key.key() == Qt::Key_Down && key.modifiers().testFlag(Qt::AltModifier));
 }
 
 void DropList::showPopup() {

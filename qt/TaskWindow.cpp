@@ -13,6 +13,7 @@
 #include <QTabWidget>
 #include <algorithm>
 
+#include "qt/DateField.h"
 #include "qt/GridPages.h"
 #include "qt/GridView.h"
 #include "qt/Labels.h"
@@ -120,6 +121,9 @@ void TaskWindow::FinishEditing() {
 void TaskWindow::DropEdits() {
     for (QTableView* table : findChildren<QTableView*>()) {
         if (auto* grid = dynamic_cast<GridView*>(table)) grid->DropEdit();
+    }
+    for (QWidget* widget : findChildren<QWidget*>()) {
+        if (auto* date = dynamic_cast<DateField*>(widget)) date->DropEdit();
     }
 }
 

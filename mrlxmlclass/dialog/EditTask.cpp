@@ -135,7 +135,9 @@ void EditTask::CmdOK_Click(Integer) {
     if (saving_ || closed_) return;  // a person presses twice while the host is heard, or the host has closed it
     const dialog::Raised saving(saving_);
     kTail.Run("CmdOK_Click", [&] {
-        ending_ = SaveTaskInfo() ? Ending::Saved : Ending::Failed;
+        const Long failures = RecordedFailures();
+        const Boolean saved = SaveTaskInfo();
+        ending_ = saved && RecordedFailures() == failures ? Ending::Saved : Ending::Failed;
         Unload();
     });
 }

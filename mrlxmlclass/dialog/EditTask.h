@@ -86,7 +86,7 @@ public:
     enum class Ending {
         Unsaved,  ///< not by `CmdOK`, or not yet
         Saved,    ///< by `CmdOK`, and all was saved
-        Failed,   ///< by `CmdOK`, and a failure was recorded that ended the saving
+        Failed,   ///< by `CmdOK`, and a failure was recorded while it saved
     };
     Ending ending() const { return ending_; }
     /// The tab that Form_Activate shows.

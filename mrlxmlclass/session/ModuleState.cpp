@@ -33,4 +33,9 @@ void EnsureErrorsHandler() {
     if (!module.g_ErrorsHandler) module.g_ErrorsHandler = Make<ErrorsHandler>();
 }
 
+Long RecordedFailures() {
+    const Ref<ErrorsHandler> handler = Module().g_ErrorsHandler;
+    return handler ? handler->Log()->Error_Col()->Count() : Long(0);
+}
+
 }  // namespace mrlxmlclass

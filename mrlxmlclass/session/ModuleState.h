@@ -60,5 +60,7 @@ inline Integer MaxYear() {
 
 /// Makes the shared error log where it is absent.
 void EnsureErrorsHandler();
+/// How many failures it holds.
+Long RecordedFailures();
 
 }  // namespace mrlxmlclass

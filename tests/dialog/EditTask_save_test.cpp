@@ -336,6 +336,17 @@ TEST_F(Saving, OfPastedBytesThatAreNoTextLosesNothingElse) {
     plan.app->endreadonly();
 }
 
+TEST_F(Saving, CountsAsFailedWhereAnOperationOfItsRecordsAFailure) {
+    plan["Phase"].TaskCost(922'337'203'685'470);
+    Ref<EditTask> dialog;
+    OnOk([&](EditTask& form) {
+        dialog = Ref<EditTask>(&form);
+        form.Txtcost.Text("99999998");
+    });
+    EXPECT_EQ(plan.failures.Taken(), "TasksCol/RollUpCostChanged 6\n");
+    EXPECT_EQ(dialog->ending(), EditTask::Ending::Failed);
+}
+
 TEST_F(Saving, RecordsATaskThatAHandlerTookAway) {
     const Interruption host(plan, "RoolUpCostChange", 1, [&] { plan.col().RemoveForLib("2"); });
     OnOk([](EditTask& form) {

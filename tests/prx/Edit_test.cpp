@@ -62,6 +62,14 @@ TEST_F(EditInWindow, RefusesATaskThatIsNotThere) {
     EXPECT_EQ(folder.Refused({"edit", "Castle"}), "prx: there is no task \"Castle\"\n");
 }
 
+TEST_F(EditInWindow, StartsWhereTheEndsOfChildrenAreIgnored) {
+    const Variable platform("QT_QPA_PLATFORM", "offscreen");
+    const std::string edit =
+        "env --ignore-signal=CHLD " PRX_PROGRAM " edit " + folder.Path("a.prx") + " Castle 2>" + folder.Path("told");
+    EXPECT_EQ(std::system(edit.c_str()) >> 8, 2);
+    EXPECT_EQ(folder.Read("told"), "prx: there is no task \"Castle\"\n");
+}
+
 TEST_F(EditInWindow, LosesNothingWhenItIsKilled) {
     const Variable platform("QT_QPA_PLATFORM", "offscreen");
     const std::string before = folder.Read("a.prx");

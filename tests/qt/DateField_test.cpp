@@ -202,6 +202,78 @@ TEST_F(DateField, CountsNoDateAsChosenThatWasOnlyLookedAt) {
     EXPECT_EQ(plan["Idea"].TaskBDate(), Date());
 }
 
+TEST_F(DateField, LeavesItsCalendarByEscapeAsItWas) {
+    plan.Task("Idea");
+    plan["Design"].TaskLag(2);
+    for (const char* task : {"Idea", "Design"}) {
+        SCOPED_TRACE(task);
+        const Date before = plan[task].TaskBDate();
+        plan.Edit(task, [&](QWidget& window) {
+            QDateEdit& start = DateIn(window, "DTPickerStart");
+            const QDate shown = start.date();
+            start.setFocus();
+            QTest::keyClick(&start, Qt::Key_F4);
+            QTest::keyClick(&CalendarOf(start), Qt::Key_Right);
+            QTest::keyClick(&CalendarOf(start), Qt::Key_Down);
+            QTest::keyClick(start.calendarWidget()->window(), Qt::Key_Escape);
+            EXPECT_EQ(start.date(), shown);
+            Click(Find(window, "CmdOK"));
+        });
+        EXPECT_EQ(plan[task].TaskBDate(), before);
+    }
+    EXPECT_EQ(plan["Design"].TaskLag(), 2);
+}
+
+TEST_F(DateField, TakesTheDayThatItsCalendarWasWalkedTo) {
+    plan.Edit("Design", [](QWidget& window) {
+        QDateEdit& end = DateIn(window, "DTPickerEnd");
+        end.setFocus();
+        QTest::keyClick(&end, Qt::Key_F4);
+        for (const auto key : {Qt::Key_Up, Qt::Key_Down, Qt::Key_Down}) QTest::keyClick(&CalendarOf(end), key);
+        QTest::keyClick(&CalendarOf(end), Qt::Key_Return);
+        Click(Find(window, "CmdOK"));
+    });
+    EXPECT_EQ(plan["Design"].TaskEDate(), Wednesday + 7);
+}
+
+TEST_F(DateField, CountsNoDateThatItMendedItself) {
+    plan.Task("Idea");
+    plan.Edit("Idea", [](QWidget& window) {
+        QDateEdit& start = DateIn(window, "DTPickerStart");
+        start.setFocus();
+        QTest::keyClick(&start, Qt::Key_Backspace);
+        Find(window, "TxtName").setFocus();
+        Click(Find(window, "CmdOK"));
+    });
+    EXPECT_EQ(plan["Idea"].TaskBDate(), Date());
+}
+
+TEST_F(DateField, ForgetsWhatIsHalfTypedWhenTheDialogIsLeft) {
+    for (const auto leave :
+         {+[](QWidget& window) { QTest::keyClick(&DateIn(window, "DTPickerStart"), Qt::Key_Escape); },
+          +[](QWidget& window) { window.close(); }}) {
+        Ref<EditTask> dialog;
+        plan.Edit("Design", [&](QWidget& window) {
+            dialog = Ref<EditTask>(&plan.form());
+            QDateEdit& start = DateIn(window, "DTPickerStart");
+            start.setFocus();
+            QTest::keyClicks(&start, "18");
+            leave(window);
+        });
+        EXPECT_EQ(dialog->Task()->TaskBDate(), Monday);
+    }
+}
+
+TEST_F(DateField, LeavesOtherKeysWithF4Alone) {
+    plan.Edit("Design", [](QWidget& window) {
+        QDateEdit& start = DateIn(window, "DTPickerStart");
+        start.setFocus();
+        QTest::keyClick(&start, Qt::Key_F4, Qt::AltModifier);
+        EXPECT_FALSE(start.calendarWidget()->isVisible());
+        Click(Find(window, "CmdCancel"));
+    });
+}
+
 TEST_F(DateField, TellsNothingOfADateThatTheTaskHasAlready) {
     plan.Task("Build").From(Monday).Lasting(2);
     plan["Build"].TaskLag(2);
