@@ -1,6 +1,7 @@
 #include "qt/DateField.h"
 
 #include <QCalendarWidget>
+#include <QCoreApplication>
 #include <QHBoxLayout>
 #include <QKeyEvent>
 #include <QLineEdit>
