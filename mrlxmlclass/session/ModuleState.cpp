@@ -2,6 +2,7 @@
 
 #include "mrlxmlclass/platform/Services.h"
 #include "mrlxmlclass/scheduling/CalendarCls.h"
+#include "mrlxmlclass/session/ErrorsCls.h"
 #include "mrlxmlclass/session/ErrorsHandler.h"
 
 namespace mrlxmlclass {
