@@ -187,11 +187,12 @@ void Project::RefuseToReplace(const std::string& file) {
 }
 
 void Project::Lock() {
+    using Beside = ProjectLock::Beside;
     Files& files = host_->files().below();
-    locks_.emplace_back(files, path_);
     std::error_code none;
-    // Others may have it by its own name.
-    if (std::filesystem::is_symlink(path_, none)) locks_.emplace_back(files, files.Resolve(path_));
+    const bool linked = std::filesystem::is_symlink(path_, none);
+    locks_.emplace_back(files, path_, linked ? Beside::Another : Beside::Nothing);
+    if (linked) locks_.emplace_back(files, files.Resolve(path_));  // others may have it by its own name
 }
 
 void Project::LockNewFile() {

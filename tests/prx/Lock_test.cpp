@@ -25,7 +25,7 @@ public:
     explicit BusyFiles(const Folder& folder) : ForwardingFiles(SystemServices().files), folder_(folder) {}
 
     std::function<void()> after_first_reading;  ///< of the plan a.prx
-    std::function<void()> before_holding;
+    std::function<void(const std::string& lock)> before_holding;
 
     std::string Read(const std::string& path) override {
         std::string content = ForwardingFiles::Read(path);
@@ -33,7 +33,7 @@ public:
         return content;
     }
     mrlxmlclass::Integer Hold(const std::string& path) override {
-        if (before_holding) before_holding();
+        if (before_holding) before_holding(path);
         return ForwardingFiles::Hold(path);
     }
     std::string StateFolder() override { return folder_.Path("state"); }
@@ -94,20 +94,49 @@ TEST_F(Lock, IsHeldBeforeAPlanIsReadThatIsToBeChanged) {
 }
 
 TEST_F(Lock, ThatSomebodyTakesFirstIsARefusal) {
-    files_.before_holding = [&] { HoldLock(); };
+    files_.before_holding = [&](const std::string&) { HoldLock(); };
 
     EXPECT_TRUE(Has(WhyNot([&] { ToEdit(); }), kInUse));
 }
 
 TEST_F(Lock, ThatCannotBeHadIsARefusal) {
-    files_.before_holding = [] { mrlxmlclass::Raise(mrlxmlclass::failure::kPermissionDenied); };
+    files_.before_holding = [](const std::string&) { mrlxmlclass::Raise(mrlxmlclass::failure::kPermissionDenied); };
 
     EXPECT_EQ(WhyNot([&] { ToEdit(); }),
               folder_.Path("a.prx") + ": the lock beside it cannot be taken: Permission denied");
 }
 
+TEST_F(Lock, ThatIsLeftOverAndSomebodyElsesIsNamed) {
+    folder_.Write("~a.prxl", "");
+    files_.before_holding = [](const std::string&) { mrlxmlclass::Raise(mrlxmlclass::failure::kPermissionDenied); };
+
+    EXPECT_EQ(WhyNot([&] { ToEdit(); }), folder_.Path("a.prx") +
+                                             ": the lock beside it cannot be taken: Permission denied; nobody holds " +
+                                             folder_.Path("~a.prxl") + ", so it may be deleted");
+}
+
+TEST_F(Lock, ThatIsALinkIsNotFollowed) {
+    std::filesystem::create_symlink("nowhere", folder_.Path("~a.prxl"));
+
+    EXPECT_TRUE(Has(folder_.Refusal({"rename", "a.prx", "2", "Another name"}), "is a file of another kind"));
+
+    EXPECT_FALSE(folder_.Has("nowhere"));
+    EXPECT_TRUE(std::filesystem::is_symlink(folder_.Path("~a.prxl")));
+}
+
+TEST_F(Lock, OfALinkIsNotMissedWhereItMayNotBeMade) {
+    std::filesystem::create_symlink("a.prx", folder_.Path("b.prx"));
+    files_.before_holding = [&](const std::string& lock) {
+        if (lock == folder_.Path("~b.prxl")) mrlxmlclass::Raise(mrlxmlclass::failure::kPermissionDenied);
+    };
+
+    const prx::Project project = prx::Project::ToEdit(host_, folder_.Path("b.prx"), /*force=*/false);
+
+    EXPECT_TRUE(folder_.Has("~a.prxl"));
+}
+
 TEST_F(Lock, ThatSomebodyLetsGoOfIsTaken) {
-    files_.before_holding = [&] {
+    files_.before_holding = [&](const std::string&) {
         files_.before_holding = nullptr;
         mrlxmlclass::Raise(mrlxmlclass::failure::kPermissionDenied);
     };
@@ -117,7 +146,7 @@ TEST_F(Lock, ThatSomebodyLetsGoOfIsTaken) {
 
 TEST_F(Lock, IsHeldBeforeANewPlanCounts) {
     const std::string plan = folder_.Read("a.prx");
-    files_.before_holding = [&] { folder_.Write("b.prx", plan); };
+    files_.before_holding = [&](const std::string&) { folder_.Write("b.prx", plan); };
 
     EXPECT_TRUE(
         Has(WhyNot([&] { prx::Project::Fresh(host_, folder_.Path("b.prx")); }), "there is such a file already"));
