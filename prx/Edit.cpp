@@ -65,6 +65,7 @@ void PutUnder(const Project& project, TasksCls& task, TasksCls& parent) {
     task.ParentID(parent.TaskKey());
     task.TaskType(True);
     parent.TaskType(False);
+    CountInDays(parent);
     if (!project.tasks()->isParent(KeyOf(parent))) project.tasks()->RemoveAllTaskPredecessor(KeyOf(parent));
     project.tasks()->AddParentTask(parent.TaskKey(), task.TaskKey());
     if (!project.tasks()->CanbeLeveled(KeyOf(task), "")) {
@@ -151,6 +152,11 @@ Remarks LostAsSummary(const Project& project, TasksCls& task) {
                                       Text(task.TaskCost())));
     }
     return remarks;
+}
+
+void CountInDays(TasksCls& summary) {
+    summary.TaskDurationUnit("days");
+    summary.TaskDurationUnitValid("True");
 }
 
 Ref<TasksCls> AddTask(const Project& project, const Place& place) {

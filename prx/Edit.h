@@ -26,6 +26,9 @@ using Remarks = std::vector<std::string>;
 /// What a task would lose by its first child, as a summary; nothing for one that has children.
 Remarks LostAsSummary(const Project& project, mrlxmlclass::TasksCls& task);
 
+/// What becomes a summary counts in days from then on, as the library measures it.
+void CountInDays(mrlxmlclass::TasksCls& summary);
+
 /// Where a new task goes.
 struct Place {
     mrlxmlclass::Ref<mrlxmlclass::TasksCls> under;  ///< last below this one

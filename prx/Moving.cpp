@@ -112,6 +112,7 @@ void Reparent(const Project& project, TasksCls& task, Long parent) {
     if (parent != 0) {
         tasks->RemoveAllTaskPredecessor(Text(parent));  // nothing waits for a summary
         FreeParentsOf(project, task, tasks->Item(parent));
+        CountInDays(*tasks->Item(parent));
     }
     tasks->ChangeTaskParent(KeyOf(task), Text(parent), Text(old_parent), {}, {}, /*Indent=*/False, {}, kSource,
                             /*p_first_time=*/True);
@@ -142,6 +143,7 @@ Remarks IndentTask(const Project& project, const Ref<TasksCls>& task) {
     const Long old_parent = task->ParentID();
     Remarks lost = LostAsSummary(project, *parent);
     FreeParentsOf(project, *task, parent);
+    CountInDays(*parent);
     project.tasks()->ChangeTaskParent(KeyOf(*task), KeyOf(*parent), {}, {}, {}, /*Indent=*/True, "indent", kSource);
     KeepPhases(project, *task, old_parent);
     return lost;

@@ -169,7 +169,8 @@ Project Project::ToEdit(Host& host, const std::string& file, bool force) {
     } else {
         project.RefuseUnlessWhole();
     }
-    project.tasks()->Phases();  // a list that is not there yet cannot lose a phase
+    CountSummariesInDays(project);  // the library cannot add up below one of hours
+    project.tasks()->Phases();      // a list that is not there yet cannot lose a phase
     project.tasks()->AutoLink(True);
     return project;
 }

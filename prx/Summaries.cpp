@@ -38,6 +38,10 @@ bool Spans(const TasksCls& summary, const Sum& sum) {
     return !sum.start.set() || (summary.TaskBDate() == sum.start && summary.TaskEDate() == sum.end);
 }
 
+bool CountsInDays(TasksCls& summary) {
+    return summary.TaskDurationUnit() == "days";
+}
+
 /// The summaries of an outline that is in order, by row.
 std::vector<Ref<TasksCls>> SummariesOf(const Project& project) {
     std::vector<Ref<TasksCls>> summaries;
@@ -56,6 +60,10 @@ std::vector<std::string> SummaryFaults(const Project& project) {
     std::vector<std::string> lines;
     for (const Ref<TasksCls>& summary : SummariesOf(project)) {
         const Sum sum = SumBelow(project.tasks(), *summary);
+        if (!CountsInDays(*summary)) {
+            lines.push_back(
+                fmt::format("{} counts in {}, a summary in days", TitleOf(*summary), summary->TaskDurationUnit()));
+        }
         if (!Spans(*summary, sum)) {
             lines.push_back(fmt::format("{} runs from {} to {}, the tasks below it from {} to {}", TitleOf(*summary),
                                         Text(summary->TaskBDate()), Text(summary->TaskEDate()), Text(sum.start),
@@ -76,13 +84,21 @@ std::vector<std::string> MendSummaries(const Project& project) {
     std::vector<Ref<TasksCls>> summaries = SummariesOf(project);
     std::ranges::reverse(summaries);
     for (const Ref<TasksCls>& summary : summaries) {
-        if (!Spans(*summary, SumBelow(tasks, *summary))) tasks->AdjustSummary(KeyOf(*summary));
+        const bool in_days = CountsInDays(*summary);
+        if (!in_days) CountInDays(*summary);
+        if (!in_days || !Spans(*summary, SumBelow(tasks, *summary))) tasks->AdjustSummary(KeyOf(*summary));
     }
     for (const Ref<TasksCls>& summary : summaries) {
         if (summary->TaskCost() != SumBelow(tasks, *summary).cost) tasks->AdjustCost(KeyOf(*summary));
     }
     for (std::string& line : lines) line += ": added up anew";
     return lines;
+}
+
+void CountSummariesInDays(const Project& project) {
+    for (const Ref<TasksCls>& summary : SummariesOf(project)) {
+        if (!CountsInDays(*summary)) CountInDays(*summary);
+    }
 }
 
 }  // namespace prx

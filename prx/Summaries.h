@@ -9,8 +9,11 @@
 namespace prx {
 
 /// Where they do not; empty for a file that is in order, and for an outline that is not: nothing can be added up there.
+/// A summary counts in days; one that does not is told, too.
 std::vector<std::string> SummaryFaults(const Project& project);
 /// Has the library add those up anew, the deepest first, and tells which.
 std::vector<std::string> MendSummaries(const Project& project);
+/// Gives all of them that unit; the length follows when they are mended.
+void CountSummariesInDays(const Project& project);
 
 }  // namespace prx

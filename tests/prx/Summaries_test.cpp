@@ -24,6 +24,10 @@ protected:
     const PlanFolder plan_;
 };
 
+const std::string kServices =
+    "<TaskName>Services</TaskName><TaskBDate>8/10/2026</TaskBDate><TaskEDate>11/2/2026</TaskEDate>"
+    "<TaskDuration>62</TaskDuration><TaskLag>0</TaskLag><TaskDurationUnit>days<";
+
 }  // namespace
 
 TEST_F(Summaries, SpanTheirTasksWhateverMovesAlong) {
@@ -91,6 +95,33 @@ TEST_F(Summaries, AreNotWaitedFor) {
     EXPECT_TRUE(Has(Faults({"check", "a.prx"}), fault + "\n"));
     EXPECT_TRUE(Has(plan_.Output({"check", "a.prx", "--repair", "b.prx"}), fault + ": taken off\n"));
     plan_.Output({"check", "b.prx"});
+}
+
+TEST_F(Summaries, CountInDaysWhateverTheyCountedInBefore) {
+    for (const char* length : {"8hrs", "30mins", "2wks", "1mons"}) {
+        for (const std::vector<std::string>& edit :
+             {std::vector<std::string>{"add", "X", "--under", "58", "--start", "2026-11-17", "--duration", "30"},
+              {"indent", "60"},
+              {"move", "60", "--under", "58"}}) {
+            SCOPED_TRACE(length + edit.front());
+            plan_.CopyExample("house.prx", "a.prx");
+            plan_.Edit({"set", "58", std::string("duration=") + length});
+            plan_.Edit({"move", "60", "--after", "58"});
+            plan_.Edit(edit);
+            EXPECT_TRUE(Has(plan_.Row("Lawn and hedges"), "\"unit\": \"days\"")) << plan_.Row("Lawn and hedges");
+        }
+    }
+}
+
+TEST_F(Summaries, OfHoursArePutRight) {
+    Damage(kServices, Replaced(kServices, "days", "hrs"));
+    const std::string fault = "  task 38 \"Services\" counts in hrs, a summary in days";
+    EXPECT_EQ(Faults({"check", "a.prx"}), "Added up wrongly; --repair mends it in a new file:\n" + fault + "\n");
+    EXPECT_EQ(plan_.Output({"check", "a.prx", "--repair", "b.prx"}),
+              "Mended:\n" + fault + ": added up anew\n" + plan_.Path("b.prx") + ": written\n");
+    plan_.Output({"check", "b.prx"});
+    plan_.Edit({"set", "41", "duration=40"});
+    EXPECT_TRUE(Has(plan_.Row("Services"), "\"unit\": \"days\"")) << plan_.Row("Services");
 }
 
 }  // namespace prx_test
