@@ -4,6 +4,7 @@
 
 #include "mrlxmlclass/scheduling/CalendarCls.h"
 #include "mrlxmlclass/session/ModuleState.h"
+#include "prx/Edit.h"
 #include "prx/Outline.h"
 #include "prx/Refusal.h"
 #include "prx/Terminal.h"
@@ -64,13 +65,14 @@ Lines ValueFaults(const Project& project) {
 }
 
 void RefuseBeyondLastYear(const Project& project) {
+    Ref<TasksCls> beyond;  // the first one, and rather a task than the summaries above it
     for (const OutlineRow& row : Outline(project.tasks())) {
-        const TasksCls& task = *row.task;
-        if (task.TaskBDate().year() <= MaxYear() && task.TaskEDate().year() <= MaxYear()) continue;
-        throw Refusal(fmt::format("{} would run from {} to {}; a plan must stay within the years {} to {}",
-                                  Quoted(task), Text(task.TaskBDate()), Text(task.TaskEDate()), kMinYear,
-                                  MaxYear().value()));
+        if (row.task->TaskBDate().year() <= MaxYear() && row.task->TaskEDate().year() <= MaxYear()) continue;
+        if (!beyond || project.tasks()->isParent(KeyOf(*beyond))) beyond = row.task;
     }
+    if (!beyond) return;
+    throw Refusal(fmt::format("{} would run from {} to {}; a plan must stay within the years {} to {}", Quoted(*beyond),
+                              Text(beyond->TaskBDate()), Text(beyond->TaskEDate()), kMinYear, MaxYear().value()));
 }
 
 }  // namespace prx

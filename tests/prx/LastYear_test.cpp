@@ -44,4 +44,10 @@ TEST_F(LastYear, TakesNoneFromWhatWaits) {
     ExpectRefused({"set", "Late", "duration=90"});
 }
 
+TEST_F(LastYear, NamesTheTaskAndNotTheSummariesAboveIt) {
+    plan_.CopyExample("house.prx", "a.prx");
+    const std::string message = plan_.Refused({"set", "3", "duration=999mons"});
+    EXPECT_TRUE(message.starts_with("prx: \"Soil investigation\" would run from ")) << message;
+}
+
 }  // namespace prx_test
