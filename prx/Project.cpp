@@ -270,6 +270,8 @@ void Project::TellFailures(const char* what) {
 void Project::RefuseIfFailed() const {
     const std::vector<std::string> failed = FailuresSince();
     if (!failed.empty()) {
+        const std::vector<std::string> costs = CostsBeyondRange(*this);
+        if (!costs.empty()) throw Refusal(fmt::format("nothing was saved: {}", fmt::join(Shortened(costs), "\n  ")));
         throw Refusal(fmt::format("the change did not go through, so nothing was saved:\n  {}",
                                   fmt::join(Shortened(failed), "\n  ")));
     }

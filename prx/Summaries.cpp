@@ -3,6 +3,7 @@
 #include <fmt/core.h>
 
 #include <algorithm>
+#include <optional>
 
 #include "prx/Edit.h"
 #include "prx/Inspection.h"
@@ -19,8 +20,17 @@ namespace {
 struct Sum {
     Date start;
     Date end;
-    Currency cost;
+    std::optional<Currency> cost = Currency(0);  ///< nothing where it is beyond the range of amounts
 };
+
+std::optional<Currency> Plus(std::optional<Currency> sum, Currency cost) {
+    if (!sum) return sum;
+    try {
+        return *sum + cost;
+    } catch (const Failure&) {
+        return {};
+    }
+}
 
 Sum SumBelow(const Ref<TasksCol>& tasks, const TasksCls& summary) {
     Sum sum;
@@ -29,13 +39,18 @@ Sum SumBelow(const Ref<TasksCol>& tasks, const TasksCls& summary) {
         // The library lets a task without a start take back what was found before it.
         if (task.TaskBDate() < sum.start || !sum.start.set()) sum.start = task.TaskBDate();
         sum.end = std::max(sum.end, task.TaskEDate());
-        sum.cost = sum.cost + task.TaskCost();
+        sum.cost = Plus(sum.cost, task.TaskCost());
     }
     return sum;
 }
 
 bool Spans(const TasksCls& summary, const Sum& sum) {
     return !sum.start.set() || (summary.TaskBDate() == sum.start && summary.TaskEDate() == sum.end);
+}
+
+/// Where it can.
+bool CostsTheirSum(const TasksCls& summary, const Sum& sum) {
+    return !sum.cost || summary.TaskCost() == *sum.cost;
 }
 
 bool CountsInDays(TasksCls& summary) {
@@ -69,9 +84,9 @@ std::vector<std::string> SummaryFaults(const Project& project) {
                                         Text(summary->TaskBDate()), Text(summary->TaskEDate()), Text(sum.start),
                                         Text(sum.end)));
         }
-        if (summary->TaskCost() != sum.cost) {
+        if (!CostsTheirSum(*summary, sum)) {
             lines.push_back(fmt::format("{} costs {}, the tasks below it {}", TitleOf(*summary),
-                                        Text(summary->TaskCost()), Text(sum.cost)));
+                                        Text(summary->TaskCost()), Text(*sum.cost)));
         }
     }
     return lines;
@@ -89,9 +104,18 @@ std::vector<std::string> MendSummaries(const Project& project) {
         if (!in_days || !Spans(*summary, SumBelow(tasks, *summary))) tasks->AdjustSummary(KeyOf(*summary));
     }
     for (const Ref<TasksCls>& summary : summaries) {
-        if (summary->TaskCost() != SumBelow(tasks, *summary).cost) tasks->AdjustCost(KeyOf(*summary));
+        if (!CostsTheirSum(*summary, SumBelow(tasks, *summary))) tasks->AdjustCost(KeyOf(*summary));
     }
     for (std::string& line : lines) line += ": added up anew";
+    return lines;
+}
+
+std::vector<std::string> CostsBeyondRange(const Project& project) {
+    std::vector<std::string> lines;
+    for (const Ref<TasksCls>& summary : SummariesOf(project)) {
+        if (SumBelow(project.tasks(), *summary).cost) continue;
+        lines.push_back(fmt::format("the tasks below {} cost more than can be added up", TitleOf(*summary)));
+    }
     return lines;
 }
 

@@ -13,6 +13,8 @@ namespace prx {
 std::vector<std::string> SummaryFaults(const Project& project);
 /// Has the library add those up anew, the deepest first, and tells which.
 std::vector<std::string> MendSummaries(const Project& project);
+/// Where the tasks below a summary cost more than can be added up; nothing mends that.
+std::vector<std::string> CostsBeyondRange(const Project& project);
 /// Gives all of them that unit; the length follows when they are mended.
 void CountSummariesInDays(const Project& project);
 

@@ -89,8 +89,9 @@ private:
     /// What no repair mends.
     static std::vector<std::string> Unmended(const Project& project) {
         std::vector<std::string> lines = OutlineFaults(project);
-        const std::vector<std::string> values = ValueFaults(project);
-        lines.insert(lines.end(), values.begin(), values.end());
+        for (const std::vector<std::string>& more : {ValueFaults(project), CostsBeyondRange(project)}) {
+            lines.insert(lines.end(), more.begin(), more.end());
+        }
         return lines;
     }
     static void TellOfLock(const Project& project) {

@@ -124,4 +124,28 @@ TEST_F(Summaries, OfHoursArePutRight) {
     EXPECT_TRUE(Has(plan_.Row("Services"), "\"unit\": \"days\"")) << plan_.Row("Services");
 }
 
+TEST_F(Summaries, CostAsMuchAsThereIsAnAmountFor) {
+    plan_.Edit({"cost", "3", "900000000000000"});
+    EXPECT_EQ(
+        plan_.Refused({"cost", "2", "900000000000000"}),
+        "prx: nothing was saved: the tasks below task 1 \"Planning and permits\" cost more than can be added up\n");
+    plan_.Edit({"cost", "57", "900000000000000"});
+    EXPECT_EQ(
+        plan_.Refused({"move", "57", "--under", "1"}),
+        "prx: nothing was saved: the tasks below task 1 \"Planning and permits\" cost more than can be added up\n");
+}
+
+TEST_F(Summaries, BeyondAllAmountsAreTold) {
+    plan_.Edit({"cost", "3", "900000000000000"});
+    Damage("<TaskCost>1800</TaskCost>", "<TaskCost>900000000000000</TaskCost>");
+    const std::string told =
+        "Still wrong:\n  the tasks below task 1 \"Planning and permits\" cost more than can be added up\n";
+    EXPECT_EQ(Faults({"check", "a.prx"}), told);
+    EXPECT_EQ(Faults({"check", "a.prx", "--repair", "b.prx"}), plan_.Path("b.prx") + ": written\n" + told);
+    plan_.Output({"rename", "a.prx", "2", "Survey"});
+    plan_.Output({"set", "a.prx", "15", "duration=20"});
+    EXPECT_EQ(Faults({"check", "a.prx"}), told);
+    plan_.Edit({"cost", "3", "0"});
+}
+
 }  // namespace prx_test
