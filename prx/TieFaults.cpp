@@ -134,7 +134,7 @@ private:
         }
     }
 
-    /// A relation that has lost its task is the one's that lists it.
+    /// A relation that has lost its task is the one's that lists it, unless a whole one ties that already.
     void LeadBackToTasks() {
         std::unordered_multimap<std::string, Ref<TasksCls>> listed;
         for (const auto& entry : app_.xTaskCol()->NewEnum()) {
@@ -142,11 +142,21 @@ private:
             if (!relations || entry.item->TaskKey() == 0) continue;
             for (const auto& relation : relations->NewEnum()) listed.emplace(relation.item->elementKey(), entry.item);
         }
+        std::set<std::pair<std::int64_t, std::string>> tied;
+        const auto tie = [&](Long task, const Relation& relation) {
+            const bool once = K::kKind == Kind::kNote;  // whatever the task is
+            return tied.emplace(once ? 0 : task.value(), K::ItemOf(relation)).second;
+        };
+        for (const auto& entry : K::Ties(app_)->NewEnum()) {
+            const Long task = entry.item->TaskKey();
+            if (task != 0 && app_.xTaskCol()->Item(task)) tie(task, *entry.item);
+        }
         for (const auto& entry : K::Ties(app_)->NewEnum()) {
             const std::string key = entry.item->elementKey();
             if (entry.item->TaskKey() != 0 || listed.count(key) != 1) continue;
             if (!items_.contains(K::ItemOf(*entry.item))) continue;
             const TasksCls& task = *listed.find(key)->second;
+            if (!tie(task.TaskKey(), *entry.item)) continue;
             wrong_.insert(key);
             found_.Tell(fmt::format("{} leads to no task, though {} lists it", RelationName(key), TitleOf(task)),
                         "tied to that", /*nowhere=*/true);

@@ -1,6 +1,7 @@
 #include <gtest/gtest.h>
 
 #include <filesystem>
+#include <tuple>
 
 #include "tests/prx/PlanFolder.h"
 
@@ -160,5 +161,24 @@ INSTANTIATE_TEST_SUITE_P(Kinds, KeylessTie,
                                                           std::pair("note", "TaskNoteRelation")),
                                           testing::Values("", "<Key>0</Key>", "<Key>01</Key>", "<Key> 2 </Key>",
                                                           "<Key>1.5</Key>", "<Key>0.4</Key>", "<Key>-1</Key>")));
+
+TEST_F(LossyFile, LeadsNothingBackToWhatAWholeRelationTies) {
+    for (const auto& [from, to, told] :
+         {std::tuple{"<TaskKey>8</TaskKey><NoteKey>1</NoteKey>", "<NoteKey>2</NoteKey>", "note relation 1"},
+          {"<TaskKey>4</TaskKey><PersonKey>2</PersonKey></TaskAssigmentRelation>",
+           "<PersonKey>2</PersonKey></TaskAssigmentRelation><TaskAssigmentRelation><Key>99</Key><TaskKey>4</TaskKey>"
+           "<PersonKey>2</PersonKey></TaskAssigmentRelation>",
+           "assignment 1"}}) {
+        SCOPED_TRACE(told);
+        Damage(from, to);
+        const std::string mended = plan_.Output({"check", "a.prx", "--repair", "b.prx"});
+        EXPECT_TRUE(Has(mended, "  " + std::string(told) + " leads to no task: taken out\n")) << mended;
+        EXPECT_FALSE(Has(mended, "tied to that")) << mended;
+        EXPECT_FALSE(Has(mended, "a second time")) << mended;
+        EXPECT_FALSE(Has(mended, "which task 8 has")) << mended;
+        plan_.Output({"check", "b.prx"});
+        std::filesystem::remove(plan_.Path("b.prx"));
+    }
+}
 
 }  // namespace prx_test
