@@ -262,6 +262,17 @@ std::vector<std::string> Project::Mend() {
     return told;
 }
 
+/// Damage that led somewhere before the change; the next one would be refused.
+std::vector<std::string> Project::MendWhatLeadsNowhere() {
+    std::vector<std::string> told;
+    if (!TiesToNowhere(*this).empty()) told = MendTies(*this);
+    if (!LinksToNowhere(*this).empty()) {
+        const std::vector<std::string> links = MendLinks(*this);
+        told.insert(told.end(), links.begin(), links.end());
+    }
+    return told;
+}
+
 void Project::TellFailures(const char* what) {
     TellEach(what, FailuresSince());
     failures_at_opening_ = CountRecorded();
@@ -279,9 +290,11 @@ void Project::RefuseIfFailed() const {
 
 void Project::Save() {
     MendSummaries(*this);  // a walk along the links leaves some as they were
+    const std::vector<std::string> mended = MendWhatLeadsNowhere();
     RefuseIfFailed();
     RefuseBeyondLastYear(*this);
     Write();
+    TellEach("was mended", mended);
 }
 
 void Project::SaveAs(const std::string& file) {

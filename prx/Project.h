@@ -68,6 +68,7 @@ private:
     void Load();
     void RefuseUnlessWhole() const;
     void ReadDates();
+    std::vector<std::string> MendWhatLeadsNowhere();
     void Write();
 
     Host* host_;
