@@ -109,17 +109,18 @@ public:
     }
 
     /// Nobody reads what stands between the elements.
-    void LookBetween(dom::Node parent) {
+    void LookBetween(dom::Node parent, const std::string& where = {}) {
         constexpr int kText = 3;
         constexpr int kCharacterData = 4;
         constexpr std::size_t kWidest = 40;
+        constexpr const char* kNoBreakSpace = "\xC2\xA0";
         constexpr const char* kBlanks = " \t\r\n";
         for (dom::Node child = parent.firstChild(); child; child = child.nextSibling()) {
             if (child.nodeType() != kText && child.nodeType() != kCharacterData) continue;
-            std::string text = child.Text();
+            std::string text = Replace(child.Text(), kNoBreakSpace, " ");
             text.erase(0, text.find_first_not_of(kBlanks));
             text.erase(text.find_last_not_of(kBlanks) + 1);
-            if (!text.empty()) Tell(fmt::format("the text \"{}\"", CutTo(text, kWidest)));
+            if (!text.empty()) Tell(fmt::format("the text \"{}\"{}", CutTo(text, kWidest), where));
         }
     }
 
@@ -141,6 +142,7 @@ private:
     void LookInto(dom::Node element) {
         if (element.baseName() == "PersonFirstName" && !element.Text().empty()) Tell("PersonFirstName");
         const bool keys = element.baseName().ends_with("Keys");
+        if (keys) LookBetween(element, fmt::format(" inside of {}", element.baseName()));
         ForEachElement(element, [&](dom::Node inside) {
             if (keys && (inside.baseName() == "Key" || inside.baseName() == "tKey")) return;
             Tell(fmt::format("{} inside of {}", inside.baseName(), element.baseName()));

@@ -85,6 +85,13 @@ TEST_F(LostElements, AreNoneWhereEveryElementIsKnown) {
     plan_.Output({"rename", "a.prx", "2", "C"});
 }
 
+TEST_F(LostElements, AreNoBlanksBetweenTheElements) {
+    plan_.Write("a.prx", Replaced(Replaced(kEveryElement, "<TaskCost>", "\xC2\xA0\n<TaskCost>"),
+                                  "<GoalTaskRelationKeys>", "<GoalTaskRelationKeys>\xC2\xA0\t"));
+    plan_.Output({"check", "a.prx"});
+    plan_.Output({"rename", "a.prx", "2", "C"});
+}
+
 TEST_F(LostElements, OfTheCalendar) {
     ExpectTold("<Holiday/>", "<Holydays>4/13/2026:4/13/2026</Holydays>",
                "Calendar: Holydays was not read, nor what stands behind it: ExceptionDay");
@@ -117,6 +124,8 @@ TEST_F(LostElements, OfAnItem) {
                "Note 1: NoteDescription was not read, nor what stands behind it: NoteObject");
     ExpectTold("<GoalTaskRelationKeys>", "<GoalTaskRelationKeys><Remark/>",
                "Goal 1: Remark inside of GoalTaskRelationKeys was not read");
+    ExpectTold("<GoalTaskRelationKeys>", "<GoalTaskRelationKeys>q",
+               "Goal 1: the text \"q\" inside of GoalTaskRelationKeys was not read");
 }
 
 TEST_F(LostElements, OfARelation) {
