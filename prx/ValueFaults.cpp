@@ -24,13 +24,20 @@ void CheckDates(const TasksCls& task, Lines& lines) {
     }
 }
 
-/// Whatever days are free, it takes no more than there are.
+/// Whatever days are free, a task takes no more than these. Hours and minutes may all lie in one day.
+double MostIn(const String& unit, double days) {
+    constexpr double kShortestMonth = 28;
+    if (unit == "days") return days;
+    if (unit == "wks") return days / kDaysOfAWeek + 1;
+    if (unit == "mons") return days / kShortestMonth + 1;
+    return kLongestDuration;
+}
+
 void CheckLength(TasksCls& task, Lines& lines) {
     if (!task.TaskBDate().set() || task.TaskEDate() < task.TaskBDate()) return;
     const double length = task.TaskDuration();
     const double days = task.TaskEDate().day().days() - task.TaskBDate().day().days() + 1;
-    const double most = task.TaskDurationUnit() == "days" ? days : kLongestDuration;
-    if (length >= 0 && length <= most) return;
+    if (length >= 0 && length <= MostIn(task.TaskDurationUnit(), days)) return;
     lines.push_back(fmt::format("{} takes {} {}, from {} to {}", TitleOf(task), Text(length), task.TaskDurationUnit(),
                                 Text(task.TaskBDate()), Text(task.TaskEDate())));
 }

@@ -32,9 +32,13 @@ TEST(ValueFaults, AreLengthsThatNoTaskHas) {
         EXPECT_EQ(FaultsWith(kSurvey + "3<", kSurvey + row.length + "<"),
                   "Still wrong:\n  task 2 \"Site survey\" " + std::string(row.told) + "\n");
     }
-    EXPECT_EQ(FaultsWith("<TaskDuration>2</TaskDuration><TaskDurationUnit>wks<",
-                         "<TaskDuration>1e30</TaskDuration><TaskDurationUnit>wks<"),
-              "Still wrong:\n  task 23 \"Curing\" takes 1e+30 wks, from 2026-06-09 to 2026-06-23\n");
+    for (const std::string length : {"1e+30 wks", "900 wks", "4 wks", "3 mons", "1e+30 hrs"}) {
+        const std::size_t blank = length.find(' ');
+        EXPECT_EQ(FaultsWith("<TaskDuration>2</TaskDuration><TaskDurationUnit>wks<",
+                             "<TaskDuration>" + length.substr(0, blank) + "</TaskDuration><TaskDurationUnit>" +
+                                 length.substr(blank + 1) + "<"),
+                  "Still wrong:\n  task 23 \"Curing\" takes " + length + ", from 2026-06-09 to 2026-06-23\n");
+    }
 }
 
 TEST(ValueFaults, AreSharesThatNothingCanBeDone) {
