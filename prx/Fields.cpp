@@ -144,6 +144,7 @@ void MoveEnd(Setting& setting, Date wanted) {
 
 void SetEnd(Setting& setting, const std::string& value) {
     const Date wanted = ReadDate(value);
+    if (setting.task.TaskMilstones()) NotTaken("end", value, kOfMilestones);
     if (wanted < setting.task.TaskBDate()) {
         NotTaken("end", value, fmt::format("the task starts on {}", Text(setting.task.TaskBDate())));
     }

@@ -119,6 +119,7 @@ TEST_F(Set, LeavesAMilestoneItsDay) {
     EXPECT_TRUE(Has(folder_.Refusal({"set", "a.prx", "2", "milestone=yes", "duration=3"}), "a milestone is a day"));
     folder_.Output({"set", "a.prx", "2", "milestone=yes"});
     EXPECT_TRUE(Has(folder_.Refusal({"set", "a.prx", "2", "unit=wks"}), "a milestone is a day"));
+    EXPECT_TRUE(Has(folder_.Refusal({"set", "a.prx", "2", "end=2026-03-05"}), "a milestone is a day"));
     folder_.Output({"set", "a.prx", "2", "unit=wks", "duration=2"});
     ExpectIn("2", R"("milestone": false, "start": "2026-03-02", "end": "2026-03-16", "duration": 2, "unit": "wks")");
 }
