@@ -24,21 +24,15 @@ void CheckDates(const TasksCls& task, Lines& lines) {
     }
 }
 
-/// Whatever days are free, a task takes no more than these. Hours and minutes may all lie in one day.
-double MostIn(const String& unit, double days) {
-    constexpr double kShortestMonth = 28;
-    if (unit == "days") return days;
-    if (unit == "wks") return days / kDaysOfAWeek + 1;
-    if (unit == "mons") return days / kShortestMonth + 1;
-    return kLongestDuration;
-}
-
+/// Whatever days are free, it takes no more than there are; nor weeks or months, which a walk lays out as days where it
+/// steps over free ones. Hours and minutes may all lie in one day.
 void CheckLength(TasksCls& task, Lines& lines) {
     if (!task.TaskBDate().set() || task.TaskEDate() < task.TaskBDate()) return;
     const double length = task.TaskDuration();
     const double days = task.TaskEDate().day().days() - task.TaskBDate().day().days() + 1;
-    if (length >= 0 && length <= MostIn(task.TaskDurationUnit(), days)) return;
-    lines.push_back(fmt::format("{} takes {} {}, from {} to {}", TitleOf(task), Text(length), task.TaskDurationUnit(),
+    const String unit = task.TaskDurationUnit();
+    if (length >= 0 && length <= (unit == "hrs" || unit == "mins" ? kLongestDuration : days)) return;
+    lines.push_back(fmt::format("{} takes {} {}, from {} to {}", TitleOf(task), Text(length), unit,
                                 Text(task.TaskBDate()), Text(task.TaskEDate())));
 }
 
