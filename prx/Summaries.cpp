@@ -48,13 +48,20 @@ bool Spans(const TasksCls& summary, const Sum& sum) {
     return !sum.start.set() || (summary.TaskBDate() == sum.start && summary.TaskEDate() == sum.end);
 }
 
+bool CountsInDays(TasksCls& summary) {
+    return summary.TaskDurationUnit() == "days";
+}
+
+/// All the working days of its span, as the library counts them.
+bool LastsItsSpan(TasksCls& summary) {
+    if (!CountsInDays(summary) || !summary.TaskBDate().set()) return true;
+    const Long days = summary.SetDurationWithoutWeekend(summary.TaskBDate(), summary.TaskEDate());
+    return !summary.TaskMilstones() && summary.TaskDuration() == static_cast<double>(days.value());
+}
+
 /// Where it can.
 bool CostsTheirSum(const TasksCls& summary, const Sum& sum) {
     return !sum.cost || summary.TaskCost() == *sum.cost;
-}
-
-bool CountsInDays(TasksCls& summary) {
-    return summary.TaskDurationUnit() == "days";
 }
 
 /// The summaries of an outline that is in order, by row.
@@ -84,6 +91,13 @@ std::vector<std::string> SummaryFaults(const Project& project) {
                                         Text(summary->TaskBDate()), Text(summary->TaskEDate()), Text(sum.start),
                                         Text(sum.end)));
         }
+        if (Spans(*summary, sum) && !LastsItsSpan(*summary)) {
+            lines.push_back(fmt::format("{} {}, from {} to {}", TitleOf(*summary),
+                                        summary->TaskMilstones()
+                                            ? "is a milestone"
+                                            : fmt::format("takes {} days", Text(summary->TaskDuration())),
+                                        Text(summary->TaskBDate()), Text(summary->TaskEDate())));
+        }
         if (!CostsTheirSum(*summary, sum)) {
             lines.push_back(fmt::format("{} costs {}, the tasks below it {}", TitleOf(*summary),
                                         Text(summary->TaskCost()), Text(*sum.cost)));
@@ -101,7 +115,9 @@ std::vector<std::string> MendSummaries(const Project& project) {
     for (const Ref<TasksCls>& summary : summaries) {
         const bool in_days = CountsInDays(*summary);
         if (!in_days) CountInDays(*summary);
-        if (!in_days || !Spans(*summary, SumBelow(tasks, *summary))) tasks->AdjustSummary(KeyOf(*summary));
+        if (!in_days || !Spans(*summary, SumBelow(tasks, *summary)) || !LastsItsSpan(*summary)) {
+            tasks->AdjustSummary(KeyOf(*summary));
+        }
     }
     for (const Ref<TasksCls>& summary : summaries) {
         if (!CostsTheirSum(*summary, SumBelow(tasks, *summary))) tasks->AdjustCost(KeyOf(*summary));

@@ -58,7 +58,7 @@ Lines ValueFaults(const Project& project) {
     Lines lines;
     for (const OutlineRow& row : Outline(project.tasks())) {
         CheckDates(*row.task, lines);
-        CheckLength(*row.task, lines);
+        if (!project.tasks()->isParent(KeyOf(*row.task))) CheckLength(*row.task, lines);  // a summary's is mended
         CheckProgress(*row.task, lines);
     }
     CheckWeekdays(*project.app().xCalendar(), lines);

@@ -1,4 +1,7 @@
+#include <fmt/core.h>
 #include <gtest/gtest.h>
+
+#include <filesystem>
 
 #include "tests/prx/PlanFolder.h"
 
@@ -122,6 +125,29 @@ TEST_F(Summaries, OfHoursArePutRight) {
     plan_.Output({"check", "b.prx"});
     plan_.Edit({"set", "41", "duration=40"});
     EXPECT_TRUE(Has(plan_.Row("Services"), "\"unit\": \"days\"")) << plan_.Row("Services");
+}
+
+TEST_F(Summaries, TakeTheDaysThatTheyRun) {
+    struct Row {
+        const char* from;
+        const char* to;
+        const char* told;
+    };
+    for (const Row& row : {Row{"<TaskDuration>62<", "<TaskDuration>3<", "takes 3 days"},
+                           Row{"<TaskDuration>62<", "<TaskDuration>999<", "takes 999 days"},
+                           Row{"<TaskMilstones>false</TaskMilstones><TaskKey>38<",
+                               "<TaskMilstones>true</TaskMilstones><TaskKey>38<", "is a milestone"}}) {
+        SCOPED_TRACE(row.told);
+        plan_.CopyExample("house.prx", "a.prx");
+        Damage(row.from, row.to);
+        const std::string fault = fmt::format("  task 38 \"Services\" {}, from 2026-08-10 to 2026-11-02", row.told);
+        EXPECT_EQ(Faults({"check", "a.prx"}), "Added up wrongly; --repair mends it in a new file:\n" + fault + "\n");
+        EXPECT_EQ(plan_.Output({"check", "a.prx", "--repair", "b.prx"}),
+                  "Mended:\n" + fault + ": added up anew\n" + plan_.Path("b.prx") + ": written\n");
+        plan_.Output({"check", "b.prx"});
+        EXPECT_TRUE(Has(plan_.Edit({"done", "3", "5"}), "DurationChange(38, 62, days, False, True)\n"));
+        std::filesystem::remove(plan_.Path("b.prx"));
+    }
 }
 
 TEST_F(Summaries, CostAsMuchAsThereIsAnAmountFor) {
