@@ -49,7 +49,7 @@ mrlxmlclass::TaskScreens& Windows() {
 }
 
 mrlxmlclass::EditTask::Ending EndingOfDialog() {
-    return {};
+    return mrlxmlclass::EditTask::Ending::Failed;
 }
 
 bool ShowMessage(const std::string&) {

@@ -23,13 +23,13 @@ void Progress::Begin(std::string what, std::size_t steps) {
     steps_ = std::max<std::size_t>(steps, 1);
     done_ = 0;
     running_ = true;
-    next_ = Clock::now() + kPatience;
+    next_ = now_() + kPatience;
 }
 
 void Progress::Step() {
     if (!running_) return;
     ++done_;
-    const auto now = Clock::now();
+    const auto now = now_();
     if (now < next_) return;
     next_ = now + kRedraw;
     const double share = std::min(1.0, static_cast<double>(done_) / static_cast<double>(steps_));

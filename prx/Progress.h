@@ -2,7 +2,9 @@
 
 #include <chrono>
 #include <cstddef>
+#include <functional>
 #include <string>
+#include <utility>
 
 namespace prx {
 
@@ -10,6 +12,10 @@ namespace prx {
 /// long enough to wonder.
 class Progress {
 public:
+    using Clock = std::chrono::steady_clock;
+    /// `now()` tells the time.
+    explicit Progress(std::function<Clock::time_point()> now = Clock::now) : now_(std::move(now)) {}
+
     /// A load starts that will yield about so many times.
     void Begin(std::string what, std::size_t steps);
     void Step();
@@ -21,8 +27,7 @@ public:
     static std::string Bar(double share);
 
 private:
-    using Clock = std::chrono::steady_clock;
-
+    std::function<Clock::time_point()> now_;
     std::string what_;
     std::size_t steps_ = 0;
     std::size_t done_ = 0;

@@ -62,13 +62,19 @@ DateField::DateField(const EditTask& form, DateControl& control, std::function<v
 
     QObject::connect(has_date_, &QCheckBox::clicked, this, [this] { Changed(); });
     QObject::connect(date_, &QDateEdit::dateChanged, this, [this] {
-        if (calendar_ == nullptr || !calendar_->isVisible()) Changed();  // who walks about in it has chosen nothing yet
+        const bool walks = calendar_ != nullptr && calendar_->isVisible();  // and has chosen nothing yet
+        if (!walks && !Shows(date_->date())) Changed();                     // Enter alone tells the same date again
     });
     const auto* line = date_->findChild<QLineEdit*>();
     QObject::connect(line, &QLineEdit::textEdited, this, [this] { typed_ = date_->hasAcceptableInput(); });
     QObject::connect(date_, &QDateEdit::editingFinished, this, [this] {
         if (std::exchange(typed_, false)) Chosen();
     });
+}
+
+bool DateField::Shows(QDate day) const {
+    const Date* shown = control_.Value().If<Date>();
+    return shown != nullptr && ToQt(*shown) == day;
 }
 
 void DateField::Chosen() {
@@ -79,11 +85,11 @@ void DateField::Chosen() {
 void DateField::WatchCalendar() {
     if (calendar_ != nullptr) return;
     calendar_ = date_->calendarWidget();
+    calendar_->setDateEditEnabled(false);  // digits typed into it would count by themselves after a while
     calendar_->installEventFilter(this);
     for (const auto chosen : {&QCalendarWidget::clicked, &QCalendarWidget::activated}) {
         QObject::connect(calendar_, chosen, this, [this](QDate day) {
-            const Date* shown = control_.Value().If<Date>();
-            if (shown != nullptr && ToQt(*shown) == day) return Chosen();
+            if (Shows(day)) return Chosen();
             const QSignalBlocker quiet(date_);
             date_->setDate(day);
             Changed();
@@ -133,6 +139,7 @@ bool DateField::eventFilter(QObject* watched, QEvent* event) {
             return true;
         case QEvent::MouseButtonPress:
             WatchCalendar();
+            date_->interpretText();  // what is typed counts before a calendar opens on it
             return false;
         case QEvent::KeyPress:
             if (!DropsDown(static_cast<const QKeyEvent&>(*event))) return false;

@@ -31,6 +31,8 @@ protected:
     bool eventFilter(QObject* watched, QEvent* event) override;
 
 private:
+    /// Whether that is the day of the control.
+    bool Shows(QDate day) const;
     void Changed();
     /// The person chose the date that shows now, be it the same as before.
     void Chosen();

@@ -30,7 +30,10 @@ public:
         const mrlxmlclass::Date end = task->TaskEDate();
         project.app().showtaskinfo(KeyOf(*task), project.tasks(), kScreen, EnglishTaskDialogTexts());
         const Ending ending = EndingOfDialog();
-        if (ending == Ending::Failed) project.RefuseIfFailed();
+        if (ending == Ending::Failed) {
+            project.RefuseIfFailed();
+            throw Refusal("the window did not come to its end, so nothing was saved");
+        }
         project.TellFailures("in the window");  // of what the person tried meanwhile
         if (ending != Ending::Saved || ContentOf(project) == before) {
             Note(ending == Ending::Saved ? "nothing changed, so nothing was saved"

@@ -10,7 +10,7 @@ namespace prx_test {
 /// A plan in a folder of its own, and what a test reads off it.
 class PlanFolder : public Folder {
 public:
-    /// What the command prints; afterwards the outline is whole.
+    /// What the command prints; afterwards the plan is in order.
     std::string Edit(std::vector<std::string> arguments) const;
     /// What a command that must be refused says; the file stays as it was, byte for byte.
     std::string Refused(std::vector<std::string> arguments) const;

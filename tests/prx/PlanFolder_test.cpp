@@ -7,6 +7,8 @@
 #include <map>
 #include <sstream>
 
+#include "tests/support/Sample.h"
+
 namespace prx_test {
 namespace {
 
@@ -39,7 +41,10 @@ std::vector<std::string> PlanFolder::WithFile(std::vector<std::string> arguments
 
 std::string PlanFolder::Edit(std::vector<std::string> arguments) const {
     std::string output = Output(WithFile(std::move(arguments)));
-    EXPECT_EQ(Prx({"check", "a.prx"}).status, 0) << Prx({"check", "a.prx"}).out;
+    static unsigned edits = 0;  // a sample of them where there are sanitizers
+    if (edits++ % mrlxmlclass::testing::kSample != 0) return output;
+    const Result check = Prx({"check", "a.prx"});
+    EXPECT_EQ(check.status, 0) << check.out;
     EXPECT_EQ(WrongSummaries(), "");
     return output;
 }

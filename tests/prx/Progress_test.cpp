@@ -4,22 +4,23 @@
 #include <gtest/gtest.h>
 #include <unistd.h>
 
+#include <chrono>
 #include <cstdlib>
-#include <thread>
+#include <string>
 
 namespace prx_test {
 namespace {
 
 using namespace std::chrono_literals;
 
-/// A terminal in the place of the error output.
+/// A terminal in the place of the error output, where the system has one to give.
 class Terminal {
 public:
     Terminal() : screen_(posix_openpt(O_RDWR | O_NOCTTY | O_NONBLOCK)), errors_(dup(STDERR_FILENO)) {
         grantpt(screen_);
         unlockpt(screen_);
         const int line = open(ptsname(screen_), O_RDWR | O_NOCTTY);
-        dup2(line, STDERR_FILENO);
+        is_there_ = line >= 0 && dup2(line, STDERR_FILENO) == STDERR_FILENO;
         close(line);
     }
     ~Terminal() {
@@ -30,6 +31,7 @@ public:
     Terminal(const Terminal&) = delete;
     Terminal& operator=(const Terminal&) = delete;
 
+    bool is_there() const { return is_there_; }
     /// What came since it was asked last.
     std::string Shown() const {
         char text[1000];
@@ -40,42 +42,63 @@ public:
 private:
     int screen_;
     int errors_;
+    bool is_there_ = false;
 };
 
-TEST(Progress, ShowsABarWhenALoadTakesLong) {
+/// A load that is watched, by a clock that goes as the test says.
+class Progress : public ::testing::Test {
+protected:
+    prx::Progress::Clock::time_point now;
+    prx::Progress progress{[this] { return now; }};
+};
+
+TEST_F(Progress, ShowsABarWhenALoadTakesLong) {
     const Terminal terminal;
-    prx::Progress progress;
+    if (!terminal.is_there()) GTEST_SKIP() << "there is no terminal to be had";
     progress.Begin("Reading", 4);
+    now += 299ms;
     progress.Step();
     EXPECT_EQ(terminal.Shown(), "") << "A short load shows nothing";
-    std::this_thread::sleep_for(310ms);
+    now += 1ms;
     progress.Step();
     EXPECT_EQ(terminal.Shown(), "\rReading [###############...............]  50%");
+    now += 49ms;
     progress.Step();
     EXPECT_EQ(terminal.Shown(), "") << "It is not drawn again at once";
     progress.End();
     EXPECT_EQ(terminal.Shown(), "\r\033[K");
 }
 
-TEST(Progress, MakesRoomForAMessage) {
+TEST_F(Progress, MakesRoomForAMessage) {
     const Terminal terminal;
-    prx::Progress progress;
+    if (!terminal.is_there()) GTEST_SKIP() << "there is no terminal to be had";
     progress.Begin("Reading", 1);
-    std::this_thread::sleep_for(310ms);
+    now += 1s;
     progress.Step();
+    now += 1s;
     progress.Step();  // one more than was told
-    EXPECT_EQ(terminal.Shown(), "\rReading [##############################] 100%");
+    terminal.Shown();
     progress.Clear();
     EXPECT_EQ(terminal.Shown(), "\r\033[K");
     progress.End();
     EXPECT_EQ(terminal.Shown(), "");
 }
 
-TEST(Progress, ShowsNothingWhereNobodyWatches) {
-    ::testing::internal::CaptureStderr();
-    prx::Progress progress;
+TEST_F(Progress, IsFullAtTheEndThoughMoreCameThanWasTold) {
+    const Terminal terminal;
+    if (!terminal.is_there()) GTEST_SKIP() << "there is no terminal to be had";
     progress.Begin("Reading", 1);
-    std::this_thread::sleep_for(310ms);
+    progress.Step();
+    now += 1s;
+    progress.Step();
+    EXPECT_EQ(terminal.Shown(), "\rReading [##############################] 100%");
+    progress.End();
+}
+
+TEST_F(Progress, ShowsNothingWhereNobodyWatches) {
+    ::testing::internal::CaptureStderr();
+    progress.Begin("Reading", 1);
+    now += 1s;
     progress.Step();
     progress.End();
     EXPECT_EQ(::testing::internal::GetCapturedStderr(), "");

@@ -236,6 +236,34 @@ TEST_F(DateField, TakesTheDayThatItsCalendarWasWalkedTo) {
     EXPECT_EQ(plan["Design"].TaskEDate(), Wednesday + 7);
 }
 
+TEST_F(DateField, CountsNoDateByEnterAlone) {
+    plan.Task("Idea");
+    plan["Design"].TaskLag(2);
+    for (const char* task : {"Idea", "Design"}) {
+        SCOPED_TRACE(task);
+        const Date before = plan[task].TaskBDate();
+        plan.Edit(task, [](QWidget& window) {
+            QDateEdit& start = DateIn(window, "DTPickerStart");
+            start.setFocus();
+            QTest::keyClick(&start, Qt::Key_Return);
+        });
+        EXPECT_EQ(plan[task].TaskBDate(), before);
+    }
+    EXPECT_EQ(plan["Design"].TaskLag(), 2);
+}
+
+TEST_F(DateField, KeepsWhatWasTypedBeforeItsCalendarOpened) {
+    plan.Edit("Design", [](QWidget& window) {
+        QDateEdit& start = DateIn(window, "DTPickerStart");
+        start.setFocus();
+        QTest::keyClicks(&start, "18");
+        QTest::keyClick(&start, Qt::Key_F4);
+        QTest::keyClick(start.calendarWidget()->window(), Qt::Key_Escape);
+        Click(Find(window, "CmdOK"));
+    });
+    EXPECT_EQ(plan["Design"].TaskBDate(), Wednesday + 14);
+}
+
 TEST_F(DateField, CountsNoDateThatItMendedItself) {
     plan.Task("Idea");
     plan.Edit("Idea", [](QWidget& window) {
