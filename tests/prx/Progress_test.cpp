@@ -17,9 +17,9 @@ using namespace std::chrono_literals;
 class Terminal {
 public:
     Terminal() : screen_(posix_openpt(O_RDWR | O_NOCTTY | O_NONBLOCK)), errors_(dup(STDERR_FILENO)) {
-        grantpt(screen_);
-        unlockpt(screen_);
-        const int line = open(ptsname(screen_), O_RDWR | O_NOCTTY);
+        const char* name = grantpt(screen_) == 0 && unlockpt(screen_) == 0 ? ptsname(screen_) : nullptr;
+        if (name == nullptr) return;
+        const int line = open(name, O_RDWR | O_NOCTTY);
         is_there_ = line >= 0 && dup2(line, STDERR_FILENO) == STDERR_FILENO;
         close(line);
     }
