@@ -73,8 +73,8 @@ TEST_F(EditInWindow, StartsWhereTheEndsOfChildrenAreIgnored) {
 TEST_F(EditInWindow, LosesNothingWhenItIsKilled) {
     const Variable platform("QT_QPA_PLATFORM", "offscreen");
     const std::string before = folder.Read("a.prx");
-    const std::string killed =
-        "timeout --foreground -s KILL 1 " PRX_PROGRAM " edit " + folder.Path("a.prx") + " Kitchen 2>" + folder.Path("killed.err");
+    const std::string killed = "timeout --foreground -s KILL 1 " PRX_PROGRAM " edit " + folder.Path("a.prx") +
+                               " Kitchen 2>" + folder.Path("killed.err");
     EXPECT_EQ(std::system(killed.c_str()) >> 8, 128 + 9) << folder.Read("killed.err");
     EXPECT_TRUE(folder.Read("a.prx") == before);
     folder.Edit({"rename", "Kitchen", "Kitchen and bath"});

@@ -45,16 +45,24 @@ private:
     bool is_there_ = false;
 };
 
-/// A load that is watched, by a clock that goes as the test says.
-class Progress : public ::testing::Test {
+/// A load, by a clock that goes as the test says.
+class UnwatchedProgress : public ::testing::Test {
 protected:
     prx::Progress::Clock::time_point now;
     prx::Progress progress{[this] { return now; }};
 };
 
-TEST_F(Progress, ShowsABarWhenALoadTakesLong) {
+/// The same with somebody at the terminal.
+class Progress : public UnwatchedProgress {
+protected:
+    void SetUp() override {
+        if (!terminal.is_there()) GTEST_SKIP() << "there is no terminal to be had";
+    }
+
     const Terminal terminal;
-    if (!terminal.is_there()) GTEST_SKIP() << "there is no terminal to be had";
+};
+
+TEST_F(Progress, ShowsABarWhenALoadTakesLong) {
     progress.Begin("Reading", 4);
     now += 299ms;
     progress.Step();
@@ -70,8 +78,6 @@ TEST_F(Progress, ShowsABarWhenALoadTakesLong) {
 }
 
 TEST_F(Progress, MakesRoomForAMessage) {
-    const Terminal terminal;
-    if (!terminal.is_there()) GTEST_SKIP() << "there is no terminal to be had";
     progress.Begin("Reading", 1);
     now += 1s;
     progress.Step();
@@ -85,8 +91,6 @@ TEST_F(Progress, MakesRoomForAMessage) {
 }
 
 TEST_F(Progress, IsFullAtTheEndThoughMoreCameThanWasTold) {
-    const Terminal terminal;
-    if (!terminal.is_there()) GTEST_SKIP() << "there is no terminal to be had";
     progress.Begin("Reading", 1);
     progress.Step();
     now += 1s;
@@ -95,7 +99,7 @@ TEST_F(Progress, IsFullAtTheEndThoughMoreCameThanWasTold) {
     progress.End();
 }
 
-TEST_F(Progress, ShowsNothingWhereNobodyWatches) {
+TEST_F(UnwatchedProgress, ShowsNothing) {
     ::testing::internal::CaptureStderr();
     progress.Begin("Reading", 1);
     now += 1s;
