@@ -20,11 +20,17 @@ public:
     virtual ~Locale() = default;
     virtual const LocaleSettings& Settings() = 0;
     /// Differs after every change of the settings, and between any two locales.
-    virtual std::uint64_t Stamp() = 0;
+    std::uint64_t Stamp() const { return stamp_; }
 
 protected:
+    /// For a locale whose settings have changed.
+    void Changed() { stamp_ = NewStamp(); }
+
+private:
     /// A stamp that no locale of this process has had.
     static std::uint64_t NewStamp();
+
+    std::uint64_t stamp_ = NewStamp();
 };
 
 /// A text with the letters of every script in lower case, one by one, in every locale alike. One that is not UTF-8

@@ -55,11 +55,9 @@ LocaleSettings SettingsOfEnvironment() {
 class PosixLocale final : public Locale {
 public:
     const LocaleSettings& Settings() override { return settings_; }
-    std::uint64_t Stamp() override { return stamp_; }
 
 private:
     const LocaleSettings settings_ = SettingsOfEnvironment();
-    const std::uint64_t stamp_ = NewStamp();
 };
 
 /// The thread reads and writes UTF-8 meanwhile, whatever the process does.

@@ -39,6 +39,7 @@ public:
     const Store& Items() const { return store_; }
     /// The items as they stand now, to walk while the collection changes.
     Store Snapshot() const { return store_; }
+    bool empty() const { return store_.empty(); }
     std::uint64_t Stamp() const { return store_.Stamp(); }
 
 private:

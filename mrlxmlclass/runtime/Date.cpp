@@ -66,6 +66,10 @@ Date Date::Of(int y, int m, int d, SourceLine where) {
     return DayOf(civil);
 }
 
+Date Date::WithoutTime(double days) {
+    return Date(std::floor(days));
+}
+
 int Date::year() const {
     return static_cast<int>(CivilOf(*this).year());
 }
@@ -79,6 +83,10 @@ int Date::day_of_month() const {
 int Date::weekday() const {
     const int since = number() % 7;  // 30 December 1899 was a Saturday
     return (since + 6 + 7) % 7 + 1;
+}
+
+Long DaysBetweenAny(Date from, Date to, SourceLine where) {
+    return Long(to.day().days() - from.day().days(), where);
 }
 
 Date DateAdd(Interval interval, double count, Date date, SourceLine where) {

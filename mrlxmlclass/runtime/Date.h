@@ -22,16 +22,9 @@ public:
     constexpr bool in_calendar() const { return days_ >= kFirst && days_ < kEnd; }
 
     /// The same day at midnight.
-    constexpr Date day() const {
-        if (!(days_ > -kFractionsEnd && days_ < kFractionsEnd)) return *this;
-        const auto towards_zero = static_cast<double>(static_cast<std::int64_t>(days_));
-        return Date(towards_zero > days_ ? towards_zero - 1 : towards_zero);
-    }
+    Date day() const { return days_ + kNoFractions - kNoFractions == days_ ? Date(days_) : WithoutTime(days_); }
     /// Whole days since day zero.
-    int number() const {
-        const int towards_zero = static_cast<int>(InRange(days_).days_);
-        return towards_zero > days_ ? towards_zero - 1 : towards_zero;
-    }
+    int number() const { return InRange(days_).Floor(); }
     int year() const;
     int month() const;
     int day_of_month() const;
@@ -45,23 +38,32 @@ public:
     friend constexpr auto operator<=>(Date, Date) = default;
 
 private:
-    static constexpr double kFractionsEnd = 4503599627370496;  ///< 2^52: from there on every double is whole
-    static constexpr double kFirst = -657434;                  ///< 1 January 100
-    static constexpr double kEnd = 2958466;                    ///< 1 January 10000
+    friend Long DaysBetween(Date from, Date to, SourceLine where);
+    /// 1.5 times 2^52: what is added to it loses its fraction, if it is within 2^51.
+    static constexpr double kNoFractions = 6755399441055744;
+    static constexpr double kFirst = -657434;  ///< 1 January 100
+    static constexpr double kEnd = 2958466;    ///< 1 January 10000
 
     static Date InRange(double days) {
         if (!(days >= kFirst && days < kEnd)) Raise(failure::kOverflow, SourceLine{});
         return Date(days);
     }
     static Date Shifted(Date date, double days) { return InRange(date.days_ + days); }
+    static Date WithoutTime(double days);
+    /// `number` of a moment in the calendar.
+    int Floor() const {
+        const int towards_zero = static_cast<int>(days_);
+        return days_ < 0 && towards_zero > days_ ? towards_zero - 1 : towards_zero;
+    }
 
     double days_ = 0;
 };
 
+/// DaysBetween for moments outside the calendar too.
+Long DaysBetweenAny(Date from, Date to, SourceLine where);
 /// Calendar days from `from` to `to`: the difference of the two date parts.
 inline Long DaysBetween(Date from, Date to, SourceLine where = SourceLine::Here()) {
-    if (from.in_calendar() && to.in_calendar()) return to.number() - from.number();
-    return Long(to.day().days() - from.day().days(), where);
+    return from.in_calendar() && to.in_calendar() ? Long(to.Floor() - from.Floor()) : DaysBetweenAny(from, to, where);
 }
 
 inline constexpr int kSecondsADay = 86400;

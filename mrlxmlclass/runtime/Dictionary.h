@@ -56,6 +56,7 @@ public:
     void Remove(const Variant& key, SourceLine where = SourceLine::Here());
     void RemoveAll() { store_.Clear(); }
     Long Count() const { return store_.size(); }
+    bool empty() const { return store_.empty(); }
     std::vector<Variant> Keys() const;
     std::vector<Variant> Items() const;
 

@@ -12,7 +12,9 @@ template <class T>
 class LazyCell {
 public:
     /// What is there, or nothing; makes nothing.
-    Ref<T> Peek() const { return shared_ ? shared_->object : Ref<T>(); }
+    Ref<T> Peek() const { return Glance(); }
+    /// The same for a look that is over before anything can be put here.
+    const Ref<T>& Glance() const { return shared_ ? shared_->object : kNothing; }
     /// What is there, made now if need be; `made()` is called then.
     template <class MakeObject>
     Ref<T> ReadOr(MakeObject&& make) {
@@ -39,6 +41,7 @@ private:
     struct Shared : Counted {
         Ref<T> object;
     };
+    constinit static inline const Ref<T> kNothing;
     const Ref<Shared>& Own() {
         if (!shared_) shared_ = Make<Shared>();
         return shared_;

@@ -135,14 +135,14 @@ private:
         std::size_t erased = 0;
 
         std::size_t IndexOf(const Key& key) const {
-            if (index.empty()) {
+            const std::uint32_t* const found = index.Find(key);
+            if (found == nullptr) {
+                if (!index.empty()) return npos;
                 for (std::size_t i = 0; i < entries.size(); ++i) {
                     if (entries[i].key == key) return i;
                 }
                 return npos;
             }
-            const std::uint32_t* const found = index.Find(key);
-            if (found == nullptr) return npos;
             std::size_t at = std::min<std::size_t>(*found, entries.size() - 1);
             while (!(entries[at].key == key)) --at;
             return at;

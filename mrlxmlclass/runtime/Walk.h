@@ -13,9 +13,8 @@ inline constexpr FailureTail kUnopenedTail{"Walk"};
 
 /// What a suspended call of a walk keeps; the callers form the chain that a stack would.
 struct PendingCall {
-    std::coroutine_handle<> self;
-    PendingCall* caller = nullptr;
-    PendingCall** running = nullptr;  ///< the driver's variable: the call to resume next
+    std::coroutine_handle<> caller;
+    std::coroutine_handle<>* running = nullptr;  ///< the driver's variable: the call to resume next
     FailureTail::Opening opening = kUnopenedTail.Begin("Begin");
 
     std::suspend_always initial_suspend() noexcept { return {}; }
@@ -41,7 +40,8 @@ struct PendingCall {
 
 /// A call that may nest to any depth without using the stack: `co_await` is the call, and each call has its own failure
 /// tail. The first statement is `auto& result = co_await kTail.Begin("Label");`, an early exit is `co_return;`.
-/// The outermost call is driven by `Run`; a listener may drive another walk inside.
+/// The outermost call is driven by `Run`; a listener may drive another walk inside. A call that is over without waiting
+/// for another needs no frame: it may be an ordinary function that gives its result.
 ///
 /// `co_await` stands as a statement, as a whole initialiser or as a right side, never inside `?:`.
 template <class Result>
@@ -50,11 +50,7 @@ public:
     struct promise_type : PendingCall {
         Result result{};
 
-        Walk get_return_object() {
-            auto call = std::coroutine_handle<promise_type>::from_promise(*this);
-            self = call;
-            return Walk(call);
-        }
+        Walk get_return_object() { return Walk(std::coroutine_handle<promise_type>::from_promise(*this)); }
         void unhandled_exception() noexcept {
             opening.tail->Report(opening.member_label, opening.member);
             if (opening.tail->gives_empty()) result = Result{};
@@ -76,34 +72,38 @@ public:
         }
     };
 
-    Walk(Walk&& other) noexcept : call_(std::exchange(other.call_, nullptr)) {}
+    /// A call that is over.
+    Walk(Result result) : result_(std::move(result)) {}
+    Walk(Walk&& other) noexcept : call_(std::exchange(other.call_, nullptr)), result_(std::move(other.result_)) {}
     Walk& operator=(Walk&&) = delete;
     ~Walk() {
         if (call_) call_.destroy();
     }
 
-    bool await_ready() const noexcept { return false; }
+    bool await_ready() const noexcept { return !call_; }
     template <class Promise>
     void await_suspend(std::coroutine_handle<Promise> caller) noexcept {
         PendingCall& callee = call_.promise();
-        callee.caller = &caller.promise();
-        callee.running = callee.caller->running;
-        *callee.running = &callee;
+        callee.caller = caller;
+        callee.running = caller.promise().running;
+        *callee.running = call_;
     }
-    Result await_resume() { return std::move(call_.promise().result); }
+    Result await_resume() { return call_ ? std::move(call_.promise().result) : std::move(result_); }
 
     /// Drives the walk to its end.
     Result Run() && {
-        PendingCall* running = &call_.promise();
-        running->running = &running;
-        while (running != nullptr) running->self.resume();
+        if (!call_) return std::move(result_);
+        std::coroutine_handle<> running = call_;
+        call_.promise().running = &running;
+        while (running) running.resume();
         return std::move(call_.promise().result);
     }
 
 private:
     explicit Walk(std::coroutine_handle<promise_type> call) : call_(call) {}
 
-    std::coroutine_handle<promise_type> call_;
+    std::coroutine_handle<promise_type> call_;  ///< none when the call is over
+    Result result_{};
 };
 
 }  // namespace mrlxmlclass

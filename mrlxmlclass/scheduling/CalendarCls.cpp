@@ -129,8 +129,7 @@ void CalendarCls::Internal::CountDays() {
         rules.free_weekday[static_cast<std::size_t>(weekday)] =
             bool(f.NonWorkingDay->Exists(Conversions::LongToString(weekday)));
     }
-    self_.counted_ = {SeenSet(f.NonWorkingDay), SeenSet(f.Holiday), SeenSet(f.ExceptionDay), Platform().locale.Stamp(),
-                      WorkingDayTable(std::move(rules))};
+    self_.counted_ = {SetsStamp(), Platform().locale.Stamp(), WorkingDayTable(std::move(rules))};
 }
 
 void CalendarCls::Internal::SetUsualWeekend() {

@@ -47,7 +47,10 @@ public:
     Ref<Dictionary> NonWorkingDay() const { return f_.NonWorkingDay; }
     Ref<Dictionary> Holiday() const { return f_.Holiday; }
     Ref<Dictionary> ExceptionDay() const { return f_.ExceptionDay; }
-    void ExceptionDay(const Ref<Dictionary>& days) { f_.ExceptionDay = days; }
+    void ExceptionDay(const Ref<Dictionary>& days) {
+        f_.ExceptionDay = days;
+        counted_.reset();
+    }
 
     Boolean SetAsNonWorkingDay(ByRef<Long> NonWorkingDay);
     /// Also takes away the exception days that fall on that weekday; a weekday that is worked already changes nothing.
@@ -86,7 +89,10 @@ public:
     class Internal;
 
 private:
-    void init() { f_ = Fields(); }
+    void init() {
+        f_ = Fields();
+        counted_.reset();
+    }
 
     struct Fields {
         Long CalendarKey;
@@ -101,21 +107,13 @@ private:
     DaySet holidays_{DaySet::Keys::Texts};
     DaySet exceptions_{DaySet::Keys::TextsAndDates};
 
-    /// A set as it stood at some moment. A host may take the exception days away altogether: there are none then.
-    struct SeenSet {
-        Ref<Dictionary> set;  // held, so that no other can stand in its place
-        std::uint64_t stamp = 0;
-
-        explicit SeenSet(Ref<Dictionary> seen = {}) : set(std::move(seen)), stamp(set ? set->Stamp() : 0) {}
-        bool Stands(const Ref<Dictionary>& now) const { return set == now && (!set || set->Stamp() == stamp); }
-    };
-    /// The days counted up, and of what.
+    /// The days counted up, and when.
     struct CountedDays {
-        SeenSet weekdays, holidays, exceptions;
-        std::uint64_t locale_stamp = 0;
-        WorkingDayTable table{DayRules{}};
+        std::uint64_t sets_stamp;
+        std::uint64_t locale_stamp;
+        WorkingDayTable table;
     };
-    CountedDays counted_;
+    std::optional<CountedDays> counted_;  ///< none where a set may be another one than was counted
 };
 
 }  // namespace mrlxmlclass

@@ -19,15 +19,19 @@ public:
     /// The days counted up by the three sets as they stand now. Valid until the next call.
     WorkingDayTable& Table() {
         if (!TableStands()) CountDays();
-        return self_.counted_.table;
+        return self_.counted_->table;
     }
 
 private:
     bool TableStands() const {
+        const std::optional<CountedDays>& counted = self_.counted_;
+        return counted && counted->sets_stamp == SetsStamp() && counted->locale_stamp == Platform().locale.Stamp();
+    }
+    /// Differs after every change of one of the three sets: no stamp ever falls. A host may take the exception days
+    /// away altogether.
+    std::uint64_t SetsStamp() const {
         const Fields& f = self_.f_;
-        const CountedDays& counted = self_.counted_;
-        return counted.weekdays.Stands(f.NonWorkingDay) && counted.holidays.Stands(f.Holiday) &&
-               counted.exceptions.Stands(f.ExceptionDay) && counted.locale_stamp == Platform().locale.Stamp();
+        return f.NonWorkingDay->Stamp() + f.Holiday->Stamp() + (f.ExceptionDay ? f.ExceptionDay->Stamp() : 0);
     }
     void CountDays();
 

@@ -69,27 +69,42 @@ Date DateWalk::SetDate(const Ref<TasksCls>& task, Date& changed_date, const Chan
     return old_start;
 }
 
+/// The task itself; the walk goes on where others wait for it.
 Walk<Boolean> DateWalk::DependsDateChanged(KeyText key, Date& changed_date, const Change& how, Integer& p_diff) {
-    auto& result = co_await kTail.Begin("DependsDateChanged");
-    const Ref<TasksCls> task = tasks_.Item(key);
-    reached_.Tell();
-    reached_.Add(key);
-    reached_.AddParent(task->ParentID());
-    const Date remembered = SetDate(task, changed_date, how, p_diff);
-    tasks_.TellDates(task, key);
-    result = True;
-    if (!module_.BVersion || !In(task).PeekSuccessor()) co_return;
+    Ref<TasksCls> task;
+    Date remembered;
+    const Boolean moved = kTail.Run<Boolean>("DependsDateChanged", [&](Boolean& result) {
+        task = tasks_.Item(key);
+        reached_.Tell();
+        reached_.Add(key);
+        reached_.AddParent(task->ParentID());
+        remembered = SetDate(task, changed_date, how, p_diff);
+        tasks_.TellDates(task, key);
+        result = True;
+    });
+    if (!moved || !module_.BVersion || !In(task).HasSuccessors()) return moved;
+    return MoveSuccessors(std::move(task), remembered, how, p_diff);
+}
 
+/// The successors of a task that was moved, one after the other.
+Walk<Boolean> DateWalk::MoveSuccessors(Ref<TasksCls> task, Date remembered, const Change& how, Integer& p_diff) {
+    auto& result = co_await kTail.Begin("DependsDateChanged");
+    result = True;
     const auto successors = In(task).PeekSuccessor()->Snapshot();
     Turn turn(/*with_siblings=*/!how.p_not_same_parent);
     Date old_start;
+    Follower follower;
     // Of the loop an index is all that waits in the frame.
     for (std::size_t place = 0; place < successors.size(); ++place) {  // NOLINT(modernize-loop-convert)
         turn.Next(successors[place].item.Key());
         if (!Takes(turn, task, how)) continue;
         if (turn.adjusts) {
-            auto walk = AdjustDate(turn.key, task, turn.follow, p_diff, old_start);
-            co_await std::move(walk);
+            follower = PutFollower(turn.key, task, turn.follow, p_diff, old_start);
+            if (follower.onward) {
+                auto walk = DependsDateChanged(turn.key, follower.start, *follower.onward, p_diff);
+                co_await std::move(walk);
+            }
+            AdjustParentOf(follower);
         }
         if (turn.summary && how.SummaryCalc) {
             auto walk = MoveSummary(turn.key, MoveBehind(turn, task, remembered, p_diff));
@@ -141,29 +156,39 @@ DateWalk::SummaryMove DateWalk::MoveBehind(const Turn& turn, const Ref<TasksCls>
     return {start, start, 0};
 }
 
-Walk<Boolean> DateWalk::AdjustDate(KeyText key, const Ref<TasksCls>& changed, const Follow& how, Integer& p_diff,
-                                   Date& p_preview_date) {
-    auto& result = co_await kTail.Begin("AdjustDate");
-    const Ref<TasksCls> task = tasks_.Item(key);
-    if (!changed || !task) {
-        if (changed) changed->TaskSuccessor()->Remove(key.text());
-        result = True;
-        co_return;
-    }
-    p_preview_date = task->TaskBDate();
-    task->TaskLag(tasks_.LeadTowards(task, KeyText(changed->TaskKey())));
-    if (task->TaskBDate().set()) {
-        PutBehind(task, changed, how.theLeadTime);
-        Date start = task->TaskBDate();
-        p_diff = DaysBetween(p_preview_date, start);
-        if (how.AdjustOtherDate) {
-            // Kept: unless measured anew, the lag is in the start and is added once more.
-            const Change change{1, how.LeadTimeCalc, True, how.p_do_same_parent, True};
-            auto walk = DependsDateChanged(key, start, change, p_diff);
-            result = co_await std::move(walk);
+Boolean DateWalk::AdjustDate(KeyText key, const Ref<TasksCls>& changed, const Follow& how, Integer& p_diff,
+                             Date& p_preview_date) {
+    Follower follower = PutFollower(key, changed, how, p_diff, p_preview_date);
+    if (follower.onward) follower.result = DependsDateChanged(key, follower.start, *follower.onward, p_diff).Run();
+    AdjustParentOf(follower);
+    return follower.result;
+}
+
+/// AdjustDate up to where the walk goes on.
+DateWalk::Follower DateWalk::PutFollower(KeyText key, const Ref<TasksCls>& changed, const Follow& how, Integer& p_diff,
+                                         Date& p_preview_date) {
+    return kTail.Run<Follower>("AdjustDate", [&](Follower& follower) {
+        const Ref<TasksCls> task = tasks_.Item(key);
+        if (!changed || !task) {
+            if (changed) changed->TaskSuccessor()->Remove(key.text());
+            follower.result = True;
+            return;
         }
-    }
-    if (how.adjustParent) AdjustParentOf(task);
+        p_preview_date = task->TaskBDate();
+        task->TaskLag(tasks_.LeadTowards(task, KeyText(changed->TaskKey())));
+        if (task->TaskBDate().set()) {
+            PutBehind(task, changed, how.theLeadTime);
+            follower.start = task->TaskBDate();
+            p_diff = DaysBetween(p_preview_date, follower.start);
+            // Kept: unless measured anew, the lag is in the start and is added once more.
+            if (how.AdjustOtherDate) follower.onward = Change{1, how.LeadTimeCalc, True, how.p_do_same_parent, True};
+        }
+        if (how.adjustParent) follower.whose_parent = task;
+    });
+}
+
+void DateWalk::AdjustParentOf(const Follower& follower) {
+    if (follower.whose_parent) AdjustParentOf(follower.whose_parent);
 }
 
 void DateWalk::AdjustParentOf(const Ref<TasksCls>& task) {

@@ -1,5 +1,7 @@
 #pragma once
 
+#include <optional>
+
 #include "mrlxmlclass/runtime/Walk.h"
 #include "mrlxmlclass/scheduling/ReachedTasks.h"
 #include "mrlxmlclass/tasks/TasksCol_internal.h"
@@ -33,8 +35,9 @@ public:
         Boolean adjustParent;
         Boolean p_do_same_parent;
     };
-    Walk<Boolean> AdjustDate(KeyText key, const Ref<TasksCls>& changed, const Follow& how, Integer& p_diff,
-                             Date& p_preview_date);
+    /// Only outermost: inside a walk, its parts stand one by one.
+    Boolean AdjustDate(KeyText key, const Ref<TasksCls>& changed, const Follow& how, Integer& p_diff,
+                       Date& p_preview_date);
 
     /// `below` bounds the way down from the summary at which it began.
     Walk<Boolean> SummaryTaskDateChanged2(KeyText key, Date& stDate, Date& UsethisDate, Integer p_diff,
@@ -43,6 +46,17 @@ public:
     FrameStack& frames;  ///< for the suspended calls
 
 private:
+    /// A successor that stands behind the task that changed, and what is left to do for it.
+    struct Follower {
+        Date start;
+        std::optional<Change> onward;  ///< how it moves with all that waits for it, if it does
+        Ref<TasksCls> whose_parent;    ///< is adjusted at last; none: nobody's
+        Boolean result;
+    };
+    Follower PutFollower(KeyText key, const Ref<TasksCls>& changed, const Follow& how, Integer& p_diff,
+                         Date& p_preview_date);
+    void AdjustParentOf(const Follower& follower);
+    Walk<Boolean> MoveSuccessors(Ref<TasksCls> task, Date remembered, const Change& how, Integer& p_diff);
     Date SetDate(const Ref<TasksCls>& task, Date& changed_date, const Change& how, Integer& p_diff);
     bool SetTarget(const Ref<TasksCls>& summary, Date& stDate, Date& UsethisDate, Integer& p_diff);
     Date PlaceBehind(const Ref<TasksCls>& child, Long lag, const Ref<TasksCls>& previous, Date& previous_end,

@@ -7,17 +7,16 @@ namespace mrlxmlclass {
 
 std::int64_t GapBetween(Date start, Date end, const PublicDays& days) {
     if (!start.set()) return 0;
-    const std::int64_t lag = end.set() ? DaysBetween(end, start) : Long(0);
-    const std::int64_t size = std::abs(lag);
-    const auto span = static_cast<double>(size);
-    if (start > end) return size - days.CountNonWorking(end, end + span);
-    return -(size - days.CountNonWorking(start, std::min(start + span, end)));
+    const std::int64_t size = end.set() ? std::abs(std::int64_t{DaysBetween(end, start)}) : 0;
+    if (start > end) return size - days.CountNonWorking(end, size);
+    return -(size - days.CountNonWorking(start, DaysUpTo(size, start, end)));
 }
 
 bool SeekGap(Date& start, Date reference, Integer wanted, const PublicDays& days) {
     if (!start.set() || !reference.set()) return GapBetween(start, reference, days) == wanted;
     const int step = wanted < 0 ? -1 : 1;
     std::int64_t gap = GapBetween(start, reference, days);
+    if (gap == wanted) return true;
     if (step > 0 && start > reference && gap < wanted && start == start.day()) {
         // Each working day adds one from here on.
         const auto day = days.WorkingDayAfter(start, wanted - gap);

@@ -1,9 +1,17 @@
 #pragma once
 
+#include <algorithm>
+#include <cstdint>
+
 #include "mrlxmlclass/scheduling/WorkingDays.h"
 
 /// The arithmetic of gaps between dates that no link ties.
 namespace mrlxmlclass {
+
+/// So many days, but no more than lie in full from `start` to `end`, which does not come before it.
+inline std::int64_t DaysUpTo(std::int64_t days, Date start, Date end) {
+    return static_cast<std::int64_t>(std::min(static_cast<double>(days), end.days() - start.days()));
+}
 
 /// The gap in working days from an end to a start, without the step of one day. Kept: equal dates give 0, but 1 on a
 /// non-working day. 0 for no start; without an end the days between count as none, and day 0 as what it is.

@@ -26,7 +26,14 @@ Date NextWorkingDayFromToday() {
     return NextWorkingDay(Platform().clock.Today(), 1);
 }
 
+/// Before the last year, without asking for a year.
+bool SurelyBeforeLastYear(Date date) {
+    return date.in_calendar() &&
+           date.days() < kFirstDay.days() + kShortYear * static_cast<double>(MaxYear() - kMinYear);
+}
+
 Date InRange(Date date) {
+    if (date >= kFirstDay && SurelyBeforeLastYear(date)) return date;
     if (!(date >= kFirstDay) && date.year() < kMinYear) {
         Platform().ui.Message("Some dates had to be adjusted to fit within the program's range. ");
         date = WithYear(date, kMinYear);
@@ -144,8 +151,7 @@ Date WalkToEnd(Date start, Interval interval, Double duration) {
 }  // namespace
 
 Date NoLaterThanMaxYear(Date date) {
-    // Well before the last year, without asking for a year.
-    if (date.in_calendar() && date < kFirstDay + kShortYear * static_cast<double>(MaxYear() - kMinYear)) return date;
+    if (SurelyBeforeLastYear(date)) return date;
     return date.year() > MaxYear() ? WithYear(date, MaxYear().value()) : date;
 }
 

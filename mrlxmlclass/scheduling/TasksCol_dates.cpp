@@ -26,7 +26,7 @@ Boolean TasksCol::AdjustDate(const String& Key, const Ref<TasksCls>& oChangedTas
     return kTail.Run<Boolean>("AdjustDate", [&, oChangedTask](Boolean& result) {
         DateWalk walk(*this, p_changeds);
         const DateWalk::Follow follow{theLeadTime, LeadTimeCalc, AdjustOtherDate, adjustParent, p_do_same_parent};
-        result = walk.AdjustDate(Key, oChangedTask, follow, *p_diff, *p_preview_date).Run();
+        result = walk.AdjustDate(Key, oChangedTask, follow, *p_diff, *p_preview_date);
     });
 }
 

@@ -2,7 +2,7 @@
 #include <cstdlib>
 
 #include "mrlxmlclass/runtime/Text.h"
-#include "mrlxmlclass/scheduling/WorkingDays.h"
+#include "mrlxmlclass/scheduling/Gaps.h"
 #include "mrlxmlclass/tasks/TasksCol_internal.h"
 #include "mrlxmlclass/xml/Conversions.h"
 
@@ -100,11 +100,10 @@ void StoreLead(const Ref<TasksCls>& task, const String& predecessor, Integer lea
 Integer WorkingGap(Date start, Date predecessor_end, Integer lag) {
     lag -= 1;
     if (start > predecessor_end) {
-        return lag - PublicDays().CountNonWorking(predecessor_end, predecessor_end + static_cast<double>(lag.value()));
+        return lag - PublicDays().CountNonWorking(predecessor_end, std::int64_t{lag});
     }
     const std::int64_t size = std::abs(std::int64_t{lag});
-    const Integer gap =
-        -(size - PublicDays().CountNonWorking(start, std::min(start + static_cast<double>(size), predecessor_end)));
+    const Integer gap = -(size - PublicDays().CountNonWorking(start, DaysUpTo(size, start, predecessor_end)));
     return gap == 0 ? Integer(-1) : gap;  // an overlap stays an overlap
 }
 

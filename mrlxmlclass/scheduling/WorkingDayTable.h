@@ -50,9 +50,8 @@ private:
 
     const Block& BlockOf(int day) {
         const int number = day >> kBlockBits;
-        const auto place = static_cast<std::size_t>(number - first_block_);
-        const bool counted = number >= first_block_ && place < blocks_.size() && blocks_[place];
-        return counted ? *blocks_[place] : CountBlock(number);
+        const auto place = static_cast<unsigned>(number - first_block_);  // one before the first is a large one
+        return place < blocks_.size() && blocks_[place] ? *blocks_[place] : CountBlock(number);
     }
     const Block& CountBlock(int number);
     std::int64_t CountThroughBlocks(int first, int last);

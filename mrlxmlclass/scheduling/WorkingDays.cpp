@@ -41,13 +41,13 @@ std::optional<Date> PublicDays::WorkingDayAfter(Date date, std::int64_t count) c
     return day ? std::optional(Date(*day)) : std::nullopt;
 }
 
-Date PublicDays::SearchWorkingDay(Date date, int step) const {
+Date PublicDays::SearchWorkingDay(WorkingDayTable& table, Date date, int step) {
     if (date.in_calendar()) {  // as good as always, and the answer is near
         int day = date.number();
         for (int searched = 0; searched < kNear && Date(day).in_calendar(); ++searched, day += step) {
-            if (!table_->NonWorking(day)) return Date(day);
+            if (!table.NonWorking(day)) return Date(day);
         }
-        if (NothingWorked(*table_, date.number(), step)) Raise(failure::kEndlessWalk);
+        if (NothingWorked(table, date.number(), step)) Raise(failure::kEndlessWalk);
     }
     for (int searched = 0; Gloabal::IsNonWorkingDay(date); ++searched) {
         if (searched == kMostDaysSearched) Raise(failure::kEndlessWalk);

@@ -22,18 +22,24 @@ public:
         const int first_day = first.number();
         return table_->CountNonWorking(first_day, first_day + static_cast<int>(last.days() - first.days()));
     }
+    /// The same from `first` to so many days behind it.
+    std::int64_t CountNonWorking(Date first, std::int64_t days) const {
+        const int first_day = first.number();
+        if (!Date(static_cast<double>(first_day + days)).in_calendar()) Raise(failure::kOverflow);
+        return table_ != nullptr ? table_->CountNonWorking(first_day, first_day + static_cast<int>(days)) : 0;
+    }
     /// The `count`-th working day after the day of `date`; nothing without a calendar, and where it would take more
     /// than 10,000 days.
     std::optional<Date> WorkingDayAfter(Date date, std::int64_t count) const;
     /// The first working day from `date` on, `step` days at a time; 0 for no date.
     Date NextWorkingDay(Date date, int step) const {
         if (table_ == nullptr || !date.set()) return date;
-        if (date.in_calendar() && !table_->NonWorking(date.number())) return Date(date.number());
-        return SearchWorkingDay(date, step);
+        if (date.in_calendar() && !table_->NonWorking(date.number())) return date.day();
+        return SearchWorkingDay(*table_, date, step);
     }
 
 private:
-    Date SearchWorkingDay(Date date, int step) const;
+    static Date SearchWorkingDay(WorkingDayTable& table, Date date, int step);
 
     WorkingDayTable* table_;
 };

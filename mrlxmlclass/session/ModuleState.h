@@ -54,8 +54,9 @@ inline constexpr int kMinYear = 2000;
 void TakeMaxYear();
 /// The last year that a task date may have: ten years from the day on which it was first needed.
 inline Integer MaxYear() {
-    if (Module().g_MaxYear == 0) TakeMaxYear();
-    return Module().g_MaxYear;
+    const Integer& year = Module().g_MaxYear;
+    if (year == 0) TakeMaxYear();
+    return year;
 }
 
 /// Makes the shared error log where it is absent.

@@ -89,6 +89,10 @@ public:
     void StoreDuration(Double duration) { f_.TaskDuration.Let(duration); }
 
     Ref<Collection> PeekSuccessor() const { return f_.TaskSuccessor.cell.Peek(); }
+    bool HasSuccessors() const {
+        const Ref<Collection>& successors = f_.TaskSuccessor.cell.Glance();
+        return successors && !successors->empty();
+    }
     Ref<Collection> PeekPredecessor() const { return f_.TaskPredecessor.cell.Peek(); }
     const Ref<Collection>& PeekLeadTime() const { return f_.TaskLeadTime; }
     Ref<TaskNoteRelationCol> PeekNoteRelation() const { return f_.TaskNoteRelation.cell.Peek(); }
@@ -109,8 +113,8 @@ public:
     void Tasks(const Ref<Dictionary>& children) { f_.Tasks.Set(children); }
     Ref<Dictionary> PeekTasks() const { return f_.Tasks.Peek(); }
     bool HasChildren() const {
-        const Ref<Dictionary> children = PeekTasks();
-        return children && children->Count() > 0;
+        const Ref<Dictionary>& children = f_.Tasks.Glance();
+        return children && !children->empty();
     }
     Ref<ChildOrder>& child_order() { return f_.child_order; }
     /// The keys of the linked tasks as they stand now, to walk while links come and go.

@@ -2,6 +2,8 @@
 
 #include <gtest/gtest.h>
 
+#include <cmath>
+
 #include <limits>
 
 #include "tests/support/NumberOf.h"
@@ -63,6 +65,17 @@ TEST(Date, CutsTheTimeDownwardsOnBothSidesOfZero) {
     EXPECT_EQ(Date(10.75).day(), Date(10));
     EXPECT_EQ(Date(-10.25).day(), Date(-11));
     ExpectParts(Date(-0.25), 1899, 12, 29);
+}
+
+TEST(Date, KeepsWhatIsWholeHoweverFarAway) {
+    for (const double size : {0.0, 1.0, 46083.0, 2958465.0, 0x1p51, 0x1p52 + 1, 0x1p53, 1e300}) {
+        for (const double days : {size, -size}) EXPECT_EQ(Date(days).day(), Date(days)) << days;
+    }
+    EXPECT_EQ(Date(0x1p50 + 0.5).day(), Date(0x1p50));
+    EXPECT_EQ(Date(-0x1p50 - 0.5).day(), Date(-0x1p50 - 1));
+    EXPECT_EQ(Date(2958465.999).day(), Date(2958465));
+    EXPECT_TRUE(std::isinf(Date(HUGE_VAL).day().days()));
+    EXPECT_TRUE(std::isnan(Date(std::nan("")).day().days()));
 }
 
 TEST(Date, CountsWeekdaysFromSunday) {

@@ -50,6 +50,26 @@ TEST(Walk, GivesWhatTheOutermostCallMade) {
     EXPECT_EQ(Depth(5).Run(), 5);
 }
 
+/// A call that waits for another, unless there is none to wait for.
+Walk<Long> Short(int levels) {
+    if (levels == 0) return Long(40);
+    return Depth(levels);
+}
+
+TEST(Walk, MayBeOverBeforeItWaits) {
+    const Failures failures;
+    EXPECT_EQ(Short(0).Run(), 40);
+    EXPECT_EQ(Short(2).Run(), 2);
+    const auto caller = []() -> Walk<Long> {
+        auto& result = co_await kClimberTail.Begin("Caller");
+        auto over = Short(0);
+        auto deep = Short(3);
+        result = co_await std::move(over);
+        result += co_await std::move(deep);
+    };
+    EXPECT_EQ(caller().Run(), 43);
+}
+
 TEST(Walk, NestsToAnyDepthOnASmallStack) {
     dom::OnSmallStack([] {
         const Failures failures;

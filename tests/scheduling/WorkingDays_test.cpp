@@ -43,6 +43,20 @@ TEST(IsNonWorkingDay, WeighsWeekdayExceptionAndHoliday) {
     }
 }
 
+TEST(IsNonWorkingDay, SeesThatASetIsAnotherOneThatChangedAsOften) {
+    const auto set_of = [](Date day) {
+        auto days = Make<Dictionary>();
+        days->Add(day, day);
+        return days;
+    };
+    CalendarSession session;
+    session.calendar->ExceptionDay(set_of(Saturday));
+    EXPECT_EQ(IsNonWorkingDay(Date(Saturday)), False);
+    session.calendar->ExceptionDay(set_of(Sunday));
+    EXPECT_EQ(IsNonWorkingDay(Date(Saturday)), True);
+    EXPECT_EQ(IsNonWorkingDay(Date(Sunday)), False);
+}
+
 TEST(IsNonWorkingDay, LeavesWeekendsFreeWithoutASetOfExceptionDays) {
     CalendarSession session;
     session.calendar->SetADayAsExceptionDay(Saturday);

@@ -25,16 +25,14 @@ public:
 class SettableLocale : public Locale {
 public:
     const LocaleSettings& Settings() override { return settings_; }
-    std::uint64_t Stamp() override { return stamp_; }
 
     void Use(const String& short_date, const String& decimal = ".", const String& group = "") {
         settings_ = {short_date, decimal, group};
-        stamp_ = NewStamp();
+        Changed();
     }
 
 private:
     LocaleSettings settings_;
-    std::uint64_t stamp_ = NewStamp();
 };
 
 class RecordingUi : public Ui {
