@@ -1,5 +1,7 @@
 #include "tests/qt/QtDialog.h"
 
+#include <gtest/gtest.h>
+
 #include <QComboBox>
 #include <QLineEdit>
 #include <QPointer>
