@@ -9,11 +9,13 @@
 #include <QRegularExpression>
 #include <QSignalBlocker>
 #include <QStyleOptionComboBox>
+#include <QValidator>
 #include <utility>
 
 #include "mrlxmlclass/runtime/Date.h"
 #include "qt/CheckBox.h"
 #include "qt/DropList.h"
+#include "qt/FieldFocus.h"
 #include "qt/Texts.h"
 
 namespace mrlxmlclass::qt {
@@ -42,6 +44,14 @@ void OpenCalendar(QDateEdit& date) {
     QCoreApplication::sendEvent(&date, &press);
 }
 
+/// The line as one that the focus is not in. Its validator would mend what is half typed.
+void HideCaret(QLineEdit& line, QEvent& focus_out) {
+    const QValidator* validator = line.validator();
+    line.setValidator(nullptr);
+    QCoreApplication::sendEvent(&line, &focus_out);
+    line.setValidator(validator);
+}
+
 }  // namespace
 
 DateField::DateField(const EditTask& form, DateControl& control, std::function<void()> changed)
@@ -49,13 +59,15 @@ DateField::DateField(const EditTask& form, DateControl& control, std::function<v
       control_(control),
       changed_(std::move(changed)),
       has_date_(new CheckBox(this)),
-      date_(new QDateEdit(this)) {
+      date_(new QDateEdit(this)),
+      line_(date_->findChild<QLineEdit*>()) {
     auto* row = new QHBoxLayout(this);
     row->setContentsMargins(0, 0, 0, 0);
     row->addWidget(has_date_);
     row->addWidget(date_, 1);
     date_->setCalendarPopup(true);
-    date_->setKeyboardTracking(false);  // a date that is half typed is none
+    date_->setMinimumDate({100, 1, 1});  // the first date that there is
+    date_->setKeyboardTracking(false);   // a date that is half typed is none
     date_->setFocusPolicy(Qt::StrongFocus);
     date_->installEventFilter(this);
     setFocusPolicy(Qt::ClickFocus);  // Tab stops at the box and at the date
@@ -65,11 +77,12 @@ DateField::DateField(const EditTask& form, DateControl& control, std::function<v
         const bool walks = calendar_ != nullptr && calendar_->isVisible();  // and has chosen nothing yet
         if (!walks && !Shows(date_->date())) Changed();                     // Enter alone tells the same date again
     });
-    const auto* line = date_->findChild<QLineEdit*>();
-    QObject::connect(line, &QLineEdit::textEdited, this, [this] { typed_ = date_->hasAcceptableInput(); });
-    QObject::connect(date_, &QDateEdit::editingFinished, this, [this] {
-        if (std::exchange(typed_, false)) Chosen();
-    });
+    QObject::connect(line_, &QLineEdit::textEdited, this, [this] { typed_ = date_->hasAcceptableInput(); });
+}
+
+void DateField::Left() {
+    date_->interpretText();
+    if (std::exchange(typed_, false)) Chosen();
 }
 
 bool DateField::Shows(QDate day) const {
@@ -137,6 +150,14 @@ bool DateField::eventFilter(QObject* watched, QEvent* event) {
             if (date_->hasFocus()) return false;
             event->ignore();  // whoever scrolls past changes nothing
             return true;
+        case QEvent::FocusOut:
+            if (LeavesField(*event)) {
+                Left();
+                return false;
+            }
+            HideCaret(*line_, *event);
+            date_->update();
+            return true;  // the date itself would take what is half typed
         case QEvent::MouseButtonPress:
             WatchCalendar();
             date_->interpretText();  // what is typed counts before a calendar opens on it

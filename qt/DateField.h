@@ -10,6 +10,7 @@
 #include "mrlxmlclass/dialog/EditTask.h"
 
 class QCalendarWidget;
+class QLineEdit;
 
 namespace mrlxmlclass::qt {
 
@@ -36,6 +37,8 @@ private:
     void Changed();
     /// The person chose the date that shows now, be it the same as before.
     void Chosen();
+    /// The person goes on to another field.
+    void Left();
     void WatchCalendar();
 
     const EditTask& form_;
@@ -43,6 +46,7 @@ private:
     std::function<void()> changed_;
     QCheckBox* has_date_;
     QDateEdit* date_;
+    QLineEdit* line_;                      ///< in which the date is typed
     QCalendarWidget* calendar_ = nullptr;  ///< once it was opened
     std::optional<QString> format_;        ///< the host's, in use
     bool typed_ = false;                   ///< a whole date, since the focus came

@@ -6,6 +6,7 @@
 #include <utility>
 
 #include "mrlxmlclass/dialog/EditTask.h"
+#include "qt/FieldFocus.h"
 #include "qt/Texts.h"
 
 namespace mrlxmlclass::qt {
@@ -13,6 +14,16 @@ namespace mrlxmlclass::qt {
 void NameLine::initStyleOption(QStyleOptionFrame* option) const {
     QLineEdit::initStyleOption(option);
     if (isReadOnly()) option->palette.setBrush(QPalette::Base, option->palette.window());
+}
+
+LineField::LineField(QLineEdit& line, TextControl& control, QString tail)
+    : line_(line), control_(control), tail_(std::move(tail)) {
+    line.installEventFilter(this);
+}
+
+bool LineField::eventFilter(QObject* watched, QEvent* event) {
+    if (on_leave && LeavesField(*event)) on_leave();
+    return QObject::eventFilter(watched, event);
 }
 
 bool LineField::RemoveHalf(const QString& text) {
@@ -27,13 +38,13 @@ void LineField::Typed(const QString& text) {
     if (RemoveHalf(text)) return Typed(line_.text());
     echo_ = true;
     emptied_ = EndOfTyped(text) == 0;
-    control_.Text(FromQt(text));
+    control_.Text(LinesFromQt(text));
     echo_ = emptied_ = false;
 }
 
 void LineField::Show() {
     constexpr int kMostOfAnyLine = 32767;
-    const QString text = ToQt(control_.Text());
+    const QString text = LinesToQt(control_.Text());
     const bool echo = std::exchange(echo_, false);
     const int most = static_cast<int>(control_.MaxLength().value());
     line_.setReadOnly(static_cast<bool>(control_.Locked()));

@@ -1,7 +1,7 @@
 #pragma once
 
 #include <QLineEdit>
-#include <utility>
+#include <functional>
 
 #include "mrlxmlclass/dialog/Controls.h"
 
@@ -18,11 +18,10 @@ protected:
 
 /// A line in which a text control is typed. What the form makes of it comes back while the person is still at it, so
 /// the caret stays where it was; where the form fills what the person emptied, the next key replaces that.
-class LineField {
+class LineField : public QObject {
 public:
     /// The line lives at least as long. `tail` is what the form puts behind whatever is typed: no key gets behind it.
-    LineField(QLineEdit& line, TextControl& control, QString tail = {})
-        : line_(line), control_(control), tail_(std::move(tail)) {}
+    LineField(QLineEdit& line, TextControl& control, QString tail = {});
 
     QLineEdit& line() { return line_; }
 
@@ -31,6 +30,11 @@ public:
     void Typed(const QString& text);
     /// To be called before the line gets the key.
     void BeforeKey(const QKeyEvent& key);
+
+    std::function<void()> on_leave;  ///< the person goes on to another field; left empty, nothing follows
+
+protected:
+    bool eventFilter(QObject* watched, QEvent* event) override;
 
 private:
     /// Takes away the half that is left of a character which the longest length cut in two; whether there was one.

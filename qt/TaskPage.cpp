@@ -110,6 +110,7 @@ void TaskPage::AddProgress(QGridLayout& grid, Bindings& bindings) {
     box->setEditable(true);
     box->setInsertPolicy(QComboBox::NoInsert);
     box->setCompleter(nullptr);
+    box->setFocusPolicy(Qt::StrongFocus);  // not by the wheel
     // Only the list chooses: a typed number that it happens to offer is no choice when the line is left.
     QObject::disconnect(box->lineEdit(), &QLineEdit::editingFinished, box, nullptr);
     QObject::disconnect(box->lineEdit(), &QLineEdit::returnPressed, box, nullptr);
@@ -170,7 +171,7 @@ void TaskPage::AddDuration(QGridLayout& grid, Bindings& bindings) {
     duration_ = std::make_unique<LineField>(*duration_line_, control);
     bindings.Add(control, *duration_line_, [this] { duration_->Show(); });
     connect(duration_line_, &QLineEdit::textEdited, this, [this](const QString& text) { duration_->Typed(text); });
-    connect(duration_line_, &QLineEdit::editingFinished, this, [this] { form_.TxtDurtion_Validate(0); });
+    duration_->on_leave = [this] { form_.TxtDurtion_Validate(0); };
     duration_line_->installEventFilter(this);
 
     auto* arrows = new StepArrows(

@@ -15,7 +15,7 @@ UrlWindow::UrlWindow(frmurl& form, QWidget* parent)
     setWindowTitle(ToQt(form.caption));
     QLineEdit& line = address_.line();
     bindings_.Add(form.txturl, line, [this] { address_.Show(); });
-    connect(&line, &QLineEdit::textEdited, this, [this](const QString& text) { address_.Typed(text); });
+    connect(&line, &QLineEdit::textEdited, this, [this](const QString& text) { address_.Typed(OneLine(text)); });
 
     auto* box = new QDialogButtonBox(this);
     auto* ok = new QPushButton(this);

@@ -53,6 +53,17 @@ TEST_F(DateField, ShowsDatesAsTheDesktopDoesWhereTheHostsFormatShowsNoWholeOnes)
     }
 }
 
+TEST_F(DateField, ShowsADateOfLongAgo) {
+    plan.Task("Old").Holding(Date::Of(1700, 1, 4), Date::Of(1700, 1, 8), 5);
+    plan.Task("Oldest").Holding(Date::Of(100, 1, 1), Date::Of(100, 1, 5), 5);
+    for (const auto& [task, start] : {std::pair("Old", QDate(1700, 1, 4)), {"Oldest", QDate(100, 1, 1)}}) {
+        plan.Edit(task, [start = start](QWidget& window) {
+            EXPECT_EQ(DateIn(window, "DTPickerStart").date(), start);
+            Click(Find(window, "CmdCancel"));
+        });
+    }
+}
+
 TEST_F(DateField, MovesTheEndWithATypedStart) {
     plan.Edit(
         "Design",
@@ -188,6 +199,21 @@ TEST_F(DateField, CountsTheDateThatShowsAsChosenWhereTheTaskHasNone) {
     }
 }
 
+TEST_F(DateField, TakesNoOtherDateThanTheTypedOneWhereTheTaskHasNone) {
+    plan.Task("Idea");
+    plan.Edit(
+        "Idea",
+        [](QWidget& window) {
+            QDateEdit& end = DateIn(window, "DTPickerEnd");
+            end.setFocus();
+            QTest::keyClicks(&end, "18");
+            Click(Find(window, "CmdOK"));
+        },
+        2, "dd/MM/yyyy");
+    EXPECT_EQ(plan["Idea"].TaskEDate(), Wednesday + 14);
+    EXPECT_EQ(plan["Idea"].TaskBDate(), plan["Idea"].TaskEDate()) << "nor for a moment the date that stood in";
+}
+
 TEST_F(DateField, CountsNoDateAsChosenThatWasOnlyLookedAt) {
     plan.Task("Idea");
     plan.Edit("Idea", [](QWidget& window) {
@@ -234,6 +260,18 @@ TEST_F(DateField, TakesTheDayThatItsCalendarWasWalkedTo) {
         Click(Find(window, "CmdOK"));
     });
     EXPECT_EQ(plan["Design"].TaskEDate(), Wednesday + 7);
+}
+
+TEST_F(DateField, TakesNoDigitsInItsCalendar) {
+    plan.Edit("Design", [](QWidget& window) {
+        QDateEdit& start = DateIn(window, "DTPickerStart");
+        start.setFocus();
+        QTest::keyClick(&start, Qt::Key_F4);
+        QTest::keyClicks(&CalendarOf(start), "18");
+        QTest::keyClick(&CalendarOf(start), Qt::Key_Return);
+        EXPECT_EQ(start.date(), QDate(2026, 3, 2));
+        Click(Find(window, "CmdCancel"));
+    });
 }
 
 TEST_F(DateField, CountsNoDateByEnterAlone) {
@@ -344,9 +382,11 @@ TEST_F(DateField, StaysAsItIsWhenSomebodyScrollsPast) {
     plan.Edit("Design", [](QWidget& window) {
         Find(window, "TxtName").setFocus();
         QDateEdit& start = DateIn(window, "DTPickerStart");
-        EXPECT_FALSE(Wheel(start, 1)) << "the wheel scrolls what the field stands in";
-        EXPECT_EQ(start.date(), QDate(2026, 3, 2));
-        EXPECT_FALSE(start.hasFocus());
+        for (QWidget* part : {static_cast<QWidget*>(&start), static_cast<QWidget*>(start.findChild<QLineEdit*>())}) {
+            EXPECT_FALSE(Wheel(*part, 1)) << "the wheel scrolls what the field stands in";
+            EXPECT_EQ(start.date(), QDate(2026, 3, 2));
+            EXPECT_FALSE(start.hasFocus());
+        }
         Click(Find(window, "CmdCancel"));
     });
 }
@@ -381,9 +421,9 @@ TEST_F(DateField, IsReachedByTheKeyOfItsLabelAlsoWithoutADate) {
     plan.Edit("Design", [](QWidget& window) {
         const auto press_key_of_label = [&] {
             Find(window, "TxtName").setFocus();
-            Find(window, "DTPickerStart").setFocus(Qt::ShortcutFocusReason);
+            QTest::keyClick(&window, Qt::Key_S, Qt::AltModifier);
         };
-        ASSERT_EQ(Find<QLabel>(window, "LblStartDate").buddy(), &Find(window, "DTPickerStart"));
+        ASSERT_EQ(Find<QLabel>(window, "LblStartDate").text(), "&Start:");
         press_key_of_label();
         EXPECT_TRUE(DateIn(window, "DTPickerStart").hasFocus());
         Click(BoxIn(window, "DTPickerStart"));

@@ -2,6 +2,7 @@
 
 #include <gtest/gtest.h>
 
+#include <QClipboard>
 #include <QComboBox>
 
 #include "tests/qt/QtDialog.h"
@@ -106,6 +107,23 @@ TEST_F(LineField, HasNoHalfOfACharacterWhereItIsFull) {
         EXPECT_EQ(name.text(), QString(158, 'x') + house);
         Click(Find(window, "CmdCancel"));
     });
+}
+
+TEST_F(LineField, HandsOverThePastedLinesOfANameAsTheSystemBreaksThem) {
+    for (const char* lines : {"First\nSecond", "First\r\nSecond"}) {
+        plan.Edit("Design", [&](QWidget& window) {
+            auto& name = Find<QLineEdit>(window, "TxtName");
+            QGuiApplication::clipboard()->setText(lines);
+            Type(name, "");
+            QTest::keyClick(&name, Qt::Key_V, Qt::ControlModifier);
+            EXPECT_EQ(plan.form().TxtName[0].Text(), "First\r\nSecond");
+            QTest::keyClicks(&name, "!");
+            EXPECT_EQ(plan.form().TxtName[0].Text(), "First\r\nSecond!");
+            QTest::keyClick(&name, Qt::Key_Tab);
+            EXPECT_EQ(name.text(), "First");
+            Click(Find(window, "CmdCancel"));
+        });
+    }
 }
 
 // --- The percentage --------------------------------------------------------------------------------------------------

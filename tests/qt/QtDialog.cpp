@@ -64,7 +64,8 @@ bool Wheel(QWidget& widget, int notches) {
     const QPoint middle = widget.rect().center();
     QWheelEvent turn(middle, widget.mapToGlobal(middle), {}, {0, kNotch * notches}, Qt::NoButton, Qt::NoModifier,
                      Qt::NoScrollPhase, /*inverted=*/false);
-    QCoreApplication::sendEvent(&widget, &turn);
+    QSpontaneKeyEvent::setSpontaneous(&turn);  // as one that comes from the screen: some fields take the focus by it
+    qApp->notify(&widget, &turn);
     return turn.isAccepted();
 }
 

@@ -39,6 +39,17 @@ TEST_F(TaskPage, LeavesEnterInTheDurationToTheForm) {
     });
 }
 
+TEST_F(TaskPage, TakesTheCostThatShowsOnEnter) {
+    plan.Edit("Design", [this](QWidget& window) {
+        QWidget& cost = Find(window, "Txtcost");
+        Type(cost, "25");
+        plan.form().Task()->TaskCost(Currency(70));  // as only a host could
+        QTest::keyClick(&cost, Qt::Key_Return);
+        EXPECT_FALSE(window.isVisible());
+    });
+    EXPECT_EQ(plan["Design"].TaskCost(), Currency(25));
+}
+
 TEST_F(TaskPage, TakesADurationOfThreeDigitsAtMost) {
     plan.Edit("Design", [](QWidget& window) {
         auto& duration = Find<QLineEdit>(window, "TxtDurtion");
