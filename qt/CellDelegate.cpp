@@ -2,6 +2,7 @@
 
 #include <QAbstractItemView>
 #include <QApplication>
+#include <QElapsedTimer>
 #include <QKeyEvent>
 #include <QLineEdit>
 #include <QPainter>
@@ -12,6 +13,7 @@
 
 #include "qt/CheckBox.h"
 #include "qt/DropList.h"
+#include "qt/FieldFocus.h"
 #include "qt/GridModel.h"
 #include "qt/LineField.h"
 #include "qt/Texts.h"
@@ -27,6 +29,8 @@ public:
         connect(this, &DropList::activated, this, [this](int choice) { Close(choice); });
         QTimer::singleShot(0, this, [this] {
             showPopup();
+            view()->viewport()->installEventFilter(this);
+            open_.start();
             if (!typed_.isEmpty()) view()->keyboardSearch(typed_);
         });
     }
@@ -47,19 +51,43 @@ protected:
         if (KeyAscii(*event) >= ' ') typed_ += event->text();
     }
     void wheelEvent(QWheelEvent*) override {}
+    bool eventFilter(QObject* watched, QEvent* event) override {
+        return (watched == view()->viewport() && EndsDoubleClick(*event)) || DropList::eventFilter(watched, event);
+    }
 
 private:
+    /// The second click of a double click on the cell lands in the list that the first one opened, and chooses nothing.
+    bool EndsDoubleClick(const QEvent& event) {
+        switch (event.type()) {
+            case QEvent::MouseButtonPress:
+            case QEvent::MouseButtonDblClick:
+                pressed_ = open_.hasExpired(QApplication::doubleClickInterval());
+                return !pressed_;
+            case QEvent::MouseButtonRelease:
+                return !pressed_;
+            default:
+                return false;
+        }
+    }
+
     void Close(int choice) {
         if (const auto tell = std::exchange(closed, nullptr)) tell(choice);
     }
 
     QString typed_;  ///< before it was open
+    QElapsedTimer open_;
+    bool pressed_ = false;  ///< an entry of it
 };
 
 /// Where the style puts what stands behind the text of a cell.
 QRect PlaceBehindText(const QStyleOptionViewItem& cell) {
     const QStyle& style = *(cell.widget != nullptr ? cell.widget->style() : QApplication::style());
     return style.subElementRect(QStyle::SE_ItemViewItemDecoration, &cell, cell.widget);
+}
+
+/// Without what the next key replaces.
+QString TextThatStays(const QLineEdit& line) {
+    return line.hasSelectedText() ? line.text().remove(line.selectionStart(), line.selectionLength()) : line.text();
 }
 
 void DrawArrow(QPainter& painter, const QStyleOptionViewItem& cell) {
@@ -114,7 +142,7 @@ void CellDelegate::setEditorData(QWidget* editor, const QModelIndex& index) cons
 
 void CellDelegate::setModelData(QWidget* editor, QAbstractItemModel*, const QModelIndex&) const {
     const auto* line = qobject_cast<const QLineEdit*>(editor);
-    if (line != nullptr) form_.EndEdit(grid_, FromQt(line->text()));
+    if (line != nullptr) form_.EndEdit(grid_, FromQt(OneLine(line->text())));
 }
 
 void CellDelegate::updateEditorGeometry(QWidget* editor, const QStyleOptionViewItem& option, const QModelIndex&) const {
@@ -126,11 +154,7 @@ bool CellDelegate::eventFilter(QObject* watched, QEvent* event) {
     if (line != nullptr && event->type() == QEvent::KeyPress) {
         if (LineKey(*line, static_cast<const QKeyEvent&>(*event))) return true;
     }
-    // Another window was turned to; the person comes back to what is half typed.
-    if (event->type() == QEvent::FocusOut &&
-        static_cast<const QFocusEvent*>(event)->reason() == Qt::ActiveWindowFocusReason) {
-        return false;
-    }
+    if (event->type() == QEvent::FocusOut && !LeavesField(*event)) return false;
     return QStyledItemDelegate::eventFilter(watched, event);
 }
 
@@ -139,7 +163,7 @@ bool CellDelegate::LineKey(QLineEdit& line, const QKeyEvent& key) {
     const bool leaves = key.key() == Qt::Key_Tab || key.key() == Qt::Key_Backtab;
     const int ascii = leaves ? EditTask::kEnter : KeyAscii(key);
     if (ascii == EditTask::kNoKey) return false;
-    const Integer passed = leaves ? Integer(ascii) : form_.EditKey(grid_, FromQt(line.text()), Integer(ascii));
+    const Integer passed = leaves ? Integer(ascii) : form_.EditKey(grid_, FromQt(TextThatStays(line)), Integer(ascii));
     if (passed == EditTask::kEnter) {
         Q_EMIT commitData(&line);
         Q_EMIT closeEditor(&line);

@@ -5,6 +5,8 @@
 #include <QComboBox>
 #include <QLineEdit>
 #include <QTabWidget>
+#include <QWindow>
+#include <utility>
 
 #include "tests/qt/QtDialog.h"
 
@@ -33,6 +35,16 @@ protected:
             Click(Find(window, "CmdOK"));
         });
         return plan["Build"].TaskPercentDone();
+    }
+
+    /// `person(table)` uses the predecessors, and the dialog is left by OK.
+    void UsePredecessors(const std::function<void(QTableView& table)>& person) {
+        plan.Edit("Build", [&](QWidget& window) {
+            Find<QTabWidget>(window, "TabTask").setCurrentIndex(1);
+            Settle();
+            person(Find<QTableView>(window, "VSFlexGridPredecessor"));
+            Click(Find(window, "CmdOK"));
+        });
     }
 
     OffscreenApplication application;
@@ -98,10 +110,7 @@ TEST_F(DropList, ChoosesNothingByTheKeysWhileItIsClosed) {
 }
 
 TEST_F(DropList, LeavesAPredecessorAsItIsWhenEnterComesAtOnce) {
-    plan.Edit("Build", [this](QWidget& window) {
-        Find<QTabWidget>(window, "TabTask").setCurrentIndex(1);
-        Settle();
-        auto& table = Find<QTableView>(window, "VSFlexGridPredecessor");
+    UsePredecessors([this](QTableView& table) {
         for (const Qt::Key opens : {Qt::Key_F2, Qt::Key_Space}) {
             table.setFocus();
             table.setCurrentIndex(table.model()->index(0, 1));
@@ -115,9 +124,71 @@ TEST_F(DropList, LeavesAPredecessorAsItIsWhenEnterComesAtOnce) {
             EXPECT_EQ(table.viewport()->findChild<QComboBox*>(), nullptr);
         }
         EXPECT_EQ(plan.form().PredecessorsChanged(), False);
-        Click(Find(window, "CmdOK"));
     });
     EXPECT_TRUE(plan["Build"].isPredecessor(plan.Key("Draw")));
+}
+
+// --- The mouse -------------------------------------------------------------------------------------------------------
+
+/// The window that the mouse is over there, and the place in it.
+std::pair<QWindow*, QPoint> Under(QPoint place) {
+    QWidget* const popup = QApplication::activePopupWidget();
+    QWidget& hit = popup != nullptr ? *popup : *QApplication::activeWindow();
+    return {hit.windowHandle(), hit.mapFromGlobal(place)};
+}
+void PressAt(QPoint place) {
+    const auto [window, at] = Under(place);
+    QTest::mouseMove(window, at);
+    QTest::mousePress(window, Qt::LeftButton, {}, at);
+    Settle();
+}
+void ReleaseAt(QPoint place) {
+    const auto [window, at] = Under(place);
+    QTest::mouseMove(window, at + QPoint(1, 1));
+    QTest::mouseRelease(window, Qt::LeftButton, {}, at);
+    Settle();
+}
+void ClickAt(QPoint place) {
+    PressAt(place);
+    ReleaseAt(place);
+}
+
+TEST_F(DropList, ChoosesNothingByADoubleClick) {
+    constexpr int kLong = 10'000;  // milliseconds, for a slow machine
+    constexpr int kShort = 10;
+    for (const int row : {0, 1}) {
+        QApplication::setDoubleClickInterval(kLong);
+        UsePredecessors([row](QTableView& table) {
+            const QPoint cell = table.viewport()->mapToGlobal(table.visualRect(table.model()->index(row, 1)).center());
+            ClickAt(cell);
+            const bool open = QApplication::activePopupWidget() != nullptr;
+            EXPECT_EQ(open, row == 1) << "the first click on the empty row, the second on a filled one";
+            // Qt hears a double click, or, in the list that is open, two single ones.
+            QTest::lastMouseTimestamp += open ? kLong : -QTest::mouseDoubleClickInterval;
+            PressAt(cell);
+            QApplication::setDoubleClickInterval(kShort);  // the button may stay down for longer
+            QTest::qWait(2 * kShort);
+            ReleaseAt(cell);
+            QWidget* const list = QApplication::activePopupWidget();
+            ASSERT_NE(list, nullptr) << "nothing was chosen";
+            EXPECT_TRUE(list->geometry().contains(cell)) << "it lies where the second click came";
+            EXPECT_EQ(Shown(table), "1 | Draw | 0\n |  | \n");
+            QTest::keyClick(list, Qt::Key_Escape);
+        });
+    }
+}
+
+TEST_F(DropList, ChoosesByAClickThatComesLater) {
+    constexpr int kShort = 10;  // milliseconds
+    QApplication::setDoubleClickInterval(kShort);
+    UsePredecessors([](QTableView& table) {
+        ClickCell(table, 1, 1);
+        QAbstractItemView& list = *Find<QComboBox>(*table.viewport(), "").view();
+        QTest::qWait(2 * kShort);
+        const QModelIndex permit = list.model()->match(list.model()->index(0, 0), Qt::DisplayRole, "Permit").value(0);
+        ClickAt(list.viewport()->mapToGlobal(list.visualRect(permit).center()));
+        EXPECT_EQ(Shown(table), "1 | Draw | 0\n2 | Permit | 0\n |  | \n");
+    });
 }
 
 }  // namespace

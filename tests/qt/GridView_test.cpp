@@ -2,6 +2,7 @@
 
 #include <gtest/gtest.h>
 
+#include <QClipboard>
 #include <QComboBox>
 #include <QLineEdit>
 #include <QTabWidget>
@@ -139,6 +140,48 @@ TEST_F(GridView, TakesALagOfDigitsAndOneSign) {
         EXPECT_TRUE(table.window()->isVisible()) << "Enter only ended the edit";
     });
     EXPECT_EQ(plan["Build"].TaskLag(), -4);
+}
+
+TEST_F(GridView, TakesASignOverALagThatHasOne) {
+    UsePredecessors([](QTableView& table) {
+        for (const char* lag : {"-4", "-5"}) {
+            EditCell(table, 0, 3);
+            QTest::keyClicks(&OpenLine(table), lag);
+            QTest::keyClick(&OpenLine(table), Qt::Key_Return);
+            Settle();
+            EXPECT_EQ(Shown(table), QString("1 | Draw | %1\n |  | \n").arg(lag));
+        }
+        table.setCurrentIndex(table.model()->index(0, 3));
+        QTest::keyClick(&table, Qt::Key_Minus);
+        QTest::keyClicks(&OpenLine(table), "6");
+        OpenLine(table).setSelection(1, 1);
+        QTest::keyClicks(&OpenLine(table), "-7");
+        QTest::keyClick(&OpenLine(table), Qt::Key_Return);
+        Settle();
+        EXPECT_EQ(Shown(table), "1 | Draw | -7\n |  | \n") << "the first sign stays";
+    });
+}
+
+TEST_F(GridView, TakesAsManyCharactersOfALagAsTheFormSays) {
+    UsePredecessors([](QTableView& table) {
+        EditCell(table, 0, 3);
+        QTest::keyClicks(&OpenLine(table), "12345");
+        EXPECT_EQ(OpenLine(table).text(), "123");
+    });
+    EXPECT_EQ(plan["Build"].TaskLag(), 123);
+}
+
+TEST_F(GridView, TakesALagByTabInEitherDirection) {
+    UsePredecessors([](QTableView& table) {
+        for (const auto& [key, lag] : {std::pair(Qt::Key_Tab, "5"), {Qt::Key_Backtab, "6"}}) {
+            EditCell(table, 0, 3);
+            QTest::keyClicks(&OpenLine(table), lag);
+            QTest::keyClick(&OpenLine(table), key);
+            Settle();
+            EXPECT_EQ(Shown(table), QString("1 | Draw | %1\n |  | \n").arg(lag));
+            EXPECT_EQ(table.viewport()->findChild<QWidget*>(), nullptr) << "no other cell is edited";
+        }
+    });
 }
 
 TEST_F(GridView, BeginsAnEditWithTheKeyThatIsTyped) {
@@ -308,6 +351,17 @@ TEST_F(GridView, AddsAndAssignsATypedPerson) {
     EXPECT_TRUE(plan["Build"].isAssigned("1"));
 }
 
+TEST_F(GridView, AddsOnePersonByPastedLines) {
+    QGuiApplication::clipboard()->setText("Ann\r\nBob\nEve\n");
+    UsePeople([](QTableView& table) {
+        ClickCell(table, 0, 1);
+        QTest::keyClick(&OpenLine(table), Qt::Key_V, Qt::ControlModifier);
+        QTest::keyClick(&OpenLine(table), Qt::Key_Return);
+        Settle();
+        EXPECT_EQ(Shown(table), "2 | Ann Bob Eve*\n | New person...\n");
+    });
+}
+
 TEST_F(GridView, AsksForAPersonAgainWhenNobodyWasTyped) {
     UsePeople([](QTableView& table) {
         ClickCell(table, 0, 1);
@@ -324,10 +378,13 @@ TEST_F(GridView, GoesOnWithAHalfTypedPersonAfterAnotherWindow) {
     UsePeople([this](QTableView& table) {
         ClickCell(table, 0, 1);
         QTest::keyClicks(&OpenLine(table), "Ev");
-        QWidget other;
+        QLineEdit other;
+        other.setWindowModality(Qt::ApplicationModal);
+        other.setFocus();
         other.show();
         QApplication::setActiveWindow(&other);
         Settle();
+        EXPECT_TRUE(other.hasFocus());
         EXPECT_EQ(plan.app->xPeopleCol()->Count(), 0);
         QApplication::setActiveWindow(table.window());
         Settle();
