@@ -8,6 +8,7 @@
 #include <QPushButton>
 #include <QSignalBlocker>
 #include <QVBoxLayout>
+#include <algorithm>
 
 #include "qt/Frame.h"
 #include "qt/GridView.h"
@@ -16,23 +17,50 @@
 
 namespace mrlxmlclass::qt {
 
+namespace {
+
+/// A line break of the note is one character here, the one that parts Qt's paragraphs: CR LF for the form.
+QString NoteToQt(const String& text) {
+    return ToQt(text).replace("\r\n", QChar(QChar::ParagraphSeparator));
+}
+String NoteFromQt(QString text) {
+    return FromQt(text.replace(QChar::ParagraphSeparator, "\r\n"));
+}
+
+/// Other characters than CR LF break lines too, and show as it does.
+bool LooksSame(QChar one, QChar other) {
+    const auto breaks = [](QChar character) { return QStringView(u"\n\r\u2028\u2029").contains(character); };
+    return one == other || (breaks(one) && breaks(other));
+}
+
+}  // namespace
+
 // --- The note --------------------------------------------------------------------------------------------------------
 
 NoteText::NoteText(EditTask& form) : form_(form) {
     setAcceptRichText(false);
     setTabChangesFocus(true);
-    connect(this, &QTextEdit::textChanged, this, [this] { form_.txtNote.Text(FromQt(Text())); });
+    connect(this, &QTextEdit::textChanged, this, [this] { form_.txtNote.Text(NoteFromQt(Text())); });
 }
 
-// Not toPlainText(), which turns hard spaces into soft ones.
+// Only what the person changed is new: a line that breaks otherwise goes on to. Not toPlainText(), which turns hard
+// spaces into soft ones.
 QString NoteText::Text() const {
-    return document()->toRawText().replace(QChar::ParagraphSeparator, '\n').replace(QChar::LineSeparator, '\n');
+    const QString before = NoteToQt(form_.txtNote.Text());
+    const QString shown = document()->toRawText();
+    const qsizetype begin = std::ranges::mismatch(before, shown, LooksSame).in2 - shown.begin();
+    const qsizetype most = std::min(before.size(), shown.size()) - begin;
+    qsizetype end = 0;
+    while (end < most && LooksSame(before[before.size() - 1 - end], shown[shown.size() - 1 - end])) ++end;
+    QString changed = shown.sliced(begin, shown.size() - begin - end);
+    return before.first(begin) + changed.replace(QChar::LineSeparator, QChar(QChar::ParagraphSeparator)) +
+           before.last(end);
 }
 
 void NoteText::Show() {
-    QString text = ToQt(form_.txtNote.Text());
+    const QString text = NoteToQt(form_.txtNote.Text());
     setReadOnly(static_cast<bool>(form_.txtNote.Locked()));
-    if (Text() == text.replace("\r\n", "\n")) return;
+    if (std::ranges::equal(document()->toRawText(), text, LooksSame)) return;
     const QSignalBlocker quiet(this);
     setPlainText(text);
 }

@@ -23,6 +23,7 @@ protected:
     void contextMenuEvent(QContextMenuEvent* event) override;
 
 private:
+    /// What the person made of the form's text.
     QString Text() const;
 
     EditTask& form_;

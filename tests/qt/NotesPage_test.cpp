@@ -7,6 +7,7 @@
 #include <QLineEdit>
 #include <QMenu>
 #include <QMimeData>
+#include <QScrollBar>
 #include <QTabWidget>
 #include <QTextDocumentFragment>
 #include <QTimer>
@@ -39,6 +40,13 @@ protected:
     QtPlan plan;
 };
 
+QMenu& OpenMenu(QWidget& window) {
+    auto& note = Find<QTextEdit>(window, "txtNote");
+    QContextMenuEvent right(QContextMenuEvent::Mouse, {5, 5}, note.mapToGlobal(QPoint(5, 5)));
+    QCoreApplication::sendEvent(note.viewport(), &right);
+    return Find<QMenu>(window, "mnuFile");
+}
+
 QTableView& Attachments(QWidget& window) {
     return Find<QTableView>(window, "gridattachement");
 }
@@ -53,7 +61,7 @@ TEST_F(NotesPage, StoresTypedTextInLines) {
         QTest::keyClick(&note, Qt::Key_Return);
         QTest::keyClicks(&note, "twice");
     });
-    EXPECT_EQ(NotesOf(plan, "Design"), "1:Ask\ntwice:");
+    EXPECT_EQ(NotesOf(plan, "Design"), "1:Ask\r\ntwice:");
 }
 
 TEST_F(NotesPage, LeavesANoteAsItIsThatNobodyTouches) {
@@ -72,6 +80,36 @@ TEST_F(NotesPage, KeepsHardSpacesWhenOtherTextIsTyped) {
         QTest::keyClicks(&Find(window, "txtNote"), "!");
     });
     EXPECT_EQ(NotesOf(plan, "Design"), "1:a\xC2\xA0space!:");
+}
+
+TEST_F(NotesPage, LeavesTheLinesAsTheyAreThatNobodyTypesIn) {
+    AddNote(plan, "Design", "\r\none\ntwo\r\n\nthree\r\n");
+    Use([this](QWidget& window) {
+        auto& note = Find<QTextEdit>(window, "txtNote");
+        EXPECT_EQ(note.document()->blockCount(), 6);
+        for (int line = 0; line < 2; ++line) QTest::keyClick(&note, Qt::Key_Down);
+        QTest::keyClicks(&note, "!");
+        EXPECT_EQ(plan.form().txtNote.Text(), "\r\none\n!two\r\n\nthree\r\n");
+        EXPECT_EQ(note.textCursor().positionInBlock(), 1) << "the person goes on there";
+        QTest::keyClick(&note, Qt::Key_Return);
+        EXPECT_EQ(plan.form().txtNote.Text(), "\r\none\n!\r\ntwo\r\n\nthree\r\n");
+        for (int n = 0; n < 3; ++n) QTest::keyClick(&note, Qt::Key_Backspace);
+        EXPECT_EQ(plan.form().txtNote.Text(), "\r\nonetwo\r\n\nthree\r\n");
+        QTest::keyClick(&note, Qt::Key_End, Qt::ControlModifier);
+        QTest::keyClick(&note, Qt::Key_Return, Qt::ShiftModifier);
+    });
+    EXPECT_EQ(NotesOf(plan, "Design"), "1:\r\nonetwo\r\n\nthree\r\n\r\n:");
+}
+
+TEST_F(NotesPage, PastesLinesIntoTheNote) {
+    AddNote(plan, "Design", "one\ntwo");
+    QGuiApplication::clipboard()->setText("a\nb\n");
+    Use([](QWidget& window) {
+        auto& note = Find<QTextEdit>(window, "txtNote");
+        QTest::keyClick(&note, Qt::Key_Down);
+        QTest::keyClick(&note, Qt::Key_V, Qt::ControlModifier);
+    });
+    EXPECT_EQ(NotesOf(plan, "Design"), "1:one\na\r\nb\r\ntwo:");
 }
 
 TEST_F(NotesPage, PastesTheTextOfFormattedContent) {
@@ -94,10 +132,7 @@ TEST_F(NotesPage, PastesNothingWhereTheClipboardHoldsNoText) {
 TEST_F(NotesPage, OffersTheAttachmentsByTheRightButton) {
     AddNote(plan, "Design", "", "http://www.one.example");
     Use([](QWidget& window) {
-        auto& note = Find<QTextEdit>(window, "txtNote");
-        QContextMenuEvent right(QContextMenuEvent::Mouse, {5, 5}, note.mapToGlobal(QPoint(5, 5)));
-        QCoreApplication::sendEvent(note.viewport(), &right);
-        auto& menu = Find<QMenu>(window, "mnuFile");
+        QMenu& menu = OpenMenu(window);
         ASSERT_TRUE(menu.isVisible());
         EXPECT_EQ(menu.actions().at(0)->text(), "Add &file...");
         menu.actions().at(1)->trigger();
@@ -105,6 +140,32 @@ TEST_F(NotesPage, OffersTheAttachmentsByTheRightButton) {
         EXPECT_EQ(Shown(Attachments(window)), "");
     });
     EXPECT_EQ(MasterNotes(plan), "");
+}
+
+TEST_F(NotesPage, AddsAFileByTheMenu) {
+    QApplication::setAttribute(Qt::AA_DontUseNativeDialogs);
+    bool asked = false;
+    Use([&](QWidget& window) {
+        QMenu& menu = OpenMenu(window);
+        Then([&](QWidget& files) {
+            asked = qobject_cast<QFileDialog*>(&files) != nullptr;
+            if (asked) files.close();
+        });
+        QTest::mouseClick(&menu, Qt::LeftButton, {}, menu.actionGeometry(menu.actions().at(0)).center());
+    });
+    EXPECT_TRUE(asked);
+}
+
+TEST_F(NotesPage, OffersInTheMenuWhatTheFormDoes) {
+    Use([this](QWidget& window) {
+        plan.form().mnuLinkNote.Enabled(False);
+        plan.form().mnuunattach.Visible(False);
+        QMenu& menu = OpenMenu(window);
+        EXPECT_FALSE(menu.actions().at(0)->isEnabled());
+        EXPECT_TRUE(menu.actions().at(0)->isVisible());
+        EXPECT_FALSE(menu.actions().at(1)->isVisible());
+        menu.close();
+    });
 }
 
 // --- Attachments -----------------------------------------------------------------------------------------------------
@@ -122,6 +183,37 @@ TEST_F(NotesPage, AttachesATypedAddress) {
         EXPECT_FALSE(Attachments(window).model()->index(0, 0).data(Qt::DecorationRole).isNull());
     });
     EXPECT_EQ(NotesOf(plan, "Design"), "1::http://www.one.example");
+}
+
+TEST_F(NotesPage, AttachesAnAddressThatWasPastedWithTheEndOfItsLine) {
+    for (const char* end : {"\n", "\r\n", ""}) {
+        QGuiApplication::clipboard()->setText(QString("http://www.one.example/x") + end);
+        Use([](QWidget& window) {
+            Then([](QWidget& address) {
+                auto& line = Find<QLineEdit>(address, "txturl");
+                Type(line, "");
+                QTest::keyClick(&line, Qt::Key_V, Qt::ControlModifier);
+                Click(Find(address, "CmdOK"));
+            });
+            Click(Find(window, "Cmdlink"));
+            EXPECT_EQ(Shown(Attachments(window)), "http://www.one.example/x\n");
+            QTest::keyClick(&Attachments(window), Qt::Key_Down);
+            Click(Find(window, "CmdRemove"));
+        });
+    }
+}
+
+TEST_F(NotesPage, AttachesNoAddressOfTwoLines) {
+    QGuiApplication::clipboard()->setText("www.one.example\nwww.two.example");
+    Use([](QWidget& window) {
+        Then([](QWidget& address) {
+            auto& line = Find<QLineEdit>(address, "txturl");
+            QTest::keyClick(&line, Qt::Key_V, Qt::ControlModifier);
+            Click(Find(address, "CmdOK"));
+        });
+        Click(Find(window, "Cmdlink"));
+        EXPECT_EQ(Shown(Attachments(window)), "");
+    });
 }
 
 TEST_F(NotesPage, AttachesNothingWhenTheAddressIsLeft) {
@@ -220,6 +312,21 @@ TEST_F(NotesPage, RemovesWhatIsAddedAfterAllWereRemoved) {
         EXPECT_EQ(Shown(table), "");
     });
     EXPECT_EQ(MasterNotes(plan), "");
+}
+
+TEST_F(NotesPage, RemovesTheTopmostAttachmentWhereNoneIsCurrent) {
+    for (int n = 0; n < 40; ++n) AddNote(plan, "Design", "", "http://www." + std::to_string(n) + ".example");
+    Use([](QWidget& window) {
+        QTableView& table = Attachments(window);
+        table.verticalScrollBar()->setValue(table.verticalScrollBar()->maximum() / 2);
+        Settle();
+        EXPECT_FALSE(table.currentIndex().isValid());
+        const int top = table.rowAt(0);
+        EXPECT_GT(top, 0);
+        Click(Find(window, "CmdRemove"));
+        EXPECT_FALSE(Shown(table).contains("www." + QString::number(top) + ".example"));
+        EXPECT_TRUE(Shown(table).contains("www.0.example"));
+    });
 }
 
 TEST_F(NotesPage, TellsTheFormWhichAttachmentIsTheTopmostWhenFewAreLeft) {
