@@ -52,7 +52,7 @@ QLayout* TaskWindow::NewNameRow() {
     name_ = std::make_unique<LineField>(*line, form_.TxtName[0]);
     bindings_.Add(form_.TxtName[0], *line, [this] { name_->Show(); });
     connect(line, &QLineEdit::textEdited, this, [this](const QString& text) { name_->Typed(text); });
-    connect(line, &QLineEdit::editingFinished, this, [this] { form_.TxtName_Validate(0); });
+    name_->on_leave = [this] { form_.TxtName_Validate(0); };
 
     auto* row = new QHBoxLayout;
     row->addWidget(NewLabel(form_.lblName[0], bindings_, line));
@@ -127,8 +127,17 @@ void TaskWindow::DropEdits() {
     }
 }
 
+/// The front one first, as the others wait for it.
+void TaskWindow::ClosePopups() {
+    const QList<QWidget*> own = findChildren<QWidget*>();
+    while (QWidget* popup = QApplication::activePopupWidget()) {
+        if (!own.contains(popup) || !popup->close()) return;
+    }
+}
+
 void TaskWindow::Leave() {
     DropEdits();
+    ClosePopups();
     const QList<QDialog*> in_front = findChildren<QDialog*>();
     std::for_each(in_front.rbegin(), in_front.rend(), [](QDialog* dialog) { dialog->reject(); });
     hide();
@@ -139,9 +148,8 @@ void TaskWindow::reject() {
 }
 
 void TaskWindow::closeEvent(QCloseEvent* event) {
-    event->ignore();
-    DropEdits();
     form_.Form_Closed();
+    event->setAccepted(isHidden());  // the form may have to stay
 }
 
 }  // namespace mrlxmlclass::qt

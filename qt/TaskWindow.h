@@ -25,7 +25,7 @@ public:
 
     /// What is being typed counts as typed.
     void FinishEditing();
-    /// Goes, with all windows in front of it. What is half typed in a cell is thrown away.
+    /// Goes, with all windows, lists and menus in front of it. What is half typed in a cell is thrown away.
     void Leave();
     /// Esc.
     void reject() override;
@@ -38,6 +38,7 @@ private:
     QTabWidget* NewTabs();
     QDialogButtonBox* NewButtons();
     void DropEdits();
+    void ClosePopups();
 
     EditTask& form_;
     Bindings bindings_;

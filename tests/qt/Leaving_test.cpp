@@ -1,11 +1,13 @@
 #include <gtest/gtest.h>
 
 #include <QAbstractButton>
+#include <QCalendarWidget>
 #include <QComboBox>
 #include <QFileDialog>
 #include <QLineEdit>
 #include <QMenu>
 #include <QMessageBox>
+#include <QPointer>
 #include <QTabWidget>
 #include <QTextEdit>
 #include <QTimer>
@@ -13,6 +15,7 @@
 #include "mrlxmlclass/session/ErrorsHandler.h"
 #include "mrlxmlclass/session/ModuleState.h"
 #include "tests/qt/QtDialog.h"
+#include "tests/support/Interruption.h"
 
 namespace mrlxmlclass::testing {
 namespace {
@@ -85,6 +88,22 @@ TEST_F(Leaving, SavesNothingWhenTheHostEndsTheDialogOnTheWayToOk) {
     EXPECT_EQ(plan["Build"].TaskBDate(), Monday + 7);
 }
 
+TEST_F(Leaving, StaysUntilAllIsSavedWhenTheHostQuitsOnTheWay) {
+    bool closed = true;
+    const Interruption host(plan, "RoolUpCostChange", 3, [&] { closed = QApplication::activeModalWidget()->close(); });
+    EXPECT_EQ(plan.Edit("Build",
+                        [](QWidget& window) {
+                            Type(Find(window, "TxtDurtion"), "7");
+                            Type(Find(window, "Txtcost"), "25");
+                            Find<QTextEdit>(window, "txtNote").setPlainText("Mind the roof");
+                            Click(Find(window, "CmdOK"));
+                            EXPECT_FALSE(window.isVisible());
+                        }),
+              True);
+    EXPECT_FALSE(closed);
+    EXPECT_EQ(NotesOf(plan, "Build"), "1:Mind the roof:") << "the last that is saved";
+}
+
 TEST_F(Leaving, ThrowsAHalfTypedPersonAwayWhenTheHostEndsTheDialog) {
     plan.Edit("Build", [this](QWidget& window) {
         HalfTypeSomebody(window);
@@ -111,16 +130,47 @@ TEST_F(Leaving, EndsAnOpenListWithTheDialog) {
     EXPECT_EQ(QApplication::topLevelWidgets().size(), 0);
 }
 
-TEST_F(Leaving, EndsAnOpenMenuWithTheDialog) {
+TEST_F(Leaving, EndsWhatThePersonOpenedAtOnceWithTheDialog) {
+    const std::function<QWidget*(QWidget&)> opened[] = {
+        [](QWidget& window) -> QWidget* {
+            Find<QTabWidget>(window, "TabTask").setCurrentIndex(2);
+            auto& note = Find<QTextEdit>(window, "txtNote");
+            QContextMenuEvent right(QContextMenuEvent::Mouse, {5, 5}, note.mapToGlobal(QPoint(5, 5)));
+            QCoreApplication::sendEvent(note.viewport(), &right);
+            return &Find<QMenu>(window, "mnuFile");
+        },
+        [](QWidget& window) -> QWidget* {
+            QDateEdit& start = DateIn(window, "DTPickerStart");
+            start.setFocus();
+            QTest::keyClick(&start, Qt::Key_F4);
+            return start.calendarWidget();
+        },
+        [](QWidget& window) -> QWidget* {
+            auto& percent = Find<QComboBox>(window, "TxtPercentComplet");
+            percent.showPopup();
+            return percent.view();
+        },
+    };
+    for (const auto& open : opened) {
+        plan.Edit("Build", [&](QWidget& window) {
+            const QPointer<QWidget> popup = open(window);
+            EXPECT_TRUE(popup->isVisible());
+            plan.app->unloadtaskinfo();
+            EXPECT_TRUE(popup.isNull() || !popup->isVisible()) << "the host goes on meanwhile";
+            EXPECT_EQ(QApplication::activePopupWidget(), nullptr);
+        });
+        EXPECT_EQ(QApplication::topLevelWidgets().size(), 0);
+    }
+}
+
+TEST_F(Leaving, LeavesAMenuOfTheHostOpen) {
     plan.Edit("Build", [this](QWidget& window) {
-        Find<QTabWidget>(window, "TabTask").setCurrentIndex(2);
-        auto& note = Find<QTextEdit>(window, "txtNote");
-        QContextMenuEvent right(QContextMenuEvent::Mouse, {5, 5}, note.mapToGlobal(QPoint(5, 5)));
-        QCoreApplication::sendEvent(note.viewport(), &right);
-        EXPECT_TRUE(Find<QMenu>(window, "mnuFile").isVisible());
+        QMenu menu;
+        menu.addAction("Close all");
+        menu.popup(window.mapToGlobal(QPoint()));
         plan.app->unloadtaskinfo();
+        EXPECT_TRUE(menu.isVisible());
     });
-    EXPECT_EQ(QApplication::topLevelWidgets().size(), 0);
 }
 
 TEST_F(Leaving, EndsTheChoiceOfAFileWithTheDialog) {

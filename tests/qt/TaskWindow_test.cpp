@@ -5,6 +5,7 @@
 #include <QTabBar>
 #include <QTabWidget>
 #include <QTimer>
+#include <QWindow>
 
 #include "tests/qt/QtDialog.h"
 
@@ -128,14 +129,63 @@ TEST_F(TaskWindow, CountsAsCancelledWhenTheHostQuits) {
     EXPECT_EQ(plan["Design"].TaskDuration(), 3);
 }
 
+TEST_F(TaskWindow, LetsTheHostQuitThatAsksItsWindows) {
+    for (const bool address_asked : {false, true}) {
+        bool quit = false;
+        QObject::connect(qApp, &QCoreApplication::aboutToQuit, qApp, [&quit] { quit = true; });
+        QWidget host;
+        host.show();
+        Boolean changed = True;
+        QTimer::singleShot(0, [&] {
+            changed = plan.Edit("Design", [&](QWidget& window) {
+                Type(Find(window, "TxtDurtion"), "5");
+                if (!address_asked) return QApplication::quit();
+                QTimer::singleShot(0, [] { QApplication::quit(); });
+                Click(Find(window, "Cmdlink"));
+            });
+            QTimer::singleShot(300, [] { QCoreApplication::exit(7); });  // where it goes on
+        });
+        EXPECT_EQ(QCoreApplication::exec(), 0);
+        EXPECT_TRUE(quit);
+        EXPECT_FALSE(host.isVisible());
+        EXPECT_EQ(changed, False);
+        EXPECT_EQ(plan["Design"].TaskDuration(), 3);
+    }
+}
+
 TEST_F(TaskWindow, LeavesAHostRunningThatHasNoWindowOfItsOwn) {
-    bool quit = false;
-    QObject::connect(qApp, &QCoreApplication::aboutToQuit, qApp, [&quit] { quit = true; });
-    QTimer::singleShot(0, [this] {
-        plan.Edit("Design", [](QWidget& window) { Click(Find(window, "CmdCancel")); });
-        QTimer::singleShot(50, [] { QCoreApplication::exit(7); });
+    for (const auto leave : {+[](QWidget& window) { Click(Find(window, "CmdCancel")); },
+                             +[](QWidget& window) { EXPECT_TRUE(window.close()); }}) {
+        QTimer::singleShot(0, [this, leave] {
+            plan.Edit("Design", leave);
+            QTimer::singleShot(50, [] { QCoreApplication::exit(7); });
+        });
+        EXPECT_EQ(QCoreApplication::exec(), 7);
+    }
+}
+
+TEST_F(TaskWindow, StandsBeforeTheWindowThatThePersonWasIn) {
+    QWidget host;
+    host.show();
+    QApplication::setActiveWindow(&host);
+    Settle();
+    plan.Edit("Design", [&](QWidget& window) {
+        EXPECT_EQ(window.windowHandle()->transientParent(), host.windowHandle());
+        Click(Find(window, "CmdCancel"));
     });
-    EXPECT_EQ(QCoreApplication::exec(), 7);
+}
+
+TEST_F(TaskWindow, StaysOnTheTabThatThePersonWentTo) {
+    plan.Edit("Design", [this](QWidget& window) {
+        auto& tabs = Find<QTabWidget>(window, "TabTask");
+        QTest::mouseClick(tabs.tabBar(), Qt::LeftButton, {}, tabs.tabBar()->tabRect(3).center());
+        EXPECT_EQ(plan.form().TabTask.CurrTab(), 3);
+        plan.form().TabTask.TabCaption(3, "Staff");
+        EXPECT_EQ(tabs.currentIndex(), 3);
+        plan.form().Form_Activate();
+        EXPECT_EQ(tabs.currentIndex(), 3) << "it is where the form begins from now on";
+        Click(Find(window, "CmdCancel"));
+    });
 }
 
 TEST_F(TaskWindow, ValidatesANameWhenTheFocusGoesOn) {

@@ -1,0 +1,187 @@
+#include <gtest/gtest.h>
+
+#include <QAbstractButton>
+#include <QComboBox>
+#include <QLineEdit>
+#include <QMenu>
+
+#include "tests/qt/QtDialog.h"
+
+namespace mrlxmlclass::testing {
+namespace {
+
+/// What stands half typed in a field while the person looks elsewhere.
+class HalfTyped : public ::testing::Test {
+protected:
+    HalfTyped() {
+        plan.Task("Design").From(Monday).Lasting(3);
+        plan.Task("Idea");
+    }
+    ~HalfTyped() override { plan.Heard(); }
+
+    /// The person is in another window, does that, and comes back.
+    static void InAnotherWindow(QWidget& window, const std::function<void()>& there = {}) {
+        QLineEdit other;
+        other.setWindowModality(Qt::ApplicationModal);
+        other.setFocus();
+        other.show();
+        QApplication::setActiveWindow(&other);
+        Settle();
+        EXPECT_TRUE(other.hasFocus());
+        if (there) there();
+        QApplication::setActiveWindow(&window);
+        Settle();
+    }
+    static void InAMenu(QWidget& window) {
+        QMenu menu(&window);
+        menu.addAction("Paste");
+        menu.popup(window.mapToGlobal(QPoint()));
+        Settle();
+        EXPECT_TRUE(menu.isVisible());
+        menu.close();
+        Settle();
+    }
+    const std::function<void(QWidget&)> elsewhere_[2] = {[](QWidget& window) { InAnotherWindow(window); },
+                                                         [](QWidget& window) { InAMenu(window); }};
+
+    OffscreenApplication application;
+    QtPlan plan;
+};
+
+/// The line that is typed in.
+QLineEdit& LineOf(QWidget& field) {
+    auto* line = qobject_cast<QLineEdit*>(&field);
+    return line != nullptr ? *line : *field.findChild<QLineEdit*>();
+}
+
+TEST_F(HalfTyped, GoesOnInEachFieldWhereItWas) {
+    for (const auto& look_away : elsewhere_) {
+        plan.Task("Sketch").From(Monday).Lasting(3);
+        plan.Edit("Sketch", [&](QWidget& window) {
+            struct Field {
+                const char* control;
+                const char* first;
+                const char* then;
+            };
+            for (const auto& [control, first, then] : {Field{"TxtDurtion", "1", "2"},
+                                                       {"TxtPercentComplet", "4", "2"},
+                                                       {"Txtcost", "1", "25"},
+                                                       {"TxtName", "Dr", "aw"}}) {
+                QLineEdit& line = LineOf(Find(window, control));
+                Type(line, first);
+                look_away(window);
+                QTest::keyClicks(&line, then);
+            }
+            Click(Find(window, "CmdOK"));
+        });
+        EXPECT_EQ(plan["Sketch"].TaskName(), "Draw");
+        EXPECT_EQ(plan["Sketch"].TaskDuration(), 12);
+        EXPECT_EQ(plan["Sketch"].TaskPercentDone(), 42);
+        EXPECT_EQ(plan["Sketch"].TaskCost(), Currency(125));
+    }
+}
+
+TEST_F(HalfTyped, LeavesAnEmptiedNameEmptyUntilTheFocusGoesOn) {
+    for (const auto& look_away : elsewhere_) {
+        plan.Edit("Design", [&](QWidget& window) {
+            auto& name = Find<QLineEdit>(window, "TxtName");
+            Type(name, "");
+            QTest::keyClick(&name, Qt::Key_Backspace);
+            look_away(window);
+            EXPECT_EQ(name.text(), "");
+            QTest::keyClick(&name, Qt::Key_Tab);
+            EXPECT_EQ(name.text(), "Design");
+            Click(Find(window, "CmdCancel"));
+        });
+    }
+}
+
+TEST_F(HalfTyped, TellsOfADurationWhenTheFocusGoesOn) {
+    for (const auto& look_away : elsewhere_) {
+        plan.Edit("Idea", [&](QWidget& window) {
+            auto& duration = Find<QLineEdit>(window, "TxtDurtion");
+            duration.setFocus();
+            look_away(window);
+            EXPECT_TRUE(BoxIn(window, "DTPickerStart").isChecked()) << "a duration that was left takes the dates away";
+            QTest::keyClick(&duration, Qt::Key_Tab);
+            EXPECT_FALSE(BoxIn(window, "DTPickerStart").isChecked());
+            Click(Find(window, "CmdCancel"));
+        });
+    }
+}
+
+TEST_F(HalfTyped, IsNoDateUntilTheFocusGoesOn) {
+    for (const auto& look_away : elsewhere_) {
+        plan.Edit(
+            "Design",
+            [&](QWidget& window) {
+                QDateEdit& start = DateIn(window, "DTPickerStart");
+                start.setFocus();
+                QTest::keyClicks(&start, "1");
+                look_away(window);
+                EXPECT_EQ(start.text(), "1/03/2026");
+                EXPECT_EQ(plan.form().Task()->TaskBDate(), Monday);
+                QTest::keyClicks(&start, "8");
+                look_away(window);
+                EXPECT_EQ(plan.form().Task()->TaskBDate(), Monday);
+                Find(window, "TxtName").setFocus();
+                EXPECT_EQ(plan.form().Task()->TaskBDate(), Wednesday + 14);
+                Click(Find(window, "CmdCancel"));
+            },
+            2, "dd/MM/yyyy");
+    }
+}
+
+TEST_F(HalfTyped, ShowsNoCaretInADateWhileThePersonIsInAnotherWindow) {
+    QApplication::setCursorFlashTime(0);  // a caret stands still
+    plan.Edit("Design", [](QWidget& window) {
+        QDateEdit& start = DateIn(window, "DTPickerStart");
+        start.setFocus();
+        QTest::keyClick(&start, Qt::Key_End);
+        auto& line = *start.findChild<QLineEdit*>();
+        line.deselect();
+        const QImage with_caret = line.grab().toImage();
+        InAnotherWindow(window, [&] { EXPECT_NE(line.grab().toImage(), with_caret); });
+        EXPECT_EQ(line.grab().toImage(), with_caret);
+        Click(Find(window, "CmdCancel"));
+    });
+}
+
+TEST_F(HalfTyped, CountsAsTypedWhenOkIsPressedFromAnotherWindow) {
+    plan.Edit(
+        "Design",
+        [](QWidget& window) {
+            QDateEdit& start = DateIn(window, "DTPickerStart");
+            start.setFocus();
+            QTest::keyClicks(&start, "18");
+            InAnotherWindow(window, [&] { Find<QAbstractButton>(window, "CmdOK").click(); });
+        },
+        2, "dd/MM/yyyy");
+    EXPECT_EQ(plan["Design"].TaskBDate(), Wednesday + 14);
+}
+
+TEST_F(HalfTyped, TellsNothingOfAFieldThatIsLeftWithTheDialog) {
+    const std::function<void(QWidget&)> ways[] = {
+        [](QWidget& window) { QTest::keyClick(&window, Qt::Key_Escape); },
+        [](QWidget& window) { Find<QAbstractButton>(window, "CmdCancel").click(); },
+        [](QWidget& window) { window.close(); },
+        [this](QWidget&) { plan.app->unloadtaskinfo(); },
+    };
+    for (const auto& leave : ways) {
+        Ref<EditTask> dialog;
+        const auto edit = [&](const char* task, const char* field, const char* keys) {
+            plan.Edit(task, [&](QWidget& window) {
+                dialog = Ref<EditTask>(&plan.form());
+                Type(Find(window, field), keys);
+                leave(window);
+            });
+        };
+        edit("Design", "TxtName", "Half");
+        EXPECT_EQ(dialog->Task()->TaskName(), "Design");
+        edit("Idea", "TxtDurtion", "");
+        EXPECT_FALSE(dialog->DTPickerStart.Value().is_null());
+    }
+}
+
+}  // namespace
+}  // namespace mrlxmlclass::testing
