@@ -1,7 +1,6 @@
 #include "prx/Edit.h"
 
 #include <fmt/core.h>
-#include <fmt/ranges.h>
 
 #include <unordered_map>
 #include <unordered_set>
@@ -12,7 +11,6 @@
 #include "mrlxmlclass/items/TaskGoalRelationCol.h"
 #include "mrlxmlclass/items/TaskObstaclesRelationCol.h"
 #include "mrlxmlclass/items/obstaclesCol.h"
-#include "prx/Inspection.h"
 #include "prx/Items.h"
 #include "prx/Outline.h"
 #include "prx/Refusal.h"
@@ -135,23 +133,9 @@ void RefuseWithoutWayUp(const Project& project, const TasksCls& task) {
 }
 
 Remarks LostAsSummary(const Project& project, TasksCls& task) {
-    Remarks remarks;
-    if (project.tasks()->isParent(KeyOf(task))) return remarks;
-    std::vector<std::string> waiting;
-    for (const OutlineRow& row : Outline(project.tasks())) {
-        if (row.task->TaskPredecessorValid() && row.task->isPredecessor(KeyOf(task)))
-            waiting.push_back(Quoted(*row.task));
-    }
-    if (!waiting.empty()) {
-        remarks.push_back(
-            fmt::format("{} is a summary now, and no task waits for a summary: {} for it no more", Quoted(task),
-                        fmt::format("{} wait{}", fmt::join(Shortened(waiting), ", "), waiting.size() == 1 ? "s" : "")));
-    }
-    if (task.TaskCost() != Currency(0)) {
-        remarks.push_back(fmt::format("{} cost {}; as a summary it costs what the tasks below it cost", Quoted(task),
-                                      Text(task.TaskCost())));
-    }
-    return remarks;
+    if (project.tasks()->isParent(KeyOf(task)) || task.TaskCost() == Currency(0)) return {};
+    return {fmt::format("{} cost {}; as a summary it costs what the tasks below it cost", Quoted(task),
+                        Text(task.TaskCost()))};
 }
 
 void CountInDays(TasksCls& summary) {

@@ -23,7 +23,7 @@ void RefuseWithoutWayUp(const Project& project, const mrlxmlclass::TasksCls& tas
 /// Worth telling beside what was asked for, a line each.
 using Remarks = std::vector<std::string>;
 
-/// What a task would lose by its first child, as a summary; nothing for one that has children.
+/// What a task would lose by its first child beside its links, as a summary; nothing for one that has children.
 Remarks LostAsSummary(const Project& project, mrlxmlclass::TasksCls& task);
 
 /// What becomes a summary counts in days from then on, as the library measures it.

@@ -112,6 +112,7 @@ void MoveStart(Setting& setting, Date wanted) {
 
 void SetStart(Setting& setting, const std::string& value) {
     const Date wanted = ReadDate(value);
+    setting.project.links().AskedFor(setting.task);
     MoveStart(setting, wanted);
     const Date start = setting.task.TaskBDate();
     if (start.year() != wanted.year() && DaysBetween(wanted, start) != 0) {

@@ -186,11 +186,10 @@ std::vector<std::string> OutlineFaults(const Project& project) {
     return lines;
 }
 
-std::vector<std::string> Shortened(std::vector<std::string> lines) {
-    constexpr std::size_t kMost = 20;
-    if (lines.size() <= kMost + 1) return lines;
-    const std::size_t more = lines.size() - kMost;
-    lines.resize(kMost);
+std::vector<std::string> Shortened(std::vector<std::string> lines, std::size_t most) {
+    if (lines.size() <= most + 1) return lines;
+    const std::size_t more = lines.size() - most;
+    lines.resize(most);
     lines.push_back(fmt::format("... and {} more", more));
     return lines;
 }

@@ -21,6 +21,6 @@ std::vector<std::string> Repairs(const Project& project);
 std::vector<std::string> OutlineFaults(const Project& project);
 
 /// The first few lines, and how many there are more.
-std::vector<std::string> Shortened(std::vector<std::string> lines);
+std::vector<std::string> Shortened(std::vector<std::string> lines, std::size_t most = 20);
 
 }  // namespace prx

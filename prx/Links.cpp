@@ -48,6 +48,7 @@ void PutBehind(const Project& project, TasksCls& task, const Ref<TasksCls>& pred
 void LinkTasks(const Project& project, const Ref<TasksCls>& task, const Ref<TasksCls>& predecessor,
                std::optional<Integer> lag) {
     const Ref<TasksCol> tasks = project.tasks();
+    project.links().AskedFor(*task, *predecessor);
     if (!tasks->AddTaskPredecessor(KeyOf(*task), KeyOf(*predecessor))) RefuseLink(project, *task, *predecessor);
     if (!lag && LagOf(project, *task, *predecessor) >= 0) return;
     tasks->AddLeadTime(KeyOf(*task), KeyOf(*predecessor), lag.value_or(0));
@@ -58,6 +59,7 @@ void UnlinkTasks(const Project& project, const Ref<TasksCls>& task, const Ref<Ta
     if (!task->isPredecessor(KeyOf(*predecessor)) && !predecessor->isSucesser(KeyOf(*task))) {
         throw Refusal(fmt::format("{} does not wait for {}", Quoted(*task), Quoted(*predecessor)));
     }
+    project.links().AskedFor(*task, *predecessor);
     project.tasks()->RemoveTaskPredecessor(KeyOf(*task), KeyOf(*predecessor));
 }
 

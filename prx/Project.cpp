@@ -172,6 +172,7 @@ Project Project::ToEdit(Host& host, const std::string& file, bool force) {
     CountSummariesInDays(project);  // the library cannot add up below one of hours
     project.tasks()->Phases();      // a list that is not there yet cannot lose a phase
     project.tasks()->AutoLink(True);
+    project.links().Remember(project.tasks());
     return project;
 }
 
@@ -289,12 +290,15 @@ void Project::RefuseIfFailed() const {
 }
 
 void Project::Save() {
+    constexpr std::size_t kMostLinksTold = 10;
     MendSummaries(*this);  // a walk along the links leaves some as they were
     const std::vector<std::string> mended = MendWhatLeadsNowhere();
     RefuseIfFailed();
     RefuseBeyondLastYear(*this);
+    const std::vector<std::string> link_changes = Shortened(links().Told(), kMostLinksTold);
     Write();
     TellEach("was mended", mended);
+    for (const std::string& change : link_changes) Platform().ui.Message(change);
 }
 
 void Project::SaveAs(const std::string& file) {

@@ -1,5 +1,6 @@
 #pragma once
 
+#include <memory>
 #include <string>
 #include <vector>
 
@@ -7,6 +8,7 @@
 #include "mrlxmlclass/session/Application.h"
 #include "mrlxmlclass/tasks/TasksCol.h"
 #include "prx/Host.h"
+#include "prx/LinkChanges.h"
 #include "prx/ProjectLock.h"
 
 namespace prx {
@@ -39,6 +41,9 @@ public:
     /// Somebody else holds the project.
     bool read_only() const { return read_only_; }
 
+    /// What an edit makes of the links; one that changes some because it was asked to says so here.
+    LinkChanges& links() const { return *links_; }
+
     /// What the library recorded while it read the file, a line each: something did not come over.
     std::vector<std::string> ReadingFailures() const;
     /// What else it recorded while it opened the file.
@@ -54,7 +59,7 @@ public:
     /// Refuses when the library recorded a failure since the file was opened, or since they were told.
     void RefuseIfFailed() const;
     /// Brings the summaries up to date and replaces the file, or leaves it as it is and refuses: also when the edit did
-    /// not go through, or leads beyond the last year.
+    /// not go through, or leads beyond the last year. Tells what became of links beside what was asked for.
     void Save();
     /// Goes on as a new file, to which nobody gets a right that they do not have to this one, and saves it; also an
     /// edit that did not go through.
@@ -76,6 +81,7 @@ private:
     std::vector<ProjectLock> locks_;  ///< two for a link
     mrlxmlclass::Ref<mrlxmlclass::Application> app_;
     mrlxmlclass::Ref<mrlxmlclass::dom::Document> document_;
+    std::unique_ptr<LinkChanges> links_ = std::make_unique<LinkChanges>();
     bool read_only_ = false;
     std::size_t failures_at_opening_ = 0;
 };

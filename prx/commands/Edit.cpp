@@ -25,6 +25,7 @@ public:
         const mrlxmlclass::Ref<mrlxmlclass::TasksCls> task = FindTask(project, task_);
 
         project.tasks()->SortMe(mrlxmlclass::True);  // as the dialog does: that alone is no change
+        project.links().AskedFor(*task);
         const std::string before = ContentOf(project);
         const mrlxmlclass::Date start = task->TaskBDate();
         const mrlxmlclass::Date end = task->TaskEDate();

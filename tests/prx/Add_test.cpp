@@ -84,7 +84,7 @@ TEST_F(Add, TellsWhatALeafLosesThatBecomesASummary) {
 
     EXPECT_EQ(result.status, 0);
     EXPECT_EQ(result.err,
-              "prx: \"Design\" is a summary now, and no task waits for a summary: \"Build\" waits for it no more\n"
+              "prx: task 4 \"Build\" no longer waits for task 2 \"Design\", which is a summary now\n"
               "prx: \"Design\" cost 70; as a summary it costs what the tasks below it cost\n");
     EXPECT_FALSE(Has(folder_.Output({"show", "--json", "a.prx"}), "\"predecessors\": [\""));
     folder_.Output({"check", "a.prx"});

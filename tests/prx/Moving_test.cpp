@@ -111,7 +111,7 @@ TEST_F(Indent, TellsWhatItsNewParentLoses) {
     plan_.Edit({"cost", "A", "70"});
     plan_.Edit({"move", "E", "--after", "A"});
     const std::string told =
-        "prx: \"A\" is a summary now, and no task waits for a summary: \"E\" waits for it no more\n"
+        "prx: task 4 \"E\" no longer waits for task 2 \"A\", which is a summary now\n"
         "prx: \"A\" cost 70; as a summary it costs what the tasks below it cost\n";
     const std::string before = plan_.Read("a.prx");
     EXPECT_EQ(plan_.Prx({"indent", "a.prx", "E"}).err, told);

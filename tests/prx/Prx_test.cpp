@@ -268,7 +268,7 @@ TEST(Prx, SaysThatItSavedWhenItsOutputCouldNotBeWritten) {
 
     const Result added = folder.PrxInto("/dev/full", {"add", "a.prx", "Task"});
     const Result shown = folder.PrxInto("/dev/full", {"show", "a.prx"});
-    folder.CopyExample("house.prx", "b.prx");
+    folder.CopyExample("festival.prx", "b.prx");
     const Result shifted = folder.PrxInto("/dev/full", {"shift", "b.prx", "1"});  // more than a buffer holds
 
     EXPECT_EQ(added.status, 2);

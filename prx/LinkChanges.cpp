@@ -1,0 +1,131 @@
+#include "prx/LinkChanges.h"
+
+#include <fmt/core.h>
+
+#include <algorithm>
+#include <optional>
+
+#include "mrlxmlclass/scheduling/WorkingDays.h"
+#include "prx/Edit.h"
+#include "prx/Outline.h"
+
+namespace prx {
+
+using namespace mrlxmlclass;
+
+namespace {
+
+bool Measurable(const LinkDates& dates) {
+    return dates.predecessor_end.set() && dates.start.set() && dates.predecessor_end.in_calendar() &&
+           dates.start.in_calendar();
+}
+
+/// Working days in between, as a lag counts them: 0 on the next one, -1 on the predecessor's last. Measured, because a
+/// walk along the links may store another one than the dates keep.
+std::int64_t Gap(const LinkDates& dates) {
+    const std::int64_t days = DaysBetween(dates.predecessor_end, dates.start).value();
+    const Date end = dates.predecessor_end.day();
+    const Date start = dates.start.day();
+    const PublicDays calendar;
+    if (days > 0) return days - 1 - (days == 1 ? 0 : calendar.CountNonWorking(end + 1, start - 1));
+    return -std::max<std::int64_t>(1, 1 - days - calendar.CountNonWorking(start, end));
+}
+
+}  // namespace
+
+LinkChanges::LinksOfTasks LinkChanges::LinksOf(const Ref<TasksCol>& tasks) {
+    LinksOfTasks links;
+    for (const auto& entry : tasks->NewEnum()) {
+        TasksCls& task = *entry.item;
+        if (!task.TaskCondidat() || !task.TaskPredecessorValid()) continue;
+        Links& of_task = links[task.TaskKey()];
+        for (const auto& link : task.TaskPredecessor()->Snapshot()) {
+            const Ref<TasksCls> predecessor = tasks->Item(link.item);
+            if (!predecessor || !predecessor->TaskCondidat()) continue;
+            of_task[predecessor->TaskKey()] = {predecessor->TaskEDate(), task.TaskBDate()};
+        }
+    }
+    return links;
+}
+
+void LinkChanges::Remember(const Ref<TasksCol>& tasks) {
+    tasks_ = tasks;
+    before_ = LinksOf(tasks);
+}
+
+void LinkChanges::AskedFor(const TasksCls& task, const TasksCls& predecessor) {
+    asked_.emplace(task.TaskKey(), predecessor.TaskKey());
+}
+
+void LinkChanges::AskedFor(const TasksCls& task) {
+    asked_tasks_.insert(task.TaskKey());
+}
+
+std::vector<std::string> LinkChanges::Told() const {
+    if (!tasks_) return {};
+    LinksOfTasks now = LinksOf(tasks_);
+    for (const auto& [task, links] : before_) now.try_emplace(task);
+    Lines lines;
+    for (const auto& [task, after] : now) {
+        if (asked_tasks_.contains(task) || !tasks_->Item(Long(task))) continue;
+        const auto known = before_.find(task);
+        const Links before = known == before_.end() ? Links() : known->second;
+        if (before == after) continue;
+        TellLinks(task, before, after, lines);
+        TellGaps(task, before, after, lines);
+    }
+    std::vector<std::string> told = std::move(lines.links);
+    for (const std::vector<std::string>& more : {lines.sooner, lines.later}) {
+        told.insert(told.end(), more.begin(), more.end());
+    }
+    return told;
+}
+
+void LinkChanges::TellLinks(std::int64_t task, const Links& before, const Links& after, Lines& lines) const {
+    for (const auto& [key, dates] : before) {
+        if (after.contains(key) || asked_.contains({task, key}) || !tasks_->Item(Long(key))) continue;
+        lines.links.push_back(fmt::format("{} no longer waits for {}{}", Title(task), Title(key),
+                                          tasks_->isParent(std::to_string(key)) ? ", which is a summary now" : ""));
+    }
+    for (const auto& [key, dates] : after) {
+        if (before.contains(key) || asked_.contains({task, key})) continue;
+        const std::string lag = Measurable(dates) ? fmt::format(" (lag {})", Gap(dates)) : "";
+        lines.links.push_back(fmt::format("{} now waits for {}{}", Title(task), Title(key), lag));
+    }
+}
+
+void LinkChanges::TellGaps(std::int64_t task, const Links& before, const Links& after, Lines& lines) const {
+    struct Change {
+        std::int64_t key = 0, was = 0, is = 0;
+    };
+    const auto line = [&](const Change& change, const char* how) {
+        return fmt::format("{} waits for {} and now starts {} (lag {}, now {})", Title(task), Title(change.key), how,
+                           change.was, change.is);
+    };
+    std::optional<std::int64_t> closest_before;
+    for (const auto& [key, dates] : before) {
+        if (Measurable(dates)) closest_before = std::min(closest_before.value_or(Gap(dates)), Gap(dates));
+    }
+    std::vector<Change> changes;
+    for (const auto& [key, dates] : after) {
+        const auto known = before.find(key);
+        if (known == before.end() || !Measurable(known->second) || !Measurable(dates)) continue;
+        changes.push_back({key, Gap(known->second), Gap(dates)});
+    }
+    for (const Change& change : changes) {
+        if (change.is >= change.was || (change.is >= 0 && change.was != closest_before)) continue;
+        lines.sooner.push_back(line(change, change.is >= 0    ? "sooner after it"
+                                            : change.was >= 0 ? "before it ends"
+                                                              : "even longer before it ends"));
+    }
+    const bool all_later = changes.size() == after.size() &&
+                           std::ranges::all_of(changes, [](const Change& change) { return change.is > change.was; });
+    if (changes.empty() || !all_later) return;
+    lines.later.push_back(line(*std::ranges::min_element(changes, {}, &Change::is), "later after it"));
+}
+
+std::string LinkChanges::Title(std::int64_t key) const {
+    return TitleOf(*tasks_->Item(Long(key)));
+}
+
+}  // namespace prx
