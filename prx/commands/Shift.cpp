@@ -18,6 +18,9 @@ class Shift : public EditCommand {
 public:
     explicit Shift(CLI::App& app) : EditCommand(app, "shift", "Move the whole plan by calendar days") {
         options().add_option("DAYS", text_, "How far: 14 is later, -14 earlier")->required();
+        options().footer(
+            "The phases move one after the other, each with all that waits for its tasks. A task that is linked across "
+            "phases so moves with both, and its place towards what it waits for changes; that is told.");
     }
 
     int Run(Host& host) override {
