@@ -10,6 +10,7 @@
 #include "mrlxmlclass/xml/Conversions.h"
 #include "prx/Edit.h"
 #include "prx/Findings.h"
+#include "prx/Links.h"
 #include "prx/Outline.h"
 #include "prx/Terminal.h"
 
@@ -67,7 +68,7 @@ private:
     /// Why the library makes no such link; of two tasks that wait for each other one goes on doing so.
     std::string WhyNot(TasksCls& task, TasksCls& predecessor) const {
         if (task.TaskKey() == predecessor.TaskKey()) return "itself";
-        if (predecessor.ParentID() == task.TaskKey()) return TitleOf(predecessor) + ", which stands below it";
+        if (StandsBelow(tasks_, predecessor, task)) return TitleOf(predecessor) + ", which stands below it";
         if (IsSummary(predecessor)) return TitleOf(predecessor) + ", which is a summary";
         if (!IsSummary(task) && WaitsFor(predecessor, KeyOf(task)) && GivesWay(task, predecessor)) {
             return TitleOf(predecessor) + ", which waits for it";
@@ -119,6 +120,22 @@ private:
                             "measured anew");
                 if (found_.mends()) tasks_->AddLeadTime(KeyOf(task), key, GapTowards(task, key));
             }
+        }
+        if (task.TaskPredecessorValid()) LookForLeads(task);
+    }
+
+    /// A link without a lead time is read as one of no days.
+    void LookForLeads(TasksCls& task) {
+        std::set<std::string> led;
+        for (const auto& entry : task.TaskLeadTime()->Snapshot()) {
+            led.insert(tasks_->GetPredecessor(entry.item.As<String>()));
+        }
+        for (const auto& entry : task.TaskPredecessor()->Snapshot()) {
+            const std::string key = entry.item.Key().text();
+            if (led.contains(key) || !tasks_->Item(key) || !WaitsFor(task, key)) continue;
+            found_.Tell(fmt::format("{} keeps no lead time for task {}, for which it waits", TitleOf(task), Plain(key)),
+                        "measured anew");
+            if (found_.mends()) tasks_->AddLeadTime(KeyOf(task), key, GapTowards(task, key));
         }
     }
 

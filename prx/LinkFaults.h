@@ -6,8 +6,8 @@
 #include "prx/Project.h"
 
 /// Whether the links between tasks agree: each leads to a task that is there and is known to both, none is one that the
-/// library refuses to make (to the task itself, to one right below it, to a summary, to one that waits for it), and a
-/// lead time belongs to a link and tells days.
+/// library refuses to make (to the task itself, to a summary, to one that waits for it) or to one below the task, and
+/// each has a lead time that tells days.
 namespace prx {
 
 /// Where they do not; empty for a file that is in order.
@@ -15,7 +15,8 @@ std::vector<std::string> LinkFaults(const Project& project);
 /// Only what leads to a task that is not there.
 std::vector<std::string> LinksToNowhere(const Project& project);
 /// Mends that in memory and tells what was done. What a task waits for counts; what leads nowhere or may not be goes,
-/// and a list of those that wait for a task follows them. A lead time without days is measured anew by the dates.
+/// and a list of those that wait for a task follows them. A lead time that is missing or without days is measured by
+/// the dates.
 std::vector<std::string> MendLinks(const Project& project);
 
 }  // namespace prx

@@ -2,6 +2,7 @@
 
 #include <fmt/core.h>
 
+#include <algorithm>
 #include <unordered_set>
 
 #include "prx/Edit.h"
@@ -14,18 +15,38 @@ using namespace mrlxmlclass;
 
 namespace {
 
+/// A task and its parents, from below, also where they run in a circle.
+std::vector<Ref<TasksCls>> WithParents(const Ref<TasksCol>& tasks, Ref<TasksCls> task) {
+    std::vector<Ref<TasksCls>> way;
+    std::unordered_set<std::int64_t> passed;
+    while (task && passed.insert(task->TaskKey()).second) {
+        way.push_back(task);
+        task = task->ParentID() != 0 ? tasks->Item(task->ParentID()) : nullptr;
+    }
+    return way;
+}
+
 [[noreturn]] void RefuseLink(const Project& project, TasksCls& task, TasksCls& predecessor) {
     const auto because = [&]() -> std::string {
         if (task.TaskKey() == predecessor.TaskKey()) return "a task cannot wait for itself";
         if (project.tasks()->isParent(KeyOf(predecessor))) {
             return fmt::format("{} is a summary; link a task below it", Quoted(predecessor));
         }
-        if (predecessor.ParentID() == task.TaskKey()) return "a task cannot wait for what stands below it";
+        if (StandsBelow(project.tasks(), predecessor, task)) return "a task cannot wait for what stands below it";
         if (predecessor.isPredecessor(KeyOf(task))) return fmt::format("{} waits for it already", Quoted(predecessor));
         if (task.isPredecessor(KeyOf(predecessor))) return "it does so already";
         return fmt::format("it waits already for a task that {} waits for", Quoted(predecessor));
     };
     throw Refusal(fmt::format("{} was not made to wait for {}: {}", Quoted(task), Quoted(predecessor), because()));
+}
+
+/// What a task waits for, itself or as a part of one that it stands below.
+std::vector<Ref<TasksCls>> WaitsFor(const Project& project, const Ref<TasksCls>& task) {
+    std::vector<Ref<TasksCls>> found;
+    for (const Ref<TasksCls>& waiting : WithParents(project.tasks(), task)) {
+        for (Ref<TasksCls>& predecessor : Predecessors(project, *waiting)) found.push_back(std::move(predecessor));
+    }
+    return found;
 }
 
 /// Puts a linked task behind its predecessor, by the lag of their link, and all that follows from it.
@@ -49,7 +70,10 @@ void LinkTasks(const Project& project, const Ref<TasksCls>& task, const Ref<Task
                std::optional<Integer> lag) {
     const Ref<TasksCol> tasks = project.tasks();
     project.links().AskedFor(*task, *predecessor);
-    if (!tasks->AddTaskPredecessor(KeyOf(*task), KeyOf(*predecessor))) RefuseLink(project, *task, *predecessor);
+    // The library looks one level down.
+    if (StandsBelow(tasks, *predecessor, *task) || !tasks->AddTaskPredecessor(KeyOf(*task), KeyOf(*predecessor))) {
+        RefuseLink(project, *task, *predecessor);
+    }
     if (!lag && LagOf(project, *task, *predecessor) >= 0) return;
     tasks->AddLeadTime(KeyOf(*task), KeyOf(*predecessor), lag.value_or(0));
     PutBehind(project, *task, predecessor, lag.value_or(0));
@@ -77,15 +101,21 @@ Integer LagOf(const Project& project, TasksCls& task, const TasksCls& predecesso
     return project.tasks()->GetLeadTime(KeyOf(predecessor), task.TaskLeadTime());
 }
 
-bool WaitsForItself(const Project& project, TasksCls& task) {
+bool StandsBelow(const Ref<TasksCol>& tasks, const TasksCls& task, const TasksCls& above) {
+    const Ref<TasksCls> parent = task.ParentID() != 0 ? tasks->Item(task.ParentID()) : nullptr;
+    return std::ranges::any_of(WithParents(tasks, parent),
+                               [&](const Ref<TasksCls>& other) { return other->TaskKey() == above.TaskKey(); });
+}
+
+bool WaitsForItself(const Project& project, const Ref<TasksCls>& task) {
     std::unordered_set<std::int64_t> seen;
-    std::vector<Ref<TasksCls>> open = Predecessors(project, task);
+    std::vector<Ref<TasksCls>> open = WaitsFor(project, task);
     while (!open.empty()) {
         const Ref<TasksCls> next = open.back();
         open.pop_back();
-        if (next->TaskKey() == task.TaskKey()) return true;
+        if (next->TaskKey() == task->TaskKey() || StandsBelow(project.tasks(), *next, *task)) return true;
         if (!seen.insert(next->TaskKey()).second) continue;
-        for (Ref<TasksCls>& further : Predecessors(project, *next)) open.push_back(std::move(further));
+        for (Ref<TasksCls>& further : WaitsFor(project, next)) open.push_back(std::move(further));
     }
     return false;
 }

@@ -22,7 +22,11 @@ std::vector<mrlxmlclass::Ref<mrlxmlclass::TasksCls>> Predecessors(const Project&
 /// Working days that a link keeps free, or by which it overlaps.
 mrlxmlclass::Integer LagOf(const Project& project, mrlxmlclass::TasksCls& task,
                            const mrlxmlclass::TasksCls& predecessor);
-/// Whether a task waits for itself, over however many others.
-bool WaitsForItself(const Project& project, mrlxmlclass::TasksCls& task);
+/// Whether a task stands below another, at any depth.
+bool StandsBelow(const mrlxmlclass::Ref<mrlxmlclass::TasksCol>& tasks, const mrlxmlclass::TasksCls& task,
+                 const mrlxmlclass::TasksCls& above);
+/// Whether a task waits for itself, or for what stands below it, over however many others. A task waits for what its
+/// parents wait for, too.
+bool WaitsForItself(const Project& project, const mrlxmlclass::Ref<mrlxmlclass::TasksCls>& task);
 
 }  // namespace prx

@@ -20,7 +20,7 @@ private:
     }
     void Change(const Project& project, const mrlxmlclass::Ref<mrlxmlclass::TasksCls>& task) override {
         LinkTasks(project, task, FindTask(project, predecessor_), days_);
-        if (WaitsForItself(project, *task)) Tell("the links run in a circle now: the task waits for itself");
+        if (WaitsForItself(project, task)) Tell("the links run in a circle now: the task waits for itself");
     }
 
     std::string predecessor_;

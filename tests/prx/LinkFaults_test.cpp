@@ -97,6 +97,12 @@ TEST_P(LinksWithoutDays, AreMeasuredAnewBeforeAForcedEdit) {
 
 INSTANTIATE_TEST_SUITE_P(Texts, LinksWithoutDays, testing::Values("2|x", "2", "2|", "2|99999"));
 
+TEST_F(Links, WithoutALeadTimeAreMeasuredAnew) {
+    Damage("<TaskLeadTime>2|2</TaskLeadTime>", "<TaskLeadTime/>");
+    ExpectMended("task 3 \"Build\" keeps no lead time for task 2, for which it waits", "measured anew");
+    EXPECT_TRUE(Has(plan_.Read("b.prx"), "<TaskLeadTime>2|2</TaskLeadTime>"));
+}
+
 TEST_F(Links, WhoseOtherLeadTimesStay) {
     plan_.Output({"link", "a.prx", "Test", "Design", "--lag", "9"});
     Damage("<TaskLeadTime>2|9;3|4<", "<TaskLeadTime>2|x;3|4<");
@@ -128,7 +134,8 @@ TEST_F(Links, OfTwoTasksThatWaitForEachOther) {
 TEST_F(Links, OfTwoTasksThatWaitForEachOtherAndOneOfThemKnows) {
     Damage("<TaskSuccessor>3</TaskSuccessor>", "");
     Damage("<TaskSuccessor>4</TaskSuccessor>", "<TaskSuccessor>4;2</TaskSuccessor>");
-    Damage("<TaskLeadTime/><TaskPosition>2<", "<TaskPredecessor>3</TaskPredecessor><TaskLeadTime/><TaskPosition>2<");
+    Damage("<TaskLeadTime/><TaskPosition>2<",
+           "<TaskPredecessor>3</TaskPredecessor><TaskLeadTime>3|0</TaskLeadTime><TaskPosition>2<");
     Damage("<TaskLeadTime>2|2</TaskLeadTime>", "<TaskLeadTime/>");
     ExpectMended("task 3 \"Build\" waits for task 2 \"Design\", which waits for it", "taken off");
     EXPECT_NE(plan_.Row("Design").find(R"("predecessors": ["3"])"), std::string::npos);
@@ -143,6 +150,18 @@ TEST_F(Links, OfASummaryToItsChild) {
     Damage("<TaskLeadTime/><TaskPosition>1<", "<TaskPredecessor>4</TaskPredecessor><TaskLeadTime/><TaskPosition>1<");
     ExpectMended("task 1 \"Phase\" waits for task 4 \"Test\", which stands below it", "taken off");
     plan_.Refused({"link", "Phase", "Test"});
+}
+
+TEST_F(Links, OfASummaryToWhatStandsFurtherBelowIt) {
+    plan_.Output({"add", "a.prx", "Part", "--under", "Test", "--start", "2026-03-16", "--duration", "3"});
+    plan_.Output({"check", "a.prx"});
+    Damage("<TaskLeadTime/><TaskPosition>1<",
+           "<TaskPredecessor>5</TaskPredecessor><TaskLeadTime>5|0</TaskLeadTime><TaskPosition>1<");
+    const std::string fault = "task 1 \"Phase\" waits for task 5 \"Part\", which stands below it";
+
+    EXPECT_TRUE(Has(plan_.Prx({"check", "a.prx"}).out, "  " + fault + "\n"));
+    EXPECT_TRUE(Has(plan_.Output({"check", "a.prx", "--repair", "b.prx"}), "  " + fault + ": taken off\n"));
+    plan_.Output({"check", "b.prx"});
 }
 
 TEST_F(Links, OfATaskWhoseRecordIsLost) {

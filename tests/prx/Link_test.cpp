@@ -114,6 +114,21 @@ TEST_F(Link, TellsACircle) {
     plan_.Edit({"set", "Build", "start=2026-03-16"});
 }
 
+TEST_F(Link, TellsACircleThroughASummary) {
+    plan_.Edit({"add", "Apart"});
+    const std::string circle = "prx: the links run in a circle now: the task waits for itself\n";
+
+    plan_.Edit({"link", "Phase", "Apart"});
+    EXPECT_EQ(plan_.Prx({"link", "a.prx", "Apart", "Test"}).err, circle);
+    plan_.Edit({"unlink", "Phase"});
+    EXPECT_EQ(plan_.Prx({"link", "a.prx", "Phase", "Apart"}).err, circle);
+}
+
+TEST_F(Link, MakesNoSummaryWaitForWhatStandsFurtherBelowIt) {
+    plan_.Edit({"add", "Part", "--under", "Test"});
+    EXPECT_TRUE(Has(plan_.Refused({"link", "Phase", "Part"}), "a task cannot wait for what stands below it"));
+}
+
 TEST_F(Link, RefusesBadInput) {
     for (const char* lag : {"--lag=", "--lag=two", "--lag=1.5", "--lag=1000", "--lag=-1000", "--lag=99999999999"}) {
         EXPECT_NE(plan_.Refused({"link", "Build", "Design", lag}), "") << lag;
