@@ -12,6 +12,7 @@
 #include "mrlxmlclass/items/TaskObstaclesRelationCol.h"
 #include "mrlxmlclass/items/obstaclesCol.h"
 #include "prx/Items.h"
+#include "prx/OneDayEach.h"
 #include "prx/Outline.h"
 #include "prx/Refusal.h"
 #include "prx/Terminal.h"
@@ -192,6 +193,7 @@ Ref<TasksCls> AddBeside(const Project& project, const std::string& name, Long pl
 void RemoveTask(const Project& project, const Ref<TasksCls>& task) {
     // A task that something is tied to would stay as a candidate, which no command shows.
     UnassignAll(project, Subtree(project, task));
+    const OneDayEach aside(project);
     Application& app = project.app();
     project.tasks()->DeleteAllSubTasks(KeyOf(*task), app.xTaskPeopleRelationcol(), app.xPeopleCol(),
                                        app.xTaskGoalRelationcol(), app.xGoalCol(), app.xTaskObstaclesRelationcol(),

@@ -9,6 +9,7 @@
 #include "mrlxmlclass/scheduling/WorkingDays.h"
 #include "mrlxmlclass/session/ModuleState.h"
 #include "prx/Edit.h"
+#include "prx/OneDayEach.h"
 #include "prx/Refusal.h"
 #include "prx/Terminal.h"
 #include "prx/Values.h"
@@ -189,20 +190,22 @@ struct Field {
     const char* name;
     const char* help;
     bool of_summaries;  ///< false: a summary's follows from the tasks below it
+    bool of_length;     ///< says how long the task lasts
     void (*set)(Setting& setting, const std::string& value);
 };
 
 /// In the order in which they are set.
 constexpr std::array kFields = {
-    Field{"milestone", "yes or no", false, SetMilestone},
-    Field{"unit", "days, wks, mons, hrs or mins", false, SetUnit},
-    Field{"start", "yyyy-mm-dd; the end moves along", false, SetStart},
-    Field{"duration", "such as 5, \"5 days\" or 2wks; the end follows, and 0 makes a milestone", false, SetDuration},
-    Field{"end", "yyyy-mm-dd, of a task in days; the duration follows", false, SetEnd},
-    Field{"done", "percent, 0 to 100", true, SetDone},
-    Field{"cost", "such as 1250 or 1250.50", false, SetCost},
-    Field{"colour", "a number, 0 to 16777215", true, SetColour},
-    Field{"name", "one line of text", true, SetName},
+    Field{"milestone", "yes or no", false, true, SetMilestone},
+    Field{"unit", "days, wks, mons, hrs or mins", false, true, SetUnit},
+    Field{"start", "yyyy-mm-dd; the end moves along", false, false, SetStart},
+    Field{"duration", "such as 5, \"5 days\" or 2wks; the end follows, and 0 makes a milestone", false, true,
+          SetDuration},
+    Field{"end", "yyyy-mm-dd, of a task in days; the duration follows", false, true, SetEnd},
+    Field{"done", "percent, 0 to 100", true, false, SetDone},
+    Field{"cost", "such as 1250 or 1250.50", false, false, SetCost},
+    Field{"colour", "a number, 0 to 16777215", true, false, SetColour},
+    Field{"name", "one line of text", true, false, SetName},
 };
 
 const Field* FindField(std::string_view name) {
@@ -270,6 +273,7 @@ Remarks SetAll(Setting setting, std::vector<Assignment> assignments) {
             throw Refusal(fmt::format("the {} of \"{}\" follows from the tasks below it", field.name,
                                       Plain(setting.task.TaskName())));
         }
+        const OneDayEach aside(setting.project, field.of_length ? &setting.task : nullptr);
         field.set(setting, *value);
     }
     return setting.remarks;

@@ -6,6 +6,7 @@
 #include <unordered_set>
 
 #include "prx/Edit.h"
+#include "prx/OneDayEach.h"
 #include "prx/Outline.h"
 #include "prx/Refusal.h"
 
@@ -68,6 +69,7 @@ void PutBehind(const Project& project, TasksCls& task, const Ref<TasksCls>& pred
 
 void LinkTasks(const Project& project, const Ref<TasksCls>& task, const Ref<TasksCls>& predecessor,
                std::optional<Integer> lag) {
+    const OneDayEach aside(project);
     const Ref<TasksCol> tasks = project.tasks();
     project.links().AskedFor(*task, *predecessor);
     // The library looks one level down.

@@ -5,6 +5,7 @@
 #include <algorithm>
 
 #include "mrlxmlclass/session/ModuleState.h"
+#include "prx/OneDayEach.h"
 #include "prx/Outline.h"
 #include "prx/Refusal.h"
 #include "prx/Values.h"
@@ -140,6 +141,7 @@ Remarks IndentTask(const Project& project, const Ref<TasksCls>& task) {
     const Ref<TasksCls> parent = Neighbour(project, *task, Direction::kUp);
     if (!parent) throw Refusal(fmt::format("{} stands first on its level: there is no task above it", Quoted(*task)));
     RefuseTooDeep(project, *task, *parent);
+    const OneDayEach aside(project);
     const Long old_parent = task->ParentID();
     Remarks lost = LostAsSummary(project, *parent);
     FreeParentsOf(project, *task, parent);
@@ -153,6 +155,7 @@ void OutdentTask(const Project& project, const Ref<TasksCls>& task) {
     RefuseWithoutWayUp(project, *task);
     const Ref<TasksCls> parent = project.tasks()->Item(task->ParentID());
     if (!parent) throw Refusal(fmt::format("{} stands at the top already", Quoted(*task)));
+    const OneDayEach aside(project);
     const Long old_parent = task->ParentID();
     MoveRows(project, *task, LastRow(project, *parent) + 1);
     project.tasks()->ChangeRemoveTaskParent(KeyOf(*task), Text(parent->ParentID()), KeyOf(*parent), {}, {}, kSource);

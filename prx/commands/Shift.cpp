@@ -4,6 +4,7 @@
 #include "prx/Command.h"
 #include "prx/Edit.h"
 #include "prx/EventLog.h"
+#include "prx/OneDayEach.h"
 #include "prx/Outline.h"
 #include "prx/Project.h"
 #include "prx/Refusal.h"
@@ -30,7 +31,10 @@ public:
         RefuseBeyondRange(project.app(), days);
         const EventLog events(project.tasks());
         const std::vector<Date> before = Starts(project);
-        project.tasks()->ResetStartDate(Double(days.value()));
+        {
+            const OneDayEach aside(project);
+            project.tasks()->ResetStartDate(Double(days.value()));
+        }
         project.Save();
         TellWhatStayed(before, Starts(project));
         events.Print();

@@ -1,0 +1,71 @@
+#include <gtest/gtest.h>
+
+#include "tests/prx/PlanFolder.h"
+
+namespace prx_test {
+namespace {
+
+/// 1 Before (a Monday), 2 Half (a part of the Tuesday behind it), 3 Behind, each waits for the one before.
+class OneDayEach : public testing::Test {
+protected:
+    OneDayEach() {
+        plan_.Output({"new", "a.prx"});
+        plan_.Output({"add", "a.prx", "Before", "--start", "2026-12-07", "--duration", "1"});
+        plan_.Output({"add", "a.prx", "Half", "--start", "2026-12-08", "--duration", "0.5"});
+        plan_.Output({"add", "a.prx", "Behind", "--start", "2026-12-09", "--duration", "0.25"});
+        plan_.Output({"link", "a.prx", "Half", "Before"});
+        plan_.Output({"link", "a.prx", "Behind", "Half"});
+    }
+    void ExpectOn(const std::string& half, const std::string& behind) const {
+        EXPECT_EQ(plan_.Days("Half"), half + " " + half);
+        EXPECT_EQ(plan_.Days("Behind"), behind + " " + behind);
+        EXPECT_TRUE(Has(plan_.Row("Half"), R"("duration": 0.5)")) << plan_.Row("Half");
+        EXPECT_TRUE(Has(plan_.Row("Behind"), R"("duration": 0.25)")) << plan_.Row("Behind");
+    }
+    const PlanFolder plan_;
+};
+
+}  // namespace
+
+TEST_F(OneDayEach, LastsATaskOfAPartOfADayThatStartsElsewhere) {
+    plan_.Edit({"set", "Half", "start=2026-12-11"});
+    ExpectOn("2026-12-11", "2026-12-14");
+}
+
+TEST_F(OneDayEach, LastsOneThatFollowsAnotherTask) {
+    plan_.Edit({"set", "Before", "duration=4"});
+    ExpectOn("2026-12-11", "2026-12-14");
+    plan_.Edit({"set", "Before", "end=2026-12-08"});
+    ExpectOn("2026-12-09", "2026-12-10");
+}
+
+TEST_F(OneDayEach, LastsOneThatIsLinkedShiftedOrMoved) {
+    plan_.Edit({"link", "Behind", "Before", "--lag", "3"});
+    ExpectOn("2026-12-08", "2026-12-11");
+    plan_.Edit({"shift", "7"});
+    EXPECT_EQ(plan_.Days("Behind"), "2026-12-18 2026-12-18");
+    plan_.Edit({"indent", "Behind"});
+    plan_.Edit({"outdent", "Behind"});
+    const std::string days = plan_.Days("Behind");
+    EXPECT_EQ(days.substr(0, 10), days.substr(11));
+}
+
+TEST_F(OneDayEach, TellsTheLengthThatATaskHas) {
+    const std::string told = plan_.Edit({"set", "Half", "start=2026-12-11"});
+    EXPECT_TRUE(
+        told.ends_with("DurationChange(2, 0.5, days, False, False)\n"
+                       "TaskDurationChange(2, 0.5, days, False, False)\n"
+                       "DurationChange(3, 0.25, days, False, False)\n"
+                       "TaskDurationChange(3, 0.25, days, False, False)\n"))
+        << told;
+}
+
+TEST_F(OneDayEach, LeavesATaskTheLengthThatItIsGiven) {
+    plan_.Edit({"set", "Half", "duration=1"});
+    EXPECT_TRUE(Has(plan_.Row("Half"), R"("duration": 1,)")) << plan_.Row("Half");
+    plan_.Edit({"set", "Behind", "unit=hrs"});
+    EXPECT_TRUE(Has(plan_.Row("Behind"), R"("duration": 0.25)")) << plan_.Row("Behind");
+    EXPECT_TRUE(Has(plan_.Row("Behind"), R"("unit": "hrs")")) << plan_.Row("Behind");
+}
+
+}  // namespace prx_test
