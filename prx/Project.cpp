@@ -9,6 +9,7 @@
 
 #include "mrlxmlclass/dom/Document.h"
 #include "mrlxmlclass/runtime/Tail.h"
+#include "mrlxmlclass/runtime/Text.h"
 #include "mrlxmlclass/session/ErrorsCls.h"
 #include "mrlxmlclass/session/ErrorsHandler.h"
 #include "mrlxmlclass/session/ModuleState.h"
@@ -17,6 +18,7 @@
 #include "mrlxmlclass/xml/ProjectsCls.h"
 #include "prx/Inspection.h"
 #include "prx/LinkFaults.h"
+#include "prx/LostRecords.h"
 #include "prx/Refusal.h"
 #include "prx/Summaries.h"
 #include "prx/TaskKeys.h"
@@ -227,19 +229,25 @@ void Project::RefuseUnlessWhole() const {
     }
 }
 
-/// A load passes by the day of creation, so that the next save would write none, and reads the two lines as dates of
-/// this system, whatever the format of the file.
+/// A load passes by the day of creation, so that the next save would write none, and reads the two lines, and when a
+/// task was changed, as dates of this system, whatever the format of the file.
 void Project::ReadDates() {
-    const String format = root().selectSingleNode("DateFormat").Text();
-    const auto date_of = [&](const char* element) {
-        return FailureTail("prx").Silent().Run<Date>("ReadDates", [&](Date& result) {
-            result = ParseDate(root().selectSingleNode(element).Text(), format.empty() ? SystemDatePattern() : format);
-        });
+    const String written_in = root().selectSingleNode("DateFormat").Text();
+    const String format = written_in.empty() ? SystemDatePattern() : written_in;
+    const auto date_of = [&](dom::Node parent, const char* element) {
+        return FailureTail("prx").Silent().Run<Date>(
+            "ReadDates", [&](Date& result) { result = ParseDate(parent.selectSingleNode(element).Text(), format); });
     };
     ProjectsCls& record = *app().xProject();
-    record.ProjectCreationDate(date_of("ProjectCreationDate"));
-    if (const Date start = date_of("ProjectStartLine"); start.set()) record.ProjectStartLine(start);
-    if (const Date deadline = date_of("ProjectDeadLine"); deadline.set()) record.ProjectDeadLine(deadline);
+    record.ProjectCreationDate(date_of(root(), "ProjectCreationDate"));
+    if (const Date start = date_of(root(), "ProjectStartLine"); start.set()) record.ProjectStartLine(start);
+    if (const Date deadline = date_of(root(), "ProjectDeadLine"); deadline.set()) record.ProjectDeadLine(deadline);
+    if (format == SystemDatePattern()) return;
+    ForEachElement(root().selectSingleNode("Tasks"), "Task", [&](dom::Node task) {
+        const Ref<TasksCls> held = tasks()->Item(String(Trim(task.selectSingleNode("TaskKey").Text())));
+        if (!held || !held->TaskModifiedDateValid()) return;
+        if (const Date changed = date_of(task, "TaskModifiedDate"); changed.set()) held->TaskModifiedDate(changed);
+    });
 }
 
 std::vector<std::string> Project::ReadingFailures() const {

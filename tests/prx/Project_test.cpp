@@ -155,6 +155,20 @@ TEST(Project, HasItsOwnDatesOfAFileInAnotherFormatAndKeepsThem) {
     EXPECT_TRUE(Has(folder.Read("a.prx"), "<ProjectCreationDate>11/21/2026<"));
 }
 
+TEST(Project, KeepsTheDayOnWhichATaskWasChangedInAFileOfAnotherFormat) {
+    const Folder folder;
+    folder.CopyExample("house.prx", "a.prx");
+    const std::regex date("(\\d+)/(\\d+)/(\\d{4})");
+    std::string other = std::regex_replace(folder.Read("a.prx"), date, "$2.$1.$3");
+    other = Replaced(other, "M/d/yyyy", "d.M.yyyy");
+    const std::string behind = "<TaskSuccessor>12</TaskSuccessor><TaskPredecessor>6<";
+    ASSERT_TRUE(Has(other, behind));
+    folder.Write("a.prx", Replaced(other, behind, "<TaskModifiedDate>4.3.2026</TaskModifiedDate>" + behind));
+
+    folder.Output({"rename", "a.prx", "2", "Site survey"});
+    EXPECT_TRUE(Has(folder.Read("a.prx"), "<TaskModifiedDate>3/4/2026<"));
+}
+
 TEST(Project, IsNotAtFaultForTheStateOfTheWizard) {
     const Folder folder;
     folder.Output({"new", "a.prx"});
