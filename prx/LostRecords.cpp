@@ -202,6 +202,7 @@ public:
         const dom::Node calendar = Written("Calendar");
         app_.xCalendar()->ToXmlInt(written_, calendar);
         CompareRecord("Calendar", root_.selectSingleNode("Calendar"), calendar);
+        CompareDays();
         return std::move(lines_);
     }
 
@@ -227,6 +228,7 @@ private:
         held.write(written_, section);
         WrittenRecords written(section);
         std::size_t place = 0;
+        bool ended = false;
         const dom::Node in_file = root_.selectSingleNode(held.section);
         RecordLosses(held.section, lines_).LookBetween(in_file);
         ForEachElement(in_file, [&](dom::Node record) {
@@ -234,9 +236,12 @@ private:
                 return RecordLosses(held.section, lines_).Tell(std::string(record.baseName()));
             }
             const dom::Node read = written.Take(record, place++);
-            if (!read) return;  // counted
             const String key = record.selectSingleNode(held.key).Text();
-            CompareRecord(fmt::format("{} {}", held.record, Trim(key)), record, read);
+            const std::string title = fmt::format("{} {}", held.record, Trim(key));
+            if (read) return CompareRecord(title, record, read);
+            if (!ended)
+                lines_.push_back(fmt::format("{}: {} is the first that could not be read", held.section, Plain(title)));
+            ended = true;  // the others are counted
         });
     }
 
@@ -244,6 +249,26 @@ private:
         RecordLosses losses(std::move(title), lines_);
         losses.LookBetween(record);
         losses.Compare(ElementsIn(record), written);
+    }
+
+    /// A list ends where one of its days cannot be read, and all behind it are lost, whatever list they are in.
+    void CompareDays() {
+        const CalendarCls& calendar = *app_.xCalendar();
+        const std::pair<const char*, Ref<Dictionary>> lists[] = {{"NonWorkingDays", calendar.NonWorkingDay()},
+                                                                 {"Holiday", calendar.Holiday()},
+                                                                 {"ExceptionDay", calendar.ExceptionDay()}};
+        for (const auto& [name, held] : lists) {
+            const auto in_file = Split(root_.selectSingleNode("Calendar").selectSingleNode(name).Text(), ";");
+            const auto lost = static_cast<std::int64_t>(in_file.size()) - held->Count();
+            if (lost > 0) {
+                lines_.push_back(fmt::format("{} of {} days in {} could not be read", lost, in_file.size(), name));
+            }
+            for (const String& day : in_file) {
+                constexpr std::size_t kHalves = 2;
+                if (Split(day, ":").size() <= kHalves) continue;
+                RecordLosses("Calendar", lines_).Tell(fmt::format("the end of \"{}\" in {}", CutTo(day, 60), name));
+            }
+        }
     }
 
     /// The project's own fields stand before the sections.
@@ -273,6 +298,33 @@ private:
 };
 
 }  // namespace
+
+std::string PassedBy(const Project& project) {
+    constexpr int kInstruction = 7;
+    constexpr int kComment = 8;
+    std::int64_t comments = 0;
+    std::int64_t instructions = 0;
+    std::int64_t attributes = 0;
+    const dom::Node whole = project.root().parentNode();
+    for (dom::Node node = whole.firstChild(); node && node != whole;) {
+        comments += node.nodeType() == kComment ? 1 : 0;
+        instructions += node.nodeType() == kInstruction && node.baseName() != "xml" ? 1 : 0;
+        if (node.nodeType() == dom::Node::kElement) attributes += node.attributeCount();
+        dom::Node next = node.firstChild();
+        while (!next && node != whole) {
+            next = node.nextSibling();
+            node = node.parentNode();
+        }
+        node = next ? next : whole;
+    }
+    if (project.root().selectSingleNode("Tasks").HasAttribute("scheduler")) attributes -= 1;
+    std::vector<std::string> found;
+    for (const auto& [count, name] :
+         {std::pair(comments, "comment"), std::pair(instructions, "instruction"), std::pair(attributes, "attribute")}) {
+        if (count > 0) found.push_back(fmt::format("{} {}{}", count, name, count == 1 ? "" : "s"));
+    }
+    return fmt::format("{}", fmt::join(found, ", "));
+}
 
 std::vector<std::string> LostRecords(const Project& project) {
     std::vector<std::string> lines;

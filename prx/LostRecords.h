@@ -15,6 +15,9 @@ class Project;
 /// because they are unknown, stand twice or out of their place.
 std::vector<std::string> LostRecords(const Project& project);
 
+/// What a file may hold that belongs to no record, such as "2 comments", so that no save keeps it; "" for none.
+std::string PassedBy(const Project& project);
+
 /// Calls `visit(element)` for each child element.
 template <class Visit>
 void ForEachElement(mrlxmlclass::dom::Node parent, Visit&& visit) {

@@ -1,5 +1,7 @@
 #include "mrlxmlclass/dom/Node.h"
 
+#include <iterator>
+
 #include "mrlxmlclass/dom/Document_internal.h"
 
 namespace mrlxmlclass::dom {
@@ -112,6 +114,11 @@ bool Node::HasAttribute(std::string_view name) const {
 
 String Node::Attribute(std::string_view name) const {
     return AttributeOf(impl_, name).value();
+}
+
+int Node::attributeCount() const {
+    const auto attributes = Of(impl_).attributes();
+    return static_cast<int>(std::distance(attributes.begin(), attributes.end()));
 }
 
 }  // namespace mrlxmlclass::dom

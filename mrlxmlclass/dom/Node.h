@@ -32,6 +32,7 @@ public:
     Node selectSingleNode(std::string_view name) const;
     bool HasAttribute(std::string_view name) const;
     String Attribute(std::string_view name) const;
+    int attributeCount() const;
 
 private:
     friend class Document;

@@ -4,6 +4,7 @@
 #include "prx/Command.h"
 #include "prx/Inspection.h"
 #include "prx/LinkFaults.h"
+#include "prx/LostRecords.h"
 #include "prx/Outline.h"
 #include "prx/Project.h"
 #include "prx/Refusal.h"
@@ -20,6 +21,9 @@ class Check : public Command {
 public:
     explicit Check(CLI::App& app)
         : Command(app, "check", "Open a project and tell what is wrong with it; exit status 1 if anything is") {
+        options().footer(
+            "Comments, instructions and attributes belong to no record: no edit and no repair keeps them, and a file "
+            "that has any is not wrong for it.");
         auto* repair = repair_.AddTo(options(), "--repair",
                                      "Mend the links between tasks, their summaries, and what ties them to people, "
                                      "goals, obstacles and notes, in a new file of this name");
@@ -37,7 +41,7 @@ public:
         const bool tied = Tell("Tied wrongly; --repair mends it in a new file", TieFaults(project));
         const bool linked = Tell("Linked wrongly; --repair mends it in a new file", LinkFaults(project));
         const bool added_up = Tell("Added up wrongly; --repair mends it in a new file", SummaryFaults(project));
-        TellOfLock(project);
+        TellBeside(project);
         if (!lossless || !quiet || !in_order || !consistent || !keyed || !tied || !linked || !added_up) {
             return kFoundFaults;
         }
@@ -57,7 +61,7 @@ private:
             const std::vector<std::string> failed = project.FailuresSince();
             const bool well = lost.empty() && recorded.empty() && repaired.empty() && mended.empty() &&
                               failed.empty() && Unmended(project).empty();
-            TellOfLock(project);
+            TellBeside(project);
             if (well) return TellThatAllIsWell(project);
             project.SaveAs(*repair_);
             whole = Tell("Not read, and so not in the new file", lost);
@@ -94,8 +98,11 @@ private:
         }
         return lines;
     }
-    static void TellOfLock(const Project& project) {
+    static void TellBeside(const Project& project) {
         if (project.read_only()) Note("somebody else has this project open");
+        if (const std::string passed = PassedBy(project); !passed.empty()) {
+            Note(fmt::format("no edit and no repair keeps what belongs to no record: {}", passed));
+        }
     }
     static int TellThatAllIsWell(const Project& project) {
         const std::size_t rows = Outline(project.tasks()).size();

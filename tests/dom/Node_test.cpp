@@ -24,6 +24,7 @@ TEST(Node, AnswersNothingWhenItIsNull) {
     EXPECT_FALSE(none.selectSingleNode("a"));
     EXPECT_FALSE(none.HasAttribute("a"));
     EXPECT_EQ(none.Attribute("a"), "");
+    EXPECT_EQ(none.attributeCount(), 0);
 }
 
 TEST(NodeType, TellsEveryKind) {
@@ -110,6 +111,7 @@ TEST(Attribute, TellsAnAbsentFromAnEmptyOne) {
     EXPECT_EQ(doc.root().Attribute("c"), "1\n\"");
     EXPECT_FALSE(doc.root().HasAttribute("d"));
     EXPECT_EQ(doc.root().Attribute("d"), "");
+    EXPECT_EQ(doc.root().attributeCount(), 2);
 }
 
 TEST(NodeText, GoesDownAnyDepth) {

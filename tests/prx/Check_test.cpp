@@ -121,4 +121,18 @@ TEST(Check, ChangesNothing) {
     EXPECT_EQ(folder.Read("a.prx"), before);
 }
 
+TEST(Check, TellsWhatNoEditKeepsOfASoundFile) {
+    const Folder folder;
+    folder.CopyExample("house.prx", "a.prx");
+    EXPECT_EQ(folder.Prx({"check", "a.prx"}).err, "");
+    std::string text = Replaced(folder.Read("a.prx"), "<Project>", "<!-- ours --><Project owner=\"Ann\"><?stamp 1?>");
+    folder.Write("a.prx", Replaced(text, "</TaskName>", "<!-- checked --></TaskName>"));
+
+    const Result result = folder.Prx({"check", "a.prx"});
+
+    EXPECT_EQ(result.status, 0);
+    EXPECT_EQ(result.err,
+              "prx: no edit and no repair keeps what belongs to no record: 64 comments, 1 instruction, 1 attribute\n");
+}
+
 }  // namespace prx_test

@@ -99,6 +99,23 @@ TEST_F(LostElements, OfTheCalendar) {
                "Calendar: Holiday was not read, nor what stands behind it: ExceptionDay");
 }
 
+TEST_F(LostElements, OfTheDaysInTheCalendar) {
+    ExpectTold("<Holiday/>", "<Holiday>4/13/2026:4/13/2026;soon:soon;5/1/2026:5/1/2026</Holiday>",
+               "3 of 3 days in Holiday could not be read");
+    ExpectTold("7:7;1:1", "7:7;1", "2 of 2 days in NonWorkingDays could not be read");
+    ExpectTold("<Holiday/>", "<Holiday>4/13/2026:4/13/2026:Easter</Holiday>",
+               "Calendar: the end of \"4/13/2026:4/13/2026:Easter\" in Holiday was not read");
+}
+
+TEST_F(LostElements, OfARecordThatIsTheFirstToBeMissing) {
+    plan_.Write("a.prx", Replaced(kEveryElement, "<TaskPredecessor>1<", "<TaskPredecessor>1;1<"));
+    EXPECT_TRUE(
+        Has(plan_.Prx({"check", "a.prx"}).out,
+            "  1 of 2 records in Tasks could not be read\n  Tasks: Task 2 is the first that could not be read\n"));
+    plan_.Write("a.prx", Replaced(kEveryElement, "</Person>", "</Person><Person><Personkey>1</Personkey></Person>"));
+    EXPECT_TRUE(Has(plan_.Prx({"check", "a.prx"}).out, "  People: Person 1 is the first that could not be read\n"));
+}
+
 TEST_F(LostElements, OfATask) {
     ExpectTold("<PredecessorDirty>true</PredecessorDirty>",
                "<PredecessorDirty>true</PredecessorDirty><Remark>x</Remark>", "Task 2: Remark was not read");
