@@ -65,6 +65,10 @@ std::string CalendarAsText(const CalendarCls& calendar) {
                        Listed(Days(calendar.Holiday())), Listed(Days(calendar.ExceptionDay())));
 }
 
+bool HasWorkingDay(const CalendarCls& calendar) {
+    return !Weekdays(calendar, false).empty() || calendar.ExceptionDay()->Count() > 0;
+}
+
 std::string CalendarAsJson(const CalendarCls& calendar) {
     return json::Object()
         .Add("working", JsonTexts(Weekdays(calendar, false)))

@@ -82,7 +82,11 @@ void CheckChildren(const Ref<TasksCol>& tasks, Lines& lines) {
         for (const Variant& child : listed->Keys()) {
             const std::int64_t number = child.As<Long>();
             if (expected.erase(number) == 0) {
-                lines.push_back(fmt::format("{} lists task {}, which is no child of it", TitleOf(*entry.item), number));
+                const Ref<TasksCls> other = tasks->Item(Long(number));
+                lines.push_back(fmt::format("{} lists task {}, which {}", TitleOf(*entry.item), number,
+                                            other && !other->TaskCondidat()
+                                                ? "does not stand in the outline: its TaskCondidat is false"
+                                                : "is no child of it"));
             }
         }
         for (const std::int64_t missing : expected) {
@@ -106,7 +110,12 @@ public:
     void Compare(dom::Node record, const char* element, const TasksCls& task, const char* name, Date now,
                  Lines& lines) const {
         const dom::Node node = record.selectSingleNode(element);
-        if (!node || !now.set()) return;
+        if (!now.set()) return;
+        if (!node) {
+            lines.push_back(
+                fmt::format("the {} of {} is not there, and was set to {}", name, TitleOf(task), Text(now)));
+            return;
+        }
         const Date written = FailureTail("prx").Silent().Run<Date>(
             "FileDates", [&](Date& result) { result = Conversions::StringToDate(dates_.Adjusted(node.Text())); });
         if (!written.set() || written.day() == now) return;

@@ -4,6 +4,7 @@
 
 #include "mrlxmlclass/scheduling/CalendarCls.h"
 #include "mrlxmlclass/session/ModuleState.h"
+#include "prx/Calendar.h"
 #include "prx/Edit.h"
 #include "prx/Outline.h"
 #include "prx/Refusal.h"
@@ -24,6 +25,16 @@ void CheckDates(const TasksCls& task, Lines& lines) {
     }
 }
 
+/// No day is free between the two but by the calendar, and one that was changed leaves tasks as they are: only a task
+/// of a day at most is known to be too short. Of less than a day it may end on the next one.
+bool IsTooShort(TasksCls& task) {
+    if (task.TaskMilstones()) return false;
+    if (task.TaskDuration() == 0) return true;
+    constexpr int kMostDays = 2;
+    return task.TaskDurationUnit() == "days" && task.TaskDuration() <= 1 &&
+           task.SetDurationWithoutWeekend(task.TaskBDate(), task.TaskEDate()) > kMostDays;
+}
+
 /// Whatever days are free, it takes no more than there are; nor weeks or months, which a walk lays out as days where it
 /// steps over free ones. Hours and minutes may all lie in one day.
 void CheckLength(TasksCls& task, Lines& lines) {
@@ -31,7 +42,8 @@ void CheckLength(TasksCls& task, Lines& lines) {
     const double length = task.TaskDuration();
     const double days = task.TaskEDate().day().days() - task.TaskBDate().day().days() + 1;
     const String unit = task.TaskDurationUnit();
-    if (length >= 0 && length <= (unit == "hrs" || unit == "mins" ? kLongestDuration : days)) return;
+    const double most = unit == "hrs" || unit == "mins" ? kLongestDuration : days;
+    if (length >= 0 && length <= most && !IsTooShort(task)) return;
     lines.push_back(fmt::format("{} takes {} {}, from {} to {}", TitleOf(task), Text(length), unit,
                                 Text(task.TaskBDate()), Text(task.TaskEDate())));
 }
@@ -50,6 +62,19 @@ void CheckWeekdays(const CalendarCls& calendar, Lines& lines) {
         lines.push_back(fmt::format("the calendar has a free weekday \"{}\"; a week has 1 to {}",
                                     Plain(CutTo(day, kWidest)), kDaysOfAWeek));
     }
+    if (!HasWorkingDay(calendar)) lines.push_back("the calendar has no working day");
+}
+
+/// The library takes a day by the first half of its pair.
+void CheckPairs(const char* list, const Ref<Dictionary>& days, Lines& lines) {
+    constexpr std::size_t kWidest = 40;
+    for (const auto& entry : days->Snapshot()) {
+        const std::string first = entry.key.value().Key().text();
+        const std::string second = entry.item.Text();
+        if (first == second) continue;
+        lines.push_back(fmt::format("the calendar has \"{}:{}\" in {}, where both are one day",
+                                    Plain(CutTo(first, kWidest)), Plain(CutTo(second, kWidest)), list));
+    }
 }
 
 }  // namespace
@@ -61,7 +86,11 @@ Lines ValueFaults(const Project& project) {
         if (!project.tasks()->isParent(KeyOf(*row.task))) CheckLength(*row.task, lines);  // a summary's is mended
         CheckProgress(*row.task, lines);
     }
-    CheckWeekdays(*project.app().xCalendar(), lines);
+    const CalendarCls& calendar = *project.app().xCalendar();
+    CheckWeekdays(calendar, lines);
+    CheckPairs("NonWorkingDays", calendar.NonWorkingDay(), lines);
+    CheckPairs("Holiday", calendar.Holiday(), lines);
+    CheckPairs("ExceptionDay", calendar.ExceptionDay(), lines);
     return lines;
 }
 

@@ -4,6 +4,7 @@
 
 #include "prx/Command.h"
 #include "prx/Project.h"
+#include "prx/Refusal.h"
 #include "prx/Values.h"
 
 namespace prx {
@@ -13,7 +14,8 @@ using namespace mrlxmlclass;
 
 class Calendar : public EditCommand {
 public:
-    explicit Calendar(CLI::App& app) : EditCommand(app, "calendar", "Print the calendar, or change and print it") {
+    explicit Calendar(CLI::App& app)
+        : EditCommand(app, "calendar", "Print the calendar, or change and print it; tasks stay where they are") {
         options().add_option("--work", work_, "A weekday that is worked");
         options().add_option("--free", free_, "A weekday that is free");
         options().add_option("--holiday", holidays_, "A day that is free, yyyy-mm-dd");
@@ -50,6 +52,7 @@ private:
         for (const std::string& day : holidays_) calendar.SetADayAsHoliday(ReadDate(day));
         for (const std::string& day : no_exceptions_) calendar.SetAsNonException(ReadDate(day));
         for (const std::string& day : exceptions_) calendar.SetADayAsExceptionDay(ReadDate(day));
+        if (!HasWorkingDay(calendar)) throw Refusal("no day would be worked, and no task could end");
     }
 
     int Print(const Project& project) const {

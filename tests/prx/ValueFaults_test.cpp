@@ -27,6 +27,8 @@ TEST(ValueFaults, AreLengthsThatNoTaskHas) {
         const char* told;
     };
     for (const Row& row : {Row{"77", "takes 77 days, from 2026-03-02 to 2026-03-04"},
+                           Row{"0", "takes 0 days, from 2026-03-02 to 2026-03-04"},
+                           Row{"1", "takes 1 days, from 2026-03-02 to 2026-03-04"},
                            Row{"-1", "takes -1 days, from 2026-03-02 to 2026-03-04"},
                            Row{"1e30", "takes 1e+30 days, from 2026-03-02 to 2026-03-04"}}) {
         EXPECT_EQ(FaultsWith(kSurvey + "3<", kSurvey + row.length + "<"),
@@ -49,6 +51,26 @@ TEST(ValueFaults, AreSharesThatNothingCanBeDone) {
 TEST(ValueFaults, AreWeekdaysThatNoWeekHas) {
     EXPECT_EQ(FaultsWith("<NonWorkingDays>7:7;1:1<", "<NonWorkingDays>7:7;1:1;9:9<"),
               "Still wrong:\n  the calendar has a free weekday \"9\"; a week has 1 to 7\n");
+}
+
+TEST(ValueFaults, AreDaysOfTheCalendarThatAreTwo) {
+    EXPECT_TRUE(Has(FaultsWith("<Holiday>", "<Holiday>5/20/2026:5/21/2026;"),
+                    "Still wrong:\n  the calendar has \"5/20/2026:5/21/2026\" in Holiday, where both are one day\n"));
+    EXPECT_TRUE(Has(FaultsWith("<NonWorkingDays>7:7;1:1<", "<NonWorkingDays>7:7;1:1;2:x<"),
+                    "Still wrong:\n  the calendar has \"2:x\" in NonWorkingDays, where both are one day\n"));
+}
+
+TEST(ValueFaults, AreEndsThatAreNotThere) {
+    EXPECT_EQ(
+        FaultsWith("<TaskBDate>3/2/2026</TaskBDate><TaskEDate>3/4/2026</TaskEDate>", "<TaskBDate>3/2/2026</TaskBDate>"),
+        "Repaired in memory, not in the file:\n"
+        "  the end of task 2 \"Site survey\" is not there, and was set to 2026-03-05\n");
+}
+
+TEST(ValueFaults, AreWorkThatATaskListsAndThatLeftTheOutline) {
+    const std::string flags = "</TaskCondidat><TaskMilstones>false</TaskMilstones><TaskKey>63<";
+    EXPECT_TRUE(Has(FaultsWith("true" + flags, "false" + flags),
+                    " lists task 63, which does not stand in the outline: its TaskCondidat is false\n"));
 }
 
 TEST(ValueFaults, AreTextsBetweenTheElements) {
