@@ -1,6 +1,8 @@
 #include <fmt/core.h>
 
+#include <algorithm>
 #include <cstdio>
+#include <string_view>
 #include <system_error>
 
 #include "prx/Command.h"
@@ -22,6 +24,18 @@ void DemandWritten(const std::string& more = {}) {
 bool NamesNoCommand(const CLI::App& app, int argc, char** argv) {
     if (argc < 2 || argv[1][0] == '-') return false;
     return app.get_subcommands([&](const CLI::App* command) { return command->check_name(argv[1]); }).empty();
+}
+
+/// The parser would only say that a name is missing.
+bool TakenForAnOption(const CLI::App& app, int argc, char** argv) {
+    const std::vector<std::string> unknown = app.remaining(/*recurse=*/true);
+    return std::ranges::any_of(unknown, [](const std::string& text) { return text.starts_with('-'); }) ||
+           std::ranges::count(argv, argv + argc, std::string_view("++")) > 0;
+}
+
+int Tell(const char* what) {
+    std::fprintf(stderr, "prx: %s\n", what);
+    return Command::kRefused;
 }
 
 int Run(int argc, char** argv) {
@@ -46,7 +60,11 @@ int Run(int argc, char** argv) {
         }
         const bool asked_for = app.exit(error) == 0;
         DemandWritten();
-        return asked_for ? Command::kDone : Command::kRefused;
+        if (asked_for) return Command::kDone;
+        if (error.get_name() == "RequiredError" && TakenForAnOption(app, argc, argv)) {
+            Tell("a text that begins with a dash, or is \"++\", has to stand behind \"--\"");
+        }
+        return Command::kRefused;
     }
     for (const auto& command : commands) {
         if (!command->chosen()) continue;
@@ -61,11 +79,6 @@ int Run(int argc, char** argv) {
         DemandWritten(host.saved().empty() ? "" : ", but " + prx::Plain(host.saved()) + " was saved");
         return status;
     }
-    return Command::kRefused;
-}
-
-int Tell(const char* what) {
-    std::fprintf(stderr, "prx: %s\n", what);
     return Command::kRefused;
 }
 

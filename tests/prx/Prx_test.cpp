@@ -236,6 +236,18 @@ TEST(Prx, RefusesAnUnknownCommandAndAnUnknownOption) {
     EXPECT_NE(folder.Refusal({"show", "--loudly", "a.prx"}), "");
 }
 
+TEST(Prx, SaysHowATextIsGivenThatLooksLikeAnOption) {
+    const Folder folder;
+    folder.CopyExample("house.prx", "a.prx");
+    const std::string words = "prx: a text that begins with a dash, or is \"++\", has to stand behind \"--\"\n";
+    for (const char* name : {"-x", "++"}) {
+        EXPECT_TRUE(folder.Refusal({"rename", "a.prx", "2", name}).ends_with(words)) << name;
+        folder.Output({"rename", "a.prx", "2", "--", name});
+    }
+    EXPECT_FALSE(Has(folder.Refusal({"rename", "a.prx", "2"}), words));
+    EXPECT_FALSE(Has(folder.Refusal({"link", "a.prx", "2", "3", "--lga", "4"}), words));
+}
+
 TEST(Prx, TellsInWordsThatAFileIsNotThere) {
     const Folder folder;
 
