@@ -2,6 +2,8 @@
 
 #include <fmt/core.h>
 
+#include <algorithm>
+
 #include "prx/Refusal.h"
 
 namespace prx {
@@ -74,7 +76,8 @@ std::vector<CsvRow> ReadCsv(std::string_view text) {
     std::vector<CsvRow> rows;
     for (Reader reader(text); !reader.AtEnd();) {
         CsvRow row = reader.Row();
-        if (row.fields.size() > 1 || !row.fields[0].empty()) rows.push_back(std::move(row));
+        const auto says_something = [](const std::string& field) { return !field.empty(); };
+        if (std::ranges::any_of(row.fields, says_something)) rows.push_back(std::move(row));
     }
     return rows;
 }

@@ -13,7 +13,7 @@ struct CsvRow {
 };
 
 /// Reads such a table (RFC 4180: fields may be quoted, a quote inside is doubled, a quoted field may hold commas and
-/// line breaks); empty lines are passed by. Refuses, by line, what is none.
+/// line breaks); empty lines and rows of empty fields are passed by. Refuses, by line, what is none.
 std::vector<CsvRow> ReadCsv(std::string_view text);
 
 }  // namespace prx
