@@ -40,6 +40,11 @@ public:
         }
         return found_.Take();
     }
+    void MeasureMissingLeads() {
+        for (const auto& entry : tasks_->NewEnum()) {
+            if (entry.item->TaskKey() != 0 && entry.item->TaskPredecessorValid()) LookForLeads(*entry.item);
+        }
+    }
 
 private:
     void LookAtPredecessors(TasksCls& task) {
@@ -185,6 +190,10 @@ std::vector<std::string> LinksToNowhere(const Project& project) {
 
 std::vector<std::string> MendLinks(const Project& project) {
     return Links(project.tasks(), Findings::Purpose::kMend).Look();
+}
+
+void MeasureMissingLeads(const Project& project) {
+    Links(project.tasks(), Findings::Purpose::kMend).MeasureMissingLeads();
 }
 
 }  // namespace prx

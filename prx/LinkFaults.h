@@ -18,5 +18,8 @@ std::vector<std::string> LinksToNowhere(const Project& project);
 /// and a list of those that wait for a task follows them. A lead time that is missing or without days is measured by
 /// the dates.
 std::vector<std::string> MendLinks(const Project& project);
+/// Gives each link without a lead time the one that its dates tell: the library makes such links where it bridges over
+/// a task that is removed, and reads them as "right behind".
+void MeasureMissingLeads(const Project& project);
 
 }  // namespace prx

@@ -171,6 +171,7 @@ Project Project::ToEdit(Host& host, const std::string& file, bool force) {
     } else {
         project.RefuseUnlessWhole();
     }
+    MeasureMissingLeads(project);
     CountSummariesInDays(project);  // the library cannot add up below one of hours
     project.tasks()->Phases();      // a list that is not there yet cannot lose a phase
     project.tasks()->AutoLink(True);
@@ -299,7 +300,8 @@ void Project::RefuseIfFailed() const {
 
 void Project::Save() {
     constexpr std::size_t kMostLinksTold = 10;
-    MendSummaries(*this);  // a walk along the links leaves some as they were
+    MendSummaries(*this);        // a walk along the links leaves some as they were
+    MeasureMissingLeads(*this);  // and a link that bridges over a task
     const std::vector<std::string> mended = MendWhatLeadsNowhere();
     RefuseIfFailed();
     RefuseBeyondLastYear(*this);

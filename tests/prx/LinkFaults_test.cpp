@@ -103,6 +103,23 @@ TEST_F(Links, WithoutALeadTimeAreMeasuredAnew) {
     EXPECT_TRUE(Has(plan_.Read("b.prx"), "<TaskLeadTime>2|2</TaskLeadTime>"));
 }
 
+TEST_F(Links, WithoutALeadTimeKeepTheirGapThroughAnEdit) {
+    Damage("<TaskLeadTime>2|2</TaskLeadTime>", "<TaskLeadTime/>");
+    plan_.Edit({"set", "Design", "duration=4"});
+    EXPECT_EQ(plan_.Days("Build"), "2026-03-10 2026-03-12");
+    EXPECT_TRUE(Has(plan_.Read("a.prx"), "<TaskLeadTime>2|2</TaskLeadTime>"));
+}
+
+TEST_F(Links, HaveALeadTimeWhereTheyBridgeOverATask) {
+    for (const char* name : {"First", "Other", "Middle", "Last"}) plan_.Edit({"add", name, "--start", "2026-03-02"});
+    plan_.Edit({"link", "Middle", "First"});
+    plan_.Edit({"link", "Last", "Other", "--lag", "4"});
+    plan_.Edit({"link", "Last", "Middle", "--lag", "9"});
+    plan_.Edit({"remove", "Middle"});
+    EXPECT_TRUE(Has(plan_.Row("Last"), R"("predecessors": ["5", "6"])")) << plan_.Row("Last");
+    EXPECT_TRUE(Has(plan_.Read("a.prx"), ";5|"));
+}
+
 TEST_F(Links, WhoseOtherLeadTimesStay) {
     plan_.Output({"link", "a.prx", "Test", "Design", "--lag", "9"});
     Damage("<TaskLeadTime>2|9;3|4<", "<TaskLeadTime>2|x;3|4<");
