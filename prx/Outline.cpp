@@ -27,9 +27,9 @@ struct Column {
 
 // However deep a plan is and however long its names, a line stays a line.
 constexpr std::size_t kDeepestDrawn = 20;
-constexpr std::size_t kWidestName = 100;
 
 std::string NameCell(const OutlineRow& row) {
+    constexpr std::size_t kWidestName = 100;
     const std::string name = CutTo(Plain(CutTo(row.task->TaskName(), 2 * kWidestName)), kWidestName);
     return std::string(2 * std::min(row.level, kDeepestDrawn), ' ') + name;
 }

@@ -18,9 +18,8 @@ using namespace mrlxmlclass;
 
 namespace {
 
-constexpr std::size_t kWidestName = 60;
-
 std::string Shown(const std::string& name) {
+    constexpr std::size_t kWidestName = 60;
     return Plain(CutTo(name, kWidestName));
 }
 
