@@ -93,13 +93,13 @@ Long EditTask::Prepare(Integer Fromwhere, Boolean has_children, const Ref<Applic
 }
 
 void EditTask::ShowModally() {
-    closed_ = false;
+    if (closed_) return;  // the host may have had a word while the form was filled
     view_ = Platform().task_screens.NewView(*this);
     struct Ended {
         std::unique_ptr<EditTaskView>& view;
         ~Ended() { view.reset(); }
     } const ended{view_};
-    if (!closed_) view_->ShowModally();  // the host may have had a word meanwhile
+    if (!closed_) view_->ShowModally();  // or while the screen was made
 }
 
 void EditTask::Unload() {

@@ -112,7 +112,6 @@ void EditTask::VSFlexGridPredecessor_ComboCloseUp(Long Row, Long Col, ByRef<Bool
 void EditTask::VSFlexGridPredecessor_AfterEdit(Long Row, Long Col) {
     kTail.Run("VSFlexGridPredecessor_AfterEdit", [&] {
         GridControl& grid = VSFlexGridPredecessor;
-        predecessors_changed_ = True;
         if (Col == dialog::kLag && !grid.RowData(Row).empty() && IsNumeric(grid.TextMatrix(Row, Col))) {
             StartBehind(*tasks_->Item(grid.RowData(Row)), Conversions::StringToInteger(grid.TextMatrix(Row, Col)));
         } else if (Col == dialog::kLag) {
@@ -122,6 +121,7 @@ void EditTask::VSFlexGridPredecessor_AfterEdit(Long Row, Long Col) {
                 NoteRemoved(removed_predecessors_, previous_row_key_);
             }
         }
+        predecessors_changed_ = True;
     });
 }
 

@@ -1,5 +1,7 @@
 #include <gtest/gtest.h>
 
+#include <functional>
+
 #include "tests/support/Interruption.h"
 #include "tests/support/TaskDialog.h"
 
@@ -142,6 +144,31 @@ TEST(unloadtaskinfo, WhileTheScreenIsMadeShowsNothing) {
     plan.Task("Design").From(Monday).Lasting(3);
     plan.platform.screens.on_new_view = [&] { plan.app->unloadtaskinfo(); };
     EXPECT_EQ(EditInDialog(plan, "Design", [](EditTask&) { ADD_FAILURE() << "it shows"; }), False);
+    EXPECT_EQ(plan.platform.screens.shown, 0);
+    EXPECT_EQ(Module().g_TaskInfoUnloading, False);
+}
+
+/// Calls back whenever it is asked for the time.
+class TellingClock : public Clock {
+public:
+    explicit TellingClock(std::function<void()> asked) : asked_(std::move(asked)) {}
+    Date Now() override {
+        asked_();
+        return Monday;
+    }
+
+private:
+    std::function<void()> asked_;
+};
+
+TEST(unloadtaskinfo, WhileTheFormIsFilledShowsNothing) {
+    Plan plan;
+    plan.Task("Someday");
+    TellingClock clock([&] { plan.app->unloadtaskinfo(); });
+    Services services{clock,         Platform().locale,    Platform().files,        Platform().shell,
+                      Platform().ui, Platform().old_plans, Platform().task_screens, Platform().help_systems};
+    const InstalledServices installed(services);
+    EXPECT_EQ(EditInDialog(plan, "Someday", [](EditTask&) { ADD_FAILURE() << "it shows"; }), False);
     EXPECT_EQ(plan.platform.screens.shown, 0);
     EXPECT_EQ(Module().g_TaskInfoUnloading, False);
 }
