@@ -140,11 +140,11 @@ std::vector<String> NamesIn(std::string_view field) {
 }
 
 /// One column of the table: where its text goes.
-struct Column {
+struct CsvColumn {
     const char* name;
     void (*read)(Row& row, std::string_view text);
 };
-constexpr Column kColumns[] = {
+constexpr CsvColumn kColumns[] = {
     {"kind", [](Row& row, std::string_view text) { row.kind = LowerCase(text); }},
     {"name", [](Row& row, std::string_view text) { row.name = ReadName(text); }},
     {"level", [](Row& row, std::string_view text) { row.level = int(ReadWhole(text, 1, kMostLevels).value()); }},
@@ -156,8 +156,8 @@ constexpr Column kColumns[] = {
     {"tasks", [](Row& row, std::string_view text) { row.tasks = NamesIn(text); }},
 };
 
-std::vector<const Column*> ColumnsNamedIn(const CsvRow& header) {
-    std::vector<const Column*> columns;
+std::vector<const CsvColumn*> ColumnsNamedIn(const CsvRow& header) {
+    std::vector<const CsvColumn*> columns;
     if (header.fields.size() == 1 && header.fields[0].find(';') != std::string::npos) {
         RefuseLine(header.line, "fields are parted by \",\", not by \";\"");
     }
@@ -165,12 +165,12 @@ std::vector<const Column*> ColumnsNamedIn(const CsvRow& header) {
         const std::string name = LowerCase(Trim(field));
         if (name.empty()) RefuseLine(header.line, fmt::format("column {} has no name", columns.size() + 1));
         const auto known =
-            std::ranges::find(kColumns, name, [](const Column& column) { return std::string_view(column.name); });
+            std::ranges::find(kColumns, name, [](const CsvColumn& column) { return std::string_view(column.name); });
         if (known == std::end(kColumns)) RefuseLine(header.line, fmt::format("there is no column \"{}\"", Plain(name)));
         if (std::ranges::count(columns, &*known) > 0) RefuseLine(header.line, fmt::format("two columns \"{}\"", name));
         columns.push_back(&*known);
     }
-    for (const Column* needed : {&kColumns[0], &kColumns[1]}) {
+    for (const CsvColumn* needed : {&kColumns[0], &kColumns[1]}) {
         if (std::ranges::count(columns, needed) == 0) {
             RefuseLine(header.line,
                        fmt::format("the first row names the columns, and \"{}\" is missing", needed->name));
@@ -186,7 +186,7 @@ bool IsUtf8(std::string_view text) {
     return true;
 }
 
-Row ReadRow(const CsvRow& source, const std::vector<const Column*>& columns) {
+Row ReadRow(const CsvRow& source, const std::vector<const CsvColumn*>& columns) {
     if (source.fields.size() != columns.size()) {
         RefuseLine(source.line, fmt::format("{} fields; the first row has {}", source.fields.size(), columns.size()));
     }
@@ -210,9 +210,9 @@ Row ReadRow(const CsvRow& source, const std::vector<const Column*>& columns) {
 }
 
 /// Puts the rows of a table together.
-class Table {
+class CsvTable {
 public:
-    explicit Table(String name) : project_(Make<TableProject>(std::move(name))) {}
+    explicit CsvTable(String name) : project_(Make<TableProject>(std::move(name))) {}
 
     void Add(const Row& row) {
         if (row.kind == "phase" || row.kind == "task") return AddToOutline(row);
@@ -342,8 +342,8 @@ CsvPlan::CsvPlan(std::string_view text, std::string name) {
     }
     const std::vector<CsvRow> rows = ReadCsv(text);
     if (rows.empty()) throw Refusal("the table is empty");
-    const std::vector<const Column*> columns = ColumnsNamedIn(rows.front());
-    Table table(std::move(name));
+    const std::vector<const CsvColumn*> columns = ColumnsNamedIn(rows.front());
+    CsvTable table(std::move(name));
     for (std::size_t i = 1; i < rows.size(); ++i) table.Add(ReadRow(rows[i], columns));
     project_ = table.Whole();
     outline_ = table.Outline();

@@ -21,7 +21,7 @@
 namespace mrlxmlclass::qt {
 namespace {
 
-QDate ToQt(Date date) {
+QDate DateToQt(Date date) {
     return {date.year(), date.month(), date.day_of_month()};
 }
 
@@ -87,7 +87,7 @@ void DateField::Left() {
 
 bool DateField::Shows(QDate day) const {
     const Date* shown = control_.Value().If<Date>();
-    return shown != nullptr && ToQt(*shown) == day;
+    return shown != nullptr && DateToQt(*shown) == day;
 }
 
 void DateField::Chosen() {
@@ -131,9 +131,8 @@ void DateField::Show() {
     has_date_->setChecked(date != nullptr);
     date_->setEnabled(date != nullptr);
     // Another format leads the caret to the first part of the date, so the same one is not set again.
-    if (const QString format = qt::ToQt(control_.CustomFormat()); format_ != format)
-        UseFormat(*date_, *(format_ = format));
-    if (date != nullptr) date_->setDate(ToQt(*date));
+    if (const QString format = ToQt(control_.CustomFormat()); format_ != format) UseFormat(*date_, *(format_ = format));
+    if (date != nullptr) date_->setDate(DateToQt(*date));
 }
 
 void DateField::focusInEvent(QFocusEvent* event) {
