@@ -139,6 +139,10 @@ Remarks LostAsSummary(const Project& project, TasksCls& task) {
                         Text(task.TaskCost()))};
 }
 
+bool CountsInDays(TasksCls& task) {
+    return task.TaskDurationUnit() == "days";
+}
+
 void CountInDays(TasksCls& summary) {
     summary.TaskDurationUnit("days");
     summary.TaskDurationUnitValid("True");

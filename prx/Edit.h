@@ -26,6 +26,7 @@ using Remarks = std::vector<std::string>;
 /// What a task would lose by its first child beside its links, as a summary; nothing for one that has children.
 Remarks LostAsSummary(const Project& project, mrlxmlclass::TasksCls& task);
 
+bool CountsInDays(mrlxmlclass::TasksCls& task);
 /// What becomes a summary counts in days from then on, as the library measures it.
 void CountInDays(mrlxmlclass::TasksCls& summary);
 

@@ -11,8 +11,8 @@ namespace {
 
 constexpr double kADay = 1;
 
-bool CountsInDays(TasksCls& task) {
-    return task.TaskDurationUnit() == "days" && !task.TaskMilstones();
+bool LastsSomeDays(TasksCls& task) {
+    return CountsInDays(task) && !task.TaskMilstones();
 }
 
 bool IsPartOfOneDay(TasksCls& task) {
@@ -24,7 +24,7 @@ bool IsPartOfOneDay(TasksCls& task) {
 OneDayEach::OneDayEach(const Project& project, const TasksCls* but) : tasks_(project.tasks()) {
     for (const OutlineRow& row : Outline(tasks_)) {
         TasksCls& task = *row.task;
-        if (&task == but || !IsPartOfOneDay(task) || !CountsInDays(task) || tasks_->isParent(KeyOf(task))) continue;
+        if (&task == but || !IsPartOfOneDay(task) || !LastsSomeDays(task) || tasks_->isParent(KeyOf(task))) continue;
         short_tasks_.push_back({row.task, task.TaskDuration(), task.TaskBDate()});
         task.TaskDuration(kADay);
     }
@@ -32,7 +32,7 @@ OneDayEach::OneDayEach(const Project& project, const TasksCls* but) : tasks_(pro
 
 OneDayEach::~OneDayEach() {
     for (const auto& [task, length, start] : short_tasks_) {
-        if (task->TaskDuration() != kADay || !CountsInDays(*task)) continue;  // it was given another
+        if (task->TaskDuration() != kADay || !LastsSomeDays(*task)) continue;  // it was given another
         task->TaskDuration(length);                                           // one of less than a day moves no end
         if (task->TaskBDate() == start) continue;
         for (const auto event : {&TasksColEvents::DurationChange, &TasksColEvents::TaskDurationChange}) {

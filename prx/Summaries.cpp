@@ -48,10 +48,6 @@ bool Spans(const TasksCls& summary, const Sum& sum) {
     return !sum.start.set() || (summary.TaskBDate() == sum.start && summary.TaskEDate() == sum.end);
 }
 
-bool CountsInDays(TasksCls& summary) {
-    return summary.TaskDurationUnit() == "days";
-}
-
 /// All the working days of its span, as the library counts them.
 bool LastsItsSpan(TasksCls& summary) {
     if (!CountsInDays(summary) || !summary.TaskBDate().set()) return true;
