@@ -33,7 +33,7 @@ OneDayEach::OneDayEach(const Project& project, const TasksCls* but) : tasks_(pro
 OneDayEach::~OneDayEach() {
     for (const auto& [task, length, start] : short_tasks_) {
         if (task->TaskDuration() != kADay || !LastsSomeDays(*task)) continue;  // it was given another
-        task->TaskDuration(length);                                           // one of less than a day moves no end
+        task->TaskDuration(length);                                            // one of less than a day moves no end
         if (task->TaskBDate() == start) continue;
         for (const auto event : {&TasksColEvents::DurationChange, &TasksColEvents::TaskDurationChange}) {
             tasks_->Events.Raise(event, task->TaskKey(), length, task->TaskDurationUnit(), False, False);
