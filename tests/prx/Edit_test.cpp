@@ -136,6 +136,7 @@ TEST_F(PersonAtTheWindow, ReadsInABoxThatAnAttachmentIsGone) {
 }
 
 TEST_F(PersonAtTheWindow, SavesThoughSomethingFailedOnTheWay) {
+    const Variable knows("PERSON_KNOWS", "Eve");
     const Variable lags("PERSON_LAGS", "2");
     const Variable presses("PERSON_PRESSES", "CmdOK");
     const Result result = folder.Prx({"edit", "a.prx", "Kitchen"});
@@ -143,7 +144,8 @@ TEST_F(PersonAtTheWindow, SavesThoughSomethingFailedOnTheWay) {
     EXPECT_NE(result.err.find("prx: in the window: The value is not of the type that is needed (13 in EditTask."),
               std::string::npos)
         << result.err;
-    EXPECT_NE(folder.Row("Kitchen").find("\"lag\": 2"), std::string::npos) << folder.Row("Kitchen");
+    EXPECT_NE(folder.Read("a.prx").find("Eve"), std::string::npos);
+    EXPECT_EQ(folder.Row("Kitchen").find("\"lag\": 2"), std::string::npos) << folder.Row("Kitchen");
 }
 
 TEST_F(PersonAtTheWindow, ReadsThatThereIsNoHelp) {
