@@ -18,7 +18,7 @@ std::optional<std::uint32_t> PlaceOf(const NumberedPlaces& places, KeyText key) 
 
 /// Small and large numbers, on both sides of what is held by number, and texts that are none.
 std::vector<KeyText> Keys() {
-    return {0, 1, 2, 17, 32766, 32767, 32768, 100'000, kLargestLong, "", "05", "-1", "row", "2147483648", " 1"};
+    return {0, 1, 2, 17, 63, 64, 65, 80, 32766, 32767, 32768, 100'000, kLargestLong, "", "05", "-1", "row", "2147483648", " 1"};
 }
 
 TEST(NumberedPlaces, IsEmptyAtFirst) {
@@ -69,6 +69,24 @@ TEST(NumberedPlaces, TakesANewPlaceUnderTheSameNumber) {
     EXPECT_EQ(PlaceOf(places, 3), 9U);
     places.Remove(3);
     EXPECT_TRUE(places.empty());
+}
+
+TEST(NumberedPlaces, FindsAllOfAPlanInWhateverOrderItsKeysCome) {
+    constexpr std::int32_t kKeys = 3000;
+    const auto expect_all = [](const NumberedPlaces& places) {
+        for (std::int32_t key = 1; key <= kKeys; ++key) {
+            ASSERT_EQ(PlaceOf(places, key), static_cast<std::uint32_t>(key)) << key;
+        }
+        EXPECT_EQ(PlaceOf(places, kKeys + 1), std::nullopt);
+    };
+    NumberedPlaces up;
+    NumberedPlaces down;
+    for (std::int32_t key = 1; key <= kKeys; ++key) up.Add(key, static_cast<std::uint32_t>(key));
+    for (std::int32_t key = kKeys; key >= 1; --key) down.Add(key, static_cast<std::uint32_t>(key));
+    expect_all(up);
+    expect_all(down);
+    for (std::int32_t key = 1; key <= kKeys; ++key) down.Remove(key);
+    EXPECT_TRUE(down.empty());
 }
 
 TEST(NumberedPlaces, ForgetsEverything) {
