@@ -65,8 +65,8 @@ std::string CalendarAsText(const CalendarCls& calendar) {
                        Listed(Days(calendar.Holiday())), Listed(Days(calendar.ExceptionDay())));
 }
 
-bool HasWorkingDay(const CalendarCls& calendar) {
-    return !Weekdays(calendar, false).empty() || calendar.ExceptionDay()->Count() > 0;
+bool HasWorkingWeekday(const CalendarCls& calendar) {
+    return !Weekdays(calendar, false).empty();
 }
 
 std::string CalendarAsJson(const CalendarCls& calendar) {

@@ -9,7 +9,7 @@ namespace prx {
 /// Working and free weekdays, holidays and exceptions, a line each.
 std::string CalendarAsText(const mrlxmlclass::CalendarCls& calendar);
 /// Whether any day is worked: a weekday, or an exception.
-bool HasWorkingDay(const mrlxmlclass::CalendarCls& calendar);
+bool HasWorkingWeekday(const mrlxmlclass::CalendarCls& calendar);
 /// In one line.
 std::string CalendarAsJson(const mrlxmlclass::CalendarCls& calendar);
 

@@ -4,6 +4,7 @@
 
 #include <algorithm>
 
+#include "mrlxmlclass/runtime/Text.h"
 #include "prx/Refusal.h"
 
 namespace prx {
@@ -76,7 +77,7 @@ std::vector<CsvRow> ReadCsv(std::string_view text) {
     std::vector<CsvRow> rows;
     for (Reader reader(text); !reader.AtEnd();) {
         CsvRow row = reader.Row();
-        const auto says_something = [](const std::string& field) { return !field.empty(); };
+        const auto says_something = [](const std::string& field) { return !Trim(field).empty(); };
         if (std::ranges::any_of(row.fields, says_something)) rows.push_back(std::move(row));
     }
     return rows;

@@ -40,10 +40,11 @@ public:
         }
         return found_.Take();
     }
-    void MeasureMissingLeads() {
+    std::vector<std::string> MeasureMissingLeads() {
         for (const auto& entry : tasks_->NewEnum()) {
             if (entry.item->TaskKey() != 0 && entry.item->TaskPredecessorValid()) LookForLeads(*entry.item);
         }
+        return found_.Take();
     }
 
 private:
@@ -137,7 +138,9 @@ private:
         }
         for (const auto& entry : task.TaskPredecessor()->Snapshot()) {
             const std::string key = entry.item.Key().text();
-            if (led.contains(key) || !tasks_->Item(key) || !WaitsFor(task, key)) continue;
+            const Ref<TasksCls> predecessor = tasks_->Item(key);
+            if (led.contains(key) || !predecessor || !WaitsFor(task, key)) continue;
+            if (!WhyNot(task, *predecessor).empty()) continue;  // the link itself is what is wrong
             found_.Tell(fmt::format("{} keeps no lead time for task {}, for which it waits", TitleOf(task), Plain(key)),
                         "measured anew");
             if (found_.mends()) tasks_->AddLeadTime(KeyOf(task), key, GapTowards(task, key));
@@ -192,8 +195,8 @@ std::vector<std::string> MendLinks(const Project& project) {
     return Links(project.tasks(), Findings::Purpose::kMend).Look();
 }
 
-void MeasureMissingLeads(const Project& project) {
-    Links(project.tasks(), Findings::Purpose::kMend).MeasureMissingLeads();
+std::vector<std::string> MeasureMissingLeads(const Project& project) {
+    return Links(project.tasks(), Findings::Purpose::kMend).MeasureMissingLeads();
 }
 
 }  // namespace prx

@@ -19,7 +19,7 @@ std::vector<std::string> LinksToNowhere(const Project& project);
 /// the dates.
 std::vector<std::string> MendLinks(const Project& project);
 /// Gives each link without a lead time the one that its dates tell: the library makes such links where it bridges over
-/// a task that is removed, and reads them as "right behind".
-void MeasureMissingLeads(const Project& project);
+/// a task that is removed, and reads them as "right behind". Tells what was done.
+std::vector<std::string> MeasureMissingLeads(const Project& project);
 
 }  // namespace prx

@@ -16,7 +16,8 @@ bool LastsSomeDays(TasksCls& task) {
 }
 
 bool IsPartOfOneDay(TasksCls& task) {
-    return task.TaskDuration() > 0 && task.TaskDuration() < kADay && task.TaskEDate().day() == task.TaskBDate().day();
+    return task.TaskBDate().set() && task.TaskDuration() > 0 && task.TaskDuration() < kADay &&
+           task.TaskEDate().day() == task.TaskBDate().day();
 }
 
 }  // namespace

@@ -6,6 +6,7 @@
 
 #include <algorithm>
 #include <filesystem>
+#include <utility>
 
 #include "mrlxmlclass/dom/Document.h"
 #include "mrlxmlclass/runtime/Tail.h"
@@ -171,7 +172,7 @@ Project Project::ToEdit(Host& host, const std::string& file, bool force) {
     } else {
         project.RefuseUnlessWhole();
     }
-    MeasureMissingLeads(project);
+    project.mended_at_opening_ = MeasureMissingLeads(project);
     CountSummariesInDays(project);  // the library cannot add up below one of hours
     project.tasks()->Phases();      // a list that is not there yet cannot lose a phase
     project.tasks()->AutoLink(True);
@@ -307,6 +308,7 @@ void Project::Save() {
     RefuseBeyondLastYear(*this);
     const std::vector<std::string> link_changes = Shortened(links().Told(), kMostLinksTold);
     Write();
+    TellEach("was mended", std::exchange(mended_at_opening_, {}));
     TellEach("was mended", mended);
     for (const std::string& change : link_changes) Platform().ui.Message(change);
 }

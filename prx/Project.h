@@ -84,6 +84,7 @@ private:
     std::unique_ptr<LinkChanges> links_ = std::make_unique<LinkChanges>();
     bool read_only_ = false;
     std::size_t failures_at_opening_ = 0;
+    std::vector<std::string> mended_at_opening_;  ///< not told yet: nothing is saved
 };
 
 }  // namespace prx

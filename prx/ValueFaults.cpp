@@ -62,7 +62,7 @@ void CheckWeekdays(const CalendarCls& calendar, Lines& lines) {
         lines.push_back(fmt::format("the calendar has a free weekday \"{}\"; a week has 1 to {}",
                                     Plain(CutTo(day, kWidest)), kDaysOfAWeek));
     }
-    if (!HasWorkingDay(calendar)) lines.push_back("the calendar has no working day");
+    if (!HasWorkingWeekday(calendar)) lines.push_back("the calendar has no working weekday");
 }
 
 /// The library takes a day by the first half of its pair.

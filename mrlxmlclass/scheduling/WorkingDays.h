@@ -24,9 +24,10 @@ public:
     }
     /// The same from `first` to so many days behind it.
     std::int64_t CountNonWorking(Date first, std::int64_t days) const {
+        static_cast<void>(first + static_cast<double>(days));  // fails outside the calendar
+        if (table_ == nullptr) return 0;
         const int first_day = first.number();
-        if (!Date(static_cast<double>(first_day + days)).in_calendar()) Raise(failure::kOverflow);
-        return table_ != nullptr ? table_->CountNonWorking(first_day, first_day + static_cast<int>(days)) : 0;
+        return table_->CountNonWorking(first_day, first_day + static_cast<int>(days));
     }
     /// The `count`-th working day after the day of `date`; nothing without a calendar, and where it would take more
     /// than 10,000 days.

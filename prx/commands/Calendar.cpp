@@ -52,7 +52,7 @@ private:
         for (const std::string& day : holidays_) calendar.SetADayAsHoliday(ReadDate(day));
         for (const std::string& day : no_exceptions_) calendar.SetAsNonException(ReadDate(day));
         for (const std::string& day : exceptions_) calendar.SetADayAsExceptionDay(ReadDate(day));
-        if (!HasWorkingDay(calendar)) throw Refusal("no day would be worked, and no task could end");
+        if (!HasWorkingWeekday(calendar)) throw Refusal("no weekday would be worked, and no task could end");
     }
 
     int Print(const Project& project) const {

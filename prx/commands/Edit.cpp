@@ -4,6 +4,7 @@
 #include "prx/Command.h"
 #include "prx/Content.h"
 #include "prx/EventLog.h"
+#include "prx/OneDayEach.h"
 #include "prx/Refusal.h"
 #include "prx/Windows.h"
 
@@ -42,7 +43,10 @@ public:
             return kDone;
         }
         // The dialog stores dates without moving what depends on them.
-        if (task->TaskBDate() != start || task->TaskEDate() != end) DatesChanged(project, *task);
+        if (task->TaskBDate() != start || task->TaskEDate() != end) {
+            const OneDayEach aside(project, task.get());
+            DatesChanged(project, *task);
+        }
         project.Save();
         events.Print();
         return kDone;

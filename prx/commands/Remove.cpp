@@ -12,8 +12,8 @@ public:
         : EditCommand(app, "remove", "Remove a task with all below it and print what followed") {
         options().add_option("TASK", task_, "A key, #row or name")->required();
         options().footer(
-            "Its links go. Over the hole, the last task that waited for it is put right behind the last one that it "
-            "waited for and linked to it; others may move with that. What comes of it for the links is told.");
+            "Its links go. Over the hole, the last task that waited for it then waits for the last one that it waited "
+            "for, and may move, with all behind it. What comes of it for the links is told.");
     }
 
     int Run(Host& host) override {

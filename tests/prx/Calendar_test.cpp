@@ -62,7 +62,7 @@ TEST(Calendar, MayHaveNoWorkingDayAtAllWithoutHangingAnybody) {
     folder.Write("a.prx", Replaced(folder.Read("a.prx"), ">7:7;1:1<", ">1:1;2:2;3:3;4:4;5:5;6:6;7:7<"));
 
     EXPECT_NE(folder.Refusal({"add", "a.prx", "Task", "--start", "2026-03-02"}), "");
-    EXPECT_EQ(folder.Prx({"check", "a.prx"}).out, "Still wrong:\n  the calendar has no working day\n");
+    EXPECT_EQ(folder.Prx({"check", "a.prx"}).out, "Still wrong:\n  the calendar has no working weekday\n");
     folder.Output({"calendar", "a.prx", "--work", "mon"});
     folder.Output({"check", "a.prx"});
 }
@@ -73,10 +73,10 @@ TEST(Calendar, LosesNoLastWorkingDay) {
     folder.Output({"calendar", "a.prx", "--free", "mon", "--free", "tue", "--free", "wed", "--free", "thu"});
     const std::string before = folder.Read("a.prx");
 
-    EXPECT_EQ(folder.Refusal({"calendar", "a.prx", "--free", "fri"}),
-              "prx: no day would be worked, and no task could end\n");
+    const std::string refusal = "prx: no weekday would be worked, and no task could end\n";
+    EXPECT_EQ(folder.Refusal({"calendar", "a.prx", "--free", "fri"}), refusal);
+    EXPECT_EQ(folder.Refusal({"calendar", "a.prx", "--free", "fri", "--exception", "2026-06-21"}), refusal);
     EXPECT_EQ(folder.Read("a.prx"), before);
-    folder.Output({"calendar", "a.prx", "--free", "fri", "--exception", "2026-06-21"});
 }
 
 }  // namespace prx_test

@@ -29,6 +29,7 @@ TEST(Import, BuildsThePlanOfATable) {
                  "task,3,Draw,2026-03-05,2026-03-06,no,,Cleo,\r\n"
                  "\r\n"
                  ",,,,,,,,\r\n"
+                 " , ,,,,,,,  \r\n"
                  "phase,,Concert,2026-04-04,2026-04-04,,,,\r\n"
                  "person,,Bob,,,,,,Fix the van\r\n"
                  "goal,,Full house,,,,More than last year,,Write to the paper\r\n"

@@ -105,7 +105,10 @@ TEST_F(Links, WithoutALeadTimeAreMeasuredAnew) {
 
 TEST_F(Links, WithoutALeadTimeKeepTheirGapThroughAnEdit) {
     Damage("<TaskLeadTime>2|2</TaskLeadTime>", "<TaskLeadTime/>");
-    plan_.Edit({"set", "Design", "duration=4"});
+    const Result edited = plan_.Prx({"set", "a.prx", "Design", "duration=4"});
+    EXPECT_EQ(edited.status, 0);
+    EXPECT_TRUE(Has(edited.err, "task 3 \"Build\" keeps no lead time for task 2, for which it waits: measured anew\n"))
+        << edited.err;
     EXPECT_EQ(plan_.Days("Build"), "2026-03-10 2026-03-12");
     EXPECT_TRUE(Has(plan_.Read("a.prx"), "<TaskLeadTime>2|2</TaskLeadTime>"));
 }

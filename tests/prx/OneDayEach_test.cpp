@@ -32,6 +32,18 @@ TEST_F(OneDayEach, LastsATaskOfAPartOfADayThatStartsElsewhere) {
     ExpectOn("2026-12-11", "2026-12-14");
 }
 
+TEST_F(OneDayEach, GivesNoTaskDatesThatHasNone) {
+    std::string file = plan_.Read("a.prx");
+    for (const char* date : {"TaskBDate", "TaskEDate"}) {
+        file = Replaced(file, std::string("<") + date + ">12/8/2026</" + date + ">", "");
+    }
+    plan_.Write("a.prx", file);
+    const Result edited = plan_.Prx({"set", "a.prx", "Before", "done=50"});
+    EXPECT_EQ(edited.status, 0) << edited.err;
+    EXPECT_FALSE(Has(edited.out, "(2, ")) << edited.out;
+    EXPECT_TRUE(Has(plan_.Row("Half"), R"("start": null)")) << plan_.Row("Half");
+}
+
 TEST_F(OneDayEach, LastsOneThatFollowsAnotherTask) {
     plan_.Edit({"set", "Before", "duration=4"});
     ExpectOn("2026-12-11", "2026-12-14");
