@@ -203,6 +203,32 @@ TEST_F(NotesPage, AttachesAnAddressThatWasPastedWithTheEndOfItsLine) {
     }
 }
 
+TEST_F(NotesPage, ShowsTheAddressWithoutTheLinesThatWerePasted) {
+    Use([](QWidget& window) {
+        Then([](QWidget& address) {
+            auto& line = Find<QLineEdit>(address, "txturl");
+            const auto paste = [&line](const char* lines) {
+                QGuiApplication::clipboard()->setText(lines);
+                QTest::keyClick(&line, Qt::Key_V, Qt::ControlModifier);
+            };
+            paste("one.example\n");
+            QTest::keyClicks(&line, "/y");
+            EXPECT_EQ(line.text(), "http://www.one.example/y");
+            line.cursorBackward(/*mark=*/false);
+            paste("\r\nx\r\n");
+            EXPECT_EQ(line.text(), "http://www.one.example/ x y");
+            QTest::keyClick(&line, Qt::Key_Backspace);
+            QTest::keyClick(&line, Qt::Key_Home);
+            for (int n = 0; n < 23; ++n) QTest::keyClick(&line, Qt::Key_Right);
+            QTest::keyClick(&line, Qt::Key_Delete);
+            EXPECT_EQ(line.text(), "http://www.one.example/xy");
+            Click(Find(address, "CmdOK"));
+        });
+        Click(Find(window, "Cmdlink"));
+        EXPECT_EQ(Shown(Attachments(window)), "http://www.one.example/xy\n");
+    });
+}
+
 TEST_F(NotesPage, AttachesNoAddressOfTwoLines) {
     QGuiApplication::clipboard()->setText("www.one.example\nwww.two.example");
     Use([](QWidget& window) {
