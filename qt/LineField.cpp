@@ -50,7 +50,7 @@ void LineField::Show() {
     line_.setReadOnly(static_cast<bool>(control_.Locked()));
     // What the program put there may be longer than what may be typed. Another length, be it the same, takes the caret
     // and what can be undone away.
-    const int caret = line_.cursorPosition();
+    const int caret = static_cast<int>(line_.text().first(line_.cursorPosition()).replace("\r\n", "\n").size());
     const int length = most == 0 ? kMostOfAnyLine : std::max(most, static_cast<int>(text.size()));
     if (line_.maxLength() != length) line_.setMaxLength(length);
     if (line_.text() != text) {

@@ -126,6 +126,19 @@ TEST_F(LineField, HandsOverThePastedLinesOfANameAsTheSystemBreaksThem) {
     }
 }
 
+TEST_F(LineField, KeepsTheCaretBehindLinesThatWerePastedIntoAName) {
+    QGuiApplication::clipboard()->setText("X\r\nY");
+    plan.Edit("Design", [](QWidget& window) {
+        auto& name = Find<QLineEdit>(window, "TxtName");
+        name.setFocus();
+        name.setCursorPosition(2);
+        QTest::keyClick(&name, Qt::Key_V, Qt::ControlModifier);
+        QTest::keyClicks(&name, "!");
+        EXPECT_EQ(name.text(), "DeX\nY!sign");
+        Click(Find(window, "CmdCancel"));
+    });
+}
+
 // --- The percentage --------------------------------------------------------------------------------------------------
 
 TEST_F(LineField, TakesAPercentageOfTwoDigitsThoughTheSignComesWithTheFirst) {
