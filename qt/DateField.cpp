@@ -52,6 +52,12 @@ void HideCaret(QLineEdit& line, QEvent& focus_out) {
     line.setValidator(validator);
 }
 
+/// A key that is held down steps no further: where it is let go the date does not hear of it.
+void StopStepping(QDateEdit& date) {
+    QKeyEvent release(QEvent::KeyRelease, Qt::Key_unknown, Qt::NoModifier);
+    QCoreApplication::sendEvent(&date, &release);
+}
+
 }  // namespace
 
 DateField::DateField(const EditTask& form, DateControl& control, std::function<void()> changed)
@@ -154,6 +160,7 @@ bool DateField::eventFilter(QObject* watched, QEvent* event) {
                 Left();
                 return false;
             }
+            StopStepping(*date_);
             HideCaret(*line_, *event);
             date_->update();
             return true;  // the date itself would take what is half typed

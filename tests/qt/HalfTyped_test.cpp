@@ -160,6 +160,31 @@ TEST_F(HalfTyped, CountsAsTypedWhenOkIsPressedFromAnotherWindow) {
     EXPECT_EQ(plan["Design"].TaskBDate(), Wednesday + 14);
 }
 
+TEST_F(HalfTyped, StepsADateNoFurtherWhileThePersonLooksElsewhere) {
+    constexpr int kSomeSteps = 500;
+    for (const auto& look_away : elsewhere_) {
+        plan.Edit(
+            "Design",
+            [&](QWidget& window) {
+                QDateEdit& end = DateIn(window, "DTPickerEnd");
+                end.setFocus();
+                end.setSelectedSection(QDateTimeEdit::DaySection);
+                for (const bool repeated : {false, true}) {  // Up is held down, and let go elsewhere
+                    QKeyEvent up(QEvent::KeyPress, Qt::Key_Up, Qt::NoModifier, QString(), repeated);
+                    QCoreApplication::sendEvent(&end, &up);
+                }
+                look_away(window);
+                const QDate there = end.date();
+                QTest::qWait(kSomeSteps);
+                EXPECT_EQ(end.date(), there);
+                QTest::keyClick(&end, Qt::Key_Up);
+                EXPECT_EQ(end.date(), there.addDays(1));
+                Click(Find(window, "CmdCancel"));
+            },
+            2, "dd/MM/yyyy");
+    }
+}
+
 TEST_F(HalfTyped, TellsNothingOfAFieldThatIsLeftWithTheDialog) {
     const std::function<void(QWidget&)> ways[] = {
         [](QWidget& window) { QTest::keyClick(&window, Qt::Key_Escape); },
