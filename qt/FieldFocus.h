@@ -1,6 +1,8 @@
 #pragma once
 
 #include <QFocusEvent>
+#include <QPointer>
+#include <QWidget>
 
 namespace mrlxmlclass::qt {
 
@@ -11,5 +13,17 @@ inline bool LeavesField(const QEvent& event) {
     const Qt::FocusReason reason = static_cast<const QFocusEvent&>(event).reason();
     return reason != Qt::ActiveWindowFocusReason && reason != Qt::PopupFocusReason;
 }
+
+/// Tells a field that the focus of its window leaves it where Qt does not: while the keys go to another window.
+class FieldFocus : public QObject {
+public:
+    explicit FieldFocus(QWidget& window);
+
+private:
+    void Moved();
+
+    QWidget& window_;
+    QPointer<QWidget> field_;  ///< that the focus is in
+};
 
 }  // namespace mrlxmlclass::qt

@@ -4,7 +4,6 @@
 #include <QCloseEvent>
 #include <QDialogButtonBox>
 #include <QHBoxLayout>
-#include <QPointer>
 #include <QPushButton>
 #include <QScreen>
 #include <QSignalBlocker>
@@ -45,6 +44,7 @@ TaskWindow::TaskWindow(EditTask& form) : form_(form) {
     constexpr int kLines = 26;
     const QSize wanted(kCharacters * metrics.averageCharWidth(), kLines * metrics.lineSpacing());
     resize(wanted.expandedTo(sizeHint()).boundedTo(screen()->availableSize() - FrameOfAnyWindow()));
+    focus_ = std::make_unique<FieldFocus>(*this);
 }
 
 QLayout* TaskWindow::NewNameRow() {
@@ -110,12 +110,7 @@ QDialogButtonBox* TaskWindow::NewButtons() {
 
 // A key that presses the button leaves the focus in the field.
 void TaskWindow::FinishEditing() {
-    const QPointer<QWidget> field = focusWidget();
-    const bool hears = field != nullptr && field->hasFocus();
     ok_->setFocus();
-    if (hears || field == nullptr) return;
-    QFocusEvent left(QEvent::FocusOut);  // in a window that is not the active one no field is told
-    QCoreApplication::sendEvent(field, &left);
 }
 
 void TaskWindow::DropEdits() {
@@ -136,6 +131,7 @@ void TaskWindow::ClosePopups() {
 }
 
 void TaskWindow::Leave() {
+    focus_ = nullptr;  // a window that goes leads the focus from field to field
     DropEdits();
     ClosePopups();
     const QList<QDialog*> in_front = findChildren<QDialog*>();

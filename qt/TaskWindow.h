@@ -5,6 +5,7 @@
 
 #include "mrlxmlclass/dialog/EditTask.h"
 #include "qt/Bindings.h"
+#include "qt/FieldFocus.h"
 #include "qt/LineField.h"
 #include "qt/NotesPage.h"
 
@@ -45,6 +46,7 @@ private:
     std::unique_ptr<LineField> name_;
     NotesPage* notes_ = nullptr;
     QPushButton* ok_ = nullptr;
+    std::unique_ptr<FieldFocus> focus_;
 };
 
 }  // namespace mrlxmlclass::qt

@@ -4,6 +4,7 @@
 #include <QComboBox>
 #include <QLineEdit>
 #include <QMenu>
+#include <QTabWidget>
 
 #include "tests/qt/QtDialog.h"
 
@@ -160,6 +161,59 @@ TEST_F(HalfTyped, CountsAsTypedWhenOkIsPressedFromAnotherWindow) {
     EXPECT_EQ(plan["Design"].TaskBDate(), Wednesday + 14);
 }
 
+TEST_F(HalfTyped, IsTypedOnceTheFocusGoesOnWhileThePersonIsInAnotherWindow) {
+    const auto go_on = [](QWidget& window) {
+        InAnotherWindow(window, [&] {
+            Click(Find(window, "Txtcost"));
+            EXPECT_EQ(window.focusWidget(), &Find(window, "Txtcost"));
+        });
+    };
+    plan.Edit("Design", [&](QWidget& window) {
+        Type(Find(window, "TxtName"), "Half");
+        go_on(window);
+        EXPECT_EQ(plan.form().Task()->TaskName(), "Half");
+        Click(Find(window, "CmdCancel"));
+    });
+    plan.Edit("Idea", [&](QWidget& window) {
+        Find(window, "TxtDurtion").setFocus();
+        go_on(window);
+        EXPECT_FALSE(BoxIn(window, "DTPickerStart").isChecked()) << "a duration that was left takes the dates away";
+        Click(Find(window, "CmdCancel"));
+    });
+    plan.Edit(
+        "Design",
+        [&](QWidget& window) {
+            QDateEdit& start = DateIn(window, "DTPickerStart");
+            start.setFocus();
+            QTest::keyClicks(&start, "18");
+            go_on(window);
+            EXPECT_EQ(plan.form().Task()->TaskBDate(), Wednesday + 14);
+            Click(Find(window, "CmdCancel"));
+        },
+        2, "dd/MM/yyyy");
+}
+
+TEST_F(HalfTyped, IsTypedWhenTheMousePressesOkFromAnotherWindow) {
+    const auto press_ok = [](QWidget& window) {
+        InAnotherWindow(window, [&] { Click(Find(window, "CmdOK")); });
+        EXPECT_FALSE(window.isVisible());
+    };
+    plan.Edit("Design", [&](QWidget& window) {
+        Find<QTabWidget>(window, "TabTask").setCurrentIndex(3);
+        Settle();
+        auto& people = Find<QTableView>(window, "VSFlexGridResource");
+        ClickCell(people, 0, 1);
+        QTest::keyClicks(&OpenLine(people), "Eve");
+        press_ok(window);
+    });
+    EXPECT_EQ(plan.app->xPeopleCol()->Count(), 1);
+    plan.Edit("Design", [&](QWidget& window) {
+        Type(Find(window, "TxtName"), "Draw");
+        press_ok(window);
+    });
+    EXPECT_EQ(plan["Design"].TaskName(), "Draw");
+}
+
 TEST_F(HalfTyped, StepsADateNoFurtherWhileThePersonLooksElsewhere) {
     constexpr int kSomeSteps = 500;
     for (const auto& look_away : elsewhere_) {
@@ -191,6 +245,7 @@ TEST_F(HalfTyped, TellsNothingOfAFieldThatIsLeftWithTheDialog) {
         [](QWidget& window) { Find<QAbstractButton>(window, "CmdCancel").click(); },
         [](QWidget& window) { window.close(); },
         [this](QWidget&) { plan.app->unloadtaskinfo(); },
+        [this](QWidget& window) { InAnotherWindow(window, [this] { plan.app->unloadtaskinfo(); }); },
     };
     for (const auto& leave : ways) {
         Ref<EditTask> dialog;
