@@ -9,7 +9,8 @@
 namespace mrlxmlclass {
 
 /// The places of items whose keys are numbers, by number: for stores that hold most of the small ones. Keys that are
-/// none, or lie far beyond as many as there are, are hashed, so that a store of a few tasks of a large plan stays small.
+/// none, or lie far beyond as many as there are, are hashed, so that a store of a few tasks of a large plan stays
+/// small.
 class NumberedPlaces {
 public:
     bool empty() const { return count_ == 0 && others_.empty(); }
