@@ -65,6 +65,17 @@ TEST_F(SavingAlone, OfAMilestoneTellsNobody) {
     EXPECT_EQ(plan.Heard(), "");
 }
 
+TEST_F(SavingAlone, OfANewAttachmentTellsTheNotesOfTheTask) {
+    AddNote(plan, "Design", "Mind the roof");
+    plan.platform.Write("roof.pdf", "x");
+    const String file = plan.platform.Path("roof.pdf");
+    plan.platform.screens.file = file;
+    EXPECT_EQ(OnOk(Monday, Monday, 1, [](EditTask& form) { form.CmdAttach_Click(); }), False);
+    EXPECT_EQ(NotesOf(plan, "Design"), "1:Mind the roof:, 2::" + file);
+    EXPECT_EQ(MasterNotes(plan), "1:Mind the roof:, 2::" + file);
+    EXPECT_EQ(plan.Heard(), "NoteChange(1, Mind the roof)\n");
+}
+
 TEST_F(SavingAlone, OfARemovedAttachmentTellsNobody) {
     AddNote(plan, "Design", "Mind the roof");
     AddNote(plan, "Design", "", "/roof.pdf");
