@@ -146,9 +146,11 @@ Boolean TaskAssigmentRelationCol::RemoveForRelatedPople(ByRef<String> p_person_k
     return kTail<TaskAssigmentRelationCol>.Run<Boolean>("RemoveForRelatedPople", [&](Boolean& result) {
         const Ref<TaskAssigmentRelationCol> held(this);  // a listener may let go of the list
         const Long person = KeyNumber(*p_person_key);
+        std::vector<String> keys;  // chosen before the first one goes
         for (const auto& entry : NewEnum()) {
-            if (entry.item->personkey() != person) continue;
-            const String key = entry.item->elementKey();
+            if (entry.item->personkey() == person) keys.push_back(entry.item->elementKey());
+        }
+        for (const String& key : keys) {
             const Ref<TaskAssigmentRelationCls> relation = Item(key);
             const Ref<TasksCls> task = (*p_task_col)->Item(relation->TaskKey());
             task->TaskPeopleRelation()->Remove(key);

@@ -1,3 +1,4 @@
+#include "mrlxmlclass/session/ErrorsHandler.h"
 #include "tests/items/Items.h"
 #include "tests/support/HeldByHost.h"
 
@@ -217,6 +218,38 @@ TEST(RemoveForRelatedPople, GoesToItsEndUnderAListenerThatLetsGoOfTheRelations) 
     EXPECT_EQ(FreedIn(s.counters, Keys::AssigmentRelation), "1 2");
     EXPECT_EQ(s.failures.Taken(), "TaskAssigmentRelationCol/Remove 5\nTaskAssigmentRelationCol/Remove 5\n")
         << "the task's own list has neither";
+}
+
+/// Gives the second relation to the person and takes the third away from them when the first failure is told.
+class Reassigns : public ErrorsHandlerEvents {
+public:
+    explicit Reassigns(TaskAssigmentRelationCol& relations) : relations_(relations) {}
+    void RaiseErrors(const String&, const String&) override {
+        if (const auto second = relations_.Item("2")) second->personkey(5);
+        if (const auto third = relations_.Item("3")) third->personkey(6);
+    }
+
+private:
+    TaskAssigmentRelationCol& relations_;
+};
+
+TEST(RemoveForRelatedPople, ChoosesTheRelationsBeforeTheFirstGoes) {
+    Items s;
+    const auto project = s.Master<TaskAssigmentRelationCol>();
+    auto tasks = s.Master<TasksCol>();
+    const Ref<TasksCls> task = tasks->Add();
+    for (const char* key : {"1", "2", "3"}) {
+        const auto relation = project->Add(key);
+        relation->TaskKey(1);
+        relation->personkey(String(key) == "2" ? 6 : 5);
+        if (String(key) != "1") task->TaskPeopleRelation()->AddItem(relation);
+    }
+    Reassigns host(*project);
+    Module().g_ErrorsHandler->Events.Add(host);
+    EXPECT_EQ(project->RemoveForRelatedPople("5", tasks), True);
+    Module().g_ErrorsHandler->Events.Remove(host);
+    EXPECT_EQ(KeysOf(project), "2");
+    EXPECT_EQ(s.failures.Taken(), "TaskAssigmentRelationCol/Remove 5\n");
 }
 
 }  // namespace
