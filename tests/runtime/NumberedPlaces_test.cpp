@@ -18,7 +18,8 @@ std::optional<std::uint32_t> PlaceOf(const NumberedPlaces& places, KeyText key) 
 
 /// Small and large numbers, on both sides of what is held by number, and texts that are none.
 std::vector<KeyText> Keys() {
-    return {0, 1, 2, 17, 63, 64, 65, 80, 32766, 32767, 32768, 100'000, kLargestLong, "", "05", "-1", "row", "2147483648", " 1"};
+    return {0,  1,    2,    17,    63,           64,  65, 80, 32766, 32767, 32768, 100'000, kLargestLong,
+            "", "05", "-1", "row", "2147483648", " 1"};
 }
 
 TEST(NumberedPlaces, IsEmptyAtFirst) {
