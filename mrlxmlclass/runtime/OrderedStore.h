@@ -9,6 +9,7 @@
 #include <vector>
 
 #include "mrlxmlclass/runtime/Ref.h"
+#include "mrlxmlclass/runtime/Sequence.h"
 
 namespace mrlxmlclass {
 
@@ -57,6 +58,7 @@ class OrderedStore {
 public:
     struct Entry {
         Key key;
+        std::uint32_t number;  ///< of an indexed entry: ascending along the store, at most one behind its place
         Item item;
     };
     static constexpr std::size_t npos = static_cast<std::size_t>(-1);
@@ -75,7 +77,7 @@ public:
     std::size_t size() const { return body_ ? body_->entries.size() : 0; }
     bool empty() const { return size() == 0; }
     const Entry& operator[](std::size_t index) const { return body_->entries[index]; }
-    const Entry* begin() const { return body_ ? body_->entries.data() : nullptr; }
+    const Entry* begin() const { return body_ ? body_->entries.begin() : nullptr; }
     const Entry* end() const { return begin() + size(); }
     /// Differs after every change to this store.
     std::uint64_t Stamp() const { return stamp_; }
@@ -94,17 +96,13 @@ public:
     /// Puts the item before the one at `index`; false, and nothing happens, when the key is taken.
     bool Insert(std::size_t index, const Key& key, Item item) {
         if (IndexOf(key) != npos) return false;
-        Changing().Insert(index, Entry{key, std::move(item)});
+        Changing().Insert(index, key, std::move(item));
         return true;
     }
 
     void RemoveAt(std::size_t index) {
-        Body& body = Changing();
-        const Key key = body.entries[index].key;
         // The item dies last: its end may lead back into this store.
-        [[maybe_unused]] const Item item = std::move(body.entries[index].item);
-        body.entries.erase(body.entries.begin() + static_cast<std::ptrdiff_t>(index));
-        body.Erased(index, key);
+        [[maybe_unused]] const Item item = Changing().TakeOut(index);
     }
 
     bool Remove(const Key& key) {
@@ -121,59 +119,73 @@ public:
         body_ = {};  // last: the end of an item may lead back into this store
     }
 
-    void Reserve(std::size_t count) { Changing().entries.reserve(count); }
+    void Reserve(std::size_t count) { Changing().entries.Reserve(count); }
 
 private:
     struct Body : Counted {
         static constexpr std::size_t kFew = 8;
-        static constexpr std::size_t kDrift = 64;
 
-        std::vector<Entry> entries;
-        /// Places by key, once there are more than a few items. After an erase the places behind it are too high, by
-        /// `erased` at the most, until the index is counted anew.
+        Sequence<Entry> entries;
+        /// The numbers of the entries by key, once there are more than a few.
         Places index;
+        /// By how much an entry's number may be above its place.
         std::size_t erased = 0;
 
         std::size_t IndexOf(const Key& key) const {
-            const std::uint32_t* const found = index.Find(key);
-            if (found == nullptr) {
-                if (!index.empty()) return npos;
+            if (index.empty()) {
                 for (std::size_t i = 0; i < entries.size(); ++i) {
                     if (entries[i].key == key) return i;
                 }
                 return npos;
             }
-            std::size_t at = std::min<std::size_t>(*found, entries.size() - 1);
-            while (!(entries[at].key == key)) --at;
-            return at;
+            const std::uint32_t* const number = index.Find(key);
+            return number == nullptr ? npos : PlaceOf(*number);
+        }
+
+        std::size_t PlaceOf(std::uint32_t number) const {
+            const std::size_t last = std::min<std::size_t>(number, entries.size() - 1);
+            const std::size_t first = number - std::min<std::size_t>(number, erased);
+            const auto found =
+                std::lower_bound(entries.begin() + first, entries.begin() + last, number,
+                                 [](const Entry& entry, std::uint32_t wanted) { return entry.number < wanted; });
+            return static_cast<std::size_t>(found - entries.begin());
         }
 
         /// Whatever lacks memory on the way, every item that stands is found afterwards.
-        void Insert(std::size_t at, Entry entry) {
-            const bool keyed = !entry.key.none();
+        void Insert(std::size_t at, const Key& key, Item item) {
+            const bool keyed = !key.none();
             const bool last = at == entries.size();
-            if (entries.size() == entries.capacity()) entries.reserve(std::max<std::size_t>(1, 2 * entries.size()));
-            if (!index.empty() && last && keyed) index.Add(entry.key, static_cast<std::uint32_t>(at));
-            entries.insert(entries.begin() + static_cast<std::ptrdiff_t>(at), std::move(entry));
+            const std::uint32_t number = last && at > 0 ? entries[at - 1].number + 1 : 0;
+            entries.MakeRoom();
+            Entry entry{key, number, std::move(item)};
+            if (!index.empty() && last && keyed) index.Add(key, number);
+            entries.Insert(at, std::move(entry));
             if (index.empty() ? keyed && entries.size() > kFew : !last) CountAnew();
         }
 
-        void Erased(std::size_t at, const Key& key) {
-            if (index.empty()) return;
-            if (!key.none()) index.Remove(key);
-            if (at < entries.size() && ++erased > kDrift) CountAnew();
+        Item TakeOut(std::size_t at) {
+            const Key key = entries[at].key;
+            Item item = std::move(entries[at].item);
+            entries.Erase(at);
+            if (!index.empty()) {
+                if (!key.none()) index.Remove(key);
+                if (at < entries.size() && ++erased > entries.size()) CountAnew();
+            }
+            return item;
         }
 
         void CountAnew() {
             erased = 0;
             index.Clear();  // should the memory for a new one be lacking, look-ups scan
             if (entries.size() <= kFew) return;
-            Places places;
-            places.Reserve(entries.size());
-            for (std::size_t i = 0; i < entries.size(); ++i) {
-                if (!entries[i].key.none()) places.Add(entries[i].key, static_cast<std::uint32_t>(i));
+            Places numbers;
+            numbers.Reserve(entries.size());
+            std::uint32_t number = 0;
+            for (Entry& entry : entries) {
+                entry.number = number++;
+                if (!entry.key.none()) numbers.Add(entry.key, entry.number);
             }
-            index = std::move(places);
+            index = std::move(numbers);
         }
     };
 
