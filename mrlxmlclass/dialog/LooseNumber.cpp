@@ -33,13 +33,12 @@ Double LooseNumber(std::string_view text) {
 String FormatWhole(const String& text) {
     const std::optional<String> plain = PlainNumber(text, Platform().locale.Settings());
     if (!plain) return text;
-    const double whole = std::round(PlainToDouble(*plain));  // halves away from zero
+    const double number = LooseNumber(*plain);
+    if (std::signbit(number) || std::isinf(number)) return text;
     std::array<char, 400> digits{};
-    char* const begin = digits.data();
-    String formatted(begin,
-                     std::to_chars(begin, begin + digits.size(), std::abs(whole), std::chars_format::fixed, 0).ptr);
-    formatted.insert(0, 3 - std::min<std::size_t>(3, formatted.size()), '0');
-    return whole < 0 ? "-" + formatted : formatted;
+    char* const end = std::to_chars(digits.begin(), digits.end(), std::round(number), std::chars_format::fixed, 0).ptr;
+    String formatted(digits.begin(), end);
+    return formatted.insert(0, 3 - std::min<std::size_t>(3, formatted.size()), '0');
 }
 
 bool IsNumeric(std::string_view text) {

@@ -17,7 +17,7 @@ String SetComboTask(const Ref<TasksCol>& collection, const String& dialog_key, B
     for (const auto& entry : collection->NewEnum()) {
         const TasksCls& task = *entry.item;
         const String key = std::to_string(task.TaskKey().value());
-        if (!task.TaskCondidat() || collection->Summary(key)) continue;
+        if (!task.TaskCondidat() || collection->isParent(key)) continue;
         // Kept: asked the wrong way round, whether that task might wait for this one.
         if (!collection->ValidPredecessor(key, dialog_key)) continue;
         names += Entry(key, task.TaskName());

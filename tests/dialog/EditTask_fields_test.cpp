@@ -272,8 +272,8 @@ TEST(Txtcost, TakesWholeAmounts) {
     };
     for (const Row& row : {Row{"25", 25, "25"}, Row{"$25", 25, "25"}, Row{"$$7", 7, "7"}, Row{"2.5", 3, "3"},
                            Row{"99999998", 99999998, "99999998"}, Row{"99999999", 12, "12"}, Row{"100000000", 12, "12"},
-                           Row{"99999998.6", 12, "12"}, Row{"abc", 12, "12"}, Row{"-5", 12, "12"}, Row{"", 0, "0"},
-                           Row{"0", 0, "0"}, Row{"1e99", 12, "12"}}) {
+                           Row{"99999998.6", 12, "12"}, Row{"abc", 12, "12"}, Row{"-5", 12, "12"},
+                           Row{"-0.2", 12, "12"}, Row{"", 0, "0"}, Row{"0", 0, "0"}, Row{"1e99", 12, "12"}}) {
         SCOPED_TRACE(row.typed);
         Plan plan;
         plan.Task("Design").Costing(12);
@@ -323,6 +323,16 @@ TEST(Txtcost, TakesBackWhatTheLocaleReadsAsNoNumber) {
             EXPECT_EQ(form.Txtcost.Text(), "12") << text;
         });
     }
+}
+
+TEST(Txtcost, TakesBackAnAmountThatOnlyTheLocaleReadsAsEndless) {
+    Plan plan;
+    plan.platform.locale.Use("M/d/yyyy", ".", ",");
+    plan.Task("Design").Costing(12);
+    EditInDialog(plan, "Design", [](EditTask& form) {
+        form.Txtcost.Text("1,5e400");
+        EXPECT_EQ(form.Txtcost.Text(), "12");
+    });
 }
 
 TEST(Txtcost, AnswersEnterToo) {

@@ -32,8 +32,8 @@ TEST(FormatWhole, GivesThreeDigitsAtLeast) {
         const char* formatted;
     };
     for (const Row& row : {Row{"5", "005"}, Row{"25", "025"}, Row{"1234", "1234"}, Row{"2.5", "003"}, Row{"0.4", "000"},
-                           Row{"-5", "-005"}, Row{"-2.5", "-003"}, Row{"-0.2", "000"}, Row{"12x", "12x"}, Row{"", ""},
-                           Row{"abc", "abc"}}) {
+                           Row{"-5", "-5"}, Row{"-0.2", "-0.2"}, Row{"-0", "-0"}, Row{"1e400", "1e400"},
+                           Row{"1e-400", "000"}, Row{"12x", "12x"}, Row{"", ""}, Row{"abc", "abc"}}) {
         EXPECT_EQ(FormatWhole(row.text), row.formatted) << row.text;
     }
     EXPECT_EQ(FormatWhole("1e300").size(), 301);

@@ -16,6 +16,14 @@ TEST(SetComboTask, ListsWhatMayBeWaitedForInOutlineOrder) {
     EXPECT_EQ(positions, "#3;3|#1;9|");
 }
 
+TEST(SetComboTask, OffersNoPhaseThatHasTasksHoweverDeepItStands) {
+    Plan plan;
+    plan.WithLinks().Task("Phase").Task("Part").Under("Phase").Task("Draw").Under("Part").Task("X");
+    plan["Part"].TaskType(True);  // for which nothing may wait, as for any parent
+    String positions;
+    EXPECT_EQ(Gloabal::SetComboTask(plan.app->xTaskCol(), plan.Key("X"), positions), "#3;Draw|");
+}
+
 TEST(SetComboTask, KeepsAskingTheWrongWayRound) {
     Plan plan;
     plan.WithLinks().Task("Phase").Task("A").Under("Phase").Task("B").After("A").Task("C");
