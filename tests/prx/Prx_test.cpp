@@ -1,9 +1,6 @@
 #include "tests/prx/Prx.h"
 
-#include <fcntl.h>
 #include <gtest/gtest.h>
-#include <spawn.h>
-#include <sys/wait.h>
 #include <unistd.h>
 
 #include <cctype>
@@ -11,6 +8,9 @@
 #include <filesystem>
 #include <fstream>
 #include <sstream>
+#include <utility>
+
+#include "tests/prx/Process.h"
 
 namespace prx_test {
 namespace {
@@ -22,11 +22,13 @@ std::string ReadFile(const std::string& path) {
     return content.str();
 }
 
-/// To look for leaks takes a sanitizer build a third of a run: one run in eight does.
-std::string LooksForLeaks() {
+/// To look for leaks takes a sanitizer build a third of a run: one run in eight does. A few calls tell where memory
+/// came from.
+std::string SanitizerOptions() {
     constexpr unsigned kEach = 8;
     static unsigned runs = 0;
-    return runs++ % kEach == 0 ? "ASAN_OPTIONS=detect_leaks=1" : "ASAN_OPTIONS=detect_leaks=0";
+    const std::string leaks = runs++ % kEach == 0 ? "1" : "0";
+    return "ASAN_OPTIONS=malloc_context_size=5:detect_leaks=" + leaks;
 }
 
 /// Walks a JSON text by its grammar.
@@ -155,28 +157,15 @@ void Folder::CopyExample(const std::string& example, const std::string& name) co
 }
 
 Result Folder::PrxInto(const std::string& output, const std::vector<std::string>& arguments) const {
-    // Stopped after a time in which the slowest build answers many times over.
-    std::vector<std::string> texts = {"env",     "-C", path_,      "XDG_STATE_HOME=" + Path("state"), "LC_ALL=C.UTF-8",
-                                      "timeout", "60", PRX_PROGRAM};
-    texts.insert(texts.begin() + 3, LooksForLeaks());
-    texts.insert(texts.end(), arguments.begin(), arguments.end());
-    std::vector<char*> pointers;
-    for (std::string& text : texts) pointers.push_back(text.data());
-    pointers.push_back(nullptr);
+    std::vector<std::string> words = {PRX_PROGRAM};
+    words.insert(words.end(), arguments.begin(), arguments.end());
+    const int status = RunProgram(
+        std::move(words), {.folder = path_,
+                           .variables = {"XDG_STATE_HOME=" + Path("state"), "LC_ALL=C.UTF-8", SanitizerOptions()},
+                           .output = output,
+                           .errors = Path(".err")});
 
-    posix_spawn_file_actions_t actions;
-    posix_spawn_file_actions_init(&actions);
-    posix_spawn_file_actions_addopen(&actions, 1, output.c_str(), O_WRONLY | O_CREAT | O_TRUNC, 0600);
-    posix_spawn_file_actions_addopen(&actions, 2, Path(".err").c_str(), O_WRONLY | O_CREAT | O_TRUNC, 0600);
-    pid_t process = 0;
-    const int error = posix_spawnp(&process, "env", &actions, nullptr, pointers.data(), environ);
-    posix_spawn_file_actions_destroy(&actions);
-    EXPECT_EQ(error, 0);
-    int status = 0;
-    waitpid(process, &status, 0);
-
-    Result result{WIFEXITED(status) ? WEXITSTATUS(status) : 128 + WTERMSIG(status),
-                  std::filesystem::is_regular_file(output) ? ReadFile(output) : "", Read(".err")};
+    Result result{status, std::filesystem::is_regular_file(output) ? ReadFile(output) : "", Read(".err")};
     EXPECT_LE(result.status, 2) << result.err;
     for (const char* inside : {"terminate called", "what():", "Sanitizer", "runtime error", "std::", "Segmentation"}) {
         EXPECT_EQ(result.err.find(inside), std::string::npos) << result.err;
