@@ -10,4 +10,7 @@ namespace mrlxmlclass {
 /// Long fails (6).
 Long LeadingNumber(std::string_view text);
 
+/// Whether that number is 0, however large it may be.
+bool LeadsWithNothing(std::string_view text);
+
 }  // namespace mrlxmlclass

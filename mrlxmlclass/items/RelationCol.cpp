@@ -47,9 +47,9 @@ Ref<Record> RelationCol<Self, Record>::AddItem(const Ref<Record>& newProperty) {
         const Ref<Record> clone = newProperty->Clone();
         if (kRelationRow<Record>.names_records) In(clone).elementName(this->element_name_);
         if (kRelationRow<Record>.issues_key) {
-            const Long number = LeadingNumber(clone->elementKey());
-            if (kRelationRow<Record>.numbers_key) clone->elementKey(Conversions::LongToString(number));
-            if (number == 0) In(clone).IncrementID(this->oPublicStaticCls);
+            const String key = clone->elementKey();
+            if (kRelationRow<Record>.numbers_key) clone->elementKey(Conversions::LongToString(LeadingNumber(key)));
+            if (LeadsWithNothing(key)) In(clone).IncrementID(this->oPublicStaticCls);
         }
         Internal(*this).File(In(clone).Key(), clone);
         result = clone;

@@ -16,11 +16,13 @@ TEST(LeadingNumber, IsWhatTheLeadingDigitsSay) {
                            Row{" ", 0}, Row{"+-3", 0}, Row{"-", 0}, Row{"0", 0}}) {
         SCOPED_TRACE(row.text);
         EXPECT_EQ(LeadingNumber(row.text), row.number);
+        EXPECT_EQ(LeadsWithNothing(row.text), row.number == 0);
     }
 }
 
 TEST(LeadingNumber, BeyondALongFails) {
     EXPECT_EQ(NumberOf([] { (void)LeadingNumber("2147483648x"); }), 6);
+    EXPECT_FALSE(LeadsWithNothing("2147483648x"));
 }
 
 }  // namespace

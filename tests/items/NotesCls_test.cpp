@@ -7,6 +7,7 @@ TEST(NoteObject, IsRefusedWhileItsFlagIsDown) {
     Items s;
     const auto note = Make<NotesCls>();
     EXPECT_EQ(note->NoteObject(), "");
+    EXPECT_EQ(s.failures.LatestWords(), "The Property NoteObject is not valid set m_NoteObjectValid = true");
     EXPECT_EQ(s.failures.Taken(), "NotesCls/NoteObject 1\n");
     note->NoteObject("o");
     EXPECT_EQ(note->NoteObject(), "o");

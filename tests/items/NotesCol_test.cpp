@@ -66,10 +66,10 @@ TEST(NotesRemove, OutsideTheListReportsAndRemovesNothing) {
     const auto notes = s.Master<NotesCol>();
     for (int i = 0; i < 3; ++i) notes->AddItem(s.Note("t"));
     notes->Remove(0, "1");
+    EXPECT_EQ(s.failures.LatestWords(), "index 0is out of range, use 1 - 3");
     notes->Remove(4, "1");
     EXPECT_EQ(notes->Count(), 3);
-    const ErrorEntry entry = Module().g_ErrorsHandler->Log()->Error_Col()->Item(1);
-    EXPECT_TRUE(entry.ErrDescription().starts_with("index 0is out of range, use 1 - 3,")) << entry.ErrDescription();
+    EXPECT_EQ(s.failures.LatestWords(), "index 4is out of range, use 1 - 3");
     EXPECT_EQ(s.failures.Taken(), "NotesCol/Remove 1\nNotesCol/Remove 1\n");
 }
 

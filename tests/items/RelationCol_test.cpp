@@ -51,6 +51,15 @@ TEST(RelationAddItem, TakesAKeyForOneWhenDigitsLead) {
     EXPECT_EQ(s.Master<TaskNoteRelationCol>()->AddItem(s.Bare<TaskNoteRelationCls>("0x"))->elementKey(), "1");
 }
 
+TEST(RelationAddItem, FilesAKeyBeyondALongAsItStandsButForAGoal) {
+    Items s;
+    const String key = "99999999999";
+    EXPECT_EQ(s.Master<TaskAssigmentRelationCol>()->AddItem(s.Bare<TaskAssigmentRelationCls>(key))->elementKey(), key);
+    EXPECT_EQ(s.Master<TaskNoteRelationCol>()->AddItem(s.Bare<TaskNoteRelationCls>(key))->elementKey(), key);
+    EXPECT_FALSE(s.Master<TaskGoalRelationCol>()->AddItem(s.Bare<TaskGoalRelationCls>(key)));
+    EXPECT_EQ(s.failures.Taken(), "TaskGoalRelationCol/AddItem 6\n");
+}
+
 TEST(RelationAddItem, FilesAnObstacleRelationAsItStandsEvenWithoutAKey) {
     Items s;
     const auto project = s.Master<TaskObstaclesRelationCol>();

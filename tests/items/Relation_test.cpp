@@ -21,6 +21,7 @@ TEST(RelationDescription, IsGuardedWhereItHasAFlag) {
     const auto note = Make<TaskNoteRelationCls>();
     EXPECT_EQ(assigment->Description(), "");
     EXPECT_EQ(note->Description(), "");
+    EXPECT_EQ(s.failures.LatestWords(), "The Property Description is not valid set m_DescriptionValid = true");
     EXPECT_EQ(s.failures.Taken(), "TaskAssigmentRelationCls/Description 1\nTaskNoteRelationCls/Description 1\n");
     assigment->Description("half a day");
     EXPECT_EQ(assigment->Description(), "half a day");

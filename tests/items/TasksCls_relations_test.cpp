@@ -44,9 +44,8 @@ TEST(TaskRelations, KeepsTheLabelAndTheWordsOfThePeoplesRefusal) {
     const auto task = TaskOf(1);
     In(task).TaskPoepleRelation_Int(Make<TaskAssigmentRelationCol>());
     EXPECT_FALSE(task->TaskPeopleRelation());
-    const ErrorEntry entry = Module().g_ErrorsHandler->Log()->Error_Col()->Item(1);
-    EXPECT_TRUE(entry.ErrDescription().starts_with(
-        "The Property TaskPeopleRelationValid is not valid set m_m_TaskPeopleRelationValid = true,"));
+    EXPECT_EQ(s.failures.LatestWords(),
+              "The Property TaskPeopleRelationValid is not valid set m_m_TaskPeopleRelationValid = true");
     EXPECT_EQ(s.failures.Taken(), "TasksCls/TaskObstaclesRelation 1\n");
 }
 

@@ -22,6 +22,7 @@ TEST(PersonNoteKey, IsRefusedWhileItsFlagIsDown) {
     Items s;
     const auto person = Make<peopleCls>();
     EXPECT_EQ(person->PersonNoteKey(), "");
+    EXPECT_EQ(s.failures.LatestWords(), "The Property PersonNoteKey is not valid set m_PersonNoteKeyValid = true");
     EXPECT_EQ(s.failures.Taken(), "peopleCls/PersonNoteKey 1\n");
     person->PersonNoteKey("4");
     EXPECT_EQ(person->PersonNoteKey(), "4");
@@ -32,6 +33,8 @@ TEST(TaskPeopleRelation, IsRefusedWhenFilledFromInsideWithItsFlagDown) {
     const auto person = Make<peopleCls>();
     In(person).TaskPeopleRelation_Int(Make<TaskAssigmentRelationCol>());
     EXPECT_FALSE(person->TaskPeopleRelation());
+    EXPECT_EQ(s.failures.LatestWords(),
+              "The Property TaskPeopleRelation is not valid set m_TaskPeopleRelationValid = true");
     EXPECT_EQ(s.failures.Taken(), "peopleCls/TaskPeopleRelation 1\n");
     person->TaskPeopleRelationValid(True);
     EXPECT_TRUE(person->TaskPeopleRelation());

@@ -28,4 +28,11 @@ String Failures::Taken() {
     return lines;
 }
 
+String Failures::LatestWords() const {
+    const Ref<ErrorEntries> entries = log_->Log()->Error_Col();
+    if (entries->Count() == 0) return "";
+    const String description = entries->Item(entries->Count()).ErrDescription();
+    return description.substr(0, description.find(",Line: "));
+}
+
 }  // namespace mrlxmlclass::testing

@@ -19,6 +19,8 @@ public:
 
     /// What was recorded since the last question, a line a failure: "TasksCol/Add 457".
     String Taken();
+    /// What the latest one says, without the line and the time behind it; "" when none was recorded.
+    String LatestWords() const;
 
 private:
     Ref<ErrorsHandler> log_;

@@ -13,13 +13,6 @@ namespace {
 
 using namespace testing;
 
-/// What the latest failure says, without the line and the time behind it.
-String LatestWords() {
-    const Ref<ErrorEntries> entries = Module().g_ErrorsHandler->Log()->Error_Col();
-    const String description = entries->Item(entries->Count()).ErrDescription();
-    return description.substr(0, description.find(",Line: "));
-}
-
 /// One value with its flag, told apart from its empty state by 5.
 template <class Value>
 struct Pair {
@@ -113,9 +106,10 @@ TEST(ValidFlag, GuardsTheModification) {
     In(task).TaskModifiedDate_Int(Monday);
     In(task).TaskModified_Int(True);
     EXPECT_EQ(task->TaskModifiedDate(), Date());
-    EXPECT_EQ(LatestWords(), "The Property TaskModifiedDate is not valid set m_TaskModifiedDateValid = true");
+    EXPECT_EQ(session.failures.LatestWords(),
+              "The Property TaskModifiedDate is not valid set m_TaskModifiedDateValid = true");
     EXPECT_EQ(task->TaskModified(), False);
-    EXPECT_EQ(LatestWords(), "The Property TaskModified is not valid set m_TaskModifiedValid = true");
+    EXPECT_EQ(session.failures.LatestWords(), "The Property TaskModified is not valid set m_TaskModifiedValid = true");
     EXPECT_EQ(session.failures.Taken(), "TasksCls/TaskModifiedDate 1\nTasksCls/TaskModified 1\n");
 }
 
@@ -161,8 +155,7 @@ void ExpectGuard(const GuardedPair<Held>& pair) {
     EXPECT_FALSE(((*other).*pair.read)());
     EXPECT_EQ(session.failures.Taken(), pair.failure);
     EXPECT_EQ(Module().g_ErrorsHandler->RaisedBy(), "TasksCls");
-    const Ref<ErrorEntries> entries = Module().g_ErrorsHandler->Log()->Error_Col();
-    EXPECT_TRUE(entries->Item(entries->Count()).ErrDescription().starts_with(pair.words + String(",Line: ")));
+    EXPECT_EQ(session.failures.LatestWords(), pair.words);
     const auto clone = other->Clone();
     EXPECT_FALSE(((*clone).*pair.read)()) << "a clone is filled from inside too";
     EXPECT_EQ(session.failures.Taken(), pair.failure);
