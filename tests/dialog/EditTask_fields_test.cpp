@@ -301,6 +301,8 @@ TEST(Txtcost, ReadsGroupsAsTheLocaleHasThem) {
         form.Txtcost.Text("$1,234.56");
         EXPECT_EQ(form.Task()->TaskCost(), 1235);
         EXPECT_EQ(form.Txtcost.Text(), "1235");
+        form.Txtcost.Text("1,5e400");
+        EXPECT_EQ(form.Txtcost.Text(), "1235");
     });
 }
 
@@ -323,16 +325,6 @@ TEST(Txtcost, TakesBackWhatTheLocaleReadsAsNoNumber) {
             EXPECT_EQ(form.Txtcost.Text(), "12") << text;
         });
     }
-}
-
-TEST(Txtcost, TakesBackAnAmountThatOnlyTheLocaleReadsAsEndless) {
-    Plan plan;
-    plan.platform.locale.Use("M/d/yyyy", ".", ",");
-    plan.Task("Design").Costing(12);
-    EditInDialog(plan, "Design", [](EditTask& form) {
-        form.Txtcost.Text("1,5e400");
-        EXPECT_EQ(form.Txtcost.Text(), "12");
-    });
 }
 
 TEST(Txtcost, AnswersEnterToo) {
