@@ -52,13 +52,14 @@ private:
 /// A copy is a snapshot: it costs one count, and a change to either side while both live makes that side a store of its
 /// own. So a loop copies the store and walks the copy, whatever happens meanwhile.
 ///
-/// Look-up by key is O(1): a scan for a few items, a hashed index beyond. `Key` tells by `none()` whether it is one.
+/// Look-up by key is O(1): a scan for a few items, a hashed index beyond. After items were taken out it halves between
+/// as many places. `Key` tells by `none()` whether it is one.
 template <class Key, class Item, class Places = HashedPlaces<Key>>
 class OrderedStore {
 public:
     struct Entry {
         Key key;
-        std::uint32_t number;  ///< of an indexed entry: ascending along the store, at most one behind its place
+        std::uint32_t number;  ///< ascending along an indexed store; the place, until one before it is taken out
         Item item;
     };
     static constexpr std::size_t npos = static_cast<std::size_t>(-1);
