@@ -378,16 +378,7 @@ TEST_F(GridView, GoesOnWithAHalfTypedPersonAfterAnotherWindow) {
     UsePeople([this](QTableView& table) {
         ClickCell(table, 0, 1);
         QTest::keyClicks(&OpenLine(table), "Ev");
-        QLineEdit other;
-        other.setWindowModality(Qt::ApplicationModal);
-        other.setFocus();
-        other.show();
-        QApplication::setActiveWindow(&other);
-        Settle();
-        EXPECT_TRUE(other.hasFocus());
-        EXPECT_EQ(plan.app->xPeopleCol()->Count(), 0);
-        QApplication::setActiveWindow(table.window());
-        Settle();
+        InAnotherWindow(*table.window(), [this] { EXPECT_EQ(plan.app->xPeopleCol()->Count(), 0); });
         QTest::keyClicks(&OpenLine(table), "e");
         QTest::keyClick(&OpenLine(table), Qt::Key_Return);
         Settle();

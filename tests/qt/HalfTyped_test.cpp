@@ -20,19 +20,6 @@ protected:
     }
     ~HalfTyped() override { plan.Heard(); }
 
-    /// The person is in another window, does that, and comes back.
-    static void InAnotherWindow(QWidget& window, const std::function<void()>& there = {}) {
-        QLineEdit other;
-        other.setWindowModality(Qt::ApplicationModal);
-        other.setFocus();
-        other.show();
-        QApplication::setActiveWindow(&other);
-        Settle();
-        EXPECT_TRUE(other.hasFocus());
-        if (there) there();
-        QApplication::setActiveWindow(&window);
-        Settle();
-    }
     static void InAMenu(QWidget& window) {
         QMenu menu(&window);
         menu.addAction("Paste");

@@ -210,14 +210,12 @@ TEST_F(Leaving, EndsWhatTheChoiceOfAFileSaysWithTheDialog) {
 
 TEST_F(Leaving, TakesWhatWasTypedThoughAnotherWindowIsTheActiveOne) {
     plan.Edit("Build", [](QWidget& window) {
-        QWidget other;
-        other.show();
-        QApplication::setActiveWindow(&other);
-        Settle();
-        auto& name = Find<QLineEdit>(window, "TxtName");
-        Type(name, "Raise");
-        EXPECT_FALSE(name.hasFocus());
-        Find<QAbstractButton>(window, "CmdOK").click();
+        InAnotherWindow(window, [&] {
+            auto& name = Find<QLineEdit>(window, "TxtName");
+            Type(name, "Raise");
+            EXPECT_FALSE(name.hasFocus());
+            Find<QAbstractButton>(window, "CmdOK").click();
+        });
     });
     EXPECT_EQ(plan["Build"].TaskName(), "Raise");
 }

@@ -118,6 +118,19 @@ void Choose(const QTableView& table, const char* text) {
     Settle();
 }
 
+void InAnotherWindow(QWidget& window, const std::function<void()>& there) {
+    QLineEdit other;
+    other.setWindowModality(Qt::ApplicationModal);
+    other.setFocus();
+    other.show();
+    QApplication::setActiveWindow(&other);
+    Settle();
+    EXPECT_TRUE(other.hasFocus());
+    if (there) there();
+    QApplication::setActiveWindow(&window);
+    Settle();
+}
+
 QFont LargeFont() {
     QFont large = QApplication::font();
     large.setPointSizeF(1.8 * large.pointSizeF());

@@ -86,6 +86,9 @@ void EditCell(QTableView& table, int row, int col);
 QLineEdit& OpenLine(const QTableView& table);
 void Choose(const QTableView& table, const char* text);
 
+/// The person is in another window, does that, and comes back.
+void InAnotherWindow(QWidget& window, const std::function<void()>& there = {});
+
 /// The desktop's font, 1.8 times as large.
 QFont LargeFont();
 
