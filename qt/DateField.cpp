@@ -52,10 +52,23 @@ void HideCaret(QLineEdit& line, QEvent& focus_out) {
     line.setValidator(validator);
 }
 
-/// A key that is held down steps no further: where it is let go the date does not hear of it.
-void StopStepping(QDateEdit& date) {
-    QKeyEvent release(QEvent::KeyRelease, Qt::Key_unknown, Qt::NoModifier);
-    QCoreApplication::sendEvent(&date, &release);
+/// From a press that repeats a held key the date would step on by itself until it hears of the release, which may
+/// come elsewhere.
+void PressAgain(QDateEdit& date, const QKeyEvent& repeated) {
+    QKeyEvent press(QEvent::KeyPress, repeated.key(), repeated.modifiers(), repeated.text());
+    QCoreApplication::sendEvent(&date, &press);
+}
+
+/// Whether the key goes no further.
+bool TakeKey(QDateEdit& date, const QKeyEvent& key) {
+    if (key.isAutoRepeat()) {
+        PressAgain(date, key);
+    } else if (DropsDown(key)) {
+        OpenCalendar(date);
+    } else {
+        return false;
+    }
+    return true;
 }
 
 }  // namespace
@@ -160,7 +173,6 @@ bool DateField::eventFilter(QObject* watched, QEvent* event) {
                 Left();
                 return false;
             }
-            StopStepping(*date_);
             HideCaret(*line_, *event);
             date_->update();
             return true;  // the date itself would take what is half typed
@@ -169,9 +181,7 @@ bool DateField::eventFilter(QObject* watched, QEvent* event) {
             date_->interpretText();  // what is typed counts before a calendar opens on it
             return false;
         case QEvent::KeyPress:
-            if (!DropsDown(static_cast<const QKeyEvent&>(*event))) return false;
-            OpenCalendar(*date_);
-            return true;
+            return TakeKey(*date_, static_cast<const QKeyEvent&>(*event));
         default:
             return QWidget::eventFilter(watched, event);
     }

@@ -31,6 +31,10 @@ bool StepArrows::eventFilter(QObject* watched, QEvent* event) {
         case QEvent::Wheel:
             wheelEvent(static_cast<QWheelEvent*>(event));
             return true;
+        case QEvent::FocusOut:
+            // An arrow that the mouse holds steps no further: where it is let go the arrows do not hear of it.
+            focusOutEvent(static_cast<QFocusEvent*>(event));
+            return false;
         case QEvent::FontChange:
         case QEvent::StyleChange:
             updateGeometry();  // as high as the field

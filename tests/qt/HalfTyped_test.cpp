@@ -4,8 +4,11 @@
 #include <QComboBox>
 #include <QLineEdit>
 #include <QMenu>
+#include <QPaintEvent>
 #include <QTabWidget>
+#include <utility>
 
+#include "qt/FieldFocus.h"
 #include "tests/qt/QtDialog.h"
 
 namespace mrlxmlclass::testing {
@@ -35,6 +38,31 @@ protected:
     OffscreenApplication application;
     QtPlan plan;
 };
+
+/// What a field hears.
+class Heard : public QObject {
+public:
+    Heard(QWidget& field, std::function<bool(const QEvent&)> counts) : counts_(std::move(counts)) {
+        field.installEventFilter(this);
+    }
+    int Times() { return std::exchange(times_, 0); }
+
+protected:
+    bool eventFilter(QObject*, QEvent* event) override {
+        times_ += counts_(*event);
+        return false;
+    }
+
+private:
+    std::function<bool(const QEvent&)> counts_;
+    int times_ = 0;
+};
+
+void PressUp(QDateEdit& date, bool repeated) {
+    QKeyEvent up(QEvent::KeyPress, Qt::Key_Up, Qt::NoModifier, QString(), repeated);
+    QCoreApplication::sendEvent(&date, &up);
+}
+constexpr int kSomeSteps = 500;  // milliseconds
 
 /// The line that is typed in.
 QLineEdit& LineOf(QWidget& field) {
@@ -135,6 +163,22 @@ TEST_F(HalfTyped, ShowsNoCaretInADateWhileThePersonIsInAnotherWindow) {
     });
 }
 
+TEST_F(HalfTyped, ShowsNoFocusAroundADateWhileThePersonIsInAnotherWindow) {
+    QApplication::setPalette(QPalette(Qt::lightGray));  // the rest of the window looks as before
+    plan.Edit("Design", [](QWidget& window) {
+        QDateEdit& start = DateIn(window, "DTPickerStart");
+        Heard drawn(start, [&start](const QEvent& event) {
+            return event.type() == QEvent::Paint &&
+                   static_cast<const QPaintEvent&>(event).region().contains(start.rect().topLeft());
+        });
+        start.setFocus();
+        QTest::qWait(100);  // a new window is drawn several times
+        drawn.Times();
+        InAnotherWindow(window, [&drawn] { EXPECT_TRUE(QTest::qWaitFor([&drawn] { return drawn.Times() > 0; })); });
+        Click(Find(window, "CmdCancel"));
+    });
+}
+
 TEST_F(HalfTyped, CountsAsTypedWhenOkIsPressedFromAnotherWindow) {
     plan.Edit(
         "Design",
@@ -202,7 +246,6 @@ TEST_F(HalfTyped, IsTypedWhenTheMousePressesOkFromAnotherWindow) {
 }
 
 TEST_F(HalfTyped, StepsADateNoFurtherWhileThePersonLooksElsewhere) {
-    constexpr int kSomeSteps = 500;
     for (const auto& look_away : elsewhere_) {
         plan.Edit(
             "Design",
@@ -210,10 +253,7 @@ TEST_F(HalfTyped, StepsADateNoFurtherWhileThePersonLooksElsewhere) {
                 QDateEdit& end = DateIn(window, "DTPickerEnd");
                 end.setFocus();
                 end.setSelectedSection(QDateTimeEdit::DaySection);
-                for (const bool repeated : {false, true}) {  // Up is held down, and let go elsewhere
-                    QKeyEvent up(QEvent::KeyPress, Qt::Key_Up, Qt::NoModifier, QString(), repeated);
-                    QCoreApplication::sendEvent(&end, &up);
-                }
+                for (const bool repeated : {false, true}) PressUp(end, repeated);  // held down, and let go elsewhere
                 look_away(window);
                 const QDate there = end.date();
                 QTest::qWait(kSomeSteps);
@@ -223,6 +263,70 @@ TEST_F(HalfTyped, StepsADateNoFurtherWhileThePersonLooksElsewhere) {
                 Click(Find(window, "CmdCancel"));
             },
             2, "dd/MM/yyyy");
+    }
+}
+
+TEST_F(HalfTyped, StepsADateNoFurtherThanTheStepThatLedThePersonElsewhere) {
+    for (const auto& look_away : elsewhere_) {
+        plan.Edit(
+            "Design",
+            [&](QWidget& window) {
+                QDateEdit& end = DateIn(window, "DTPickerEnd");
+                end.setFocus();
+                end.setSelectedSection(QDateTimeEdit::DaySection);
+                const QDate begin = end.date();
+                for (const bool repeated : {false, true, true}) PressUp(end, repeated);
+                EXPECT_EQ(end.date(), begin.addDays(3));
+                QObject::connect(
+                    &end, &QDateEdit::dateChanged, &end, [&] { look_away(window); }, Qt::SingleShotConnection);
+                PressUp(end, true);
+                QTest::qWait(kSomeSteps);
+                EXPECT_EQ(end.date(), begin.addDays(4));
+                Click(Find(window, "CmdCancel"));
+            },
+            2, "dd/MM/yyyy");
+    }
+}
+
+TEST_F(HalfTyped, StepsAFieldNoFurtherByAnArrowThatTheMouseHeldBefore) {
+    for (const auto& look_away : elsewhere_) {
+        plan.Edit("Design", [&](QWidget& window) {
+            for (const auto& [arrows_name, field] :
+                 {std::pair("VScrollDuration", "TxtDurtion"), {"VScrollPercentComplete", "TxtPercentComplet"}}) {
+                QWidget& arrows = Find(window, arrows_name);
+                const QLineEdit& line = LineOf(Find(window, field));
+                const QPoint up(arrows.width() / 2, arrows.height() / 4);
+                QTest::mousePress(&arrows, Qt::LeftButton, {}, up);
+                const QString first = line.text();
+                EXPECT_TRUE(QTest::qWaitFor([&] { return line.text() != first; })) << "it goes on by itself";
+                look_away(window);
+                const QString there = line.text();
+                QTest::qWait(kSomeSteps);
+                EXPECT_EQ(line.text(), there) << field;
+                QTest::mouseClick(&arrows, Qt::LeftButton, {}, up);
+                EXPECT_NE(line.text(), there) << field;
+            }
+            Click(Find(window, "CmdCancel"));
+        });
+    }
+}
+
+TEST_F(HalfTyped, TellsAFieldOnceThatThePersonGoesOn) {
+    for (const bool elsewhere : {false, true}) {
+        for (const auto& [tab, field] : {std::pair(0, "TxtName"), {0, "TxtDurtion"}, {3, "VSFlexGridResource"}}) {
+            plan.Edit("Design", [&, tab = tab, field = field](QWidget& window) {
+                Find<QTabWidget>(window, "TabTask").setCurrentIndex(tab);
+                Find(window, field).setFocus();
+                Heard left(Find(window, field), &qt::LeavesField);
+                const auto go_on = [&] {
+                    Find(window, "CmdHelp").setFocus();
+                    EXPECT_EQ(left.Times(), 1) << field << elsewhere;
+                };
+                elsewhere ? InAnotherWindow(window, go_on) : go_on();
+                EXPECT_EQ(left.Times(), 0) << field << elsewhere;
+                Click(Find(window, "CmdCancel"));
+            });
+        }
     }
 }
 
@@ -247,6 +351,15 @@ TEST_F(HalfTyped, TellsNothingOfAFieldThatIsLeftWithTheDialog) {
         EXPECT_EQ(dialog->Task()->TaskName(), "Design");
         edit("Idea", "TxtDurtion", "");
         EXPECT_FALSE(dialog->DTPickerStart.Value().is_null());
+        plan.Edit("Design", [&](QWidget& window) {
+            dialog = Ref<EditTask>(&plan.form());
+            Find<QTabWidget>(window, "TabTask").setCurrentIndex(3);
+            auto& people = Find<QTableView>(window, "VSFlexGridResource");
+            people.setFocus();
+            people.setCurrentIndex(people.model()->index(0, 1));
+            leave(window);
+        });
+        EXPECT_EQ(dialog->VSFlexGridResource.Row(), 1);
     }
 }
 

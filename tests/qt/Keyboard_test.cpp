@@ -108,6 +108,7 @@ TEST_F(Keyboard, HasTheValueOfTheFieldForItsArrows) {
         EXPECT_EQ(value_of("VScrollDuration"), "7");
         Type(*Find(window, "TxtPercentComplet").findChild<QLineEdit*>(), "40");
         EXPECT_EQ(value_of("VScrollPercentComplete"), "40 %");
+        EXPECT_EQ(value_of("VScrollDuration"), "7") << "also where the focus went on";
     });
 }
 
