@@ -154,8 +154,12 @@ bool CellDelegate::eventFilter(QObject* watched, QEvent* event) {
     if (line != nullptr && event->type() == QEvent::KeyPress) {
         if (LineKey(*line, static_cast<const QKeyEvent&>(*event))) return true;
     }
-    if (event->type() == QEvent::FocusOut && !LeavesField(*event)) return false;
-    return QStyledItemDelegate::eventFilter(watched, event);
+    if (event->type() != QEvent::FocusOut) return QStyledItemDelegate::eventFilter(watched, event);
+    if (LeavesField(*event)) {
+        QStyledItemDelegate::eventFilter(watched, event);  // ends the edit
+        on_leave();
+    }
+    return false;
 }
 
 /// Whether the key goes no further.

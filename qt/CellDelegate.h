@@ -20,6 +20,8 @@ public:
     /// The place of the arrow that tells that the cell offers a list; an empty one in other cells.
     QRect ArrowIn(const QAbstractItemView& view, const QModelIndex& index) const;
 
+    std::function<void()> on_leave;  ///< the person went on from an editor, which has taken in what was typed
+
     QWidget* createEditor(QWidget* parent, const QStyleOptionViewItem& option, const QModelIndex& index) const override;
     void setEditorData(QWidget* editor, const QModelIndex& index) const override;
     void setModelData(QWidget* editor, QAbstractItemModel* model, const QModelIndex& index) const override;

@@ -1,6 +1,5 @@
 #include "qt/GridView.h"
 
-#include <QApplication>
 #include <QHeaderView>
 #include <QKeyEvent>
 #include <QScopedValueRollback>
@@ -38,7 +37,7 @@ GridView::GridView(EditTask& form, GridControl& grid, QWidget* parent)
     connect(verticalScrollBar(), &QScrollBar::valueChanged, this, [this] {
         if (!following_) TellTopRow();
     });
-    connect(qApp, &QApplication::focusChanged, this, [this](QWidget* from, QWidget* to) { FocusMoved(from, to); });
+    delegate_->on_leave = [this] { Left(); };
 }
 
 void GridView::Follow() {
@@ -133,10 +132,14 @@ void GridView::focusInEvent(QFocusEvent* event) {
     QTableView::focusInEvent(event);
 }
 
-void GridView::FocusMoved(const QWidget* from, const QWidget* to) {
-    const auto inside = [this](const QWidget* widget) { return widget == this || isAncestorOf(widget); };
-    if (!on_leave || from == nullptr || to == nullptr || to->window() != window()) return;
-    if (inside(from) && !inside(to)) on_leave();
+void GridView::focusOutEvent(QFocusEvent* event) {
+    QTableView::focusOutEvent(event);
+    Left();
+}
+
+void GridView::Left() {
+    const bool inside = isAncestorOf(window()->focusWidget());  // also where that is the table itself
+    if (on_leave && !inside) on_leave();
 }
 
 }  // namespace mrlxmlclass::qt

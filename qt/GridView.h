@@ -30,6 +30,7 @@ protected:
     void currentChanged(const QModelIndex& current, const QModelIndex& previous) override;
     bool edit(const QModelIndex& index, EditTrigger trigger, QEvent* event) override;
     void focusInEvent(QFocusEvent* event) override;
+    void focusOutEvent(QFocusEvent* event) override;
     void keyPressEvent(QKeyEvent* event) override;
     void mousePressEvent(QMouseEvent* event) override;
     void showEvent(QShowEvent* event) override;
@@ -39,7 +40,8 @@ private:
     QModelIndex EditedFrom(const QModelIndex& index) const;
     /// `at` is where in the view.
     void Clicked(const QModelIndex& index, QPoint at);
-    void FocusMoved(const QWidget* from, const QWidget* to);
+    /// The focus left the table itself, or an editor in it.
+    void Left();
     void ShowCurrent();
     void TellTopRow();
 

@@ -386,6 +386,31 @@ TEST_F(GridView, GoesOnWithAHalfTypedPersonAfterAnotherWindow) {
     });
 }
 
+TEST_F(GridView, AsksForAPersonAgainThoughThePersonIsInAnotherWindow) {
+    for (const bool open : {false, true}) {
+        UsePeople(
+            [open](QTableView& table) {
+                ClickCell(table, 0, 1);
+                if (!open) QTest::keyClick(&OpenLine(table), Qt::Key_Escape);
+                EXPECT_EQ(Shown(table), "1 | \n");
+                InAnotherWindow(*table.window(), [&table] { Find(*table.window(), "TxtName").setFocus(); });
+                EXPECT_EQ(Shown(table), open ? "1 | New person...\n | New person...\n" : "1 | New person...\n");
+                EXPECT_FALSE(table.currentIndex().isValid());
+            },
+            "CmdCancel");
+    }
+}
+
+TEST_F(GridView, IsNotLeftByWhoGoesFromACellToTheTable) {
+    UsePeople([](QTableView& table) {
+        ClickCell(table, 0, 1);
+        bool moved = false;
+        QObject::connect(table.selectionModel(), &QItemSelectionModel::currentChanged, &table, [&] { moved = true; });
+        table.setFocus();
+        EXPECT_FALSE(moved) << "who leaves the table leaves no row the current one";
+    });
+}
+
 TEST_F(GridView, ShowsTheFirstPersonOfManyWhenSomebodyIsAssigned) {
     for (int n = 1; n <= 60; ++n) AddPerson(plan, "Person " + std::to_string(n));
     Assign(plan, "60", "Build");
