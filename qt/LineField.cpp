@@ -19,6 +19,7 @@ void NameLine::initStyleOption(QStyleOptionFrame* option) const {
 LineField::LineField(QLineEdit& line, TextControl& control, QString tail)
     : line_(line), control_(control), tail_(std::move(tail)) {
     line.installEventFilter(this);
+    connect(&line, &QLineEdit::textEdited, this, [this] { Typed(); });
 }
 
 bool LineField::eventFilter(QObject* watched, QEvent* event) {
@@ -26,19 +27,22 @@ bool LineField::eventFilter(QObject* watched, QEvent* event) {
     return QObject::eventFilter(watched, event);
 }
 
-bool LineField::RemoveHalf(const QString& text) {
-    const qsizetype caret = std::min<qsizetype>(line_.cursorPosition(), text.size());
-    if (caret == 0 || !text[caret - 1].isHighSurrogate()) return false;
-    line_.setText(QString(text).remove(caret - 1, 1));
-    line_.setCursorPosition(static_cast<int>(caret) - 1);
-    return true;
+void LineField::MendPasted() {
+    const QString pasted = line_.text();
+    const qsizetype behind_caret = pasted.size() - line_.cursorPosition();
+    QString text = takes_lines ? QString(pasted).replace("\r\n", "\n") : OneLine(pasted);
+    qsizetype caret = text.size() - behind_caret;
+    if (caret > 0 && text[caret - 1].isHighSurrogate()) text.remove(--caret, 1);
+    if (text == pasted) return;
+    line_.setText(text);
+    line_.setCursorPosition(static_cast<int>(caret));
 }
 
-void LineField::Typed(const QString& text) {
-    if (RemoveHalf(text)) return Typed(line_.text());
+void LineField::Typed() {
+    MendPasted();
     echo_ = true;
-    emptied_ = EndOfTyped(text) == 0;
-    control_.Text(LinesFromQt(text));
+    emptied_ = EndOfTyped(line_.text()) == 0;
+    control_.Text(LinesFromQt(line_.text()));
     echo_ = emptied_ = false;
 }
 
@@ -50,7 +54,7 @@ void LineField::Show() {
     line_.setReadOnly(static_cast<bool>(control_.Locked()));
     // What the program put there may be longer than what may be typed. Another length, be it the same, takes the caret
     // and what can be undone away.
-    const int caret = static_cast<int>(line_.text().first(line_.cursorPosition()).replace("\r\n", "\n").size());
+    const int caret = line_.cursorPosition();
     const int length = most == 0 ? kMostOfAnyLine : std::max(most, static_cast<int>(text.size()));
     if (line_.maxLength() != length) line_.setMaxLength(length);
     if (line_.text() != text) {

@@ -26,19 +26,20 @@ public:
     QLineEdit& line() { return line_; }
 
     void Show();
-    /// The person put that text there.
-    void Typed(const QString& text);
+    /// The person changed the text of the line.
+    void Typed();
     /// To be called before the line gets the key.
     void BeforeKey(const QKeyEvent& key);
 
+    bool takes_lines = false;        ///< of pasted text; otherwise it is put into one
     std::function<void()> on_leave;  ///< the person goes on to another field; left empty, nothing follows
 
 protected:
     bool eventFilter(QObject* watched, QEvent* event) override;
 
 private:
-    /// Takes away the half that is left of a character which the longest length cut in two; whether there was one.
-    bool RemoveHalf(const QString& text);
+    /// What was pasted is put right: its line breaks, and the end, where the longest length cut a character in two.
+    void MendPasted();
     /// Where the tail begins, or what is left of it.
     qsizetype EndOfTyped(const QString& text) const;
 

@@ -122,9 +122,8 @@ void TaskPage::AddProgress(QGridLayout& grid, Bindings& bindings) {
         percent_->Show();
     });
     bindings.Show(form_.TxtPercentComplet);  // a box keeps the height that it has in its first font
-    connect(box->lineEdit(), &QLineEdit::textEdited, this, [this](const QString& text) { percent_->Typed(text); });
-    connect(box, &DropList::textActivated, this, [this](const QString& chosen) {
-        percent_->Typed(chosen);
+    connect(box, &DropList::textActivated, this, [this] {
+        percent_->Typed();
         form_.TxtPercentComplet_Click();
     });
 
@@ -145,7 +144,6 @@ void TaskPage::AddCost(QGridLayout& grid, Bindings& bindings) {
     cost_line_ = new QLineEdit(this);
     cost_ = std::make_unique<LineField>(*cost_line_, form_.Txtcost);
     bindings.Add(form_.Txtcost, *cost_line_, [this] { cost_->Show(); });
-    connect(cost_line_, &QLineEdit::textEdited, this, [this](const QString& text) { cost_->Typed(text); });
     cost_line_->installEventFilter(this);
 
     const int row = grid.rowCount();
@@ -170,7 +168,6 @@ void TaskPage::AddDuration(QGridLayout& grid, Bindings& bindings) {
     duration_line_ = new QLineEdit(this);
     duration_ = std::make_unique<LineField>(*duration_line_, control);
     bindings.Add(control, *duration_line_, [this] { duration_->Show(); });
-    connect(duration_line_, &QLineEdit::textEdited, this, [this](const QString& text) { duration_->Typed(text); });
     duration_->on_leave = [this] { form_.TxtDurtion_Validate(0); };
     duration_line_->installEventFilter(this);
 

@@ -51,7 +51,7 @@ QLayout* TaskWindow::NewNameRow() {
     auto* line = new NameLine(this);
     name_ = std::make_unique<LineField>(*line, form_.TxtName[0]);
     bindings_.Add(form_.TxtName[0], *line, [this] { name_->Show(); });
-    connect(line, &QLineEdit::textEdited, this, [this](const QString& text) { name_->Typed(text); });
+    name_->takes_lines = true;
     name_->on_leave = [this] { form_.TxtName_Validate(0); };
 
     auto* row = new QHBoxLayout;

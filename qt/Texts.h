@@ -19,13 +19,15 @@ inline QString LinesToQt(const String& text) {
     return ToQt(text).replace("\r\n", "\n");
 }
 inline String LinesFromQt(QString text) {
-    return FromQt(text.replace("\r\n", "\n").replace("\n", "\r\n"));
+    return FromQt(text.replace("\n", "\r\n"));
 }
 
-/// What a field of one line makes of lines that were pasted: breaks behind the text go, those within are blanks.
+/// What a field of one line makes of lines that were pasted: breaks around the text go, those within are blanks.
 inline QString OneLine(QString text) {
-    while (text.endsWith('\n') || text.endsWith('\r')) text.chop(1);
-    return text.replace("\r\n", " ").replace('\n', ' ').replace('\r', ' ');
+    text.replace("\r\n", "\n").replace('\r', '\n');
+    while (text.startsWith('\n')) text.remove(0, 1);
+    while (text.endsWith('\n')) text.chop(1);
+    return text.replace('\n', ' ');
 }
 
 }  // namespace mrlxmlclass::qt

@@ -15,11 +15,6 @@ UrlWindow::UrlWindow(frmurl& form, QWidget* parent)
     setWindowTitle(ToQt(form.caption));
     QLineEdit& line = address_.line();
     bindings_.Add(form.txturl, line, [this] { address_.Show(); });
-    connect(&line, &QLineEdit::textEdited, this, [this](const QString& text) {
-        const QString address = OneLine(text);
-        address_.Typed(address);
-        if (address != text) address_.Show();
-    });
 
     auto* box = new QDialogButtonBox(this);
     auto* ok = new QPushButton(this);

@@ -229,6 +229,24 @@ TEST_F(NotesPage, ShowsTheAddressWithoutTheLinesThatWerePasted) {
     });
 }
 
+TEST_F(NotesPage, GoesOnBetweenPastedLinesAndTheCharacterThatFollows) {
+    constexpr char32_t kEmoji[] = U"\U0001F3E0";
+    const QString house = QString::fromUcs4(kEmoji, 1);
+    QGuiApplication::clipboard()->setText("\nx\r\ny");
+    Use([&house](QWidget& window) {
+        Then([&house](QWidget& address) {
+            auto& line = Find<QLineEdit>(address, "txturl");
+            line.setText(house);
+            line.home(/*mark=*/false);
+            QTest::keyClick(&line, Qt::Key_V, Qt::ControlModifier);
+            QTest::keyClicks(&line, "!");
+            EXPECT_EQ(line.text(), "x y!" + house);
+            Click(Find(address, "CmdCancel"));
+        });
+        Click(Find(window, "Cmdlink"));
+    });
+}
+
 TEST_F(NotesPage, AttachesNoAddressOfTwoLines) {
     QGuiApplication::clipboard()->setText("www.one.example\nwww.two.example");
     Use([](QWidget& window) {

@@ -1,6 +1,7 @@
 #include <gtest/gtest.h>
 
 #include <QCheckBox>
+#include <QClipboard>
 #include <QComboBox>
 #include <QDateEdit>
 #include <QLineEdit>
@@ -65,6 +66,25 @@ TEST_F(TaskPage, ShowsALongerDurationWholeThatNobodyTyped) {
         EXPECT_EQ(Find<QLineEdit>(window, "TxtDurtion").text(), "12.25");
         Click(Find(window, "CmdCancel"));
     });
+}
+
+TEST_F(TaskPage, TakesANumberThatWasPastedWithTheEndOfItsLine) {
+    for (const char* lines : {"25\n", "25\r\n", "\n25", "25"}) {
+        SCOPED_TRACE(lines);
+        plan.Task("Look").From(Monday).Lasting(1);
+        QGuiApplication::clipboard()->setText(lines);
+        plan.Edit("Look", [](QWidget& window) {
+            for (QLineEdit* line : {&Find<QLineEdit>(window, "Txtcost"), &Find<QLineEdit>(window, "TxtDurtion"),
+                                    Find<QComboBox>(window, "TxtPercentComplet").lineEdit()}) {
+                Type(*line, "");
+                QTest::keyClick(line, Qt::Key_V, Qt::ControlModifier);
+            }
+            Click(Find(window, "CmdOK"));
+        });
+        EXPECT_EQ(plan["Look"].TaskCost(), Currency(25));
+        EXPECT_EQ(plan["Look"].TaskDuration(), 25);
+        EXPECT_EQ(plan["Look"].TaskPercentDone(), 25);
+    }
 }
 
 TEST_F(TaskPage, TypesOverTheZeroThatComesForAnEmptyDuration) {
