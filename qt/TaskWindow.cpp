@@ -122,11 +122,9 @@ void TaskWindow::DropEdits() {
     }
 }
 
-/// The front one first, as the others wait for it.
 void TaskWindow::ClosePopups() {
-    const QList<QWidget*> own = findChildren<QWidget*>();
-    while (QWidget* popup = QApplication::activePopupWidget()) {
-        if (!own.contains(popup) || !popup->close()) return;
+    for (QWidget* widget : findChildren<QWidget*>()) {
+        if (widget->windowType() == Qt::Popup) widget->hide();
     }
 }
 

@@ -173,6 +173,22 @@ TEST_F(Leaving, LeavesAMenuOfTheHostOpen) {
     });
 }
 
+TEST_F(Leaving, EndsWhatThePersonOpenedBehindAMenuOfTheHost) {
+    plan.Edit("Build", [this](QWidget& window) {
+        QDateEdit& start = DateIn(window, "DTPickerStart");
+        start.setFocus();
+        QTest::keyClick(&start, Qt::Key_F4);
+        QMenu menu;
+        menu.addAction("Close all");
+        menu.popup(window.mapToGlobal(QPoint()));
+        plan.app->unloadtaskinfo();
+        EXPECT_FALSE(start.calendarWidget()->isVisible());
+        EXPECT_TRUE(menu.isVisible());
+        menu.close();
+        EXPECT_EQ(QApplication::activePopupWidget(), nullptr);
+    });
+}
+
 TEST_F(Leaving, EndsTheChoiceOfAFileWithTheDialog) {
     EXPECT_EQ(plan.Edit("Build",
                         [this](QWidget& window) {
