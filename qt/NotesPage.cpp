@@ -19,17 +19,19 @@ namespace mrlxmlclass::qt {
 
 namespace {
 
-/// A line break of the note is one character here, the one that parts Qt's paragraphs: CR LF for the form.
+/// A line break of the note is CR LF for the form, and one character here, as it is for Qt: one that no text has.
+constexpr QChar kBreak(0xFFFF);
+
 QString NoteToQt(const String& text) {
-    return ToQt(text).replace("\r\n", QChar(QChar::ParagraphSeparator));
+    return ToQt(text).replace("\r\n", kBreak);
 }
 String NoteFromQt(QString text) {
-    return FromQt(text.replace(QChar::ParagraphSeparator, "\r\n"));
+    return FromQt(text.replace(kBreak, "\r\n"));
 }
 
 /// Other characters than CR LF break lines too, and show as it does.
 bool LooksSame(QChar one, QChar other) {
-    const auto breaks = [](QChar character) { return QStringView(u"\n\r\u2028\u2029").contains(character); };
+    const auto breaks = [](QChar character) { return QStringView(u"\n\r\u2028\u2029\uFFFF").contains(character); };
     return one == other || (breaks(one) && breaks(other));
 }
 
@@ -53,12 +55,12 @@ QString NoteText::Text() const {
     qsizetype end = 0;
     while (end < most && LooksSame(before[before.size() - 1 - end], shown[shown.size() - 1 - end])) ++end;
     QString changed = shown.sliced(begin, shown.size() - begin - end);
-    return before.first(begin) + changed.replace(QChar::LineSeparator, QChar(QChar::ParagraphSeparator)) +
-           before.last(end);
+    return before.first(begin) +
+           changed.replace(QChar::ParagraphSeparator, kBreak).replace(QChar::LineSeparator, kBreak) + before.last(end);
 }
 
 void NoteText::Show() {
-    const QString text = NoteToQt(form_.txtNote.Text());
+    const QString text = LinesToQt(form_.txtNote.Text());
     setReadOnly(static_cast<bool>(form_.txtNote.Locked()));
     if (std::ranges::equal(document()->toRawText(), text, LooksSame)) return;
     const QSignalBlocker quiet(this);

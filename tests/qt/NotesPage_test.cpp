@@ -101,6 +101,28 @@ TEST_F(NotesPage, LeavesTheLinesAsTheyAreThatNobodyTypesIn) {
     EXPECT_EQ(NotesOf(plan, "Design"), "1:\r\nonetwo\r\n\nthree\r\n\r\n:");
 }
 
+TEST_F(NotesPage, LeavesRareBreaksAsTheyAreToo) {
+    const std::string note = "one\rtwo\u2029three\u2028four";
+    AddNote(plan, "Design", note);
+    Use([&](QWidget& window) {
+        QTest::keyClick(&Find(window, "txtNote"), Qt::Key_End, Qt::ControlModifier);
+        QTest::keyClicks(&Find(window, "txtNote"), "!");
+    });
+    EXPECT_EQ(NotesOf(plan, "Design"), "1:" + note + "!:");
+}
+
+TEST_F(NotesPage, GoesOnBehindALineThatShiftEnterBroke) {
+    AddNote(plan, "Design", "one\ntwo");
+    Use([](QWidget& window) {
+        QWidget& note = Find(window, "txtNote");
+        QTest::keyClick(&note, Qt::Key_Return, Qt::ShiftModifier);
+        QTest::keyClicks(&note, "a");
+        QTest::keyClick(&note, Qt::Key_End, Qt::ControlModifier);
+        QTest::keyClicks(&note, "!");
+    });
+    EXPECT_EQ(NotesOf(plan, "Design"), "1:\r\naone\ntwo!:");
+}
+
 TEST_F(NotesPage, PastesLinesIntoTheNote) {
     AddNote(plan, "Design", "one\ntwo");
     QGuiApplication::clipboard()->setText("a\nb\n");
