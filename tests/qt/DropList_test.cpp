@@ -178,6 +178,18 @@ TEST_F(DropList, ChoosesNothingByADoubleClick) {
     }
 }
 
+TEST_F(DropList, ChoosesNothingByTheWheelBeforeItIsOpen) {
+    UsePredecessors([](QTableView& table) {
+        table.setFocus();
+        table.setCurrentIndex(table.model()->index(1, 1));
+        QTest::keyClick(&table, Qt::Key_F2);
+        Wheel(Find<QComboBox>(*table.viewport(), ""), -1);
+        Settle();
+        ASSERT_EQ(Shown(table), "1 | Draw | 0\n |  | \n");
+        QTest::keyClick(Find<QComboBox>(*table.viewport(), "").view(), Qt::Key_Escape);
+    });
+}
+
 TEST_F(DropList, ChoosesByAClickThatComesLater) {
     constexpr int kShort = 10;  // milliseconds
     QApplication::setDoubleClickInterval(kShort);
