@@ -2,6 +2,7 @@
 
 #include <algorithm>
 #include <cstdio>
+#include <iterator>
 #include <string_view>
 #include <system_error>
 
@@ -12,6 +13,35 @@
 namespace {
 
 using prx::Command;
+
+struct NamedCommand {
+    std::string_view name;
+    std::unique_ptr<Command> (*make)(CLI::App&);
+};
+constexpr NamedCommand kCommands[] = {{"new", prx::MakeNew},           {"convert", prx::MakeConvert},
+                                      {"import", prx::MakeImport},     {"show", prx::MakeShow},
+                                      {"add", prx::MakeAdd},           {"set", prx::MakeSet},
+                                      {"rename", prx::MakeRename},     {"milestone", prx::MakeMilestone},
+                                      {"done", prx::MakeDone},         {"cost", prx::MakeCost},
+                                      {"link", prx::MakeLink},         {"unlink", prx::MakeUnlink},
+                                      {"indent", prx::MakeIndent},     {"outdent", prx::MakeOutdent},
+                                      {"move", prx::MakeMove},         {"phase", prx::MakePhase},
+                                      {"shift", prx::MakeShift},       {"remove", prx::MakeRemove},
+                                      {"person", prx::MakePerson},     {"goal", prx::MakeGoal},
+                                      {"obstacle", prx::MakeObstacle}, {"note", prx::MakeNote},
+                                      {"assign", prx::MakeAssign},     {"unassign", prx::MakeUnassign},
+                                      {"calendar", prx::MakeCalendar}, {"check", prx::MakeCheck},
+                                      {"edit", prx::MakeEdit}};
+
+/// The command that is named; all of them where none is. To make all takes longer than most of them run.
+prx::Commands MakeCommands(CLI::App& app, std::string_view name) {
+    const auto* const named = std::ranges::find(kCommands, name, &NamedCommand::name);
+    prx::Commands commands;
+    for (const NamedCommand& command : kCommands) {
+        if (named == std::end(kCommands) || named == &command) commands.push_back(command.make(app));
+    }
+    return commands;
+}
 
 /// Refuses where the output did not get where it should; `more` says what was done all the same.
 void DemandWritten(const std::string& more = {}) {
@@ -42,15 +72,7 @@ int Run(int argc, char** argv) {
     CLI::App app("Plans in .prx files: start, show, change and check them.", "prx");
     app.set_version_flag("--version", "prx " PRX_VERSION);
     app.require_subcommand(1);
-    prx::Commands commands;
-    for (const auto make :
-         {prx::MakeNew,      prx::MakeConvert,   prx::MakeImport,   prx::MakeShow,  prx::MakeAdd,    prx::MakeSet,
-          prx::MakeRename,   prx::MakeMilestone, prx::MakeDone,     prx::MakeCost,  prx::MakeLink,   prx::MakeUnlink,
-          prx::MakeIndent,   prx::MakeOutdent,   prx::MakeMove,     prx::MakePhase, prx::MakeShift,  prx::MakeRemove,
-          prx::MakePerson,   prx::MakeGoal,      prx::MakeObstacle, prx::MakeNote,  prx::MakeAssign, prx::MakeUnassign,
-          prx::MakeCalendar, prx::MakeCheck,     prx::MakeEdit}) {
-        commands.push_back(make(app));
-    }
+    const prx::Commands commands = MakeCommands(app, argc > 1 ? argv[1] : "");
     try {
         app.parse(argc, argv);
     } catch (const CLI::ParseError& error) {
