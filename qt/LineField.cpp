@@ -1,6 +1,7 @@
 #include "qt/LineField.h"
 
 #include <QKeyEvent>
+#include <QScopedValueRollback>
 #include <QStyleOptionFrame>
 #include <algorithm>
 #include <utility>
@@ -19,7 +20,10 @@ void NameLine::initStyleOption(QStyleOptionFrame* option) const {
 LineField::LineField(QLineEdit& line, TextControl& control, QString tail)
     : line_(line), control_(control), tail_(std::move(tail)) {
     line.installEventFilter(this);
-    connect(&line, &QLineEdit::textEdited, this, [this] { Typed(); });
+    // Who does not type, such as a program that writes what the person speaks, edits no text, but changes it.
+    connect(&line, &QLineEdit::textChanged, this, [this] {
+        if (!writing_) Typed();
+    });
 }
 
 bool LineField::eventFilter(QObject* watched, QEvent* event) {
@@ -34,6 +38,7 @@ void LineField::MendPasted() {
     qsizetype caret = text.size() - behind_caret;
     if (caret > 0 && text[caret - 1].isHighSurrogate()) text.remove(--caret, 1);
     if (text == pasted) return;
+    const QScopedValueRollback writing(writing_, true);
     line_.setText(text);
     line_.setCursorPosition(static_cast<int>(caret));
 }
@@ -44,11 +49,13 @@ void LineField::Typed() {
     emptied_ = EndOfTyped(line_.text()) == 0;
     control_.Text(LinesFromQt(line_.text()));
     echo_ = emptied_ = false;
+    if (on_leave && line_.window()->focusWidget() != &line_) on_leave();  // nobody will leave where text was dropped
 }
 
 void LineField::Show() {
     constexpr int kMostOfAnyLine = 32767;
     const QString text = LinesToQt(control_.Text());
+    const QScopedValueRollback writing(writing_, true);
     const bool echo = std::exchange(echo_, false);
     const int most = static_cast<int>(control_.MaxLength().value());
     line_.setReadOnly(static_cast<bool>(control_.Locked()));

@@ -26,8 +26,6 @@ public:
     QLineEdit& line() { return line_; }
 
     void Show();
-    /// The person changed the text of the line.
-    void Typed();
     /// To be called before the line gets the key.
     void BeforeKey(const QKeyEvent& key);
 
@@ -38,6 +36,8 @@ protected:
     bool eventFilter(QObject* watched, QEvent* event) override;
 
 private:
+    /// The person changed the text of the line.
+    void Typed();
     /// What was pasted is put right: its line breaks, and the end, where the longest length cut a character in two.
     void MendPasted();
     /// Where the tail begins, or what is left of it.
@@ -46,6 +46,7 @@ private:
     QLineEdit& line_;
     TextControl& control_;
     QString tail_;
+    bool writing_ = false;  ///< the program changes the text of the line
     bool echo_ = false;     ///< the form is about to tell what was typed
     bool emptied_ = false;  ///< the form is answering an empty line
 };

@@ -13,9 +13,10 @@ StepArrows::StepArrows(QWidget& field, const QLineEdit& line, std::function<void
     : QAbstractSpinBox(field.parentWidget()), field_(field), up_(std::move(up)), down_(std::move(down)) {
     field.installEventFilter(this);
     lineEdit()->hide();
-    connect(&line, &QLineEdit::textChanged, lineEdit(), &QLineEdit::setText);  // what a screen reader says
-    setFocusPolicy(Qt::ClickFocus);                                            // no stop for Tab
-    setFocusProxy(&field);                                                     // which takes the arrow keys
+    // What a screen reader says. The form may have answered before this is told.
+    connect(&line, &QLineEdit::textChanged, lineEdit(), [this, &line] { lineEdit()->setText(line.text()); });
+    setFocusPolicy(Qt::ClickFocus);  // no stop for Tab
+    setFocusProxy(&field);           // which takes the arrow keys
     setSizePolicy(QSizePolicy::Fixed, QSizePolicy::Fixed);
 }
 

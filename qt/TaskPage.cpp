@@ -107,6 +107,7 @@ QWidget* TaskPage::NewDatesFrame(Bindings& bindings) {
 
 void TaskPage::AddProgress(QGridLayout& grid, Bindings& bindings) {
     auto* box = new PercentList(this);
+    for (const String& offered : form_.TxtPercentComplet.List()) box->addItem(ToQt(offered));
     box->setEditable(true);
     box->setInsertPolicy(QComboBox::NoInsert);
     box->setCompleter(nullptr);
@@ -115,17 +116,9 @@ void TaskPage::AddProgress(QGridLayout& grid, Bindings& bindings) {
     QObject::disconnect(box->lineEdit(), &QLineEdit::editingFinished, box, nullptr);
     QObject::disconnect(box->lineEdit(), &QLineEdit::returnPressed, box, nullptr);
     percent_ = std::make_unique<LineField>(*box->lineEdit(), form_.TxtPercentComplet, EditTask::kPercentTail);
-    bindings.Add(form_.TxtPercentComplet, *box, [this, box] {
-        const QSignalBlocker quiet(box);
-        const auto& offered = form_.TxtPercentComplet.List();
-        for (auto n = static_cast<std::size_t>(box->count()); n < offered.size(); ++n) box->addItem(ToQt(offered[n]));
-        percent_->Show();
-    });
+    bindings.Add(form_.TxtPercentComplet, *box, [this] { percent_->Show(); });
     bindings.Show(form_.TxtPercentComplet);  // a box keeps the height that it has in its first font
-    connect(box, &DropList::textActivated, this, [this] {
-        percent_->Typed();
-        form_.TxtPercentComplet_Click();
-    });
+    connect(box, &DropList::textActivated, this, [this] { form_.TxtPercentComplet_Click(); });
 
     for (QObject* typed_in : {static_cast<QObject*>(box), static_cast<QObject*>(box->lineEdit())}) {
         typed_in->installEventFilter(this);

@@ -106,8 +106,8 @@ TEST_F(Keyboard, HasTheValueOfTheFieldForItsArrows) {
         EXPECT_EQ(value_of("VScrollDuration"), "5");
         Type(Find(window, "TxtDurtion"), "7");
         EXPECT_EQ(value_of("VScrollDuration"), "7");
-        Type(*Find(window, "TxtPercentComplet").findChild<QLineEdit*>(), "40");
-        EXPECT_EQ(value_of("VScrollPercentComplete"), "40 %");
+        Type(*Find(window, "TxtPercentComplet").findChild<QLineEdit*>(), "4");
+        EXPECT_EQ(value_of("VScrollPercentComplete"), "4 %");
         EXPECT_EQ(value_of("VScrollDuration"), "7") << "also where the focus went on";
     });
 }

@@ -2,8 +2,11 @@
 
 #include <gtest/gtest.h>
 
+#include <QAccessible>
 #include <QClipboard>
 #include <QComboBox>
+#include <QDropEvent>
+#include <QMimeData>
 
 #include "tests/qt/QtDialog.h"
 
@@ -94,6 +97,7 @@ TEST_F(LineField, HasNoHalfOfACharacterWhereItIsFull) {
     const QString house = QString::fromUcs4(kEmoji, 1);
     plan.Edit("Design", [&](QWidget& window) {
         auto& name = Find<QLineEdit>(window, "TxtName");
+        name.setFocus();
         for (const int place : {159, 80, 0}) {
             name.setText(QString(159, 'x'));
             name.setCursorPosition(place);
@@ -262,6 +266,48 @@ TEST_F(LineField, OpensTheListOfPercentagesByAltDownAndF4) {
             EXPECT_FALSE(box.view()->isVisible());
         }
     });
+}
+
+TEST_F(LineField, TakesANameThatWasDroppedWhileTheFocusIsElsewhere) {
+    plan.Edit("Design", [](QWidget& window) {
+        auto& name = Find<QLineEdit>(window, "TxtName");
+        Find(window, "Txtcost").setFocus();
+        QMimeData text;
+        text.setText("Garden ");
+        const QPoint front(2, name.height() / 2);
+        QDragEnterEvent enters(front, Qt::CopyAction, &text, Qt::LeftButton, {});
+        QCoreApplication::sendEvent(&name, &enters);
+        QDropEvent dropped(front, Qt::CopyAction, &text, Qt::LeftButton, {});
+        QCoreApplication::sendEvent(&name, &dropped);
+        Click(Find(window, "CmdOK"));
+    });
+    EXPECT_EQ(plan["Design"].TaskName(), "Garden Design");
+}
+
+TEST_F(LineField, TakesWhatAProgramWritesForThePerson) {
+    plan.Edit("Design", [](QWidget& window) {
+        for (const auto& [field, text] :
+             {std::pair("TxtName", "Spoken"), {"TxtDurtion", "9"}, {"Txtcost", "44"}, {"TxtPercentComplet", "40"}}) {
+            QWidget& widget = Find(window, field);
+            auto* box = qobject_cast<QComboBox*>(&widget);
+            QWidget* line = box != nullptr ? box->lineEdit() : &widget;
+            QAccessible::queryAccessibleInterface(line)->setText(QAccessible::Value, text);
+        }
+        Click(Find(window, "CmdOK"));
+    });
+    EXPECT_EQ(plan["Design"].TaskName(), "Spoken");
+    EXPECT_EQ(plan["Design"].TaskDuration(), 9);
+    EXPECT_EQ(plan["Design"].TaskCost(), 44);
+    EXPECT_EQ(plan["Design"].TaskPercentDone(), 40);
+}
+
+TEST_F(LineField, FollowsTheFormToATextThatIsShorterThanTheLongest) {
+    plan["Design"].TaskDuration(1000);
+    plan.Edit("Design", [](QWidget& window) {
+        QTest::keyClick(&Find(window, "TxtDurtion"), Qt::Key_Down);
+        Click(Find(window, "CmdOK"));
+    });
+    EXPECT_EQ(plan["Design"].TaskDuration(), 999);
 }
 
 TEST_F(LineField, TakesAnOfferedPercentageForTypedUntilItIsChosen) {
