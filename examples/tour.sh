@@ -18,7 +18,7 @@ expect_changes() {
     content "$2" >after.json
     diff before.json after.json >changes || true
     local names
-    names=$(sed -n 's/^[<>].*"name": "\([^"]*\)".*/\1/p' changes | sort -u | paste -sd, -)
+    names=$(sed -n 's/^[<>] {[^{]*"name": "\([^"]*\)".*/\1/p' changes | sort -u | paste -sd, -)
     [ "$names" = "$3" ] || { echo "Expected changes to: $3; found: $names" >&2; exit 1; }
     ! grep '^[<>]' changes | grep -v '"key": ' || { echo "Expected changes to no more than tasks" >&2; exit 1; }
 }
