@@ -133,11 +133,13 @@ std::vector<ItemRow> ItemsOf(const Project& project, Kind kind) {
     });
 }
 
-std::vector<std::string> NamesOn(TasksCls& task, Kind kind) {
+std::vector<ItemOn> ItemsOn(TasksCls& task, Kind kind) {
     return With(kind, [&]<class K>(K) {
-        std::vector<std::string> names;
-        for (const auto& entry : K::Copies(task)->NewEnum()) names.push_back(K::NameOf(*entry.item));
-        return names;
+        std::vector<ItemOn> items;
+        for (const auto& entry : K::Copies(task)->NewEnum()) {
+            items.push_back({K::KeyOf(*entry.item), K::NameOf(*entry.item)});
+        }
+        return items;
     });
 }
 

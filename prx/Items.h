@@ -35,8 +35,13 @@ struct ItemRow {
 };
 /// All items of a kind in their order.
 std::vector<ItemRow> ItemsOf(const Project& project, Kind kind);
-/// The names of the items of a kind that are tied to a task.
-std::vector<std::string> NamesOn(mrlxmlclass::TasksCls& task, Kind kind);
+/// An item as a task shows it.
+struct ItemOn {
+    std::string key;
+    std::string name;
+};
+/// The items of a kind that are tied to a task.
+std::vector<ItemOn> ItemsOn(mrlxmlclass::TasksCls& task, Kind kind);
 
 /// The key of the item that a text on the command line means: a key, or a name that only one item has, or one of those
 /// that are tied to the task `of`.

@@ -43,6 +43,13 @@ std::string Number(double number) {
     return std::isfinite(number) ? fmt::format("{}", number) : "null";
 }
 
+std::string Key(std::string_view key) {
+    constexpr std::size_t kMostDigits = 15;
+    const bool digits = !key.empty() && key.find_first_not_of("0123456789") == std::string_view::npos;
+    const bool plain = digits && key.size() <= kMostDigits && (key.size() == 1 || key.front() != '0');
+    return plain ? std::string(key) : Quote(key);
+}
+
 Object& Object::Add(std::string_view name, std::string_view value) {
     if (!members_.empty()) members_ += ", ";
     members_ += fmt::format("{}: {}", Quote(name), value);

@@ -11,6 +11,8 @@ namespace prx::json {
 std::string Quote(std::string_view text);
 /// null for what is no finite number.
 std::string Number(double number);
+/// A key: a number where it is one as JSON writes it, else a text.
+std::string Key(std::string_view key);
 inline std::string Flag(bool value) {
     return value ? "true" : "false";
 }

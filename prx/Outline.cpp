@@ -35,7 +35,9 @@ std::string NameCell(const OutlineRow& row) {
 }
 
 std::string Names(const OutlineRow& row, Kind kind) {
-    return Plain(fmt::format("{}", fmt::join(NamesOn(*row.task, kind), ", ")));
+    std::vector<std::string> names;
+    for (const ItemOn& item : ItemsOn(*row.task, kind)) names.push_back(item.name);
+    return Plain(fmt::format("{}", fmt::join(names, ", ")));
 }
 
 const Column kRow = {"Row", false, [](const OutlineRow& row) { return Text(row.task->TaskPosition()); }};
@@ -95,25 +97,29 @@ std::string Table(const std::vector<OutlineRow>& rows, const std::vector<Column>
     return text;
 }
 
-std::string KeysOf(const Ref<Collection>& keys) {
-    std::vector<std::string> texts;
-    for (const auto& entry : keys->Snapshot()) texts.push_back(json::Quote(entry.item.Key().text()));
-    return json::Array(texts);
-}
-
-/// Working days that each link keeps free.
-std::string LagsOf(TasksCls& task, TasksCol& tasks) {
-    std::vector<std::string> lags;
+/// Whom a task waits for, and the working days that each link keeps free.
+std::string PredecessorsOf(TasksCls& task, TasksCol& tasks) {
+    std::vector<std::string> links;
+    if (!task.TaskPredecessorValid()) return json::Array(links);
     for (const auto& entry : task.TaskPredecessor()->Snapshot()) {
-        lags.push_back(std::to_string(tasks.GetLeadTime(entry.item.Key().text(), task.TaskLeadTime()).value()));
+        const std::string key = entry.item.Key().text();
+        links.push_back(json::Object()
+                            .Add("key", json::Key(key))
+                            .Add("lag", std::to_string(tasks.GetLeadTime(key, task.TaskLeadTime()).value()))
+                            .Text());
     }
-    return json::Array(lags);
+    return json::Array(links);
 }
 
-std::string TextsOf(const std::vector<std::string>& texts) {
-    std::vector<std::string> quoted;
-    for (const std::string& text : texts) quoted.push_back(json::Quote(text));
-    return json::Array(quoted);
+std::string ItemsAsJson(TasksCls& task, Kind kind) {
+    std::vector<std::string> texts;
+    for (const ItemOn& item : ItemsOn(task, kind)) {
+        texts.push_back(json::Object()
+                            .Add("key", json::Key(item.key))
+                            .Add(kind == Kind::kNote ? "text" : "name", json::Quote(item.name))
+                            .Text());
+    }
+    return json::Array(texts);
 }
 
 std::string DateOrNull(Date date) {
@@ -138,17 +144,15 @@ std::string JsonOf(const OutlineRow& row, const Ref<TasksCol>& tasks) {
         .Add("done", task.TaskPercentDoneValid() ? number(task.TaskPercentDone()) : "null")
         .Add("cost", Text(task.TaskCost()))
         .Add("colour", task.TaskcolorValid() ? number(task.TaskColor()) : "null")
-        .Add("lag", number(task.TaskLag()));
-    if (task.TaskPredecessorValid()) {
-        object.Add("predecessors", KeysOf(task.TaskPredecessor())).Add("link_lags", LagsOf(task, *tasks));
-    }
-    for (const Kind kind : kKinds) object.Add(PluralOf(kind), TextsOf(NamesOn(task, kind)));
+        .Add("lag", number(task.TaskLag()))
+        .Add("predecessors", PredecessorsOf(task, *tasks));
+    for (const Kind kind : kKinds) object.Add(PluralOf(kind), ItemsAsJson(task, kind));
     return object.Text();
 }
 
 std::string Heading(Application& app, std::size_t count) {
     const std::string name = Plain(app.xProject()->ProjectName());
-    std::string heading = name.empty() ? "A project without a name" : name;
+    std::string heading = name.empty() ? kNoName : name;
     heading += ": " + Tasks(count);
     if (count > 0) heading += fmt::format(", {} to {}", Text(app.MinDate()), Text(app.MaxDate()));
     return heading + "\n";

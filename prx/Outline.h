@@ -15,6 +15,9 @@ struct OutlineRow {
     std::size_t level = 0;
 };
 
+/// What stands for a project's name where it has none.
+inline constexpr const char* kNoName = "A project without a name";
+
 /// The tasks of the outline by row.
 std::vector<OutlineRow> Outline(const mrlxmlclass::Ref<mrlxmlclass::TasksCol>& tasks);
 

@@ -112,8 +112,7 @@ private:
         const std::vector<ItemField> fields = FieldsOf(kind_);
         for (const ItemRow& row : rows) {
             json::Object object;
-            object.Add("key", IsNumber(row.key) ? row.key : json::Quote(row.key))
-                .Add(kind_ == Kind::kNote ? "text" : "name", json::Quote(row.name));
+            object.Add("key", json::Key(row.key)).Add(kind_ == Kind::kNote ? "text" : "name", json::Quote(row.name));
             for (std::size_t i = 0; i < fields.size(); ++i) object.Add(fields[i].name, json::Quote(row.fields[i]));
             object.Add("tasks", fmt::format("[{}]", fmt::join(row.tasks, ", ")));
             lines.push_back(object.Text());

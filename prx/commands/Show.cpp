@@ -14,7 +14,8 @@ namespace {
 class Show : public Command {
 public:
     explicit Show(CLI::App& app) : Command(app, "show", "Print the outline") {
-        auto* json = options().add_flag("--json", json_, "Print everything as JSON, for programs");
+        auto* json = options().add_flag("--json", json_,
+                                        "Print the project, its calendar and the outline as JSON, for programs");
         auto* gantt = options().add_flag("--gantt", gantt_, "Draw it as bars over a time line")->excludes(json);
         options()
             .add_flag("--people", people_, "Show who works on what, instead of durations and costs")

@@ -20,6 +20,8 @@ public:
     std::string Days(const std::string& name) const;
     /// The row of a task in the JSON output.
     std::string Row(const std::string& name) const;
+    /// The keys of those that a task waits for: "2 6".
+    std::string Predecessors(const std::string& name) const;
     /// The summaries whose days or cost are not those of the tasks below them, a line each.
     std::string WrongSummaries() const;
     /// How many tasks there are.

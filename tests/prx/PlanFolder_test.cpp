@@ -78,6 +78,23 @@ std::string PlanFolder::Days(const std::string& name) const {
     return Member(row, "start") + " " + Member(row, "end");
 }
 
+std::string PlanFolder::Predecessors(const std::string& name) const {
+    const std::string row = Row(name);
+    const std::string start = "\"predecessors\": [";
+    const std::size_t at = row.find(start);
+    if (at == std::string::npos) {
+        ADD_FAILURE() << "no predecessors are told of " << row;
+        return "";
+    }
+    const std::size_t first = at + start.size();
+    const std::string links = row.substr(first, row.find(']', first) - first);
+    std::string keys;
+    for (std::size_t link = links.find('{'); link != std::string::npos; link = links.find('{', link + 1)) {
+        keys += (keys.empty() ? "" : " ") + Member(links.substr(link), "key");
+    }
+    return keys;
+}
+
 std::string PlanFolder::WrongSummaries() const {
     struct Sum {
         std::string start, end;
@@ -120,6 +137,11 @@ TEST(PlanFolder, ReadsAPlanAsItStands) {
     EXPECT_EQ(plan.Drawing(), "1 Phase\n2   Design\n");
     EXPECT_EQ(plan.Days("Design"), "2026-03-02 2026-03-06");
     EXPECT_EQ(plan.Count(), 2);
+    EXPECT_EQ(plan.Predecessors("Phase"), "");
+    plan.Output({"add", "a.prx", "Build", "--start", "2026-03-02"});
+    plan.Output({"add", "a.prx", "Test", "--start", "2026-03-02"});
+    for (const char* predecessor : {"Design", "Build"}) plan.Output({"link", "a.prx", "Test", predecessor});
+    EXPECT_EQ(plan.Predecessors("Test"), "2 3");
 }
 
 }  // namespace prx_test

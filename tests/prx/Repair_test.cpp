@@ -176,7 +176,9 @@ TEST_F(Ties, WhoseItemsATaskDoesNotShow) {
     EXPECT_NE(Faults().find("task 3 \"Build\" lists goal relation 9, which is not there"), std::string::npos);
     EXPECT_NE(plan_.Prx({"show", "--json", "a.prx"}).out.find("\"name\": \"Build\""), std::string::npos);
     Repaired();
-    EXPECT_NE(plan_.Output({"show", "--json", "b.prx"}).find(R"("goals": ["Quiet", "Cheap"])"), std::string::npos);
+    EXPECT_NE(plan_.Output({"show", "--json", "b.prx"})
+                  .find(R"("goals": [{"key": 1, "name": "Quiet"}, {"key": 2, "name": "Cheap"}])"),
+              std::string::npos);
 }
 
 TEST_F(Repair, KeepsTheRestOfThePlan) {

@@ -1,6 +1,6 @@
 #include <gtest/gtest.h>
 
-#include "tests/prx/Prx.h"
+#include "tests/prx/PlanFolder.h"
 
 namespace prx_test {
 
@@ -57,10 +57,22 @@ TEST(Show, NamesTheItemsOfATaskInJson) {
     const std::string json = folder.Output({"show", "--json", "a.prx"});
 
     EXPECT_EQ(JsonFault(json), "");
-    EXPECT_NE(
-        json.find(R"("people": ["\"person"], "goals": ["\"goal"], "obstacles": ["\"obstacle"], "notes": ["\"note"])"),
-        std::string::npos)
+    EXPECT_TRUE(Has(json,
+                    R"("people": [{"key": 1, "name": "\"person"}], "goals": [{"key": 1, "name": "\"goal"}], )"
+                    R"("obstacles": [{"key": 1, "name": "\"obstacle"}], "notes": [{"key": 1, "text": "\"note"}]})"))
         << json;
+}
+
+TEST(Show, TellsTwoPeopleOfOneNameApartInJson) {
+    const PlanFolder plan;
+    plan.Output({"new", "a.prx"});
+    plan.Edit({"add", "Build"});
+    for (const char* key : {"1", "2"}) {
+        plan.Edit({"person", "add", "Ida Berg"});
+        plan.Edit({"assign", "Build", "person", key});
+    }
+    EXPECT_TRUE(Has(plan.Row("Build"), R"("people": [{"key": 1, "name": "Ida Berg"}, {"key": 2, "name": "Ida Berg"}])"))
+        << plan.Row("Build");
 }
 
 TEST(Show, PrintsJsonThatProgramsCanRead) {

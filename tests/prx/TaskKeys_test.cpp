@@ -131,7 +131,7 @@ TEST(KeylessTasks, GetTheKeyBackThatALinkAloneNames) {
     plan.Output({"rename", "a.prx", "Test", "Try", "--force"});
 
     EXPECT_NE(plan.Row("Design").find("\"key\": 1,"), std::string::npos);
-    EXPECT_NE(plan.Row("Build").find(R"("predecessors": ["1"])"), std::string::npos);
+    EXPECT_EQ(plan.Predecessors("Build"), "1");
     plan.Output({"check", "a.prx"});
 }
 
