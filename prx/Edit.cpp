@@ -204,6 +204,16 @@ void RemoveTask(const Project& project, const Ref<TasksCls>& task) {
                                        app.xObstaclesCol(), /*ForceDelete=*/True, /*p_arrange=*/True);
 }
 
+void StoreStart(TasksCls& task, Date start) {
+    const Double length = task.TaskDuration();
+    const bool first_of_all = !task.TaskEDate().set();  // leaves the end open and the duration at a day
+    task.TaskLag(0);
+    task.TaskBDate(start);
+    if (!first_of_all) return;
+    task.TaskBDate(start);
+    task.TaskDuration(length);
+}
+
 void DatesChanged(const Project& project, const TasksCls& task) {
     project.tasks()->DependsDateChanged(KeyOf(task), task.TaskBDate(), /*StartFinishDate=*/1, /*LeadTimeCalc=*/True,
                                         /*SummaryCalc=*/True, /*p_number_to_shift=*/0, /*p_not_same_parent=*/False,

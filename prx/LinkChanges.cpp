@@ -13,25 +13,18 @@ namespace prx {
 
 using namespace mrlxmlclass;
 
-namespace {
-
-bool Measurable(const LinkDates& dates) {
-    return dates.predecessor_end.set() && dates.start.set() && dates.predecessor_end.in_calendar() &&
-           dates.start.in_calendar();
+bool LinkDates::measurable() const {
+    return predecessor_end.set() && start.set() && predecessor_end.in_calendar() && start.in_calendar();
 }
 
-/// Working days in between, as a lag counts them: 0 on the next one, -1 on the predecessor's last. Measured, because a
-/// walk along the links may store another one than the dates keep.
-std::int64_t Gap(const LinkDates& dates) {
-    const std::int64_t days = DaysBetween(dates.predecessor_end, dates.start).value();
-    const Date end = dates.predecessor_end.day();
-    const Date start = dates.start.day();
+std::int64_t LinkDates::Gap() const {
+    const std::int64_t days = DaysBetween(predecessor_end, start).value();
+    const Date last = predecessor_end.day();
+    const Date first = start.day();
     const PublicDays calendar;
-    if (days > 0) return days - 1 - (days == 1 ? 0 : calendar.CountNonWorking(end + 1, start - 1));
-    return -std::max<std::int64_t>(1, 1 - days - calendar.CountNonWorking(start, end));
+    if (days > 0) return days - 1 - (days == 1 ? 0 : calendar.CountNonWorking(last + 1, first - 1));
+    return -std::max<std::int64_t>(1, 1 - days - calendar.CountNonWorking(first, last));
 }
-
-}  // namespace
 
 LinkChanges::LinksOfTasks LinkChanges::LinksOf(const Ref<TasksCol>& tasks) {
     LinksOfTasks links;
@@ -59,6 +52,19 @@ void LinkChanges::AskedFor(const TasksCls& task, const TasksCls& predecessor) {
 
 void LinkChanges::AskedFor(const TasksCls& task) {
     asked_tasks_.insert(task.TaskKey());
+}
+
+std::vector<std::pair<Long, Long>> LinkChanges::Come() const {
+    std::vector<std::pair<Long, Long>> come;
+    if (!tasks_) return come;
+    for (const auto& [task, links] : LinksOf(tasks_)) {
+        const auto known = before_.find(task);
+        for (const auto& [key, dates] : links) {
+            if (known != before_.end() && known->second.contains(key)) continue;
+            if (!asked_.contains({task, key})) come.emplace_back(Long(task), Long(key));
+        }
+    }
+    return come;
 }
 
 std::vector<std::string> LinkChanges::Told() const {
@@ -89,7 +95,7 @@ void LinkChanges::TellLinks(std::int64_t task, const Links& before, const Links&
     }
     for (const auto& [key, dates] : after) {
         if (before.contains(key) || asked_.contains({task, key})) continue;
-        const std::string lag = Measurable(dates) ? fmt::format(" (lag {})", Gap(dates)) : "";
+        const std::string lag = dates.measurable() ? fmt::format(" (lag {})", dates.Gap()) : "";
         lines.links.push_back(fmt::format("{} now waits for {}{}", Title(task), Title(key), lag));
     }
 }
@@ -104,13 +110,13 @@ void LinkChanges::TellGaps(std::int64_t task, const Links& before, const Links& 
     };
     std::optional<std::int64_t> closest_before;
     for (const auto& [key, dates] : before) {
-        if (Measurable(dates)) closest_before = std::min(closest_before.value_or(Gap(dates)), Gap(dates));
+        if (dates.measurable()) closest_before = std::min(closest_before.value_or(dates.Gap()), dates.Gap());
     }
     std::vector<Change> changes;
     for (const auto& [key, dates] : after) {
         const auto known = before.find(key);
-        if (known == before.end() || !Measurable(known->second) || !Measurable(dates)) continue;
-        changes.push_back({key, Gap(known->second), Gap(dates)});
+        if (known == before.end() || !known->second.measurable() || !dates.measurable()) continue;
+        changes.push_back({key, known->second.Gap(), dates.Gap()});
     }
     for (const Change& change : changes) {
         if (change.is >= change.was || (change.is >= 0 && change.was != closest_before)) continue;

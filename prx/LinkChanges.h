@@ -15,6 +15,11 @@ struct LinkDates {
     mrlxmlclass::Date predecessor_end;
     mrlxmlclass::Date start;
     bool operator==(const LinkDates&) const = default;
+    /// Whether there are two days that can be compared.
+    bool measurable() const;
+    /// Working days in between, as a lag counts them: 0 on the next one, -1 on the predecessor's last. Measured,
+    /// because a walk along the links may store another one than the dates keep.
+    std::int64_t Gap() const;
 };
 
 /// Remembers how tasks wait for each other, and tells what an edit made of that beside what was asked for.
@@ -27,6 +32,8 @@ public:
     /// The edit was asked to change when the task starts, or what it waits for.
     void AskedFor(const mrlxmlclass::TasksCls& task);
 
+    /// The links that have come beside what was asked for: a task, and one that it waits for.
+    std::vector<std::pair<mrlxmlclass::Long, mrlxmlclass::Long>> Come() const;
     /// A line each, the worst first: a link that is gone although both tasks are there, or that has come; a task that
     /// starts sooner behind one that it waits for, where it overlaps with that one or was closest to it before; and one
     /// that starts later behind all that it waits for. Nothing where nothing was remembered.

@@ -41,15 +41,6 @@ std::vector<Ref<TasksCls>> WithParents(const Ref<TasksCol>& tasks, Ref<TasksCls>
     throw Refusal(fmt::format("{} was not made to wait for {}: {}", Quoted(task), Quoted(predecessor), because()));
 }
 
-/// What a task waits for, itself or as a part of one that it stands below.
-std::vector<Ref<TasksCls>> WaitsFor(const Project& project, const Ref<TasksCls>& task) {
-    std::vector<Ref<TasksCls>> found;
-    for (const Ref<TasksCls>& waiting : WithParents(project.tasks(), task)) {
-        for (Ref<TasksCls>& predecessor : Predecessors(project, *waiting)) found.push_back(std::move(predecessor));
-    }
-    return found;
-}
-
 /// Puts a linked task behind its predecessor, by the lag of their link, and all that follows from it.
 void PutBehind(const Project& project, TasksCls& task, const Ref<TasksCls>& predecessor, Integer lag) {
     const Ref<TasksCol> tasks = project.tasks();
@@ -103,6 +94,16 @@ Integer LagOf(const Project& project, TasksCls& task, const TasksCls& predecesso
     return project.tasks()->GetLeadTime(KeyOf(predecessor), task.TaskLeadTime());
 }
 
+std::vector<Wait> WaitsOf(const Project& project, const Ref<TasksCls>& task) {
+    std::vector<Wait> found;
+    for (const Ref<TasksCls>& waiting : WithParents(project.tasks(), task)) {
+        for (Ref<TasksCls>& predecessor : Predecessors(project, *waiting)) {
+            found.push_back({waiting, std::move(predecessor)});
+        }
+    }
+    return found;
+}
+
 bool StandsBelow(const Ref<TasksCol>& tasks, const TasksCls& task, const TasksCls& above) {
     const Ref<TasksCls> parent = task.ParentID() != 0 ? tasks->Item(task.ParentID()) : nullptr;
     return std::ranges::any_of(WithParents(tasks, parent),
@@ -111,13 +112,13 @@ bool StandsBelow(const Ref<TasksCol>& tasks, const TasksCls& task, const TasksCl
 
 bool WaitsForItself(const Project& project, const Ref<TasksCls>& task) {
     std::unordered_set<std::int64_t> seen;
-    std::vector<Ref<TasksCls>> open = WaitsFor(project, task);
+    std::vector<Wait> open = WaitsOf(project, task);
     while (!open.empty()) {
-        const Ref<TasksCls> next = open.back();
+        const Ref<TasksCls> next = open.back().predecessor;
         open.pop_back();
         if (next->TaskKey() == task->TaskKey() || StandsBelow(project.tasks(), *next, *task)) return true;
         if (!seen.insert(next->TaskKey()).second) continue;
-        for (Ref<TasksCls>& further : WaitsFor(project, next)) open.push_back(std::move(further));
+        for (Wait& further : WaitsOf(project, next)) open.push_back(std::move(further));
     }
     return false;
 }

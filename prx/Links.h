@@ -22,6 +22,13 @@ std::vector<mrlxmlclass::Ref<mrlxmlclass::TasksCls>> Predecessors(const Project&
 /// Working days that a link keeps free, or by which it overlaps.
 mrlxmlclass::Integer LagOf(const Project& project, mrlxmlclass::TasksCls& task,
                            const mrlxmlclass::TasksCls& predecessor);
+/// A task, or a summary that it stands below, and what that waits for.
+struct Wait {
+    mrlxmlclass::Ref<mrlxmlclass::TasksCls> waiting;
+    mrlxmlclass::Ref<mrlxmlclass::TasksCls> predecessor;
+};
+/// What a task waits for, itself first, then as a part of each that it stands below.
+std::vector<Wait> WaitsOf(const Project& project, const mrlxmlclass::Ref<mrlxmlclass::TasksCls>& task);
 /// Whether a task stands below another, at any depth.
 bool StandsBelow(const mrlxmlclass::Ref<mrlxmlclass::TasksCol>& tasks, const mrlxmlclass::TasksCls& task,
                  const mrlxmlclass::TasksCls& above);

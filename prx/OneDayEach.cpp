@@ -11,13 +11,15 @@ namespace {
 
 constexpr double kADay = 1;
 
-bool LastsSomeDays(TasksCls& task) {
-    return CountsInDays(task) && !task.TaskMilstones();
+bool LastsADay(TasksCls& task) {
+    return CountsInDays(task) && !task.TaskMilstones() && task.TaskDuration() == kADay;
 }
 
-bool IsPartOfOneDay(TasksCls& task) {
-    return task.TaskBDate().set() && task.TaskDuration() > 0 && task.TaskDuration() < kADay &&
-           task.TaskEDate().day() == task.TaskBDate().day();
+/// Of a day, week or month; hours and minutes never leave their day.
+bool IsPartOnOneDay(TasksCls& task) {
+    const bool moves = CountsInDays(task) || task.TaskDurationUnit() == "wks" || task.TaskDurationUnit() == "mons";
+    return moves && !task.TaskMilstones() && task.TaskBDate().set() && task.TaskDuration() > 0 &&
+           task.TaskDuration() < kADay && task.TaskEDate().day() == task.TaskBDate().day();
 }
 
 }  // namespace
@@ -25,16 +27,18 @@ bool IsPartOfOneDay(TasksCls& task) {
 OneDayEach::OneDayEach(const Project& project, const TasksCls* but) : tasks_(project.tasks()) {
     for (const OutlineRow& row : Outline(tasks_)) {
         TasksCls& task = *row.task;
-        if (&task == but || !IsPartOfOneDay(task) || !LastsSomeDays(task) || tasks_->isParent(KeyOf(task))) continue;
-        short_tasks_.push_back({row.task, task.TaskDuration(), task.TaskBDate()});
+        if (&task == but || !IsPartOnOneDay(task) || tasks_->isParent(KeyOf(task))) continue;
+        short_tasks_.push_back({row.task, task.TaskDuration(), task.TaskDurationUnit(), task.TaskBDate()});
+        task.TaskDurationUnit("days");
         task.TaskDuration(kADay);
     }
 }
 
 OneDayEach::~OneDayEach() {
-    for (const auto& [task, length, start] : short_tasks_) {
-        if (task->TaskDuration() != kADay || !LastsSomeDays(*task)) continue;  // it was given another
-        task->TaskDuration(length);                                            // one of less than a day moves no end
+    for (const auto& [task, length, unit, start] : short_tasks_) {
+        if (!LastsADay(*task) || tasks_->isParent(KeyOf(*task))) continue;  // it was given another
+        task->TaskDurationUnit(unit);
+        task->TaskDuration(length);  // one of less than a unit moves no end
         if (task->TaskBDate() == start) continue;
         for (const auto event : {&TasksColEvents::DurationChange, &TasksColEvents::TaskDurationChange}) {
             tasks_->Events.Raise(event, task->TaskKey(), length, task->TaskDurationUnit(), False, False);

@@ -6,8 +6,9 @@
 
 namespace prx {
 
-/// A walk of the library that moves a task of a part of one day ends it on the day behind, be that free or not. While
-/// this lives, such tasks last a day; then they have their lengths again, and those that moved tell them.
+/// A walk of the library that moves a task of a part of one day ends it on the day behind, be that free or not, and one
+/// of most of a week or month, which got a day, at the end of that. While this lives, such tasks last a day; then they
+/// have their lengths again, and those that moved tell them.
 class OneDayEach {
 public:
     /// `but`, if any, keeps its length.
@@ -20,6 +21,7 @@ private:
     struct ShortTask {
         mrlxmlclass::Ref<mrlxmlclass::TasksCls> task;
         mrlxmlclass::Double length;
+        mrlxmlclass::String unit;
         mrlxmlclass::Date start;
     };
     mrlxmlclass::Ref<mrlxmlclass::TasksCol> tasks_;

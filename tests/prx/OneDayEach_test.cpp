@@ -62,6 +62,31 @@ TEST_F(OneDayEach, LastsOneThatIsLinkedShiftedOrMoved) {
     EXPECT_EQ(days.substr(0, 10), days.substr(11));
 }
 
+TEST_F(OneDayEach, LastsMostOfAWeekOrMonthThatGotADay) {
+    plan_.Edit({"set", "Half", "duration=0.9wks"});
+    plan_.Edit({"set", "Behind", "duration=0.6mons"});
+    const auto expect_on = [&](const std::string& half, const std::string& behind) {
+        EXPECT_EQ(plan_.Days("Half"), half + " " + half);
+        EXPECT_EQ(plan_.Days("Behind"), behind + " " + behind);
+        EXPECT_TRUE(Has(plan_.Row("Half"), R"("duration": 0.9, "unit": "wks")")) << plan_.Row("Half");
+        EXPECT_TRUE(Has(plan_.Row("Behind"), R"("duration": 0.6, "unit": "mons")")) << plan_.Row("Behind");
+    };
+    expect_on("2026-12-08", "2026-12-09");
+    plan_.Edit({"set", "Before", "duration=4"});
+    expect_on("2026-12-11", "2026-12-14");
+    plan_.Edit({"set", "Half", "start=2026-12-14"});
+    expect_on("2026-12-14", "2026-12-15");
+    plan_.Edit({"shift", "7"});
+    expect_on("2026-12-21", "2026-12-22");
+}
+
+TEST_F(OneDayEach, LeavesASummaryItsOwnLength) {
+    plan_.Edit({"set", "Half", "duration=0.9wks"});
+    plan_.Edit({"unlink", "Behind"});
+    plan_.Edit({"indent", "Behind"});
+    EXPECT_TRUE(Has(plan_.Row("Half"), R"("duration": 1, "unit": "days")")) << plan_.Row("Half");
+}
+
 TEST_F(OneDayEach, TellsTheLengthThatATaskHas) {
     const std::string told = plan_.Edit({"set", "Half", "start=2026-12-11"});
     EXPECT_TRUE(
