@@ -22,7 +22,7 @@ namespace {
 
 constexpr const char* kDays = "days";
 constexpr int kMostUnits = 999;
-constexpr const char* kTooLate = "the year is out of range";
+constexpr const char* kBadYear = "the year is out of range";
 constexpr const char* kOfMilestones = "a milestone is a day, without a duration, an end or a unit of its own";
 
 /// What the setting of one field may touch.
@@ -31,6 +31,7 @@ struct Setting {
     TasksCls& task;
     bool announced;  ///< false: nobody has heard of the task yet
     Remarks remarks;
+    bool start_is_given = false;
 
     TasksCol& tasks() const { return *project.tasks(); }
     std::string key() const { return KeyOf(task); }
@@ -47,18 +48,47 @@ std::string Longest(const String& unit) {
     return fmt::format("{} {} are the longest", kMostUnits, unit);
 }
 
-void MakeMilestone(Setting& setting) {
-    if (setting.announced) {
-        setting.tasks().SeTAsMilstones(setting.project.tasks(), setting.key());
+bool IsWorkingDay(Date day) {
+    return Gloabal::NextWorkingDay(day, 1) == day;
+}
+
+/// The gaps to what the task waits for are measured anew: the day is the one that was asked for.
+void MoveStart(Setting& setting, Date wanted) {
+    if (setting.walks() && setting.in_days()) {
+        setting.tasks().DependsDateChanged(setting.key(), wanted, /*StartFinishDate=*/1, /*LeadTimeCalc=*/True);
+        AdjustDatesAbove(setting.project, setting.task);
         return;
     }
+    StoreStart(setting.task, wanted);
+    if (!setting.announced) return;
+    setting.task.TaskLag(setting.tasks().CalcLeadTime(setting.key()));
+    DatesChanged(setting.project, setting.task);
+}
+
+void TellStart(Setting& setting, const std::string& wanted) {
+    setting.remarks.push_back(
+        fmt::format("{} is not a working day; the task starts on {}", wanted, Text(setting.task.TaskBDate())));
+}
+
+/// A length is counted from a working day. The calendar may have changed since the task got its start.
+void LeaveFreeDay(Setting& setting) {
+    const Date start = setting.task.TaskBDate();
+    if (!setting.announced || !start.set() || IsWorkingDay(start)) return;
+    MoveStart(setting, start);
+    if (!setting.start_is_given) TellStart(setting, Text(start));
+}
+
+void MakeMilestone(Setting& setting) {
+    LeaveFreeDay(setting);
     setting.task.TaskMilstones(True);
-    setting.task.TaskEDate(setting.task.TaskBDate());
+    setting.task.TaskEDate(setting.task.TaskBDate());  // an end that comes sooner later on would give it a duration
     setting.task.TaskDuration(0);
+    if (setting.announced) setting.tasks().SeTAsMilstones(setting.project.tasks(), setting.key());
 }
 
 void SetDurationIn(Setting& setting, Double length, const String& unit) {
     if (length == 0) return MakeMilestone(setting);
+    LeaveFreeDay(setting);
     TasksCls& task = setting.task;
     const String in = unit.empty() ? task.TaskDurationUnit() : unit;
     const bool whole_days = in != "hrs" && in != "mins" && length == std::floor(length);
@@ -81,7 +111,9 @@ void SetDurationIn(Setting& setting, Double length, const String& unit) {
 void SetUnit(Setting& setting, const std::string& value) {
     const String unit = ReadUnit(value);
     if (setting.task.TaskMilstones()) NotTaken("unit", value, kOfMilestones);
-    SetDurationIn(setting, setting.task.TaskDuration(), unit);
+    const Double length = setting.task.TaskDuration();
+    if (length > kMostUnits) NotTaken("unit", value, Longest(unit));
+    SetDurationIn(setting, length, unit);
 }
 
 void SetMilestone(Setting& setting, const std::string& value) {
@@ -92,44 +124,26 @@ void SetMilestone(Setting& setting, const std::string& value) {
     }
 }
 
-/// The gaps to what the task waits for are measured anew: the day is the one that was asked for.
-void MoveStart(Setting& setting, Date wanted) {
-    if (setting.walks() && setting.in_days()) {
-        setting.tasks().DependsDateChanged(setting.key(), wanted, /*StartFinishDate=*/1, /*LeadTimeCalc=*/True);
-        AdjustDatesAbove(setting.project, setting.task);
-        return;
-    }
-    const Double length = setting.task.TaskDuration();
-    setting.task.TaskLag(0);
-    setting.task.TaskBDate(wanted);
-    if (!setting.task.TaskEDate().set()) {  // the first start of all leaves the end open and the duration at a day
-        setting.task.TaskBDate(wanted);
-        setting.task.TaskDuration(length);
-    }
-    if (!setting.announced) return;
-    setting.task.TaskLag(setting.tasks().CalcLeadTime(setting.key()));
-    DatesChanged(setting.project, setting.task);
-}
-
 void SetStart(Setting& setting, const std::string& value) {
     const Date wanted = ReadDate(value);
+    if (wanted.year() < kMinYear || wanted.year() > MaxYear()) NotTaken("start", value, kBadYear);
     setting.project.links().AskedFor(setting.task);
     MoveStart(setting, wanted);
     const Date start = setting.task.TaskBDate();
     if (start.year() != wanted.year() && DaysBetween(wanted, start) != 0) {
         constexpr double kNearby = 31;  // over the holidays into the next year
-        if (std::abs(start.days() - wanted.days()) > kNearby) NotTaken("start", value, kTooLate);
+        if (std::abs(start.days() - wanted.days()) > kNearby) NotTaken("start", value, kBadYear);
     }
-    if (start != wanted) {
-        setting.remarks.push_back(fmt::format("{} is not a working day; the task starts on {}", value, Text(start)));
-    }
+    if (start != wanted) TellStart(setting, value);
 }
 
 void SetDuration(Setting& setting, const std::string& value) {
     const DurationText wanted = ReadDuration(value);
+    if (wanted.length > kMostUnits) {
+        NotTaken("duration", value, Longest(wanted.unit.empty() ? setting.task.TaskDurationUnit() : wanted.unit));
+    }
     SetDurationIn(setting, wanted.length, wanted.unit);
-    if (setting.task.TaskDuration() == wanted.length) return;
-    NotTaken("duration", value, wanted.length > kMostUnits ? Longest(setting.task.TaskDurationUnit()) : kTooLate);
+    if (setting.task.TaskDuration() != wanted.length) NotTaken("duration", value, kBadYear);
 }
 
 void MoveEnd(Setting& setting, Date wanted) {
@@ -148,17 +162,19 @@ void SetEnd(Setting& setting, const std::string& value) {
     const Date wanted = ReadDate(value);
     if (setting.task.TaskMilstones()) NotTaken("end", value, kOfMilestones);
     if (wanted < setting.task.TaskBDate()) {
-        NotTaken("end", value, fmt::format("the task starts on {}", Text(setting.task.TaskBDate())));
+        NotTaken("end", value,
+                 fmt::format("the task starts on {}{}", Text(setting.task.TaskBDate()),
+                             setting.announced || setting.start_is_given ? "" : " where no start is given"));
     }
-    if (wanted.year() > MaxYear()) NotTaken("end", value, kTooLate);
+    if (wanted.year() > MaxYear()) NotTaken("end", value, kBadYear);
     const String unit = setting.task.TaskDurationUnit();
     if (unit != kDays && wanted != setting.task.TaskEDate()) {
         NotTaken("end", value,
                  fmt::format("the end of a task in {} follows from its duration; set that, or unit=days", unit));
     }
+    if (!IsWorkingDay(wanted)) NotTaken("end", value, "it is not a working day");
     MoveEnd(setting, wanted);
-    if (setting.task.TaskEDate() == wanted) return;
-    NotTaken("end", value, Gloabal::NextWorkingDay(wanted, 1) != wanted ? "it is not a working day" : Longest(kDays));
+    if (setting.task.TaskEDate() != wanted) NotTaken("end", value, Longest(kDays));
 }
 
 void SetDone(Setting& setting, const std::string& value) {
@@ -197,7 +213,7 @@ struct Field {
 /// In the order in which they are set.
 constexpr std::array kFields = {
     Field{"milestone", "yes or no", false, true, SetMilestone},
-    Field{"unit", "days, wks, mons, hrs or mins", false, true, SetUnit},
+    Field{"unit", "days, wks, mons, hrs or mins; the number stays: 8 days become 8 wks", false, true, SetUnit},
     Field{"start", "yyyy-mm-dd; the end moves along", false, false, SetStart},
     Field{"duration", "such as 5, \"5 days\" or 2wks; the end follows, and 0 makes a milestone", false, true,
           SetDuration},
@@ -265,6 +281,7 @@ std::vector<Assignment> WithUnits(std::vector<Assignment> assignments) {
 Remarks SetAll(Setting setting, std::vector<Assignment> assignments) {
     const bool summary = static_cast<bool>(setting.tasks().isParent(setting.key()));
     RefuseTogether(assignments);
+    setting.start_is_given = ValueFor("start", assignments) != nullptr;
     assignments = WithUnits(std::move(assignments));
     for (const Field& field : kFields) {
         const std::string* value = ValueFor(field, assignments);

@@ -1,16 +1,18 @@
 #include "prx/Values.h"
 
 #include <fmt/core.h>
+#include <fmt/ranges.h>
 
+#include <algorithm>
 #include <array>
 #include <charconv>
 #include <chrono>
 #include <cmath>
 #include <optional>
+#include <vector>
 
 #include "mrlxmlclass/dom/Characters.h"
 #include "mrlxmlclass/runtime/Text.h"
-#include "mrlxmlclass/scheduling/Units.h"
 #include "prx/Refusal.h"
 #include "prx/Terminal.h"
 
@@ -20,6 +22,21 @@ namespace {
 using namespace mrlxmlclass;
 
 constexpr std::array kWeekdays = {"Sunday", "Monday", "Tuesday", "Wednesday", "Thursday", "Friday", "Saturday"};
+
+/// What a person may write for a unit. A letter that two of them begin with is none.
+struct UnitWords {
+    const char* unit;
+    std::vector<std::string_view> others;
+};
+
+const std::vector<UnitWords>& Units() {
+    static const std::vector<UnitWords> units = {{"days", {"day", "d"}},
+                                                 {"wks", {"wk", "w", "week", "weeks"}},
+                                                 {"mons", {"mon", "month", "months"}},
+                                                 {"hrs", {"hr", "h", "hour", "hours"}},
+                                                 {"mins", {"min", "minute", "minutes"}}};
+    return units;
+}
 
 template <class Number>
 std::optional<Number> WholeText(std::string_view text) {
@@ -145,11 +162,23 @@ DurationText ReadDuration(std::string_view text) {
 }
 
 String ReadUnit(std::string_view text) {
-    String entry = "1 " + String(text);
-    Double one = 0;
-    const String unit = Gloabal::SetTaskUnit(entry, one);
-    if (UnitNamed(unit) == nullptr) Refuse(text, "a unit; there are days, wks, mons, hrs and mins");
-    return unit;
+    const std::string word = LowerCase(text);
+    for (const UnitWords& known : Units()) {
+        if (word == known.unit || std::ranges::count(known.others, word) > 0) return known.unit;
+    }
+    std::vector<std::string> words;
+    for (const UnitWords& known : Units()) {
+        words.push_back(fmt::format("{} ({})", known.unit, fmt::join(known.others, ", ")));
+    }
+    Refuse(text, fmt::format("a unit; there are {}", fmt::join(words, ", ")));
+}
+
+std::string UnitHelp() {
+    std::string help = "Units, in any case:\n";
+    for (const UnitWords& known : Units()) {
+        help += fmt::format("  {:<10} {}\n", known.unit, fmt::join(known.others, ", "));
+    }
+    return help;
 }
 
 String ReadName(std::string_view text, std::string_view owner) {

@@ -30,15 +30,17 @@ std::string Text(mrlxmlclass::Boolean flag);
 std::string Text(double number);
 std::string Text(mrlxmlclass::Long number);
 
-/// A length such as "5", "5d", "2.5 days" or "3 wks"; the unit is empty where none is named.
+/// A length such as "5", "5d", "2.5 days" or "3 Weeks"; the unit is empty where none is named.
 struct DurationText {
     double length = 0;
     mrlxmlclass::String unit;
 };
 inline constexpr double kLongestDuration = 1'000'000;
 DurationText ReadDuration(std::string_view text);
-/// One of the five units, also by its first letters.
+/// One of the five units, by any word for it.
 mrlxmlclass::String ReadUnit(std::string_view text);
+/// The words for the units, for the help: a line each.
+std::string UnitHelp();
 
 /// A text of one line that a project can hold; `owner` is whose name it is.
 mrlxmlclass::String ReadName(std::string_view text, std::string_view owner = "a task");

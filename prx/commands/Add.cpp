@@ -18,6 +18,7 @@ public:
         after_.AddTo(options(), "--after", "Right behind this task, on its level")->excludes(under);
         for (Option& option : fields_) option.value.AddTo(options(), std::string("--") + option.field, option.help);
         options().add_flag("--milestone", milestone_, "A day rather than a stretch of time");
+        options().footer(UnitHelp());
     }
 
     int Run(Host& host) override {

@@ -1,4 +1,5 @@
 #include "prx/Command.h"
+#include "prx/Values.h"
 
 namespace prx {
 namespace {
@@ -7,7 +8,7 @@ class Set : public TaskCommand {
 public:
     explicit Set(CLI::App& app) : TaskCommand(app, "set", "Set fields of a task and print what followed") {
         options().add_option("FIELD=VALUE", texts_, "What to set, such as start=2026-03-02")->required();
-        options().footer(FieldHelp());
+        options().footer(FieldHelp() + "\n" + UnitHelp());
     }
 
 private:

@@ -86,7 +86,9 @@ TEST_F(Add, TellsWhatALeafLosesThatBecomesASummary) {
     EXPECT_EQ(result.err,
               "prx: task 4 \"Build\" no longer waits for task 2 \"Design\", which is a summary now\n"
               "prx: \"Design\" cost 70; as a summary it costs what the tasks below it cost\n");
-    EXPECT_FALSE(Has(folder_.Output({"show", "--json", "a.prx"}), "\"predecessors\": [\""));
+    const std::string json = folder_.Output({"show", "--json", "a.prx"});
+    const std::size_t build = json.find(R"("name": "Build")");
+    EXPECT_TRUE(Has(json.substr(build, json.find('\n', build) - build), R"("predecessors": [])")) << json;
     folder_.Output({"check", "a.prx"});
     EXPECT_EQ(folder_.Prx({"add", "a.prx", "Draw", "--under", "Design"}).err, "");
 }
@@ -96,6 +98,27 @@ TEST_F(Add, TakesNoLengthOfAMilestone) {
         EXPECT_TRUE(Has(folder_.Refusal({"add", "a.prx", "X", "--milestone", option}), "a milestone is a day"))
             << option;
     }
+}
+
+TEST_F(Add, TakesNoEndOnAFreeDayAndNoLengthThatSetWouldRefuse) {
+    for (const char* place : {"Phase", "Design"}) {
+        SCOPED_TRACE(place);
+        for (const char* end : {"2026-06-06", "2026-06-07"}) {
+            EXPECT_EQ(folder_.Refusal({"add", "a.prx", "X", "--start", "2026-06-05", "--end", end, "--after", place}),
+                      std::string("prx: end=") + end + " was not taken: it is not a working day\n");
+        }
+        EXPECT_EQ(folder_.Refusal({"add", "a.prx", "X", "--duration", "1000", "--after", place}),
+                  "prx: duration=1000 was not taken: 999 days are the longest\n");
+        EXPECT_EQ(folder_.Refusal({"add", "a.prx", "X", "--duration", "1000", "--unit=hrs", "--after", place}),
+                  "prx: duration=1000hrs was not taken: 999 hrs are the longest\n");
+    }
+}
+
+TEST_F(Add, SaysInOneLineWhichDayItCannotTake) {
+    EXPECT_EQ(folder_.Refusal({"add", "a.prx", "X", "--start", "1999-12-31"}),
+              "prx: start=1999-12-31 was not taken: the year is out of range\n");
+    EXPECT_EQ(folder_.Refusal({"add", "a.prx", "X", "--under", "Phase", "--end", "2026-02-27"}),
+              "prx: end=2026-02-27 was not taken: the task starts on 2026-03-02 where no start is given\n");
 }
 
 TEST_F(Add, MakesAMilestoneOfALengthOfNone) {

@@ -78,13 +78,94 @@ TEST_F(Set, KeepsPartsOfADayAndShortUnits) {
     ExpectIn("2", R"("duration": 8, "unit": "hrs")");
 }
 
+TEST_F(Set, KnowsTheWordsForAUnitInAnyCase) {
+    struct Row {
+        const char* text;
+        const char* unit;
+    };
+    for (const Row& row : {Row{"5 days", "days"},   {"5day", "days"},    {"5 D", "days"},   {"5DAYS", "days"},
+                           Row{"5 wks", "wks"},     {"5wk", "wks"},      {"5w", "wks"},     {"5 Week", "wks"},
+                           Row{"5Weeks", "wks"},    {"5mons", "mons"},   {"5 mon", "mons"}, {"5 month", "mons"},
+                           Row{"5 Months", "mons"}, {"5hrs", "hrs"},     {"5 hr", "hrs"},   {"5h", "hrs"},
+                           Row{"5 hour", "hrs"},    {"5 Hours", "hrs"},  {"5mins", "mins"}, {"5min", "mins"},
+                           Row{"5 minute", "mins"}, {"5MINUTES", "mins"}}) {
+        SCOPED_TRACE(row.text);
+        folder_.Output({"set", "a.prx", "2", std::string("duration=") + row.text});
+        ExpectIn("2", std::string(R"("duration": 5, "unit": ")") + row.unit + '"');
+    }
+}
+
+TEST_F(Set, TakesTheLengthThatTheTableShows) {
+    for (const char* length : {"1.5 wks", "2 mons", "8 hrs", "30 mins", "0.5 days"}) {
+        folder_.Output({"set", "a.prx", "2", std::string("duration=") + length});
+        EXPECT_TRUE(Has(folder_.Output({"show", "a.prx"}), std::string("  ") + length + "\n")) << length;
+    }
+}
+
+TEST_F(Set, RefusesWhateverElseStandsBehindANumber) {
+    const std::string before = folder_.Read("a.prx");
+    for (const char* unit :
+         {"m", "d4h", "days,3hrs", "day 3 wks", "mins2wks", "day/2", "dog", "wasser", "hund", "mx"}) {
+        const std::string told = std::string("prx: \"") + unit +
+                                 "\" is not a unit; there are days (day, d), wks (wk, w, week, weeks), "
+                                 "mons (mon, month, months), hrs (hr, h, hour, hours), mins (min, minute, minutes)\n";
+        EXPECT_EQ(folder_.Refusal({"set", "a.prx", "2", std::string("duration=5") + unit}), told);
+        EXPECT_EQ(folder_.Refusal({"set", "a.prx", "2", std::string("unit=") + unit}), told);
+        EXPECT_EQ(folder_.Refusal({"add", "a.prx", "X", "--duration", std::string("5") + unit}), told);
+    }
+    EXPECT_EQ(folder_.Read("a.prx"), before);
+}
+
+TEST_F(Set, LeavesADayThatHasBecomeFree) {
+    folder_.Output({"add", "a.prx", "Party", "--start", "2026-03-10", "--duration", "2"});
+    folder_.Output({"calendar", "a.prx", "--holiday", "2026-03-10"});
+    const std::string plan = folder_.Read("a.prx");
+    struct Row {
+        const char* field;
+        const char* end;
+        const char* length;
+    };
+    for (const Row& row : {Row{"duration=1", "2026-03-11", R"(1, "unit": "days")"},
+                           Row{"duration=3", "2026-03-13", R"(3, "unit": "days")"},
+                           Row{"duration=0.5", "2026-03-11", R"(0.5, "unit": "days")"},
+                           Row{"duration=3hrs", "2026-03-11", R"(3, "unit": "hrs")"},
+                           Row{"unit=mins", "2026-03-11", R"(2, "unit": "mins")"},
+                           Row{"duration=1wks", "2026-03-18", R"(1, "unit": "wks")"},
+                           Row{"milestone=yes", "2026-03-11", R"(0, "unit": "days")"}}) {
+        SCOPED_TRACE(row.field);
+        folder_.Write("a.prx", plan);
+        const Result result = folder_.Prx({"set", "a.prx", "Party", row.field});
+        EXPECT_EQ(result.status, 0);
+        EXPECT_EQ(result.err, "prx: 2026-03-10 is not a working day; the task starts on 2026-03-11\n");
+        ExpectIn("3", std::string(R"("start": "2026-03-11", "end": ")") + row.end + R"(", "duration": )" + row.length);
+        folder_.Output({"check", "a.prx"});
+    }
+    folder_.Write("a.prx", plan);
+    EXPECT_EQ(folder_.Prx({"set", "a.prx", "Party", "unit=hrs", "start=2026-03-12"}).err, "");
+    ExpectIn("3", R"("start": "2026-03-12", "end": "2026-03-12")");
+}
+
+TEST_F(Set, CutsNoLengthThatIsTooManyOfAnotherUnit) {
+    folder_.Output({"add", "a.prx", "Long", "--start", "2026-03-02"});
+    folder_.Write("a.prx", Replaced(folder_.Read("a.prx"), "<TaskDuration>1</TaskDuration>",
+                                    "<TaskDuration>1200</TaskDuration>"));
+    ExpectIn("3", R"("duration": 1200)");
+    EXPECT_EQ(folder_.Refusal({"set", "a.prx", "Long", "unit=wks"}),
+              "prx: unit=wks was not taken: 999 wks are the longest\n");
+}
+
 TEST_F(Set, EndsATaskOfLessThanADayOnItsDay) {
-    for (const char* field : {"duration=0.5", "duration=0.3wks", "duration=0.5mons", "duration=0.25hrs"}) {
+    for (const char* field : {"duration=0.5", "duration=0.3wks", "duration=0.9wks", "duration=0.5mons",
+                              "duration=0.9mons", "duration=0.25hrs"}) {
         SCOPED_TRACE(field);
         folder_.Output({"set", "a.prx", "2", "duration=100 days"});
         folder_.Output({"set", "a.prx", "2", field});
         ExpectIn("2", R"("start": "2026-03-02", "end": "2026-03-02")");
         ExpectIn("1", R"("start": "2026-03-02", "end": "2026-03-02")");
+        folder_.Output({"set", "a.prx", "2", "start=2026-03-04"});
+        ExpectIn("2", R"("start": "2026-03-04", "end": "2026-03-04")");
+        folder_.Output({"set", "a.prx", "2", "start=2026-03-02"});
+        ExpectIn("2", R"("start": "2026-03-02", "end": "2026-03-02")");
     }
 }
 
@@ -95,6 +176,12 @@ TEST_F(Set, MakesAMilestoneOfALengthOfNone) {
         folder_.Output({"set", "a.prx", "2", field});
         ExpectIn("2", R"("milestone": true, "start": "2026-03-02", "end": "2026-03-02", "duration": 0)");
     }
+}
+
+TEST_F(Set, MakesAMilestoneOfATaskAtTheTop) {
+    folder_.Output({"add", "a.prx", "Party", "--start", "2026-03-10", "--duration", "2"});
+    folder_.Output({"set", "a.prx", "Party", "duration=0"});
+    ExpectIn("3", R"("milestone": true, "start": "2026-03-10", "end": "2026-03-10", "duration": 0)");
 }
 
 TEST_F(Set, TakesNoEndOfATaskThatDoesNotCountInDays) {
