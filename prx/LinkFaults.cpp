@@ -40,6 +40,21 @@ public:
         }
         return found_.Take();
     }
+    std::vector<std::string> TakeOffWhatMayNotBe(const std::vector<std::pair<Long, Long>>& links) {
+        std::vector<std::string> told;
+        for (const auto& [task, key] : links) {
+            TasksCls& waiting = *tasks_->Item(task);
+            TasksCls& predecessor = *tasks_->Item(key);
+            std::string why = WhyNot(waiting, predecessor);
+            if (why.empty() && !IsSummary(waiting) && WaitsFor(predecessor, KeyOf(waiting))) {
+                why = TitleOf(predecessor) + ", which waits for it";
+            }
+            if (why.empty()) continue;
+            told.push_back(fmt::format("{} was to wait for {}: taken off", TitleOf(waiting), why));
+            tasks_->RemoveTaskPredecessor(KeyOf(waiting), KeyOf(predecessor));
+        }
+        return told;
+    }
     std::vector<std::string> MeasureMissingLeads() {
         for (const auto& entry : tasks_->NewEnum()) {
             if (entry.item->TaskKey() != 0 && entry.item->TaskPredecessorValid()) LookForLeads(*entry.item);
@@ -193,6 +208,10 @@ std::vector<std::string> LinksToNowhere(const Project& project) {
 
 std::vector<std::string> MendLinks(const Project& project) {
     return Links(project.tasks(), Findings::Purpose::kMend).Look();
+}
+
+std::vector<std::string> TakeOffWhatMayNotBe(const Project& project, const std::vector<std::pair<Long, Long>>& links) {
+    return Links(project.tasks(), Findings::Purpose::kMend).TakeOffWhatMayNotBe(links);
 }
 
 std::vector<std::string> MeasureMissingLeads(const Project& project) {

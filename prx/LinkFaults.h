@@ -1,6 +1,7 @@
 #pragma once
 
 #include <string>
+#include <utility>
 #include <vector>
 
 #include "prx/Project.h"
@@ -18,6 +19,10 @@ std::vector<std::string> LinksToNowhere(const Project& project);
 /// and a list of those that wait for a task follows them. A lead time that is missing or without days is measured by
 /// the dates.
 std::vector<std::string> MendLinks(const Project& project);
+/// Takes those of the links off that the library refuses to make, or that lead below the task: where it bridges over a
+/// task that is removed, it asks nobody. Tells what was done.
+std::vector<std::string> TakeOffWhatMayNotBe(const Project& project,
+                                             const std::vector<std::pair<mrlxmlclass::Long, mrlxmlclass::Long>>& links);
 /// Gives each link without a lead time the one that its dates tell: the library makes such links where it bridges over
 /// a task that is removed, and reads them as "right behind". Tells what was done.
 std::vector<std::string> MeasureMissingLeads(const Project& project);

@@ -166,13 +166,14 @@ Project Project::ToEdit(Host& host, const std::string& file, bool force) {
     project.Lock();
     project.Load();
     if (force) {
-        TellEach("was lost", Unread(project));
-        TellEach("was mended", project.Mend());  // nothing stays tied to what is lost
+        project.lost_at_opening_ = Unread(project);
+        project.mended_at_opening_ = project.Mend();  // nothing stays tied to what is lost
         project.TellFailures("the mending did not go through");
     } else {
         project.RefuseUnlessWhole();
     }
-    project.mended_at_opening_ = MeasureMissingLeads(project);
+    for (std::string& line : MeasureMissingLeads(project)) project.mended_at_opening_.push_back(std::move(line));
+    project.in_disorder_ = !OutlineFaults(project).empty();
     CountSummariesInDays(project);  // the library cannot add up below one of hours
     project.tasks()->Phases();      // a list that is not there yet cannot lose a phase
     project.tasks()->AutoLink(True);
@@ -301,16 +302,23 @@ void Project::RefuseIfFailed() const {
 
 void Project::Save() {
     constexpr std::size_t kMostLinksTold = 10;
+    std::vector<std::string> link_changes = TakeOffWhatMayNotBe(*this, links().Come());
     MendSummaries(*this);        // a walk along the links leaves some as they were
     MeasureMissingLeads(*this);  // and a link that bridges over a task
     const std::vector<std::string> mended = MendWhatLeadsNowhere();
     RefuseIfFailed();
     RefuseBeyondLastYear(*this);
-    const std::vector<std::string> link_changes = Shortened(links().Told(), kMostLinksTold);
+    for (std::string& line : links().Told()) link_changes.push_back(std::move(line));
     Write();
+    TellEach("was lost", std::exchange(lost_at_opening_, {}));
     TellEach("was mended", std::exchange(mended_at_opening_, {}));
     TellEach("was mended", mended);
-    for (const std::string& change : link_changes) Platform().ui.Message(change);
+    for (const std::string& change : Shortened(link_changes, kMostLinksTold)) Platform().ui.Message(change);
+    if (std::exchange(in_disorder_, false)) {
+        Platform().ui.Message(
+            "the rows or parents of this plan are in disorder, so that other tasks may stand elsewhere now; "
+            "\"prx check\" tells which");
+    }
 }
 
 void Project::SaveAs(const std::string& file) {
@@ -324,6 +332,7 @@ void Project::SaveAs(const std::string& file) {
 void Project::Write() {
     const std::size_t recorded = CountRecorded();
     const String problem = SaveSafely(app_);
+    if (problem.starts_with(path_)) throw Refusal(Plain(problem));
     if (!problem.empty()) throw Refusal(fmt::format("{}: not saved: {}", Plain(path_), Plain(problem)));
     host_->saved(path_);
     TellOfWizard(recorded);

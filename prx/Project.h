@@ -59,7 +59,8 @@ public:
     /// Refuses when the library recorded a failure since the file was opened, or since they were told.
     void RefuseIfFailed() const;
     /// Brings the summaries up to date and replaces the file, or leaves it as it is and refuses: also when the edit did
-    /// not go through, or leads beyond the last year. Tells what became of links beside what was asked for.
+    /// not go through, or leads beyond the last year. Tells what was lost and mended at the opening, what
+    /// became of links beside what was asked for, and that the outline is in disorder, where it is.
     void Save();
     /// Goes on as a new file, to which nobody gets a right that they do not have to this one, and saves it; also an
     /// edit that did not go through.
@@ -84,7 +85,10 @@ private:
     std::unique_ptr<LinkChanges> links_ = std::make_unique<LinkChanges>();
     bool read_only_ = false;
     std::size_t failures_at_opening_ = 0;
-    std::vector<std::string> mended_at_opening_;  ///< not told yet: nothing is saved
+    // Not told yet: nothing is saved.
+    std::vector<std::string> lost_at_opening_;
+    std::vector<std::string> mended_at_opening_;
+    bool in_disorder_ = false;  ///< rows or parents
 };
 
 }  // namespace prx

@@ -71,6 +71,7 @@ protected:
         EXPECT_TRUE(Has(forced.out, "Not read, and so not in the new file:\n  " + line + "\n")) << forced.out;
         plan_.Output({"check", "b.prx"});
         ASSERT_EQ(std::remove(plan_.Path("b.prx").c_str()), 0);
+        EXPECT_FALSE(Has(plan_.Refused({"rename", "Nobody", "C", "--force"}), "was lost"));
         EXPECT_TRUE(Has(plan_.Prx({"rename", "a.prx", "2", "C", "--force"}).err, "prx: was lost: " + line + "\n"));
         plan_.Output({"check", "a.prx"});
     }

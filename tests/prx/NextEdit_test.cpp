@@ -37,6 +37,18 @@ TEST_F(NextEdit, FollowsOneThatTakesAwayWhatOthersList) {
     }
 }
 
+TEST_F(NextEdit, TellsThatRowsAreInDisorder) {
+    const std::string whole = plan_.Read("a.prx");
+    const std::size_t key = whole.find("<TaskKey>5</TaskKey>");
+    const std::size_t row = whole.find("<TaskPosition>5<", whole.rfind("<Task>", key));
+    ASSERT_LT(row, whole.find("</Task>", key));
+    plan_.Write("a.prx", whole.substr(0, row) + "<TaskPosition>-5<" + whole.substr(row + 16));
+
+    EXPECT_EQ(plan_.Prx({"done", "a.prx", "5", "7"}).err,
+              "prx: the rows or parents of this plan are in disorder, so that other tasks may stand elsewhere now; "
+              "\"prx check\" tells which\n");
+}
+
 TEST_F(NextEdit, FollowsOneThatTakesAwayWhatOthersAreLinkedTo) {
     Damage("<TaskPredecessor>43</TaskPredecessor><TaskLeadTime>43|2</TaskLeadTime>", "");
     plan_.Output({"remove", "a.prx", "46"});

@@ -1,6 +1,6 @@
 #include <gtest/gtest.h>
 
-#include "tests/prx/Prx.h"
+#include "tests/prx/PlanFolder.h"
 
 namespace prx_test {
 
@@ -33,6 +33,23 @@ TEST(Remove, PrintsEveryEvent) {
               "IamASummary(1, True)\n"
               "TaskDeleted(3, 1, 3, True)\n"
               "TaskDeleted(3, , 0, True)\n");
+}
+
+TEST(Remove, MakesNoTaskWaitForWhatStandsBelowIt) {
+    const PlanFolder plan;
+    plan.Output({"new", "a.prx"});
+    plan.Output({"add", "a.prx", "A", "--start", "2026-12-07"});
+    plan.Output({"add", "a.prx", "B", "--under", "A"});
+    plan.Output({"add", "a.prx", "C", "--under", "B"});
+    plan.Output({"add", "a.prx", "X", "--start", "2026-12-10"});
+    plan.Output({"link", "a.prx", "X", "C"});
+    plan.Output({"link", "a.prx", "A", "X"});
+
+    const Result result = plan.Prx({"remove", "a.prx", "X"});
+
+    EXPECT_EQ(result.err, "prx: task 1 \"A\" was to wait for task 3 \"C\", which stands below it: taken off\n");
+    EXPECT_EQ(plan.Predecessors("A"), "");
+    plan.Output({"check", "a.prx"});
 }
 
 TEST(Remove, EmptiesAPlanAndFillsItAgain) {
