@@ -65,6 +65,10 @@ std::string CalendarAsText(const CalendarCls& calendar) {
                        Listed(Days(calendar.Holiday())), Listed(Days(calendar.ExceptionDay())));
 }
 
+std::vector<std::string> ExceptionsOf(const CalendarCls& calendar) {
+    return Days(calendar.ExceptionDay());
+}
+
 bool HasWorkingWeekday(const CalendarCls& calendar) {
     return !Weekdays(calendar, false).empty();
 }

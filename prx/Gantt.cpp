@@ -229,8 +229,9 @@ std::string AsGantt(const Project& project, const GanttView& view) {
     const std::size_t before = number + 1 + name + 1 + links + 1;
     const TimeLine time(from, to, view.width - before);
 
-    std::string text = fmt::format("{}, {} to {}\n", CutTo(Plain(app.xProject()->ProjectName()), view.width - 26),
-                                   Text(from), Text(to));
+    const std::string title = Plain(app.xProject()->ProjectName());
+    std::string text =
+        fmt::format("{}, {} to {}\n", CutTo(title.empty() ? kNoName : title, view.width - 26), Text(from), Text(to));
     text += WithoutEnd(std::string(before, ' ') + MonthLine(time));
     text += WithoutEnd(PadLeft("Row", number) + " " + PadRight("Task", name) + " " + PadRight("After", links) + " " +
                        DayLine(time));

@@ -56,10 +56,21 @@ bool NamesNoCommand(const CLI::App& app, int argc, char** argv) {
     return app.get_subcommands([&](const CLI::App* command) { return command->check_name(argv[1]); }).empty();
 }
 
-/// The parser would only say that a name is missing.
-bool TakenForAnOption(const CLI::App& app, int argc, char** argv) {
+bool HasOnlyLetters(std::string_view text) {
+    return std::ranges::all_of(text,
+                               [](char c) { return c == '-' || (c >= 'a' && c <= 'z') || (c >= 'A' && c <= 'Z'); });
+}
+
+/// The parser would only say that a name is missing. Where the file is, a word with a dash is rather an option that
+/// there is not.
+bool TakenForAnOption(const CLI::App& app, const CLI::ParseError& error, int argc, char** argv) {
+    if (error.get_name() != "RequiredError" || app.get_subcommands().empty()) return false;
+    const bool file_is_missing = std::string_view(error.what()).starts_with("FILE ");
     const std::vector<std::string> unknown = app.remaining(/*recurse=*/true);
-    return std::ranges::any_of(unknown, [](const std::string& text) { return text.starts_with('-'); }) ||
+    return std::ranges::any_of(unknown,
+                               [&](const std::string& text) {
+                                   return text.starts_with('-') && !(file_is_missing && HasOnlyLetters(text));
+                               }) ||
            std::ranges::count(argv, argv + argc, std::string_view("++")) > 0;
 }
 
@@ -83,7 +94,7 @@ int Run(int argc, char** argv) {
         const bool asked_for = app.exit(error) == 0;
         DemandWritten();
         if (asked_for) return Command::kDone;
-        if (error.get_name() == "RequiredError" && TakenForAnOption(app, argc, argv)) {
+        if (TakenForAnOption(app, error, argc, argv)) {
             Tell("a text that begins with a dash, or is \"++\", has to stand behind \"--\"");
         }
         return Command::kRefused;

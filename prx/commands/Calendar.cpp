@@ -2,6 +2,8 @@
 
 #include <fmt/core.h>
 
+#include <algorithm>
+
 #include "prx/Command.h"
 #include "prx/Project.h"
 #include "prx/Refusal.h"
@@ -23,6 +25,11 @@ public:
         options().add_option("--exception", exceptions_, "A day that is worked although its weekday is free");
         options().add_option("--no-exception", no_exceptions_, "A day that is no exception any more");
         options().add_flag("--json", json_, "Print it as JSON, for programs");
+        options().footer(
+            "In one call weekdays come first, worked ones before free ones, then holidays, then exceptions, and of "
+            "either "
+            "those taken off before those put on. A weekday that becomes worked takes its exceptions along, which is "
+            "told. A holiday is free whatever else the day is.");
     }
 
     int Run(Host& host) override {
@@ -31,9 +38,10 @@ public:
             return Print(project);
         }
         Project project = Project::ToEdit(host, file(), force());
-        Change(*project.app().xCalendar());
+        const Texts notes = Change(*project.app().xCalendar());
         project.app().SetPublicCalendar();
         project.Save();
+        for (const std::string& note : notes) Note(note);
         return Print(project);
     }
 
@@ -45,14 +53,32 @@ private:
                !exceptions_.empty() || !no_exceptions_.empty();
     }
 
-    void Change(CalendarCls& calendar) const {
+    /// What is to be told of it.
+    Texts Change(CalendarCls& calendar) const {
+        Texts notes;
+        const Texts exceptions = ExceptionsOf(calendar);
         for (const std::string& day : work_) calendar.SetAsWorkingDay(ReadWeekday(day));
+        for (const std::string& day : exceptions) {
+            if (std::ranges::count(ExceptionsOf(calendar), day) > 0) continue;
+            notes.push_back(fmt::format("{} is no exception any more: its weekday is worked", day));
+        }
         for (const std::string& day : free_) calendar.SetAsNonWorkingDay(ReadWeekday(day));
         for (const std::string& day : no_holidays_) calendar.SetADayAsNormalDay(ReadDate(day));
         for (const std::string& day : holidays_) calendar.SetADayAsHoliday(ReadDate(day));
         for (const std::string& day : no_exceptions_) calendar.SetAsNonException(ReadDate(day));
-        for (const std::string& day : exceptions_) calendar.SetADayAsExceptionDay(ReadDate(day));
+        for (const std::string& day : exceptions_) {
+            if (calendar.isHoliday(ReadDate(day))) {
+                throw Refusal(
+                    fmt::format("{} is a holiday, and free even as an exception; --no-holiday ends that", day));
+            }
+            calendar.SetADayAsExceptionDay(ReadDate(day));
+        }
+        for (const std::string& day : holidays_) {
+            if (!calendar.isExceptionDay(ReadDate(day))) continue;
+            notes.push_back(fmt::format("{} is an exception, too, and free all the same", day));
+        }
         if (!HasWorkingWeekday(calendar)) throw Refusal("no weekday would be worked, and no task could end");
+        return notes;
     }
 
     int Print(const Project& project) const {

@@ -62,7 +62,10 @@ private:
             const bool well = lost.empty() && recorded.empty() && repaired.empty() && mended.empty() &&
                               failed.empty() && Unmended(project).empty();
             TellBeside(project);
-            if (well) return TellThatAllIsWell(project);
+            if (well) {
+                Note(fmt::format("there is nothing to repair: {} was not written", Plain(*repair_)));
+                return TellThatAllIsWell(project);
+            }
             project.SaveAs(*repair_);
             whole = Tell("Not read, and so not in the new file", lost);
             Tell("Recorded on the way", recorded);

@@ -7,7 +7,11 @@ namespace {
 class Indent : public TaskCommand {
 public:
     explicit Indent(CLI::App& app)
-        : TaskCommand(app, "indent", "Put a task below the one above it; it starts with it") {}
+        : TaskCommand(app, "indent", "Put a task below the one above it; it starts with it") {
+        options().footer(
+            "What waits for the task moves along. No task waits for a summary, and none for what stands below it: the "
+            "links that the task's new parents so lose are told, and so is the cost of one that had no task below it.");
+    }
 
 private:
     void Change(const Project& project, const mrlxmlclass::Ref<mrlxmlclass::TasksCls>& task) override {

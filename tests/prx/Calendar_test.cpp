@@ -44,6 +44,34 @@ TEST(Calendar, DecidesOnWhichDaysATaskCanStart) {
               std::string::npos);
 }
 
+TEST(Calendar, TellsWhichExceptionsGoWithAWeekday) {
+    const Folder folder;
+    folder.Output({"new", "a.prx"});
+    folder.Output({"calendar", "a.prx", "--exception", "2026-06-20", "--exception", "2026-06-21"});
+
+    const Result result = folder.Prx({"calendar", "a.prx", "--work", "sat"});
+
+    EXPECT_EQ(result.err, "prx: 2026-06-20 is no exception any more: its weekday is worked\n");
+    EXPECT_TRUE(result.out.ends_with("Exceptions:   2026-06-21\n")) << result.out;
+}
+
+TEST(Calendar, HasNoExceptionOnAHoliday) {
+    const Folder folder;
+    folder.Output({"new", "a.prx"});
+    folder.Output({"calendar", "a.prx", "--holiday", "2026-06-20"});
+    const std::string before = folder.Read("a.prx");
+
+    EXPECT_EQ(folder.Refusal({"calendar", "a.prx", "--exception", "2026-06-20"}),
+              "prx: 2026-06-20 is a holiday, and free even as an exception; --no-holiday ends that\n");
+    EXPECT_EQ(folder.Refusal({"calendar", "a.prx", "--holiday", "2026-06-27", "--exception", "2026-06-27"}),
+              "prx: 2026-06-27 is a holiday, and free even as an exception; --no-holiday ends that\n");
+    EXPECT_EQ(folder.Read("a.prx"), before);
+
+    folder.Output({"calendar", "a.prx", "--no-holiday", "2026-06-20", "--exception", "2026-06-20"});
+    EXPECT_EQ(folder.Prx({"calendar", "a.prx", "--holiday", "2026-06-20"}).err,
+              "prx: 2026-06-20 is an exception, too, and free all the same\n");
+}
+
 TEST(Calendar, RefusesWhatIsNoDay) {
     const Folder folder;
     folder.Output({"new", "a.prx"});

@@ -124,4 +124,12 @@ TEST(GanttOfAnEmptyPlan, SaysSo) {
     EXPECT_EQ(plan.Output({"show", "--gantt", "a.prx"}), "There is nothing to draw: the plan has no tasks\n");
 }
 
+TEST(GanttOfAProjectWithoutAName, HasAHeading) {
+    const Folder folder;
+    folder.Output({"new", "a.prx"});
+    folder.Output({"add", "a.prx", "A", "--start", "2026-12-09"});
+    EXPECT_TRUE(folder.Output({"show", "--gantt", "a.prx"})
+                    .starts_with("A project without a name, 2026-12-09 to 2026-12-09\n"));
+}
+
 }  // namespace prx_test

@@ -235,6 +235,11 @@ TEST(Prx, SaysHowATextIsGivenThatLooksLikeAnOption) {
     }
     EXPECT_FALSE(Has(folder.Refusal({"rename", "a.prx", "2"}), words));
     EXPECT_FALSE(Has(folder.Refusal({"link", "a.prx", "2", "3", "--lga", "4"}), words));
+    EXPECT_TRUE(Has(folder.Refusal({"show", "-n7.prx"}), words));
+    for (const std::vector<std::string>& command :
+         {std::vector<std::string>{"--foo"}, {"-v"}, {"show", "--version"}, {"show", "--loudly"}}) {
+        EXPECT_FALSE(Has(folder.Refusal(command), words)) << command.back();
+    }
 }
 
 TEST(Prx, TellsInWordsThatAFileIsNotThere) {

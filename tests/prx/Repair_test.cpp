@@ -191,8 +191,10 @@ TEST_F(Repair, KeepsTheRestOfThePlan) {
 }
 
 TEST_F(Repair, WritesNoFileWhereNothingIsWrong) {
-    EXPECT_EQ(plan_.Output({"check", "a.prx", "--repair", "b.prx"}),
-              plan_.Path("a.prx") + ": nothing is wrong, 3 tasks\n");
+    const Result result = plan_.Prx({"check", "a.prx", "--repair", "b.prx"});
+    EXPECT_EQ(result.status, 0);
+    EXPECT_EQ(result.out, plan_.Path("a.prx") + ": nothing is wrong, 3 tasks\n");
+    EXPECT_EQ(result.err, "prx: there is nothing to repair: b.prx was not written\n");
     EXPECT_FALSE(plan_.Has("b.prx"));
 }
 
