@@ -15,27 +15,34 @@ std::string Row(Draws& draws) {
     return "#" + std::to_string(draws.From(1, kRows));
 }
 
+/// Mostly inside the plan, so that tasks meet it when it becomes free.
 std::string Day(Draws& draws) {
     const auto two = [](int number) { return (number < 10 ? "0" : "") + std::to_string(number); };
-    return std::to_string(draws.One(std::vector<int>{2025, 2026, 2026, 2026, 2036})) + "-" + two(draws.From(1, 12)) +
-           "-" + two(draws.From(1, 28));
+    const bool anywhere = draws.From(1, 6) == 1;
+    const int year = anywhere ? draws.One(std::vector<int>{2025, 2026, 2027, 2036}) : 2026;
+    return std::to_string(year) + "-" + two(anywhere ? draws.From(1, 12) : draws.From(3, 8)) + "-" +
+           two(draws.From(1, 28));
 }
 
 std::string Length(Draws& draws) {
-    return draws.One(Texts{"0", "1", "2", "5", "0.5", "1.5", "2wks", "1 mons", "8hrs", "30mins", "0.5wks", "100"});
+    return draws.One(Texts{"0", "1", "2", "5", "0.5", "1.5", "2wks", "1 mons", "8hrs", "30mins", "0.5wks", "0.9wks",
+                           "0.7 months", "100"});
 }
 
 std::string Assignment(Draws& draws) {
-    switch (draws.From(1, 6)) {
+    switch (draws.From(1, 9)) {
         case 1:
-            return "duration=" + Length(draws);
         case 2:
-            return "end=" + Day(draws);
         case 3:
-            return "unit=" + draws.One(Texts{"days", "wks", "mons", "hrs", "mins"});
+            return "duration=" + Length(draws);
         case 4:
-            return "milestone=" + draws.One(Texts{"yes", "no"});
+            return "end=" + Day(draws);
         case 5:
+        case 6:
+            return "unit=" + draws.One(Texts{"days", "wks", "mons", "hrs", "mins"});
+        case 7:
+            return "milestone=" + draws.One(Texts{"yes", "no"});
+        case 8:
             return "cost=" + std::to_string(draws.From(-5, 500));
         default:
             return "start=" + Day(draws);
@@ -44,7 +51,7 @@ std::string Assignment(Draws& draws) {
 
 /// What a planner may do to a plan, without the file.
 Texts Edit(Draws& draws) {
-    switch (draws.From(1, 12)) {
+    switch (draws.From(1, 16)) {
         case 1:
             return {"add", "New", draws.One(Texts{"--under", "--after"}), Row(draws), "--duration", Length(draws)};
         case 2:
@@ -63,6 +70,15 @@ Texts Edit(Draws& draws) {
             return {"calendar", draws.One(Texts{"--holiday", "--exception", "--no-holiday"}), Day(draws)};
         case 9:
             return {"set", Row(draws), Assignment(draws), "done=5"};
+        case 10:
+            return {"calendar", draws.One(Texts{"--free", "--work"}), draws.One(Texts{"mon", "wed", "sat"})};
+        case 11:
+            return {draws.One(Texts{"assign", "unassign"}), Row(draws), draws.One(Texts{"person", "goal", "note"}),
+                    std::to_string(draws.From(1, 4))};
+        case 12:  // mostly a circle, through a summary where there is one
+            return {"link", "#" + std::to_string(draws.From(1, 3)), Row(draws)};
+        case 13:
+            return {"remove", Row(draws)};
         default:
             return {"set", Row(draws), Assignment(draws)};
     }
@@ -77,6 +93,7 @@ TEST(DrawnEdits, LeaveThePlanInOrder) {
     for (unsigned seed = 1; seed <= mrlxmlclass::testing::Rounds(4); ++seed) {
         Draws draws(seed);
         plan.CopyExample(kExamples[seed % std::size(kExamples)], "a.prx");
+        plan.Output({"calendar", "a.prx", "--free", draws.One(Texts{"mon", "tue", "wed", "thu"})});  // many start on it
         std::string history;
         int done = 0;
         for (int i = 0; i < kEditsOfAPlan; ++i) {
