@@ -35,14 +35,13 @@ public:
         RefuseBeyondRange(shift);
         shift.Run();
         project.Save();
-        for (const std::string& line : Shortened(shift.Stayed(), kMostTold)) Note(line);
+        for (const std::string& line : Shortened(shift.Stayed())) Note(line);
         events.Print();
         return kDone;
     }
 
 private:
     static constexpr int kMostDays = 10'000;
-    static constexpr std::size_t kMostTold = 10;
 
     bool Signed() const { return text_.starts_with('+') && !text_.starts_with("+-"); }
 
