@@ -1,11 +1,15 @@
-// Takes a goal off a task that has links, and shows that they stay.
+// Takes a goal off a task that has links, shows that they stay, and ties the two again.
 #include <cstdio>
+#include <string>
 #include <utility>
 #include <vector>
 
 #include "mrlxmlclass/items/GoalsCol.h"
 #include "mrlxmlclass/items/TaskGoalRelationCol.h"
 #include "mrlxmlclass/session/Application.h"
+#include "mrlxmlclass/session/ErrorsCls.h"
+#include "mrlxmlclass/session/ErrorsHandler.h"
+#include "mrlxmlclass/session/ModuleState.h"
 #include "mrlxmlclass/tasks/TasksCol.h"
 
 using namespace mrlxmlclass;
@@ -35,9 +39,18 @@ void UntieGoal(Application& app, const String& key, const String& goal_key) {
         app.xGoalCol()->UnAssigneGoal(goal_key, key, app.xTaskCol(), app.xTaskGoalRelationcol());
     }
     app.xTaskCol()->RemoveAssigendGoals(key, relation_key, goal_key);  // raises GoalChange
+    app.xGoalCol()->SetTasksCollectionByGoal(app.xTaskGoalRelationcol(), app.xTaskCol(), goal_key);
 }
 
 namespace {
+
+void TieGoal(Application& app, const String& key, const String& goal_key) {
+    const auto goal = app.xGoalCol()->Item(goal_key);
+    const auto relations = app.xTaskGoalRelationcol();
+    app.xGoalCol()->AssigneGoal(goal_key, std::stoi(key), app.xTaskCol(), relations);
+    const String relation_key = goal->FindRelationKey(key, relations).Text();
+    app.xTaskCol()->AddGoals(key, relations->Item(relation_key), goal);  // raises GoalChange
+}
 
 class Ear : public TasksColEvents {
 public:
@@ -57,16 +70,19 @@ int main() {
     tasks->AddTaskPredecessor("2", "1");
 
     const auto goals = app->xGoalCol();
-    const auto goal = goals->Add();
-    goal->GoalName("Dry feet");
-    goals->AssigneGoal("1", 2, tasks, app->xTaskGoalRelationcol());
+    goals->Add()->GoalName("Dry feet");
 
     Ear ear;
     tasks->Events.Add(ear);
     std::puts("The goal is told of to the task:");
-    tasks->AddGoals("2", app->xTaskGoalRelationcol()->Item("1"), goal);
+    TieGoal(*app, "2", "1");
     std::puts("It is taken off again:");
     UntieGoal(*app, "2", "1");
-    tasks->Events.Remove(ear);
     std::printf("Task 2 still waits for: %s\n", tasks->PredessorAsString("2").c_str());
+    std::puts("And tied once more:");
+    TieGoal(*app, "2", "1");
+    tasks->Events.Remove(ear);
+    std::printf("The goal has %d task, and %d failures were recorded.\n",
+                goals->Item("1")->Tasks()->Count(/*p_all=*/True).value(),
+                Module().g_ErrorsHandler->Log()->Error_Col()->Count().value());
 }
