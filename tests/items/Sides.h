@@ -38,6 +38,9 @@ struct PersonSides {
     static void RemoveTask(Plan& plan, int task) {
         plan.col().Remove(task, Master(plan), All(plan), {}, {}, {}, {}, True, True, True);
     }
+    static void FillTasks(Plan& plan, int item) {
+        All(plan)->SetTasksCollectionByID(item, Master(plan), plan.app->xTaskCol());
+    }
 };
 
 struct GoalSides {
@@ -71,6 +74,9 @@ struct GoalSides {
     }
     static void RemoveTask(Plan& plan, int task) {
         plan.col().Remove(task, {}, {}, Master(plan), All(plan), {}, {}, True, True, True);
+    }
+    static void FillTasks(Plan& plan, int item) {
+        All(plan)->SetTasksCollectionByGoal(Master(plan), plan.app->xTaskCol(), item);
     }
 };
 
@@ -106,6 +112,9 @@ struct ObstacleSides {
     }
     static void RemoveTask(Plan& plan, int task) {
         plan.col().Remove(task, {}, {}, {}, {}, Master(plan), All(plan), True, True, True);
+    }
+    static void FillTasks(Plan& plan, int item) {
+        All(plan)->SetTasksCollectionByID(item, Master(plan), plan.app->xTaskCol());
     }
 };
 

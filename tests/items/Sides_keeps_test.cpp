@@ -167,6 +167,55 @@ TEST(AssignePerson, KeepsFailingToTieAPersonAgainWhoWasUnassigned) {
               "item 1 relations 1 tasks 1");
 }
 
+/// Ties the first task to the first item on all sides, unties them on all, and ties them again.
+template <class Kind>
+String RecordedByTyingAgain(bool fill) {
+    Ties plan(/*links=*/false);
+    const auto tie = [&] {
+        Kind::Assign(plan, 1, 1);
+        Kind::AddToTask(plan, 1, Ties::Newest(Kind::Master(plan)), Kind::All(plan)->Item(1));
+    };
+    const auto tied_by = [](const String& key, const String& copy) {
+        return "project" + (key.empty() ? "" : key + ":1-1") + "\ntask 1 relations" + key +
+               (key.empty() ? " copies" : " copies 1") + "\ntask 2 relations copies\ntask 3 relations copies" +
+               "\nitem 1 relations" + key + " tasks" + copy;
+    };
+    tie();
+    EXPECT_EQ(DrawnSides<Kind>(plan), tied_by(" 1", " 1"));
+    Kind::UnAssign(plan, 1, 1);
+    if constexpr (Kind::ties_the_task) Kind::OnItem(*Kind::All(plan)->Item(1))->Remove(1);
+    Kind::RemoveFromTask(plan, 1, 1, 1);
+    const String stale = Kind::ties_the_task ? " 1" : " 1c";
+    EXPECT_EQ(DrawnSides<Kind>(plan), tied_by("", stale)) << "the item's copy of the task stays";
+    if (fill) {
+        Kind::FillTasks(plan, 1);
+        EXPECT_EQ(DrawnSides<Kind>(plan), tied_by("", ""));
+    }
+    tie();
+    EXPECT_EQ(DrawnSides<Kind>(plan), tied_by(Kind::frees_relations ? " 1" : " 2", fill ? " 1" : stale));
+    return plan.failures.Taken();
+}
+
+TEST(TyingAgain, KeepsFailingUntilTheTasksOfTheItemAreFilledAnew) {
+    const char* failed = "TasksCol/AddItem 457\n";
+    EXPECT_EQ(RecordedByTyingAgain<PersonSides>(/*fill=*/false), failed);
+    EXPECT_EQ(RecordedByTyingAgain<GoalSides>(/*fill=*/false), failed);
+    EXPECT_EQ(RecordedByTyingAgain<ObstacleSides>(/*fill=*/false), failed);
+    EXPECT_EQ(RecordedByTyingAgain<PersonSides>(/*fill=*/true), "");
+    EXPECT_EQ(RecordedByTyingAgain<GoalSides>(/*fill=*/true), "");
+    EXPECT_EQ(RecordedByTyingAgain<ObstacleSides>(/*fill=*/true), "");
+}
+
+TEST(SetTasksCollectionByGoal, KeepsCountingTheCandidateThatIsGone) {
+    Ties plan(/*links=*/false);
+    plan.Serve("Dig");
+    GoalSides::UnAssign(plan, 1, 1);
+    GoalSides::FillTasks(plan, 1);
+    const Ref<TasksCol> copies = plan.goals().Item(1)->Tasks();
+    EXPECT_EQ(copies->Count(/*p_all=*/True), 0);
+    EXPECT_EQ(copies->Count(), -1);
+}
+
 TEST(RemoveForRelatedPople, KeepsTheTasksCopyOfTheDeletedPerson) {
     Ties plan(/*links=*/false);
     plan.Assign("Dig");
