@@ -216,5 +216,27 @@ TEST(ItemSetTasksCollection, KeepsTheLabelsOfTheCollections) {
     EXPECT_EQ(s.failures.Taken(), "GoalsGol/SetTasksCollection 91\nobstaclessGol/SetTasksCollection 91\n");
 }
 
+/// Two items of which the one with a relation fails, since there is no list to look it up in.
+template <class Col>
+void ExpectTheLastItemsAnswer(const char* failed) {
+    SCOPED_TRACE(failed);
+    for (const int failing : {1, 2}) {
+        Items s;
+        const auto items = s.Master<Col>();
+        for (const int key : {1, 2}) {
+            const auto item = items->Add();
+            if (key == failing) In(item).ReadRelations()->Add("1");
+        }
+        EXPECT_EQ(items->SetTasksCollection({}, Make<TasksCol>()), Boolean(failing == 1));
+        EXPECT_EQ(s.failures.Taken(), failed);
+    }
+}
+
+TEST(ItemSetTasksCollection, OfAllGivesTheLastItemsAnswer) {
+    ExpectTheLastItemsAnswer<PeopleCol>("peopleCls/SetTasksCollection 91\n");
+    ExpectTheLastItemsAnswer<GoalsCol>("GoalCls/SetTasksCollection 91\n");
+    ExpectTheLastItemsAnswer<obstaclesCol>("obstaclesCls/SetTasksCollection 91\n");
+}
+
 }  // namespace
 }  // namespace mrlxmlclass::testing

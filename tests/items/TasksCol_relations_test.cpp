@@ -197,6 +197,20 @@ TEST(UpdatePeopleCollectionOfAll, RaisesOneEventForEachTaskThatHasThePerson) {
     EXPECT_EQ(plan["Pour"].PeopleAsString(), "");
 }
 
+TEST(UpdatePeopleCollectionOfAll, GivesTheLastTasksAnswer) {
+    for (const char* assigned : {"Dig", "Paint"}) {
+        SCOPED_TRACE(assigned);
+        Plan plan;
+        plan.Task("Dig").Task("Pour").Task("Paint");
+        const auto people = plan.app->xPeopleCol();
+        const auto relations = plan.app->xTaskPeopleRelationcol();
+        people->Add()->PersonName("Ann");
+        people->AssignePerson("1", plan.Number(assigned), plan.app->xTaskCol(), relations);
+        const Boolean last(assigned == String("Paint"));
+        EXPECT_EQ(plan.col().UpdatePeopleCollection(relations, people, 1), last);
+    }
+}
+
 TEST(SetCollections, KeepsGivingFalseAndGoingOnPastAFailure) {
     Plan plan;
     plan.Task("Dig").Task("Pour");
