@@ -26,25 +26,34 @@ TEST(GoalLink, KeepsTheLabelOfItsClass) {
     EXPECT_EQ(s.failures.Taken(), "GoalCls/GoalLink 1\n");
 }
 
-TEST(GoalDescription, RaisesItsFlagAndLosesItsTextWithIt) {
+constexpr TextRow<GoalsCls> kGoalTexts[] = {
+    {"GoalLink", [](GoalsCls& item) { return item.GoalLink(); }, &GoalsCls::GoalLink, &GoalsCls::GoalLinkValid,
+     &GoalsCls::GoalLinkValid},
+    {"GoalDescription", [](GoalsCls& item) { return item.GoalDescription(); }, &GoalsCls::GoalDescription,
+     &GoalsCls::sGoalDescriptionValid, &GoalsCls::sGoalDescriptionValid},
+};
+constexpr TextRow<ObstaclesCls> kObstacleTexts[] = {
+    {"ObstaclesLink", [](ObstaclesCls& item) { return item.ObstaclesLink(); }, &ObstaclesCls::ObstaclesLink,
+     &ObstaclesCls::ObstaclesLinkValid, &ObstaclesCls::ObstaclesLinkValid},
+    {"ObstaclesDescription", [](ObstaclesCls& item) { return item.ObstaclesDescription(); },
+     &ObstaclesCls::ObstaclesDescription, &ObstaclesCls::sObstaclesDescriptionValid,
+     &ObstaclesCls::sObstaclesDescriptionValid},
+};
+
+TEST(NamedItemText, RaisesItsFlagAndIsEmptiedByAChangeOfIt) {
     Items s;
-    const auto goal = Make<GoalsCls>();
-    EXPECT_EQ(goal->GoalDescription(), "");
-    goal->GoalDescription("No accidents");
-    EXPECT_EQ(goal->sGoalDescriptionValid(), True);
-    goal->sGoalDescriptionValid(False);
-    EXPECT_EQ(goal->GoalDescription(), "");
+    ExpectFlagsOfTheirOwn(kGoalTexts);
+    ExpectFlagsOfTheirOwn(kObstacleTexts);
+    EXPECT_EQ(Make<GoalsCls>()->GoalDescription() + Make<ObstaclesCls>()->ObstaclesDescription(), "") << "unguarded";
 }
 
-TEST(TaskGoalRelation, IsMadeOnFirstReadAndRaisesTheFlag) {
+TEST(NamedItemRelations, AreMadeOnFirstReadAndRaiseTheFlag) {
     Items s;
-    const auto goal = Make<GoalsCls>();
-    EXPECT_EQ(goal->TaskGoalRelationValid(), False);
-    const auto relations = goal->TaskGoalRelation();
-    EXPECT_EQ(goal->TaskGoalRelationValid(), True);
-    EXPECT_EQ(goal->TaskGoalRelation(), relations);
-    goal->TaskGoalRelationValid(False);
-    EXPECT_FALSE(goal->TaskGoalRelation() == relations);
+    ExpectRelationsWithTheirFlag<GoalsCls, TaskGoalRelationCol>(
+        &GoalsCls::TaskGoalRelation, &GoalsCls::TaskGoalRelationValid, &GoalsCls::TaskGoalRelationValid);
+    ExpectRelationsWithTheirFlag<ObstaclesCls, TaskObstaclesRelationCol>(&ObstaclesCls::TaskObstaclesRelation,
+                                                                         &ObstaclesCls::TaskObstaclesRelationValid,
+                                                                         &ObstaclesCls::TaskObstaclesRelationValid);
 }
 
 TEST(NamedItemClone, SharesRelationsAndTasksEvenWhereThereAreNoneYet) {

@@ -6,16 +6,32 @@
 namespace mrlxmlclass::testing {
 namespace {
 
+constexpr TextRow<peopleCls> kTexts[] = {
+    {"PersonKeyChar", [](peopleCls& item) { return item.PersonKeyChar(); }, &peopleCls::PersonKeyChar,
+     &peopleCls::PersonKeyCharValid, &peopleCls::PersonKeyCharValid},
+    {"PersonAddress", [](peopleCls& item) { return item.PersonAddress(); }, &peopleCls::PersonAddress,
+     &peopleCls::PersonAddressValid, &peopleCls::PersonAddressValid},
+    {"PersonCompany", [](peopleCls& item) { return item.PersonCompany(); }, &peopleCls::PersonCompany,
+     &peopleCls::PersonCompanyValid, &peopleCls::PersonCompanyValid},
+    {"PersonPhone", [](peopleCls& item) { return item.PersonPhone(); }, &peopleCls::PersonPhone,
+     &peopleCls::PersonPhoneValid, &peopleCls::PersonPhoneValid},
+    {"PersonEmail", [](peopleCls& item) { return item.PersonEmail(); }, &peopleCls::PersonEmail,
+     &peopleCls::PersonEmailValid, &peopleCls::PersonEmailValid},
+    {"PersonTitle", [](peopleCls& item) { return item.PersonTitle(); }, &peopleCls::PersonTitle,
+     &peopleCls::PersonTitleValid, &peopleCls::PersonTitleValid},
+    {"PersonNoteKey", [](peopleCls& item) { return item.PersonNoteKey(); }, &peopleCls::PersonNoteKey,
+     &peopleCls::PersonNoteKeyValid, &peopleCls::PersonNoteKeyValid},
+};
+
 TEST(PersonText, RaisesItsFlagAndIsEmptiedByAChangeOfIt) {
     Items s;
-    const auto person = Make<peopleCls>();
-    EXPECT_EQ(person->PersonEmailValid(), False);
-    person->PersonEmail("a@b");
-    EXPECT_EQ(person->PersonEmailValid(), True);
-    person->PersonEmailValid(True);
-    EXPECT_EQ(person->PersonEmail(), "a@b");
-    person->PersonEmailValid(False);
-    EXPECT_EQ(person->PersonEmail(), "");
+    ExpectFlagsOfTheirOwn(kTexts);
+}
+
+TEST(TaskPeopleRelation, IsMadeOnFirstReadAndRaisesTheFlag) {
+    Items s;
+    ExpectRelationsWithTheirFlag<peopleCls, TaskAssigmentRelationCol>(
+        &peopleCls::TaskPeopleRelation, &peopleCls::TaskPeopleRelationValid, &peopleCls::TaskPeopleRelationValid);
 }
 
 TEST(PersonNoteKey, IsRefusedWhileItsFlagIsDown) {
