@@ -4,8 +4,10 @@
 #include "mrlxmlclass/items/TaskAssigmentRelationCol.h"
 #include "mrlxmlclass/items/TaskGoalRelationCol.h"
 #include "mrlxmlclass/items/TaskNoteRelationCol.h"
+#include "mrlxmlclass/items/TaskNotes.h"
 #include "mrlxmlclass/items/TaskObstaclesRelationCol.h"
 #include "mrlxmlclass/items/obstaclesCol.h"
+#include "mrlxmlclass/runtime/Text.h"
 #include "tests/session/HostileFile.h"
 #include "tests/support/SavedRecords.h"
 
@@ -34,13 +36,16 @@ String WholeFile() {
     return plan.platform.Read("whole.prx");
 }
 
-/// A section, the element of its records, the class that reads it, and the elements whose text is a number.
+/// A section, the element of its records, the class that reads it, and the elements whose text is a number; then what
+/// is recorded when keys of the second record, or of both, lead nowhere.
 struct SectionRow {
     const char* section;
     const char* element;
     const char* label;
     const char* key;
     std::vector<const char*> numbers;
+    const char* second_missed = "";
+    const char* both_missed = "";
 };
 const std::vector<SectionRow>& Sections() {
     static const std::vector<SectionRow> rows{
@@ -50,18 +55,45 @@ const std::vector<SectionRow>& Sections() {
          "TaskAssigmentRelationCol",
          "Key",
          {"Key", "TaskKey", "PersonKey"}},
-        {"TaskGoalRelations", "TaskGoalRelation", "TaskGoalRelationCol", "Key", {"TaskKey", "GoalKey", "Key"}},
+        {"TaskGoalRelations",
+         "TaskGoalRelation",
+         "TaskGoalRelationCol",
+         "Key",
+         {"TaskKey", "GoalKey", "Key"},
+         "TaskGoalRelationCol/Item 5\n",
+         "TaskGoalRelationCol/Item 5\nTasksCls/SetGoalCollection 91\n"
+         "TaskGoalRelationCol/Item 5\nTaskGoalRelationCol/Item 5\n"},
         {"TaskObstaclesRelations",
          "TaskObstaclesRelation",
          "TaskObstaclesRelationCol",
          "Key",
-         {"TaskKey", "ObstacleKey", "Key"}},
+         {"TaskKey", "ObstacleKey", "Key"},
+         "TaskObstaclesRelationCol/Item 5\nobstaclesCls/SetTasksCollection 91\n",
+         "TaskObstaclesRelationCol/Item 5\nTasksCls/SetObstaclesCollection 91\n"
+         "TaskObstaclesRelationCol/Item 5\nobstaclesCls/SetTasksCollection 91\n"
+         "TaskObstaclesRelationCol/Item 5\nobstaclesCls/SetTasksCollection 91\n"},
         {"TaskNoteRelations", "TaskNoteRelation", "TaskNoteRelationCol", "Key", {"TaskKey", "Key"}},
-        {"Goals", "Goal", "GoalsCol", "Goalkey", {"Goalkey", "GoalPosition"}},
-        {"Notes", "Note", "NotesCol", "NoteKey", {"NoteKey"}},
-        {"Obstacles", "Obstacle", "obstaclesCol", "Obstacleskey", {"Obstacleskey", "ObstaclesPosition"}},
+        {"Goals",
+         "Goal",
+         "GoalsCol",
+         "Goalkey",
+         {"Goalkey", "GoalPosition"},
+         "",
+         "GoalsCol/Item 5\nTasksCls/SetGoalCollection 91\n"},
+        {"Notes", "Note", "NotesCol", "NoteKey", {"NoteKey"}, "", "NotesCol/Item 5\nTaskNotes/AddItem 91\n"},
+        {"Obstacles",
+         "Obstacle",
+         "obstaclesCol",
+         "Obstacleskey",
+         {"Obstacleskey", "ObstaclesPosition"},
+         "",
+         "obstaclesCol/Item 5\nTasksCls/SetObstaclesCollection 91\n"},
     };
     return rows;
+}
+/// What is recorded when the second record of a section cannot be read.
+String RecordedOf(const SectionRow& row, const char* number) {
+    return String(row.label) + "/FromXmlInt " + number + "\n" + row.second_missed;
 }
 
 std::size_t PlaceOf(const String& file, const String& what, std::size_t from) {
@@ -105,7 +137,7 @@ public:
     const String& whole() const { return whole_; }
     HostileFiles& files() { return files_; }
 
-    /// Gives what the load recorded first.
+    /// Gives what the load recorded.
     String Open(const String& file, const SectionRow& row, const char* keys_left) {
         const Outcome outcome = files_.Open(file, row.section);
         EXPECT_EQ(outcome.loaded, True);
@@ -117,7 +149,7 @@ public:
         }
         expected.order[row.section] = keys_left;
         EXPECT_EQ(Difference(expected, read), "");
-        return outcome.recorded.substr(0, outcome.recorded.find('\n'));
+        return outcome.recorded;
     }
 
 private:
@@ -135,7 +167,7 @@ TEST(LoadDamagedSection, WithABadNumberKeepsTheRecordsBeforeIt) {
                 SCOPED_TRACE(text);
                 const bool too_large = String(text).starts_with("9");
                 const String bad = WithText(damaged.whole(), row, element, text);
-                EXPECT_EQ(damaged.Open(bad, row, "1"), String(row.label) + "/FromXmlInt " + (too_large ? "6" : "13"));
+                EXPECT_EQ(damaged.Open(bad, row, "1"), RecordedOf(row, too_large ? "6" : "13"));
             }
         }
     }
@@ -146,7 +178,7 @@ TEST(LoadDamagedSection, WithAKeyThatNoCounterFollowsKeepsTheRecordsBeforeIt) {
     for (const SectionRow& row : Sections()) {
         SCOPED_TRACE(row.section);
         const String bad = WithText(damaged.whole(), row, row.key, "32768");
-        EXPECT_EQ(damaged.Open(bad, row, "1"), String(row.label) + "/FromXmlInt 6");
+        EXPECT_EQ(damaged.Open(bad, row, "1"), RecordedOf(row, "6"));
     }
 }
 
@@ -155,7 +187,7 @@ TEST(LoadDamagedSection, WithADuplicateKeyKeepsTheFirst) {
     for (const SectionRow& row : Sections()) {
         SCOPED_TRACE(row.section);
         const String bad = WithText(damaged.whole(), row, row.key, "1");
-        EXPECT_EQ(damaged.Open(bad, row, "1"), String(row.label) + "/FromXmlInt 457");
+        EXPECT_EQ(damaged.Open(bad, row, "1"), RecordedOf(row, "457"));
     }
 }
 
@@ -165,8 +197,7 @@ TEST(LoadDamagedSection, WithARecordOfAnotherNameStopsThereWithoutAWord) {
         SCOPED_TRACE(row.section);
         String bad = damaged.whole();
         bad.insert(SecondRecord(bad, row), "<Other/>");
-        const String recorded = damaged.Open(bad, row, "1");
-        EXPECT_EQ(recorded.find("FromXml"), String::npos) << recorded;
+        EXPECT_EQ(damaged.Open(bad, row, "1"), row.second_missed);
     }
 }
 
@@ -178,14 +209,16 @@ TEST(LoadDamagedSection, WithoutItsElementIsEmptyWithoutAWord) {
         for (const String& tag : {"<" + String(row.section) + ">", "</" + String(row.section) + ">"}) {
             bad.replace(PlaceOf(bad, tag, 0), tag.size(), tag.starts_with("</") ? "</Lost>" : "<Lost>");
         }
-        const String recorded = damaged.Open(bad, row, "");
-        EXPECT_EQ(recorded.find("FromXml"), String::npos) << recorded;
+        EXPECT_EQ(damaged.Open(bad, row, ""), row.both_missed);
     }
 }
 
 TEST(LoadDamagedSection, OfTheCalendarKeepsWhatStandsBeforeABadEntry) {
     DamagedSections damaged;
-    for (const char* bad : {"<Holiday>5/1/2026</Holiday>", "<Holiday>5/1/2026:5/1/2026;5/1/2026:5/1/2026</Holiday>"}) {
+    const std::pair<const char*, const char*> rows[] = {
+        {"<Holiday>5/1/2026</Holiday>", "CalendarCls/FromXmlInt 9\n"},
+        {"<Holiday>5/1/2026:5/1/2026;5/1/2026:5/1/2026</Holiday>", "CalendarCls/FromXmlInt 457\n"}};
+    for (const auto& [bad, recorded] : rows) {
         SCOPED_TRACE(bad);
         String file = damaged.whole();
         const std::size_t at = PlaceOf(file, "<Holiday>", 0);
@@ -193,7 +226,7 @@ TEST(LoadDamagedSection, OfTheCalendarKeepsWhatStandsBeforeABadEntry) {
         file.replace(at, end - at, bad);
         const Outcome outcome = damaged.files().Open(file, bad);
         EXPECT_EQ(outcome.loaded, True);
-        EXPECT_TRUE(outcome.recorded.starts_with("CalendarCls/")) << outcome.recorded;
+        EXPECT_EQ(outcome.recorded, recorded);
         SavedRecords read = ReadOf(damaged.files(), file);
         EXPECT_EQ(*read.Find("Calendar", "NonWorkingDays"), "7:7;1:1");
         EXPECT_EQ(*read.Find("Calendar", "ExceptionDay"), "");
@@ -308,43 +341,78 @@ TEST(LoadDamagedKeyList, WithoutItsElementEndsItsRecordThereWithoutAWord) {
     }
 }
 
+/// The list of a task, a section of items and one of relations, # where the key stands.
+struct TiesRow {
+    const char* behind;  ///< the list stands before this field of the task
+    const char* list;
+    const char* key;
+    const char* items;
+    const char* item;
+    const char* relations;
+    const char* relation;
+    int first;
+};
+constexpr int kLateKey = 32001;
+constexpr TiesRow kTies[] = {
+    {"<TaskStatusKey>", "TaskNoteRelationsKeys", "<Key>#</Key>", "Notes", "<Note><NoteKey>#</NoteKey></Note>",
+     "TaskNoteRelations", "<TaskNoteRelation><TaskKey>1</TaskKey><NoteKey>#</NoteKey><Key>#</Key></TaskNoteRelation>",
+     kLateKey},
+    {"<TaskPosition>", "TaskObstaclesRelationKeys", "<Key>#</Key>", "Obstacles",
+     "<Obstacle><Obstacleskey>#</Obstacleskey><ObstaclesTaskRelationKeys><Key>#</Key></ObstaclesTaskRelationKeys>"
+     "</Obstacle>",
+     "TaskObstaclesRelations",
+     "<TaskObstaclesRelation><TaskKey>1</TaskKey><ObstacleKey>#</ObstacleKey><Key>#</Key></TaskObstaclesRelation>",
+     kLateKey},
+    {"<TaskPosition>", "TaskPeopleRelationKeys", "<tKey>#</tKey>", "People",
+     "<Person><Personkey>#</Personkey><PeopleTaskRelationKeys><Key>#</Key></PeopleTaskRelationKeys></Person>",
+     "TaskAssigmentRelations",
+     "<TaskAssigmentRelation><Key>#</Key><TaskKey>1</TaskKey><PersonKey>#</PersonKey></TaskAssigmentRelation>", 1},
+    {"<TaskPosition>", "TaskGoalRelationKeys", "<tKey>#</tKey>", "Goals",
+     "<Goal><Goalkey>#</Goalkey><GoalTaskRelationKeys><Key>#</Key></GoalTaskRelationKeys></Goal>", "TaskGoalRelations",
+     "<TaskGoalRelation><TaskKey>1</TaskKey><GoalKey>#</GoalKey><Key>#</Key></TaskGoalRelation>", kLateKey},
+};
+
 TEST(LoadHostileFile, WithAHundredThousandRelationsOnOneTaskReadsAsManyAsTheirCounterFollows) {
     constexpr int kRelations = 100000;
     constexpr int kLastKey = 32767;
-    const auto element = [](const char* name, int number) { return KeyElement(name, std::to_string(number)); };
-    String lists[4] = {"<TaskNoteRelationsKeys>", "<TaskObstaclesRelationKeys>", "<TaskPeopleRelationKeys>",
-                       "<TaskGoalRelationKeys>"};
-    String people;
-    String relations;
-    for (int key = 1; key <= kRelations; ++key) {
-        for (int list = 0; list < 4; ++list) lists[list] += element(list < 2 ? "Key" : "tKey", key);
-        relations += "<TaskAssigmentRelation>" + element("Key", key) + "<TaskKey>1</TaskKey>" +
-                     element("PersonKey", key) + "</TaskAssigmentRelation>";
-        if (key > kLastKey) continue;
-        people += "<Person>" + element("Personkey", key) +
-                  "<PersonPosition>0</PersonPosition><PersonName>P</PersonName><PeopleTaskRelationKeys>" +
-                  element("Key", key) + "</PeopleTaskRelationKeys></Person>";
-    }
+    constexpr int kLateItems = kLastKey - kLateKey + 1;
     String task = TaskText("1", "0", "1");
-    task.insert(task.find("<TaskStatusKey>"), lists[0] + "</TaskNoteRelationsKeys>");
-    task.insert(task.find("<TaskPosition>"), lists[1] + "</TaskObstaclesRelationKeys>" + lists[2] +
-                                                 "</TaskPeopleRelationKeys>" + lists[3] + "</TaskGoalRelationKeys>");
+    String sections;
+    for (const TiesRow& row : kTies) {
+        String list, items, relations;
+        for (int number = row.first; number < row.first + kRelations; ++number) {
+            const String key = std::to_string(number);
+            list += Replace(row.key, "#", key);
+            relations += Replace(row.relation, "#", key);
+            if (number <= kLastKey) items += Replace(row.item, "#", key);
+        }
+        task.insert(task.find(row.behind), KeyElement(row.list, list));
+        sections += KeyElement(row.items, items) + KeyElement(row.relations, relations);
+    }
     String bytes = FileOfTasks(task);
-    bytes.insert(bytes.rfind("</Project>"),
-                 "<People>" + people + "</People><TaskAssigmentRelations>" + relations + "</TaskAssigmentRelations>");
+    bytes.insert(bytes.rfind("</Project>"), sections);
     HostileFiles files;
     const Outcome outcome = files.Open(bytes, "a hundred thousand relations");
     EXPECT_EQ(outcome.recorded,
-              "TaskAssigmentRelationCol/FromXmlInt 6\n"
+              "TaskAssigmentRelationCol/FromXmlInt 6\nTaskGoalRelationCol/FromXmlInt 6\n"
+              "TaskObstaclesRelationCol/FromXmlInt 6\nTaskNoteRelationCol/FromXmlInt 6\n"
               "TaskGoalRelationCol/Item 5\nTasksCls/SetGoalCollection 91\n"
               "TaskObstaclesRelationCol/Item 5\nTasksCls/SetObstaclesCollection 91\n");
     const Ref<TasksCls> read = files.tasks().Item("1");
+    const auto& app = files.host().app;
     EXPECT_EQ(read->TaskPosition(), 1) << "what stands behind the lists";
     EXPECT_EQ(read->TaskPeopleRelation()->Count(), kRelations);
+    EXPECT_EQ(read->TaskGoalRelation()->Count(), kRelations);
+    EXPECT_EQ(read->TaskObstaclesRelation()->Count(), kRelations);
     EXPECT_EQ(read->TaskNoteRelation()->Count(), kRelations);
     EXPECT_EQ(read->TasksPeople()->Count(), kLastKey);
+    EXPECT_EQ(read->TasksGoals()->Count(), kLateItems);
+    EXPECT_EQ(read->TaskObstacles()->Count(), kLateItems);
+    EXPECT_EQ(read->TaskNotes()->Count(), kLateItems);
     EXPECT_EQ(read->isAssigned(kLastKey), True);
-    EXPECT_EQ(files.host().app->xPeopleCol()->Item(kLastKey)->Tasks()->Count(), 1);
+    EXPECT_EQ(app->xPeopleCol()->Item(kLastKey)->Tasks()->Count(), 1);
+    EXPECT_EQ(app->xGoalCol()->Item(kLastKey)->Tasks()->Count(), 1);
+    EXPECT_EQ(app->xObstaclesCol()->Item(kLastKey)->Tasks()->Count(), 1);
 }
 
 }  // namespace
