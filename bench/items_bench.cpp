@@ -5,23 +5,31 @@
 
 #include "bench/Bench.h"
 #include "mrlxmlclass/items/GoalsCol.h"
+#include "mrlxmlclass/items/NotesCol.h"
 #include "mrlxmlclass/items/PeopleCol.h"
 #include "mrlxmlclass/items/TaskAssigmentRelationCol.h"
 #include "mrlxmlclass/items/TaskGoalRelationCol.h"
+#include "mrlxmlclass/items/TaskNoteRelationCol.h"
+#include "mrlxmlclass/items/TaskObstaclesRelationCol.h"
+#include "mrlxmlclass/items/obstaclesCol.h"
 
 namespace mrlxmlclass::bench {
 namespace {
 
-constexpr int kTasksOfOne = 10;  ///< there is a person, and a goal, for so many tasks
-constexpr int kTies = 2;         ///< relations of a task
+constexpr int kTasksOfOne = 10;  ///< there is an item of each kind for so many tasks
+constexpr int kTies = 2;         ///< relations of a task to each kind
 
-/// A plan, and a person and a goal for every ten tasks.
+/// A plan, and a person, a goal, an obstacle and a note for every ten tasks.
 class Staffed {
 public:
     explicit Staffed(int tasks) : app_(PlanOf(tasks)), tasks_(tasks), items_(tasks / kTasksOfOne) {
         for (int i = 0; i < items_; ++i) {
             people()->Add()->PersonName("Person number " + std::to_string(i));
             goals()->Add()->GoalName("Goal number " + std::to_string(i));
+            obstacles()->Add()->ObstaclesName("Obstacle number " + std::to_string(i));
+            const auto note = Make<NotesCls>();
+            note->NoteDescription("Note number " + std::to_string(i));
+            notes()->AddItem(note);
         }
     }
 
@@ -51,10 +59,28 @@ public:
             app_->xTaskCol()->RemoveAssigendGoals(task, ++key, goal);
         });
     }
+    /// People, goals, obstacles and notes.
+    void AssignAll() {
+        Assign();
+        AssignGoals();
+        const auto relations = app_->xTaskObstaclesRelationcol();
+        ForAllTies([&](int task, int obstacle) {
+            obstacles()->AssigneObstacles(std::to_string(obstacle), task, app_->xTaskCol(), relations);
+            app_->xTaskCol()->AddObstacles(task, relations->Item(relations->Count()), obstacles()->Item(obstacle));
+        });
+        ForAllTies([&](int task, int note) {
+            const auto relation = app_->xTaskNotesRelationcol()->Add();
+            relation->TaskKey(task);
+            relation->NoteKey(std::to_string(note));
+            app_->xTaskCol()->AddNote(task, relation, notes()->Item(note));
+        });
+    }
 
 private:
     Ref<PeopleCol> people() { return app_->xPeopleCol(); }
     Ref<GoalsCol> goals() { return app_->xGoalCol(); }
+    Ref<obstaclesCol> obstacles() { return app_->xObstaclesCol(); }
+    Ref<NotesCol> notes() { return app_->xNoteCol(); }
     template <class Tie>
     void ForAllTies(Tie&& tie) {
         for (int task = 1; task <= tasks_; ++task) {
@@ -100,14 +126,14 @@ void UnAssignGoals(benchmark::State& state) {
         state, [](Staffed& plan) { plan.AssignGoals(); }, [](Staffed& plan) { plan.UnAssignGoals(); });
 }
 
-/// The path of the file of such a plan with all its people assigned, written at first use.
+/// The path of the file of such a plan with all its items assigned, written at first use.
 String FileOfStaffed(int tasks) {
     static std::map<int, String> files;
     String& path = files[tasks];
     if (path.empty()) {
         path = ScratchPath("staffed" + std::to_string(tasks) + ".prx");
         Staffed plan(tasks);
-        plan.Assign();
+        plan.AssignAll();
         plan.app().xFileName(path);
         if (!plan.app().SaveXml(False)) std::abort();
     }
@@ -121,7 +147,7 @@ void LoadRelations(benchmark::State& state) {
 
 void SaveRelations(benchmark::State& state) {
     Staffed plan(static_cast<int>(state.range(0)));
-    plan.Assign();
+    plan.AssignAll();
     plan.app().xFileName(ScratchPath("saved.prx"));
     for (auto _ : state) {
         if (!plan.app().SaveXml(False)) state.SkipWithError("the plan was not saved");
