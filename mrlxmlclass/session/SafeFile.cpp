@@ -235,19 +235,35 @@ void Replace(Application& project, const String& file_name, String& trouble) {
     SyncFolderOf(target.path);
 }
 
+/// Gives "" when the attempt came to its end, else what it left as its trouble, and why.
+template <class Attempt>
+String TroubleOf(const char* member_label, Attempt&& attempt) {
+    const NewFailures failures;
+    const String trouble = kTail.Run<String>(member_label, [&](String& result) {
+        attempt(result);
+        result = String();
+    });
+    return trouble.empty() ? trouble : trouble + " (" + failures.Last() + ").";
+}
+
 }  // namespace
 
 String SaveSafely(const Ref<Application>& application, Boolean persist) {
     const Ref<Application> project = application;  // a listener may let go of the caller's
-    const NewFailures failures;
-    const String trouble = kTail.Run<String>("SaveSafely", [&](String& result) {
-        result = "There is no project to save";
+    return TroubleOf("SaveSafely", [&](String& trouble) {
+        trouble = "There is no project to save";
         const String file_name = project->xFileName();
-        Replace(*project, file_name, result);
-        result = String();
+        Replace(*project, file_name, trouble);
+        trouble = String();
         if (persist) Persist::SaveObject(project->xStep(), String(file_name));
     });
-    return trouble.empty() ? trouble : trouble + " (" + failures.Last() + ").";
+}
+
+String WhyNotReplaceable(const String& file_name) {
+    return TroubleOf("WhyNotReplaceable", [&](String& trouble) {
+        trouble = file_name + " cannot be replaced";
+        DemandReplaceable(TargetOf(file_name));
+    });
 }
 
 Ref<Collection> MissingSections(const String& path) {

@@ -23,6 +23,10 @@ class Application;
 /// Hold the project's lock meanwhile: two savers of one file would share the copy.
 String SaveSafely(const Ref<Application>& application, Boolean persist = True);
 
+/// A sentence that says why SaveSafely would not replace that file as it is now; "" where it would. To be asked before
+/// a person begins what could not be saved.
+String WhyNotReplaceable(const String& file_name);
+
 /// The names of the sections that a project file lacks, in the order in which they are written: a save that was
 /// interrupted leaves such a file, and it loads without an error. Empty for a whole file. A file that cannot be read as
 /// a project at all lacks every section.

@@ -1,11 +1,13 @@
 #include "prx/Edit.h"
 
 #include "examples/task_dialog_texts.h"
+#include "mrlxmlclass/session/SafeFile.h"
 #include "prx/Command.h"
 #include "prx/Content.h"
 #include "prx/EventLog.h"
 #include "prx/OneDayEach.h"
 #include "prx/Refusal.h"
+#include "prx/Terminal.h"
 #include "prx/Windows.h"
 
 namespace prx {
@@ -22,6 +24,9 @@ public:
     int Run(Host& host) override {
         if (const std::string reason = WhyNoWindow(); !reason.empty()) throw Refusal(reason);
         Project project = Project::ToEdit(host, file(), force());
+        // Told before the person types what could not be saved.
+        const std::string reason = mrlxmlclass::WhyNotReplaceable(project.path());
+        if (!reason.empty()) throw Refusal(Plain(reason));
         const EventLog events(project.tasks());
         const mrlxmlclass::Ref<mrlxmlclass::TasksCls> task = FindTask(project, task_);
 

@@ -62,6 +62,13 @@ TEST_F(EditInWindow, RefusesATaskThatIsNotThere) {
     EXPECT_EQ(folder.Refused({"edit", "Castle"}), "prx: there is no task \"Castle\"\n");
 }
 
+TEST_F(EditInWindow, RefusesAPlanThatCannotBeReplacedBeforeItOpensTheWindow) {
+    const Variable platform("QT_QPA_PLATFORM", "offscreen");
+    std::filesystem::permissions(folder.Path("a.prx"), std::filesystem::perms::owner_read);
+    const std::string reason = folder.Refused({"edit", "Kitchen"});
+    EXPECT_EQ(reason, "prx: " + folder.Path("a.prx") + " cannot be replaced (Permission denied).\n");
+}
+
 TEST_F(EditInWindow, StartsWhereTheEndsOfChildrenAreIgnored) {
     const Variable platform("QT_QPA_PLATFORM", "offscreen");
     const std::string edit =

@@ -175,6 +175,18 @@ TEST(SaveSafely, RefusesAWriteProtectedFile) {
     EXPECT_EQ(project.failures.Taken(), "SafeFile/SaveSafely 70\n");
 }
 
+TEST(WhyNotReplaceable, TellsOfAWriteProtectedFileAndChangesNone) {
+    SavedProject project;
+    EXPECT_EQ(WhyNotReplaceable(project.Path("new.prx")), "");
+    project.Write("house.prx", "<old/>");
+    EXPECT_EQ(WhyNotReplaceable(project.Path("house.prx")), "");
+    EXPECT_EQ(project.Read("house.prx"), "<old/>");
+    project.platform.files.SetMode(project.Path("house.prx"), 0444);
+    EXPECT_EQ(WhyNotReplaceable(project.Path("house.prx")),
+              project.Path("house.prx") + " cannot be replaced (Permission denied).");
+    EXPECT_EQ(project.failures.Taken(), "SafeFile/WhyNotReplaceable 70\n");
+}
+
 TEST(SaveSafely, DoesNotPutAFileInThePlaceOfADevice) {
     SavedProject project;
     const String path = project.Path("device");
