@@ -24,7 +24,8 @@ bool IsPartOnOneDay(TasksCls& task) {
 
 }  // namespace
 
-OneDayEach::OneDayEach(const Project& project, const TasksCls* but) : tasks_(project.tasks()) {
+OneDayEach::OneDayEach(const Project& project, const TasksCls* but, bool tells)
+    : tasks_(project.tasks()), tells_(tells) {
     for (const OutlineRow& row : Outline(tasks_)) {
         TasksCls& task = *row.task;
         if (&task == but || !IsPartOnOneDay(task) || tasks_->isParent(KeyOf(task))) continue;
@@ -39,7 +40,11 @@ OneDayEach::~OneDayEach() {
         if (!LastsADay(*task) || tasks_->isParent(KeyOf(*task))) continue;  // it was given another
         task->TaskDurationUnit(unit);
         task->TaskDuration(length);  // one of less than a unit moves no end
-        if (task->TaskBDate() == start) continue;
+        if (!tells_ || task->TaskBDate() == start) continue;
+        if (!CountsInDays(*task)) {
+            tasks_->Events.Raise(&TasksColEvents::DateEndChange, task->TaskKey(), task->TaskEDate(), False, False,
+                                 unit);
+        }
         for (const auto event : {&TasksColEvents::DurationChange, &TasksColEvents::TaskDurationChange}) {
             tasks_->Events.Raise(event, task->TaskKey(), length, task->TaskDurationUnit(), False, False);
         }

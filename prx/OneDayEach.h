@@ -11,8 +11,8 @@ namespace prx {
 /// have their lengths again, and those that moved tell them.
 class OneDayEach {
 public:
-    /// `but`, if any, keeps its length.
-    explicit OneDayEach(const Project& project, const mrlxmlclass::TasksCls* but = nullptr);
+    /// `but`, if any, keeps its length. What moved is not told where the caller does so.
+    explicit OneDayEach(const Project& project, const mrlxmlclass::TasksCls* but = nullptr, bool tells = true);
     ~OneDayEach();
     OneDayEach(const OneDayEach&) = delete;
     OneDayEach& operator=(const OneDayEach&) = delete;
@@ -26,6 +26,7 @@ private:
     };
     mrlxmlclass::Ref<mrlxmlclass::TasksCol> tasks_;
     std::vector<ShortTask> short_tasks_;
+    bool tells_;
 };
 
 }  // namespace prx

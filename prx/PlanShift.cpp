@@ -3,7 +3,6 @@
 #include <fmt/core.h>
 
 #include <algorithm>
-#include <set>
 
 #include "mrlxmlclass/scheduling/WorkingDays.h"
 #include "prx/OneDayEach.h"
@@ -20,6 +19,12 @@ Date StartBehind(TasksCls& task, Date end, Integer lead) {
     task.TaskLag(lead);
     task.TaskBDate(lead < 0 ? end : end + 1);
     return task.TaskBDate();
+}
+
+/// As the dates have it; `unknown` where they have none.
+Integer LeadOf(const Wait& wait, Integer unknown) {
+    const LinkDates dates{wait.predecessor->TaskEDate(), wait.waiting->TaskBDate()};
+    return dates.measurable() ? Integer(dates.Gap()) : unknown;
 }
 
 void TellDates(TasksCol& tasks, TasksCls& task) {
@@ -39,10 +44,13 @@ PlanShift::PlanShift(const Project& project, Long days) : project_(project), day
     const Ref<TasksCol> tasks = project.tasks();
     for (const OutlineRow& row : Outline(tasks)) {
         if (tasks->isParent(KeyOf(*row.task)) || !row.task->TaskBDate().set()) continue;
-        Leaf leaf{.task = row.task, .start = row.task->TaskBDate(), .waits = WaitsOf(project, row.task), .leads = {}};
-        for (const auto& [waiting, predecessor] : leaf.waits) {
-            const LinkDates dates{predecessor->TaskEDate(), waiting->TaskBDate()};
-            leaf.leads.push_back(dates.measurable() ? Integer(dates.Gap()) : Integer());
+        Leaf leaf{.task = row.task,
+                  .start = row.task->TaskBDate(),
+                  .end = row.task->TaskEDate(),
+                  .waits = WaitsOf(project, row.task),
+                  .leads = {}};
+        for (const Wait& wait : leaf.waits) {
+            leaf.leads.push_back(LeadOf(wait, LagOf(project, *wait.waiting, *wait.predecessor)));
         }
         places_.emplace(row.task->TaskKey(), leaves_.size());
         leaves_.push_back(std::move(leaf));
@@ -62,15 +70,17 @@ Date PlanShift::last() const {
 }
 
 void PlanShift::Run() {
-    const OneDayEach aside(project_);
-    for (Leaf& leaf : leaves_) PlaceBehindOthers(leaf);
-    Follow();
+    {
+        const OneDayEach aside(project_, nullptr, /*tells=*/false);
+        for (Leaf& leaf : leaves_) PlaceBehindOthers(leaf);
+    }
+    for (const Leaf& leaf : leaves_) Follow(leaf);
 }
 
 Remarks PlanShift::Stayed() const {
     Remarks lines;
     for (const Leaf& leaf : leaves_) {
-        if (leaf.task->TaskBDate() == leaf.start) lines.push_back(TitleOf(*leaf.task) + " did not move");
+        if (!leaf.moved()) lines.push_back(TitleOf(*leaf.task) + " did not move");
     }
     return lines;
 }
@@ -85,7 +95,8 @@ PlanShift::Leaf* PlanShift::LeafOf(const TasksCls& task) {
     return found == places_.end() ? nullptr : &leaves_[found->second];
 }
 
-/// What a task waits for comes before it, to any depth. In a circle, the one that stands first waits for no other.
+/// What a task waits for comes before it, to any depth. In a circle, the one that closes it does not wait for the
+/// first.
 void PlanShift::PlaceBehindOthers(Leaf& leaf) {
     if (leaf.reached) return;
     leaf.reached = true;
@@ -120,17 +131,18 @@ void PlanShift::Place(Leaf& leaf) {
     StoreStart(task, waits ? latest : std::max(latest, ByDays(leaf.start)));
 }
 
-/// Lead times are measured anew, all that moved is told, and the summaries follow.
-void PlanShift::Follow() const {
+/// Its lead times are measured anew, and where it moved it is told. The summaries follow when the plan is saved.
+void PlanShift::Follow(const Leaf& leaf) const {
     const Ref<TasksCol> tasks = project_.tasks();
-    std::set<std::int64_t> parents;
-    for (const Leaf& leaf : leaves_) {
-        TasksCls& task = *leaf.task;
-        task.TaskLag(tasks->CalcLeadTime(KeyOf(task)));
-        if (task.TaskBDate() == leaf.start) continue;
-        TellDates(*tasks, task);
-        if (parents.insert(task.ParentID()).second) AdjustDatesAbove(project_, task);
+    leaf.task->TaskLag(tasks->CalcLeadTime(KeyOf(*leaf.task)));
+    for (std::size_t i = 0; i < leaf.waits.size(); ++i) {
+        const Wait& wait = leaf.waits[i];
+        // The library counts the free day on which a predecessor of weeks or months may end.
+        if (wait.waiting == leaf.task) {
+            tasks->AddLeadTime(KeyOf(*wait.waiting), KeyOf(*wait.predecessor), LeadOf(wait, leaf.leads[i]));
+        }
     }
+    if (leaf.moved()) TellDates(*tasks, *leaf.task);
 }
 
 }  // namespace prx

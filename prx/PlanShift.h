@@ -13,7 +13,8 @@ namespace prx {
 /// where they are, and moves a task that is linked across phases with each of them.
 ///
 /// A task that waits for nothing starts on the next working day that way. One that waits for others keeps its lead
-/// times: it starts on the first day that brings it no closer to any of them, nor a summary above it.
+/// times: it starts on the first day that brings it no closer to any of them, nor a summary above it; but for those
+/// without dates, and one link of each circle.
 class PlanShift {
 public:
     PlanShift(const Project& project, mrlxmlclass::Long days);
@@ -22,24 +23,26 @@ public:
     mrlxmlclass::Date last() const;
 
     void Run();
-    /// The tasks that start where they did, a line each: the calendar may leave a short shift no other day.
+    /// The tasks that stand where they did, a line each: the calendar may leave a short shift no other day.
     Remarks Stayed() const;
 
 private:
     struct Leaf {
         mrlxmlclass::Ref<mrlxmlclass::TasksCls> task;
-        mrlxmlclass::Date start;  ///< before the shift
+        mrlxmlclass::Date start, end;  ///< before the shift
         std::vector<Wait> waits;
         std::vector<mrlxmlclass::Integer> leads;  ///< of each, before the shift
         std::size_t looked_at = 0;                ///< waits whose predecessors had their turn
         bool reached = false;
         bool placed = false;
+
+        bool moved() const { return task->TaskBDate() != start || task->TaskEDate() != end; }
     };
     mrlxmlclass::Date ByDays(mrlxmlclass::Date start) const;
     Leaf* LeafOf(const mrlxmlclass::TasksCls& task);
     void PlaceBehindOthers(Leaf& leaf);
     void Place(Leaf& leaf);
-    void Follow() const;
+    void Follow(const Leaf& leaf) const;
 
     const Project& project_;
     mrlxmlclass::Long days_;

@@ -27,9 +27,8 @@ public:
         options().add_flag("--json", json_, "Print it as JSON, for programs");
         options().footer(
             "In one call weekdays come first, worked ones before free ones, then holidays, then exceptions, and of "
-            "either "
-            "those taken off before those put on. A weekday that becomes worked takes its exceptions along, which is "
-            "told. A holiday is free whatever else the day is.");
+            "either those taken off before those put on. A weekday that becomes worked takes its exceptions along, "
+            "which is told. A holiday is free whatever else the day is.");
     }
 
     int Run(Host& host) override {

@@ -20,10 +20,8 @@ public:
         options().add_option("DAYS", text_, "How far: 14 is later, -14 earlier")->required();
         options().footer(
             "All tasks that have dates move, in whatever unit, and each moves once. Where the day is free, a task "
-            "starts "
-            "on the next working day that way. A task that waits for others keeps its lead times, in working days. "
-            "Work "
-            "beside the outline stays, and so do the calendar and the project's own start and deadline.");
+            "starts on the next working day that way. A task that waits for others keeps its lead times, in working "
+            "days. Work beside the outline stays, and so do the calendar and the project's own start and deadline.");
     }
 
     int Run(Host& host) override {

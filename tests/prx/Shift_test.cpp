@@ -128,6 +128,39 @@ TEST_F(Shift, MovesACircleOfLinks) {
     EXPECT_EQ(plan_.Days("Phase"), phase);
 }
 
+TEST_F(Shift, KeepsTheLeadBehindAMonthThatEndsOnAFreeDay) {
+    plan_.Output({"add", "a.prx", "Month", "--start", "2026-03-05", "--duration", "1mons"});
+    plan_.Output({"add", "a.prx", "Next", "--start", "2026-04-06", "--duration", "2"});
+    plan_.Output({"link", "a.prx", "Next", "Month"});
+    plan_.Edit({"shift", "-1"});
+    EXPECT_EQ(plan_.Days("Month"), "2026-03-04 2026-04-04") << "a Saturday";
+    plan_.Edit({"set", "Month", "start=2026-03-09"});
+    EXPECT_EQ(plan_.Days("Month"), "2026-03-09 2026-04-09");
+    EXPECT_EQ(plan_.Days("Next"), "2026-04-10 2026-04-13");
+}
+
+TEST_F(Shift, TellsATaskOfWhichOnlyTheEndMoves) {
+    plan_.Output({"add", "a.prx", "First", "--start", "2026-03-06"});
+    plan_.Output({"add", "a.prx", "Next", "--start", "2026-03-09", "--duration", "3"});
+    plan_.Output({"link", "a.prx", "Next", "First"});
+    plan_.Output({"calendar", "a.prx", "--holiday", "2026-03-06", "2026-03-10"});
+    const Result result = plan_.Prx({"shift", "a.prx", "-1"});
+    EXPECT_EQ(plan_.Days("First"), "2026-03-05 2026-03-05");
+    EXPECT_EQ(plan_.Days("Next"), "2026-03-09 2026-03-12");
+    EXPECT_TRUE(Has(result.out, "DateEndChange(6, 2026-03-12, False, False, days)\n")) << result.out;
+    EXPECT_FALSE(Has(result.err, "Next")) << result.err;
+}
+
+TEST_F(Shift, TellsAPartOfAWeekOnceAsItIs) {
+    plan_.Output({"add", "a.prx", "Part", "--start", "2026-03-03", "--duration", "0.9wks"});
+    const std::string events = plan_.Edit({"shift", "1"});
+    EXPECT_TRUE(Has(events,
+                    "DateStartChange(5, 2026-03-04, False, False)\nDateEndChange(5, 2026-03-04, False, False, wks)\n"
+                    "DurationChange(5, 0.9, wks, False, False)\nTaskDurationChange(5, 0.9, wks, False, False)\n"))
+        << events;
+    EXPECT_FALSE(Has(events, "(5, 1, days")) << events;
+}
+
 TEST_F(Shift, LeavesATaskWithoutDatesWithout) {
     plan_.Edit({"link", "Party", "Build"});
     std::string file = plan_.Read("a.prx");
