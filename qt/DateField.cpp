@@ -84,6 +84,7 @@ DateField::DateField(const EditTask& form, DateControl& control, std::function<v
     row->setContentsMargins(0, 0, 0, 0);
     row->addWidget(has_date_);
     row->addWidget(date_, 1);
+    date_->setLayoutDirection(Qt::LeftToRight);  // as the host's format has the parts
     date_->setCalendarPopup(true);
     date_->setMinimumDate({100, 1, 1});  // the first date that there is
     date_->setKeyboardTracking(false);   // a date that is half typed is none

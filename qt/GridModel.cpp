@@ -4,6 +4,7 @@
 #include <QGuiApplication>
 #include <QPalette>
 #include <algorithm>
+#include <cstdlib>
 
 #include "qt/PaperClip.h"
 #include "qt/Texts.h"
@@ -17,6 +18,17 @@ QBrush SelectedRow() {
     QColor colour = QGuiApplication::palette().color(QPalette::Highlight);
     colour.setAlphaF(kTint);
     return colour;
+}
+
+/// The desktop's colour of links; half way to that of texts where it is as dark, or as light, as the paper: a palette
+/// that was made of a few colours keeps the blue of a light one.
+QBrush Link() {
+    constexpr int kReadable = 80;
+    const QPalette palette = QGuiApplication::palette();
+    const QColor link = palette.color(QPalette::Link);
+    const QColor text = palette.color(QPalette::Text);
+    if (std::abs(qGray(link.rgb()) - qGray(palette.color(QPalette::Base).rgb())) >= kReadable) return link;
+    return QColor((link.red() + text.red()) / 2, (link.green() + text.green()) / 2, (link.blue() + text.blue()) / 2);
 }
 
 }  // namespace
@@ -103,7 +115,7 @@ QVariant GridModel::data(const QModelIndex& index, int role) const {
         case Qt::DecorationRole:
             return row.link ? QVariant(PaperClip()) : QVariant();
         case Qt::ForegroundRole:
-            return row.link ? QVariant(QGuiApplication::palette().brush(QPalette::Link)) : QVariant();
+            return row.link ? QVariant(Link()) : QVariant();
         case Qt::ToolTipRole:
             return row.link ? QVariant("<qt>" + row.texts[index.column()].toHtmlEscaped()) : QVariant();
         case Qt::TextAlignmentRole:

@@ -30,13 +30,16 @@ void OpenByMouse(QDateEdit& date) {
 }
 
 TEST_F(DateField, ShowsDatesInTheFormatOfTheHost) {
-    plan.Edit(
-        "Design",
-        [](QWidget& window) {
-            EXPECT_EQ(DateIn(window, "DTPickerStart").text(), "02/03/2026");
-            Click(Find(window, "CmdCancel"));
-        },
-        2, "dd/MM/yyyy");
+    for (const Qt::LayoutDirection direction : {Qt::RightToLeft, Qt::LeftToRight}) {
+        QApplication::setLayoutDirection(direction);
+        plan.Edit(
+            "Design",
+            [](QWidget& window) {
+                EXPECT_EQ(DateIn(window, "DTPickerStart").text(), "02/03/2026");
+                Click(Find(window, "CmdCancel"));
+            },
+            2, "dd/MM/yyyy");
+    }
 }
 
 TEST_F(DateField, ShowsDatesAsTheDesktopDoesWhereTheHostsFormatShowsNoWholeOnes) {

@@ -419,5 +419,19 @@ TEST_F(NotesPage, TellsAnAddressAsItIs) {
     });
 }
 
+TEST_F(NotesPage, WritesLinksSoThatTheyCanBeReadOnAnyPaper) {
+    AddNote(plan, "Design", "", "http://www.one.example");
+    for (const auto& [paper, text] : {std::pair(Qt::white, Qt::black), {Qt::black, Qt::white}, {Qt::blue, Qt::white}}) {
+        QPalette palette;
+        palette.setColor(QPalette::Base, paper);
+        palette.setColor(QPalette::Text, text);
+        QApplication::setPalette(palette);
+        Use([&](QWidget& window) {
+            const auto link = Attachments(window).model()->index(0, 0).data(Qt::ForegroundRole).value<QBrush>();
+            EXPECT_GE(std::abs(qGray(link.color().rgb()) - qGray(QColor(paper).rgb())), 80);
+        });
+    }
+}
+
 }  // namespace
 }  // namespace mrlxmlclass::testing

@@ -27,7 +27,6 @@ QPalette DarkPalette() {
     dark.setColor(QPalette::Button, window.lighter(110));
     dark.setColor(QPalette::AlternateBase, paper.lighter(120));
     dark.setColor(QPalette::Highlight, QColor(61, 174, 233));
-    dark.setColor(QPalette::Link, QColor(41, 128, 185).lighter(150));
     dark.setColor(QPalette::ToolTipBase, paper);
     dark.setColor(QPalette::ToolTipText, text);
     for (const QPalette::ColorRole role : {QPalette::Text, QPalette::WindowText, QPalette::ButtonText}) {
