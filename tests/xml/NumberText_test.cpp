@@ -7,7 +7,6 @@
 namespace mrlxmlclass {
 namespace {
 
-
 const LocaleSettings kPoint{"M/d/yyyy", ".", ","};
 const LocaleSettings kComma{"dd.MM.yyyy", ",", "."};
 const LocaleSettings kNarrowBlank{"dd/MM/yyyy", ",", "\u202F"};
