@@ -21,10 +21,10 @@ Double LooseNumber(std::string_view text) {
     const std::size_t sign = number.starts_with('-') ? 1 : 0;
     if (number.size() <= sign || !(IsDigit(number[sign]) || number[sign] == '.')) return 0;  // "inf" is no number
     Double value = 0;
-    if (std::from_chars(number.data(), number.data() + number.size(), value).ec == std::errc::result_out_of_range) {
-        // Too near to 0 it is 0.
-        const bool tiny = number.find("e-") != std::string_view::npos || number.find("E-") != std::string_view::npos;
-        value = tiny ? 0 : std::numeric_limits<Double>::infinity();
+    const auto [end, error] = std::from_chars(number.data(), number.data() + number.size(), value);
+    if (error == std::errc::result_out_of_range) {
+        const String plain = Replace(String(number.data(), end), "E", "e");
+        value = TooSmall(plain) ? 0 : std::numeric_limits<Double>::infinity();
         if (sign != 0) value = -value;
     }
     return value;

@@ -44,7 +44,8 @@ Boolean NotesCls::Internal::IncrementID(const Ref<StaticCls>& oPublicStaticCls) 
 }
 
 void NotesCls::Internal::Write(RecordWriter& out) const {
-    out.Write("NoteKey", KeyNumber());
+    const dom::Node key = out.Wrapper("NoteKey");  // Kept: of a key that is no number an empty element stays behind
+    out.document()->SetText(key, Conversions::ToText(KeyNumber()));
     out.Write("NoteDescription", f_.NoteDescription);
     if (f_.NoteLink.valid || !f_.NoteLink.value.empty()) out.Write("NoteLink", f_.NoteLink.value);
     out.Write("NoteObject", f_.NoteObject);

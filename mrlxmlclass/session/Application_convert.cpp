@@ -138,13 +138,14 @@ private:
         task->ProjectID(1);
         ConvertDates(*old, *task);
         if (parent_key != 0) task->TaskType(True);
-        task->TaskName(old->Name());
-        if (!key_of_name_->Exists(task->TaskName())) key_of_name_->Add(task->TaskName(), TextOf(task->TaskKey()));
+        const String name = old->Name();  // whole: a task's own may be cut
+        task->TaskName(name);
+        if (!key_of_name_->Exists(name)) key_of_name_->Add(name, TextOf(task->TaskKey()));
         task->TaskCondidat(condidat);
         if (old->Completed()) task->TaskPercentDone(100);
         task->TaskPosition(next_row_);
         task->TaskSubPosition(sub_position);
-        for (const String& name : old->AssignedResource()) Assign(In(people_).FindPersonKeys(name), task);
+        for (const String& person : old->AssignedResource()) Assign(In(people_).FindPersonKeys(person), task);
         if (const String note = old->Note(); !note.empty()) AddNote(note, *task);
         ++next_row_;
         return task;

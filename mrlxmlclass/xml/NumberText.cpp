@@ -81,7 +81,18 @@ private:
     String plain_;
 };
 
-/// Whether a plain number that no double holds lies too close to 0 rather than too far from it.
+/// Whether the decimals that are cut off round the last one that stays, halves to the even one.
+bool RoundsAway(std::string_view rest, bool odd) {
+    if (rest.empty() || rest[0] < '5') return false;
+    return rest[0] > '5' || odd || rest.find_first_not_of('0', 1) != std::string_view::npos;
+}
+
+}  // namespace
+
+std::optional<String> PlainNumber(std::string_view text, const LocaleSettings& locale) {
+    return NumberScanner(Trim(text), locale).Scan();
+}
+
 bool TooSmall(std::string_view plain) {
     const std::size_t e = std::min(plain.find('e'), plain.size());
     const std::string_view digits = plain.substr(0, e);
@@ -99,18 +110,6 @@ bool TooSmall(std::string_view plain) {
         return point - static_cast<std::int64_t>(first) + (negative ? -power : power) < 0;
     }
     return digits.find('.') < first;
-}
-
-/// Whether the decimals that are cut off round the last one that stays, halves to the even one.
-bool RoundsAway(std::string_view rest, bool odd) {
-    if (rest.empty() || rest[0] < '5') return false;
-    return rest[0] > '5' || odd || rest.find_first_not_of('0', 1) != std::string_view::npos;
-}
-
-}  // namespace
-
-std::optional<String> PlainNumber(std::string_view text, const LocaleSettings& locale) {
-    return NumberScanner(Trim(text), locale).Scan();
 }
 
 Double PlainToDouble(std::string_view plain) {

@@ -23,6 +23,11 @@ TEST(LooseNumber, ReadsWhatATextBeginsWith) {
     EXPECT_EQ(LooseNumber("1e999"), kEndless);
     EXPECT_EQ(LooseNumber("-1e999"), -kEndless);
     EXPECT_EQ(LooseNumber("1e-999"), 0);
+    EXPECT_EQ(LooseNumber("1E-999"), 0);
+    const String zeros(400, '0');
+    EXPECT_EQ(LooseNumber("0." + zeros + "1"), 0);
+    EXPECT_EQ(LooseNumber("1" + zeros + "e-5"), kEndless);
+    EXPECT_EQ(LooseNumber("-1" + zeros + "E-5 pieces"), -kEndless);
 }
 
 TEST(FormatWhole, GivesThreeDigitsAtLeast) {

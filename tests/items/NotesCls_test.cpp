@@ -69,13 +69,16 @@ TEST(NoteXml, RaisesTheCounterAndTheFlagsOfWhatItReads) {
     EXPECT_EQ(In(s.counters).Counter(Keys::Note), 6);
 }
 
-TEST(NoteXml, AKeyThatIsNoWholeNumberIsRecorded) {
+TEST(NoteXml, KeepsAnEmptyElementOfAKeyThatIsNoWholeNumberAndRecordsIt) {
     Items s;
     const auto note = s.Note("t");
     for (const char* key : {"", "x", "2.5"}) {
         SCOPED_TRACE(key);
         note->NoteKey(key);
-        (void)note->ToXml(False);
+        const auto document = Make<dom::Document>();
+        document->LoadXML("<Note/>");
+        note->ToXmlInt(document, document->documentElement());
+        EXPECT_EQ(document->xml(), "<Note><NoteKey/></Note>");
         EXPECT_EQ(s.failures.Taken(), "NotesCls/ToXmlInt 13\n");
     }
 }

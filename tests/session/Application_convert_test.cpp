@@ -211,6 +211,14 @@ TEST_F(Converted, ListOfAPersonFindsTheOutlinesTasksByName) {
     EXPECT_EQ(Task(4).PeopleAsString(), "Ann");
 }
 
+TEST_F(Converted, ListKnowsANameByAllOfItThoughTheTasksOwnIsCut) {
+    const String longest(160, 'n');
+    old.phases = {OldRow(longest + "a")};
+    old.people = {OldRow("Ann").With({OldRow(longest + "a"), OldRow(longest)})};
+    EXPECT_EQ(Convert(), True);
+    EXPECT_EQ(Rows(), "1 " + longest + " under 0 row 1.0/0\n2 " + longest + " under 0 row 0.0/1 beside\n");
+}
+
 TEST_F(Converted, KeepsTwoRelationsOfAnItemAndACandidate) {
     old.people = {OldRow("Ann"), OldRow("Bob").With({OldRow("Fly")})};
     old.goals = {OldRow("Health"), OldRow("Money").With({OldRow("Earn")})};
