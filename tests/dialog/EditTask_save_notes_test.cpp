@@ -1,5 +1,6 @@
 #include "mrlxmlclass/items/TaskNoteRelationCls.h"
 #include "tests/dialog/Saving.h"
+#include "tests/support/OldPlan.h"
 
 namespace mrlxmlclass::testing {
 namespace {
@@ -23,6 +24,23 @@ TEST_F(Saving, OfANoteUpdatesBothCopies) {
     EXPECT_EQ(NotesOf(plan, "Design"), "1:new:/link");
     EXPECT_EQ(MasterNotes(plan), "1:new:/link");
     EXPECT_EQ(plan.Heard(), "");
+}
+
+TEST(SavingANoteFromAConversion, UpdatesBothCopies) {
+    Plan plan;
+    {
+        OldPlan old;
+        old.phases = {OldRow("Phase").With({OldRow("Design").From(Monday, Monday + 4).Saying("old")})};
+        ASSERT_EQ(plan.app->Convert3to4("/plans/a.prj", {}), True);
+    }
+    plan.platform.screens.person = [](EditTask& form) {
+        EXPECT_EQ(form.txtNote.Text(), "old");
+        form.txtNote.Text("new");
+        form.CmdOK_Click(0);
+    };
+    plan.app->showtaskinfo("2", plan.app->xTaskCol(), 0, DialogTexts());
+    EXPECT_EQ(plan.col().Item(2)->TaskNotes()->Item(1)->NoteDescription(), "new");
+    EXPECT_EQ(MasterNotes(plan), "1:new:");
 }
 
 TEST_F(Saving, OfNoNoteRemovesItFromAllSides) {
