@@ -50,6 +50,7 @@ TEST_F(Saving, OfNoNoteRemovesItFromAllSides) {
     EXPECT_EQ(MasterNotes(plan), "");
     EXPECT_EQ(plan.app->xTaskNotesRelationcol()->Count(), 0);
     EXPECT_EQ(plan["Design"].TaskNoteRelation()->Count(), 0);
+    EXPECT_EQ(plan.Heard(), "");
 }
 
 TEST_F(Saving, EndsAtANoteThatTheTaskNoLongerTies) {
@@ -71,6 +72,7 @@ TEST_F(Saving, OfNoNoteKeepsOneWhileAnAttachmentStays) {
     OnOk([](EditTask& form) { form.txtNote.Text(""); });
     EXPECT_EQ(NotesOf(plan, "Design"), "1::, 2::/attached");
     EXPECT_EQ(MasterNotes(plan), "1::, 2::/attached");
+    EXPECT_EQ(plan.Heard(), "");
 }
 
 TEST_F(Saving, KeepsTakingTheFirstNoteForTheTextThoughItIsAnAttachment) {
