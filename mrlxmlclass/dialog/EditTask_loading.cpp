@@ -150,7 +150,7 @@ void EditTask::PutFonts(const ControlFont& font) {
     for (TextControl& field : TxtName) field.Font(font);
     for (TextControl* field : {&TxtPercentComplet, &Txtcost, &txtNote}) field->Font(font);
     for (DateControl* picker : {&DTPickerStart, &DTPickerEnd}) picker->Font(font);
-    for (GridControl* grid : {&VSFlexGridPredecessor, &VSFlexGridResource}) grid->Font(font);
+    for (GridControl* grid : {&VSFlexGridPredecessor, &VSFlexGridResource, &gridattachement}) grid->Font(font);
 }
 
 }  // namespace mrlxmlclass

@@ -182,7 +182,8 @@ TEST(Loading, GivesFieldsAndTablesTheFont) {
         const ControlFont font{"Arial", "10"};
         for (const Control* control : std::initializer_list<const Control*>{
                  &form.TxtDurtion[0], &form.TxtName[3], &form.TxtPercentComplet, &form.DTPickerStart, &form.DTPickerEnd,
-                 &form.txtNote, &form.Txtcost, &form.VSFlexGridPredecessor, &form.VSFlexGridResource}) {
+                 &form.txtNote, &form.Txtcost, &form.VSFlexGridPredecessor, &form.VSFlexGridResource,
+                 &form.gridattachement}) {
             EXPECT_EQ(control->Font(), font) << control->Name();
         }
     });
