@@ -36,7 +36,7 @@ TaskWindow::TaskWindow(EditTask& form) : form_(form) {
     setSizeGripEnabled(true);
     auto* column = new QVBoxLayout(this);
     column->addLayout(NewNameRow());
-    column->addWidget(NewTabs(), 1);
+    column->addWidget(NewTabs());
     column->addWidget(NewButtons());
     bindings_.ShowAll();
     const QFontMetrics metrics(font());
