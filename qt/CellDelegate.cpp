@@ -12,6 +12,7 @@
 #include <utility>
 
 #include "qt/CheckBox.h"
+#include "qt/Colours.h"
 #include "qt/DropList.h"
 #include "qt/FieldFocus.h"
 #include "qt/GridModel.h"
@@ -107,6 +108,14 @@ void DrawArrow(QPainter& painter, const QStyleOptionViewItem& cell) {
     painter.restore();
 }
 
+/// Some styles frame the cell that has the focus in the colour of the window, hardly to be seen on a dark desktop.
+void DrawFocus(QPainter& painter, const QStyleOptionViewItem& cell) {
+    painter.save();
+    painter.setPen(ReadableOnPaper(cell.palette.color(QPalette::Highlight)));
+    painter.drawRect(QRectF(cell.rect).adjusted(0.5, 0.5, -0.5, -0.5));
+    painter.restore();
+}
+
 }  // namespace
 
 QWidget* CellDelegate::createEditor(QWidget* parent, const QStyleOptionViewItem& option,
@@ -179,11 +188,16 @@ bool CellDelegate::OffersList(const QModelIndex& index) const {
     return static_cast<bool>(form_.OffersList(grid_, index.column()));
 }
 
-/// Behind the text of a cell that offers a list, room is kept for the arrow.
+/// Behind the text of a cell that offers a list, room is kept for the arrow. A picture before a text is as high as
+/// that.
 void CellDelegate::initStyleOption(QStyleOptionViewItem* option, const QModelIndex& index) const {
     QStyledItemDelegate::initStyleOption(option, index);
-    if (!OffersList(index)) return;
-    const int side = option->fontMetrics.height() / 2;
+    const int height = option->fontMetrics.height();
+    if (!OffersList(index)) {
+        if (!option->icon.isNull()) option->decorationSize = QSize(height, height);
+        return;
+    }
+    const int side = height / 2;
     option->features |= QStyleOptionViewItem::HasDecoration;
     option->decorationPosition = QStyleOptionViewItem::Right;
     option->decorationSize = QSize(side, side);
@@ -201,8 +215,11 @@ QRect CellDelegate::ArrowIn(const QAbstractItemView& view, const QModelIndex& in
 }
 
 void CellDelegate::paint(QPainter* painter, const QStyleOptionViewItem& option, const QModelIndex& index) const {
-    QStyledItemDelegate::paint(painter, option, index);
     QStyleOptionViewItem cell = option;
+    const bool framed = option.state.testFlag(QStyle::State_HasFocus) && !option.state.testFlag(QStyle::State_Selected);
+    if (framed) cell.state.setFlag(QStyle::State_HasFocus, false);
+    QStyledItemDelegate::paint(painter, cell, index);
+    if (framed) DrawFocus(*painter, cell);
     initStyleOption(&cell, index);
     if (OffersList(index)) DrawArrow(*painter, cell);
     if (index.data(Qt::CheckStateRole).isValid()) {

@@ -9,11 +9,13 @@
 #include <QRegularExpression>
 #include <QSignalBlocker>
 #include <QStyleOptionComboBox>
+#include <QTextCharFormat>
 #include <QValidator>
 #include <utility>
 
 #include "mrlxmlclass/runtime/Date.h"
 #include "qt/CheckBox.h"
+#include "qt/Colours.h"
 #include "qt/DropList.h"
 #include "qt/FieldFocus.h"
 #include "qt/Texts.h"
@@ -31,6 +33,16 @@ void UseFormat(QDateEdit& date, const QString& format) {
     if (!format.isEmpty()) date.setDisplayFormat(format);
     if (format.isEmpty() || (date.displayedSections() & kAll) != kAll) {
         date.setDisplayFormat(date.locale().dateFormat(QLocale::ShortFormat).replace(QRegularExpression("y+"), "yyyy"));
+    }
+}
+
+/// Which days those are, and that they are red, is the calendar's own affair.
+void MakeWeekendsReadable(QCalendarWidget& calendar) {
+    for (int day = Qt::Monday; day <= Qt::Sunday; ++day) {
+        QTextCharFormat format = calendar.weekdayTextFormat(static_cast<Qt::DayOfWeek>(day));
+        if (format.foreground().style() == Qt::NoBrush) continue;
+        format.setForeground(ReadableOnPaper(format.foreground().color()));
+        calendar.setWeekdayTextFormat(static_cast<Qt::DayOfWeek>(day), format);
     }
 }
 
@@ -118,6 +130,7 @@ void DateField::Chosen() {
 void DateField::WatchCalendar() {
     if (calendar_ != nullptr) return;
     calendar_ = date_->calendarWidget();
+    MakeWeekendsReadable(*calendar_);
     calendar_->setDateEditEnabled(false);  // digits typed into it would count by themselves after a while
     calendar_->installEventFilter(this);
     for (const auto chosen : {&QCalendarWidget::clicked, &QCalendarWidget::activated}) {

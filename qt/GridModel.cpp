@@ -4,8 +4,8 @@
 #include <QGuiApplication>
 #include <QPalette>
 #include <algorithm>
-#include <cstdlib>
 
+#include "qt/Colours.h"
 #include "qt/PaperClip.h"
 #include "qt/Texts.h"
 
@@ -20,15 +20,9 @@ QBrush SelectedRow() {
     return colour;
 }
 
-/// The desktop's colour of links; half way to that of texts where it is as dark, or as light, as the paper: a palette
-/// that was made of a few colours keeps the blue of a light one.
-QBrush Link() {
-    constexpr int kReadable = 80;
-    const QPalette palette = QGuiApplication::palette();
-    const QColor link = palette.color(QPalette::Link);
-    const QColor text = palette.color(QPalette::Text);
-    if (std::abs(qGray(link.rgb()) - qGray(palette.color(QPalette::Base).rgb())) >= kReadable) return link;
-    return QColor((link.red() + text.red()) / 2, (link.green() + text.green()) / 2, (link.blue() + text.blue()) / 2);
+/// A palette that was made of a few colours keeps the dark blue of a light one.
+QColor Link() {
+    return ReadableOnPaper(QGuiApplication::palette().color(QPalette::Link));
 }
 
 }  // namespace

@@ -1,6 +1,8 @@
 #include <gtest/gtest.h>
 
 #include <QAbstractButton>
+#include <QCalendarWidget>
+#include <QClipboard>
 #include <QComboBox>
 #include <QContextMenuEvent>
 #include <QDir>
@@ -17,45 +19,6 @@
 
 namespace mrlxmlclass::testing {
 namespace {
-
-QPalette DarkPalette() {
-    const QColor paper(35, 38, 41);
-    const QColor window(49, 54, 59);
-    const QColor text(239, 240, 241);
-    QPalette dark(text, window, window.lighter(140), window.darker(160), window.darker(), text, Qt::white, paper,
-                  window);
-    dark.setColor(QPalette::Button, window.lighter(110));
-    dark.setColor(QPalette::AlternateBase, paper.lighter(120));
-    dark.setColor(QPalette::Highlight, QColor(61, 174, 233));
-    dark.setColor(QPalette::ToolTipBase, paper);
-    dark.setColor(QPalette::ToolTipText, text);
-    for (const QPalette::ColorRole role : {QPalette::Text, QPalette::WindowText, QPalette::ButtonText}) {
-        dark.setColor(QPalette::Disabled, role, QColor(140, 144, 148));
-    }
-    return dark;
-}
-
-/// A task with something on every tab.
-void Furnish(QtPlan& plan) {
-    plan.WithLinks();
-    plan.Task("House").Task("Drawings").Under("House").From(Monday).Lasting(3);
-    plan.Task("Permit").Under("House").From(Monday).Lasting(5);
-    plan.Task("Foundation").Under("House").From(Monday + 7).Lasting(8).Costing(Currency(12400));
-    plan.After("Drawings").After("Permit", 2);
-    plan.Task("Walls").Under("House").From(Monday + 21).Lasting(10);
-    for (const char* name : {"Ann Becker", "Carlos Duarte", "Eve Falk", "Gino Hart", "Sun & Sons"})
-        AddPerson(plan, name);
-    Assign(plan, "2", "Foundation");
-    Assign(plan, "5", "Foundation");
-    AddNote(plan, "Foundation",
-            "The ground is soft towards the road: ask for a second opinion before the pour.\n"
-            "Concrete C25/30, delivery by 7 in the morning.");
-    plan.platform.Write("soil report.pdf", "");
-    AddNote(plan, "Foundation", "", plan.platform.Path("soil report.pdf"));
-    AddNote(plan, "Foundation", "", "http://www.concrete.example/delivery?site=12");
-    plan["Foundation"].TaskPercentDone(25);
-    plan.Heard();
-}
 
 /// All tabs show, and no arrows to scroll to them.
 void ExpectWholeTabs(const QWidget& window) {
@@ -117,15 +80,16 @@ void TakePictures(QWidget& window, const QString& looks) {
     }
 }
 
-TEST(Pictures, AreTakenOfEveryTabOnALightDesktop) {
+/// Does that on a light desktop, and on a dark one.
+void OnBothDesktops(const std::function<void(const QString& looks)>& take) {
     const OffscreenApplication application;
-    LookAt([](QWidget& window) { TakePictures(window, "light"); });
+    take("light");
+    QApplication::setPalette(DarkPalette());
+    take("dark");
 }
 
-TEST(Pictures, AreTakenOfEveryTabOnADarkDesktop) {
-    const OffscreenApplication application;
-    QApplication::setPalette(DarkPalette());
-    LookAt([](QWidget& window) { TakePictures(window, "dark"); });
+TEST(Pictures, AreTakenOfEveryTab) {
+    OnBothDesktops([](const QString& looks) { LookAt([&](QWidget& window) { TakePictures(window, looks); }); });
 }
 
 TEST(Pictures, AreTakenOfTheScreenThatShowsNamesOnly) {
@@ -163,65 +127,95 @@ TEST(Pictures, AreTakenInALargeFontThatFitsTheScreen) {
 }
 
 TEST(Pictures, AreTakenOfASummaryWhichKeepsItsName) {
-    const OffscreenApplication application;
-    const auto take = [](const QString& looks) {
+    OnBothDesktops([](const QString& looks) {
         LookAt([&](QWidget& window) { TakePicture(window, looks, "summary"); }, 2, "House");
-    };
-    take("light");
-    QApplication::setPalette(DarkPalette());
-    take("dark");
-}
-
-TEST(Pictures, AreTakenOfCellsThatAreTypedIn) {
-    const OffscreenApplication application;
-    LookAt([](QWidget& window) {
-        GoTo(window, 1);
-        EditCell(Find<QTableView>(window, "VSFlexGridPredecessor"), 1, 3);
-        TakePicture(window, "light", "lag");
-        GoTo(window, 3);
-        auto& people = Find<QTableView>(window, "VSFlexGridResource");
-        Find<QTabWidget>(window, "TabTask").tabBar()->setFocus();
-        QTest::keyClick(QApplication::focusWidget(), Qt::Key_Tab);
-        EXPECT_TRUE(people.hasFocus());
-        TakePicture(window, "light", "current");
-        QTest::keyClick(&people, Qt::Key_End, Qt::ControlModifier);
-        QTest::keyClick(&people, Qt::Key_F2);
-        QTest::keyClicks(&OpenLine(people), "Ida");
-        TakePicture(window, "light", "person");
     });
 }
 
-TEST(Pictures, AreTakenOfAnOpenList) {
-    const OffscreenApplication application;
-    LookAt([](QWidget& window) {
-        GoTo(window, 1);
-        auto& table = Find<QTableView>(window, "VSFlexGridPredecessor");
-        ClickCell(table, 2, 1);
-        auto& list = Find<QComboBox>(*table.viewport(), "");
-        TakePicture(*list.view()->window(), "light", "list");
-        QTest::keyClick(list.view(), Qt::Key_Escape);
-        Settle();
+TEST(Pictures, AreTakenOfATaskWithoutDates) {
+    OnBothDesktops([](const QString& looks) {
+        LookAt([&](QWidget& window) {
+            Click(BoxIn(window, "DTPickerStart"));
+            TakePicture(window, looks, "undated");
+        });
+    });
+}
+
+TEST(Pictures, AreTakenOfCellsThatAreTypedIn) {
+    OnBothDesktops([](const QString& looks) {
+        LookAt([&](QWidget& window) {
+            GoTo(window, 1);
+            EditCell(Find<QTableView>(window, "VSFlexGridPredecessor"), 1, 3);
+            TakePicture(window, looks, "lag");
+            GoTo(window, 3);
+            auto& people = Find<QTableView>(window, "VSFlexGridResource");
+            Find<QTabWidget>(window, "TabTask").tabBar()->setFocus();
+            QTest::keyClick(QApplication::focusWidget(), Qt::Key_Tab);
+            EXPECT_TRUE(people.hasFocus());
+            TakePicture(window, looks, "current");
+            QTest::keyClick(&people, Qt::Key_End, Qt::ControlModifier);
+            QTest::keyClick(&people, Qt::Key_F2);
+            QTest::keyClicks(&OpenLine(people), "Ida");
+            TakePicture(window, looks, "person");
+        });
+    });
+}
+
+TEST(Pictures, AreTakenOfOpenLists) {
+    OnBothDesktops([](const QString& looks) {
+        LookAt([&](QWidget& window) {
+            const auto take = [&](QComboBox& list, const char* what) {
+                QTest::keyClick(list.view(), Qt::Key_Down);
+                TakePicture(*list.view()->window(), looks, what);
+                QTest::keyClick(list.view(), Qt::Key_Escape);
+                Settle();
+            };
+            auto& percent = Find<QComboBox>(window, "TxtPercentComplet");
+            QTest::keyClick(&percent, Qt::Key_F4);
+            take(percent, "percentages");
+            GoTo(window, 1);
+            auto& table = Find<QTableView>(window, "VSFlexGridPredecessor");
+            ClickCell(table, 2, 1);
+            auto& tasks = Find<QComboBox>(*table.viewport(), "");
+            EXPECT_GT(tasks.count(), 1);
+            take(tasks, "list");
+        });
+    });
+}
+
+TEST(Pictures, AreTakenOfTheCalendar) {
+    OnBothDesktops([](const QString& looks) {
+        LookAt([&](QWidget& window) {
+            QDateEdit& start = DateIn(window, "DTPickerStart");
+            start.setFocus();
+            QTest::keyClick(&start, Qt::Key_F4);
+            QWidget& calendar = *start.calendarWidget()->window();
+            TakePicture(calendar, looks, "calendar");
+            QTest::keyClick(&calendar, Qt::Key_Escape);
+        });
     });
 }
 
 TEST(Pictures, AreTakenOfTheMenuAndTheWindowOfAnAddress) {
-    const OffscreenApplication application;
-    LookAt([](QWidget& window) {
-        GoTo(window, 2);
-        auto& note = Find<QTextEdit>(window, "txtNote");
-        QContextMenuEvent right(QContextMenuEvent::Mouse, {5, 5}, note.mapToGlobal(QPoint(5, 5)));
-        QCoreApplication::sendEvent(note.viewport(), &right);
-        auto& menu = Find<QMenu>(window, "mnuFile");
-        TakePicture(menu, "light", "menu");
-        menu.close();
+    OnBothDesktops([](const QString& looks) {
+        QGuiApplication::clipboard()->clear();  // the menu offers what is there
+        LookAt([&](QWidget& window) {
+            GoTo(window, 2);
+            auto& note = Find<QTextEdit>(window, "txtNote");
+            QContextMenuEvent right(QContextMenuEvent::Mouse, {5, 5}, note.mapToGlobal(QPoint(5, 5)));
+            QCoreApplication::sendEvent(note.viewport(), &right);
+            auto& menu = Find<QMenu>(window, "mnuFile");
+            TakePicture(menu, looks, "menu");
+            menu.close();
 
-        QTimer::singleShot(0, [] {
-            QWidget& address = *QApplication::activeModalWidget();
-            ExpectWholeCaptions(address);
-            TakePicture(address, "light", "address");
-            Click(Find(address, "CmdCancel"));
+            QTimer::singleShot(0, [&] {
+                QWidget& address = *QApplication::activeModalWidget();
+                ExpectWholeCaptions(address);
+                TakePicture(address, looks, "address");
+                Click(Find(address, "CmdCancel"));
+            });
+            Click(Find(window, "Cmdlink"));
         });
-        Click(Find(window, "Cmdlink"));
     });
 }
 

@@ -131,6 +131,45 @@ void InAnotherWindow(QWidget& window, const std::function<void()>& there) {
     Settle();
 }
 
+QPalette DarkPalette() {
+    const QColor paper(35, 38, 41);
+    const QColor window(49, 54, 59);
+    const QColor text(239, 240, 241);
+    QPalette dark(text, window, window.lighter(140), window.darker(160), window.darker(), text, Qt::white, paper,
+                  window);
+    dark.setColor(QPalette::Button, window.lighter(110));
+    dark.setColor(QPalette::AlternateBase, paper.lighter(120));
+    dark.setColor(QPalette::Highlight, QColor(61, 174, 233));
+    dark.setColor(QPalette::ToolTipBase, paper);
+    dark.setColor(QPalette::ToolTipText, text);
+    for (const QPalette::ColorRole role : {QPalette::Text, QPalette::WindowText, QPalette::ButtonText}) {
+        dark.setColor(QPalette::Disabled, role, QColor(140, 144, 148));
+    }
+    return dark;
+}
+
+void Furnish(QtPlan& plan) {
+    plan.WithLinks();
+    plan.Task("House").Task("Drawings").Under("House").From(Monday).Lasting(3);
+    plan.Task("Permit").Under("House").From(Monday).Lasting(5);
+    plan.Task("Foundation").Under("House").From(Monday + 7).Lasting(8).Costing(Currency(12400));
+    plan.After("Drawings").After("Permit", 2);
+    plan.Task("Walls").Under("House").From(Monday + 21).Lasting(10);
+    plan.Task("Roof").Under("House").From(Monday + 35).Lasting(5);
+    for (const char* name : {"Ann Becker", "Carlos Duarte", "Eve Falk", "Gino Hart", "Sun & Sons"})
+        AddPerson(plan, name);
+    Assign(plan, "2", "Foundation");
+    Assign(plan, "5", "Foundation");
+    AddNote(plan, "Foundation",
+            "The ground is soft towards the road: ask for a second opinion before the pour.\n"
+            "Concrete C25/30, delivery by 7 in the morning.");
+    plan.platform.Write("soil report.pdf", "");
+    AddNote(plan, "Foundation", "", plan.platform.Path("soil report.pdf"));
+    AddNote(plan, "Foundation", "", "http://www.concrete.example/delivery?site=12");
+    plan["Foundation"].TaskPercentDone(25);
+    plan.Heard();
+}
+
 QFont LargeFont() {
     QFont large = QApplication::font();
     large.setPointSizeF(1.8 * large.pointSizeF());

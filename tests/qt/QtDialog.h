@@ -3,6 +3,7 @@
 #include <QApplication>
 #include <QCheckBox>
 #include <QDateEdit>
+#include <QPalette>
 #include <QTableView>
 #include <QTest>
 #include <QWidget>
@@ -89,6 +90,11 @@ void Choose(const QTableView& table, const char* text);
 /// The person is in another window, does that, and comes back.
 void InAnotherWindow(QWidget& window, const std::function<void()>& there = {});
 
+/// A plan with a task "Foundation" that has something on every tab.
+void Furnish(QtPlan& plan);
+
+/// Made of a few colours, as hosts do.
+QPalette DarkPalette();
 /// The desktop's font, 1.8 times as large.
 QFont LargeFont();
 
