@@ -11,8 +11,8 @@
 #include "mrlxmlclass/items/TaskGoalRelationCol.h"
 #include "mrlxmlclass/items/TaskObstaclesRelationCol.h"
 #include "mrlxmlclass/items/obstaclesCol.h"
+#include "mrlxmlclass/scheduling/OneDayEach.h"
 #include "prx/Items.h"
-#include "prx/OneDayEach.h"
 #include "prx/Outline.h"
 #include "prx/Refusal.h"
 #include "prx/Terminal.h"
@@ -197,21 +197,11 @@ Ref<TasksCls> AddBeside(const Project& project, const std::string& name, Long pl
 void RemoveTask(const Project& project, const Ref<TasksCls>& task) {
     // A task that something is tied to would stay as a candidate, which no command shows.
     UnassignAll(project, Subtree(project, task));
-    const OneDayEach aside(project);
+    const OneDayEach aside(project.tasks());
     Application& app = project.app();
     project.tasks()->DeleteAllSubTasks(KeyOf(*task), app.xTaskPeopleRelationcol(), app.xPeopleCol(),
                                        app.xTaskGoalRelationcol(), app.xGoalCol(), app.xTaskObstaclesRelationcol(),
                                        app.xObstaclesCol(), /*ForceDelete=*/True, /*p_arrange=*/True);
-}
-
-void StoreStart(TasksCls& task, Date start) {
-    const Double length = task.TaskDuration();
-    const bool first_of_all = !task.TaskEDate().set();  // leaves the end open and the duration at a day
-    task.TaskLag(0);
-    task.TaskBDate(start);
-    if (!first_of_all) return;
-    task.TaskBDate(start);
-    task.TaskDuration(length);
 }
 
 void DatesChanged(const Project& project, const TasksCls& task) {

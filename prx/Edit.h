@@ -47,8 +47,6 @@ mrlxmlclass::Ref<mrlxmlclass::TasksCls> AddBeside(const Project& project, const 
 /// Removes a task with all below it, and whatever ties people, goals, obstacles and notes to them; these stay.
 void RemoveTask(const Project& project, const mrlxmlclass::Ref<mrlxmlclass::TasksCls>& task);
 
-/// Stores a start as it is, whatever the task waits for; the end follows, and nothing else.
-void StoreStart(mrlxmlclass::TasksCls& task, mrlxmlclass::Date start);
 /// Of a task whose dates were stored: tells its events, what waits for it moves along, and the summaries above follow.
 void DatesChanged(const Project& project, const mrlxmlclass::TasksCls& task);
 /// The summaries above a task follow its dates, and its cost.

@@ -7,10 +7,10 @@
 #include <cmath>
 #include <vector>
 
+#include "mrlxmlclass/scheduling/Waits.h"
 #include "mrlxmlclass/scheduling/WorkingDays.h"
 #include "mrlxmlclass/xml/ProjectsCls.h"
 #include "prx/Edit.h"
-#include "prx/Links.h"
 #include "prx/Outline.h"
 #include "prx/Refusal.h"
 #include "prx/Terminal.h"
@@ -153,10 +153,10 @@ std::string Bar(const TimeLine& time, const TasksCls& task, bool summary) {
 }
 
 /// "7,9+2": rows, each with its lag.
-std::string LinkCell(const Project& project, TasksCls& task) {
+std::string LinkCell(const Project& project, const Ref<TasksCls>& task) {
     std::string cell;
-    for (const Ref<TasksCls>& predecessor : Predecessors(project, task)) {
-        const Integer lag = LagOf(project, task, *predecessor);
+    for (const Ref<TasksCls>& predecessor : PredecessorsOf(project.tasks(), *task)) {
+        const Integer lag = LeadOf(project.tasks(), {task, predecessor});
         cell += fmt::format("{}{}", cell.empty() ? "" : ",", predecessor->TaskPosition().value());
         if (lag != 0) cell += fmt::format("{:+}", lag.value());
     }
@@ -180,7 +180,7 @@ std::vector<GanttRow> RowsIn(const Project& project, Date from, Date to) {
         if (task.TaskBDate().set() && (last < from || task.TaskBDate() > to)) continue;
         const std::string indent(std::min(row.level, kDeepestDrawn), ' ');
         rows.push_back({row, Text(task.TaskPosition()), indent + Plain(CutTo(task.TaskName(), kWidestName)),
-                        LinkCell(project, task)});
+                        LinkCell(project, row.task)});
     }
     return rows;
 }

@@ -5,26 +5,12 @@
 #include <algorithm>
 #include <optional>
 
-#include "mrlxmlclass/scheduling/WorkingDays.h"
 #include "prx/Edit.h"
 #include "prx/Outline.h"
 
 namespace prx {
 
 using namespace mrlxmlclass;
-
-bool LinkDates::measurable() const {
-    return predecessor_end.set() && start.set() && predecessor_end.in_calendar() && start.in_calendar();
-}
-
-std::int64_t LinkDates::Gap() const {
-    const std::int64_t days = DaysBetween(predecessor_end, start).value();
-    const Date last = predecessor_end.day();
-    const Date first = start.day();
-    const PublicDays calendar;
-    if (days > 0) return days - 1 - (days == 1 ? 0 : calendar.CountNonWorking(last + 1, first - 1));
-    return -std::max<std::int64_t>(1, 1 - days - calendar.CountNonWorking(first, last));
-}
 
 LinkChanges::LinksOfTasks LinkChanges::LinksOf(const Ref<TasksCol>& tasks) {
     LinksOfTasks links;

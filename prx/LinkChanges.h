@@ -6,21 +6,9 @@
 #include <utility>
 #include <vector>
 
-#include "mrlxmlclass/tasks/TasksCol.h"
+#include "mrlxmlclass/scheduling/Waits.h"
 
 namespace prx {
-
-/// The days that a link lies between.
-struct LinkDates {
-    mrlxmlclass::Date predecessor_end;
-    mrlxmlclass::Date start;
-    bool operator==(const LinkDates&) const = default;
-    /// Whether there are two days that can be compared.
-    bool measurable() const;
-    /// Working days in between, as a lag counts them: 0 on the next one, -1 on the predecessor's last. Measured,
-    /// because a walk along the links may store another one than the dates keep.
-    std::int64_t Gap() const;
-};
 
 /// Remembers how tasks wait for each other, and tells what an edit made of that beside what was asked for.
 class LinkChanges {
@@ -40,7 +28,8 @@ public:
     std::vector<std::string> Told() const;
 
 private:
-    using Links = std::map<std::int64_t, LinkDates>;  ///< of a task, by the keys of those that it waits for
+    /// Of a task, by the keys of those that it waits for.
+    using Links = std::map<std::int64_t, mrlxmlclass::LinkDates>;
     using LinksOfTasks = std::map<std::int64_t, Links>;
     static LinksOfTasks LinksOf(const mrlxmlclass::Ref<mrlxmlclass::TasksCol>& tasks);
     struct Lines {

@@ -6,11 +6,11 @@
 
 #include "mrlxmlclass/runtime/Tail.h"
 #include "mrlxmlclass/runtime/Text.h"
+#include "mrlxmlclass/scheduling/Waits.h"
 #include "mrlxmlclass/tasks/TasksCol.h"
 #include "mrlxmlclass/xml/Conversions.h"
 #include "prx/Edit.h"
 #include "prx/Findings.h"
-#include "prx/Links.h"
 #include "prx/Outline.h"
 #include "prx/Terminal.h"
 

@@ -1,11 +1,11 @@
 #include "prx/Edit.h"
 
 #include "examples/task_dialog_texts.h"
+#include "mrlxmlclass/scheduling/OneDayEach.h"
 #include "mrlxmlclass/session/SafeFile.h"
 #include "prx/Command.h"
 #include "prx/Content.h"
 #include "prx/EventLog.h"
-#include "prx/OneDayEach.h"
 #include "prx/Refusal.h"
 #include "prx/Terminal.h"
 #include "prx/Windows.h"
@@ -49,7 +49,7 @@ public:
         }
         // The dialog stores dates without moving what depends on them.
         if (task->TaskBDate() != start || task->TaskEDate() != end) {
-            const OneDayEach aside(project, task.get());
+            const OneDayEach aside(project.tasks(), task.get());
             DatesChanged(project, *task);
         }
         project.Save();

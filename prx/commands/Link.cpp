@@ -1,3 +1,4 @@
+#include "mrlxmlclass/scheduling/Waits.h"
 #include "prx/Command.h"
 #include "prx/Edit.h"
 #include "prx/Links.h"
@@ -20,7 +21,7 @@ private:
     }
     void Change(const Project& project, const mrlxmlclass::Ref<mrlxmlclass::TasksCls>& task) override {
         LinkTasks(project, task, FindTask(project, predecessor_), days_);
-        if (WaitsForItself(project, task)) Tell("the links run in a circle now: the task waits for itself");
+        if (WaitsForItself(project.tasks(), task)) Tell("the links run in a circle now: the task waits for itself");
     }
 
     std::string predecessor_;

@@ -1,10 +1,11 @@
 #include <fmt/core.h>
 
+#include "mrlxmlclass/scheduling/PlanShift.h"
 #include "mrlxmlclass/session/ModuleState.h"
 #include "prx/Command.h"
 #include "prx/EventLog.h"
 #include "prx/Inspection.h"
-#include "prx/PlanShift.h"
+#include "prx/Outline.h"
 #include "prx/Project.h"
 #include "prx/Refusal.h"
 #include "prx/Values.h"
@@ -29,11 +30,11 @@ public:
         if (days == 0) throw Refusal("a shift needs at least one day");
         Project project = Project::ToEdit(host, file(), force());
         const EventLog events(project.tasks());
-        PlanShift shift(project, days);
+        PlanShift shift(project.tasks(), days);
         RefuseBeyondRange(shift);
         shift.Run();
         project.Save();
-        for (const std::string& line : Shortened(shift.Stayed())) Note(line);
+        TellStayed(shift);
         events.Print();
         return kDone;
     }
@@ -50,6 +51,13 @@ private:
         if (!first.set() || (first.year() >= kMinYear && last.year() <= MaxYear())) return;
         throw Refusal(fmt::format("the plan would stretch from {} to {}; it must stay within the years {} to {}",
                                   Text(first), Text(last), kMinYear, MaxYear().value()));
+    }
+
+    /// The calendar may leave a short shift no other day.
+    static void TellStayed(const PlanShift& shift) {
+        std::vector<std::string> lines;
+        for (const auto& task : shift.Stayed()) lines.push_back(TitleOf(*task) + " did not move");
+        for (const std::string& line : Shortened(std::move(lines))) Note(line);
     }
 
     std::string text_;

@@ -1,3 +1,4 @@
+#include "mrlxmlclass/scheduling/Waits.h"
 #include "prx/Command.h"
 #include "prx/Edit.h"
 #include "prx/Links.h"
@@ -18,7 +19,7 @@ private:
             UnlinkTasks(project, task, FindTask(project, *predecessor_));
             return;
         }
-        const auto predecessors = Predecessors(project, *task);
+        const auto predecessors = PredecessorsOf(project.tasks(), *task);
         if (predecessors.empty()) throw Refusal("the task waits for nothing");
         for (const auto& predecessor : predecessors) UnlinkTasks(project, task, predecessor);
     }
