@@ -36,8 +36,7 @@ Boolean Application::showtaskinfo(const Variant& aTaskKey, const Ref<TasksCol>& 
             return;
         }
         // Kept: whatever the person chose, Cancel too.
-        const Ref<TasksCls> task = oTaskCol->Item(key);
-        if (Fromwhere == kNamesOnly && task) oTaskCol->ChangeName(key, task->TaskName());
+        if (Fromwhere == kNamesOnly) oTaskCol->ChangeName(key, oTaskCol->Item(key)->TaskName());
         result = changed;
     });
     if (!stays_open) open_dialog_ = {};

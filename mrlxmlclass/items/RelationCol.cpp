@@ -145,10 +145,10 @@ template class RelationCol<TaskNoteRelationCol, TaskNoteRelationCls>;
 Boolean TaskAssigmentRelationCol::RemoveForRelatedPople(ByRef<String> p_person_key, ByRef<Ref<TasksCol>> p_task_col) {
     return kTail<TaskAssigmentRelationCol>.Run<Boolean>("RemoveForRelatedPople", [&](Boolean& result) {
         const Ref<TaskAssigmentRelationCol> held(this);  // a listener may let go of the list
-        const Long person = KeyNumber(*p_person_key);
+        const double person = KeyValue(*p_person_key);
         std::vector<String> keys;  // chosen before the first one goes
         for (const auto& entry : NewEnum()) {
-            if (entry.item->personkey() == person) keys.push_back(entry.item->elementKey());
+            if (entry.item->personkey().value() == person) keys.push_back(entry.item->elementKey());
         }
         for (const String& key : keys) {
             const Ref<TaskAssigmentRelationCls> relation = Item(key);

@@ -189,16 +189,17 @@ Boolean TasksCls::UpdatePeopleCollection(const Ref<TaskAssigmentRelationCol>& oT
                                          const Ref<PeopleCol>& oPeopleCol, const Variant& personkey) {
     const Ref<TasksCls> held(this);  // a listener may let go of it, and of what it was called with
     // Kept: recorded under the name of another member.
-    return kTail.Run<Boolean>("SetPeopleCollection", [&, oTaskPeopleRelationcol, oPeopleCol](Boolean& result) {
-        const Long person = personkey.Key().Number();
-        for (const auto& entry : ItemsOf(f_.TaskPeopleRelation.cell.Peek())) {
-            if (entry.item->personkey() != person) continue;
-            TasksPeople()->Remove(person);
-            const Ref<TaskAssigmentRelationCls> relation = oTaskPeopleRelationcol->Item(entry.item->elementKey());
-            TasksPeople()->AddItem(oPeopleCol->Item(relation->personkey()));
-            result = True;
-        }
-    });
+    return kTail.Run<Boolean>(
+        "SetPeopleCollection", [&, oTaskPeopleRelationcol, oPeopleCol, personkey](Boolean& result) {
+            const double person = KeyValue(personkey.Key().text());
+            for (const auto& entry : ItemsOf(f_.TaskPeopleRelation.cell.Peek())) {
+                if (entry.item->personkey().value() != person) continue;
+                TasksPeople()->Remove(personkey);
+                const Ref<TaskAssigmentRelationCls> relation = oTaskPeopleRelationcol->Item(entry.item->elementKey());
+                TasksPeople()->AddItem(oPeopleCol->Item(relation->personkey()));
+                result = True;
+            }
+        });
 }
 
 // --- Questions and texts ---------------------------------------------------------------------------------------------

@@ -1,6 +1,7 @@
 #include "mrlxmlclass/runtime/KeyText.h"
 
 #include <charconv>
+#include <cmath>
 #include <deque>
 #include <mutex>
 #include <unordered_map>
@@ -9,6 +10,13 @@
 
 namespace mrlxmlclass {
 namespace {
+
+/// Without blanks around it and the sign that says nothing.
+std::string_view BareNumber(std::string_view text) {
+    text = Trim(text);
+    if (text.starts_with('+') && !text.starts_with("+-")) text.remove_prefix(1);
+    return text;
+}
 
 /// The texts behind negative ids. Shared by all threads, so that a key means the same wherever it is read; never
 /// emptied, since a key may outlive any session.
@@ -59,8 +67,7 @@ Long KeyText::NumberOfText() const {
 }
 
 std::optional<Long> WholeNumberIn(std::string_view text) {
-    text = Trim(text);
-    if (text.starts_with('+') && !text.starts_with("+-")) text.remove_prefix(1);
+    text = BareNumber(text);
     std::int32_t number = 0;
     const auto [end, error] = std::from_chars(text.data(), text.data() + text.size(), number);
     if (error != std::errc{} || end != text.data() + text.size()) return std::nullopt;
@@ -69,6 +76,15 @@ std::optional<Long> WholeNumberIn(std::string_view text) {
 
 Long KeyNumber(std::string_view text) {
     return WholeNumberIn(text).value_or(Long(0));
+}
+
+double KeyValue(std::string_view text) {
+    text = BareNumber(text);
+    const bool in_words = text.find_first_of("0123456789") == std::string_view::npos;  // "inf", "nan"
+    double value = 0;
+    const auto [end, error] = std::from_chars(text.data(), text.data() + text.size(), value);
+    if (in_words || end != text.data() + text.size()) return 0;
+    return error == std::errc::result_out_of_range ? HUGE_VAL : value;
 }
 
 }  // namespace mrlxmlclass

@@ -75,6 +75,8 @@ private:
 std::optional<Long> WholeNumberIn(std::string_view text);
 /// The number that a key's text stands for; a text that is no number, and the empty text, count as 0.
 Long KeyNumber(std::string_view text);
+/// The same of any number, to compare by: "7.0" is 7, and "99999999999" is no Long but not 0 either.
+double KeyValue(std::string_view text);
 
 }  // namespace mrlxmlclass
 

@@ -11,9 +11,9 @@ namespace {
 TEST(showtaskinfo, OpensNothingForAnEmptyKey) {
     Plan plan;
     plan.Task("Design");
-    for (const int from_where : {1, 2}) {
-        EXPECT_EQ(plan.app->showtaskinfo("", plan.app->xTaskCol(), from_where, DialogTexts()), False);
-    }
+    EXPECT_EQ(plan.app->showtaskinfo("", plan.app->xTaskCol(), 2, DialogTexts()), False);
+    EXPECT_EQ(plan.app->showtaskinfo("", plan.app->xTaskCol(), 1, DialogTexts()), False);
+    EXPECT_EQ(plan.failures.Taken(), "Application/showtaskinfo 91\n") << "that screen tells a name anew";
     EXPECT_EQ(plan.platform.screens.shown, 0);
     EXPECT_EQ(plan.app->unloadtaskinfo(), False);
     EXPECT_EQ(Module().g_TaskInfoUnloading, False);  // none was open any more
@@ -31,7 +31,7 @@ TEST(showtaskinfo, RecordsATaskThatIsNotThere) {
     EXPECT_EQ(plan.app->showtaskinfo("7", plan.app->xTaskCol(), 2, DialogTexts()), False);
     EXPECT_EQ(plan.failures.Taken(), "EditTask/GetTaskInfo 91\n");
     EXPECT_EQ(plan.app->showtaskinfo("7", plan.app->xTaskCol(), 1, DialogTexts()), False);
-    EXPECT_EQ(plan.failures.Taken(), "EditTask/GetTaskInfo 91\n");
+    EXPECT_EQ(plan.failures.Taken(), "EditTask/GetTaskInfo 91\nApplication/showtaskinfo 91\n");
     EXPECT_EQ(plan.app->showtaskinfo("7", {}, 2, DialogTexts()), False);
     EXPECT_EQ(plan.failures.Taken(), "Application/showtaskinfo 91\n");
     EXPECT_EQ(plan.platform.screens.shown, 0);
@@ -66,6 +66,17 @@ TEST(showtaskinfo, KeepsTellingTheNameOfAnOpenedTaskAfterCancelToo) {
               "DateEndChange(1, 2026-03-02, False, False, days)\n"
               "DurationChange(1, 1, days, False, False)\n"
               "TaskDurationChange(1, 1, days, False, False)\n");
+}
+
+TEST(showtaskinfo, RecordsThatTheTaskWentMeanwhile) {
+    Plan plan;
+    plan.Task("Design").From(Monday);
+    plan.platform.screens.person = [&](EditTask& form) {
+        plan.col().RemoveForLib("1");
+        form.CmdCancel_Click(0);
+    };
+    EXPECT_EQ(plan.app->showtaskinfo("1", plan.app->xTaskCol(), 1, DialogTexts()), False);
+    EXPECT_EQ(plan.failures.Taken(), "Application/showtaskinfo 91\n");
 }
 
 TEST(showtaskinfo, RecordsThatNothingShowsIt) {

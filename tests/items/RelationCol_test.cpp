@@ -265,6 +265,30 @@ TEST(RemoveForRelatedPople, ClearsTheTasksAndTheProjectAndNothingElse) {
     EXPECT_EQ(tasks->Item(1)->TasksPeople()->Count(), 1);
 }
 
+TEST(RemoveForRelatedPople, ComparesAsNumbers) {
+    struct Row {
+        const char* person;
+        const char* left;
+    };
+    for (const Row& row : {Row{"7.0", "1"}, Row{"07", "1"}, Row{"7.5", "1 2"}, Row{"99999999999", "1 2"}, Row{"", "2"},
+                           Row{"Ann", "2"}}) {
+        SCOPED_TRACE(row.person);
+        Items s;
+        const auto project = s.Master<TaskAssigmentRelationCol>();
+        const auto tasks = Make<TasksCol>();
+        const auto task = tasks->Add("3");
+        for (const auto& [key, person] : {std::pair("1", 0), std::pair("2", 7)}) {
+            const auto relation = s.Bare<TaskAssigmentRelationCls>(key);
+            relation->TaskKey(3);
+            relation->personkey(person);
+            project->AddItem(relation);
+            task->TaskPeopleRelation()->AddItem(relation);
+        }
+        EXPECT_EQ(project->RemoveForRelatedPople(row.person, tasks), True);
+        EXPECT_EQ(KeysOf(project), row.left);
+    }
+}
+
 TEST(RemoveForRelatedPople, EndsAtATaskThatIsNotThere) {
     Items s;
     const auto project = s.Master<TaskAssigmentRelationCol>();

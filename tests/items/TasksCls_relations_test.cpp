@@ -323,6 +323,25 @@ TEST(UpdatePeopleCollection, TakesTheCopyOfAPersonAnew) {
     EXPECT_EQ(task->PeopleAsString(), "Anna");
 }
 
+TEST(UpdatePeopleCollection, ComparesAsNumbersAndRemovesByText) {
+    Items s;
+    const auto task = TaskOf(4);
+    const auto project = Make<TaskAssigmentRelationCol>();
+    const auto people = s.Master<PeopleCol>();
+    people->Add()->PersonName("Ann");
+    task->TaskPeopleRelation()->Add("1")->personkey(1);
+    task->TaskPeopleRelation()->Add("2");
+    project->Add("1")->personkey(1);
+    task->TasksPeople()->AddItem(people->Item(1));
+    for (const char* nobody : {"99999999999", "1.5", "2"}) {
+        EXPECT_EQ(task->UpdatePeopleCollection(project, people, nobody), False) << nobody;
+    }
+    people->Item(1)->PersonName("Anna");
+    EXPECT_EQ(task->UpdatePeopleCollection(project, people, "01"), True);
+    EXPECT_EQ(task->PeopleAsString(), "Ann") << "Kept: no copy stands under \"01\", so the new one has no place";
+    EXPECT_EQ(s.failures.Taken(), "PeopleCol/AddItem 457\n");
+}
+
 TEST(UpdatePeopleCollection, TakesThePersonWhomTheProjectsRelationNames) {
     Items s;
     const auto task = TaskOf(4);

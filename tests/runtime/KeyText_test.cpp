@@ -2,6 +2,7 @@
 
 #include <gtest/gtest.h>
 
+#include <cmath>
 #include <thread>
 #include <type_traits>
 #include <unordered_set>
@@ -116,6 +117,20 @@ TEST(KeyNumber, CountsWhatIsNoNumberAsZero) {
     for (const char* text : {"", " ", "+", "-", "+-5", "-+5", "++5", "--5", "+ 5", "5a", "a5", "5 5", "2147483648",
                              "1e3", "0x10", "inf"}) {
         EXPECT_EQ(KeyNumber(text), 0) << text;
+    }
+}
+
+TEST(KeyValue, ReadsAnyNumberToCompareBy) {
+    struct Row {
+        const char* text;
+        double value;
+    };
+    for (const Row& row : {Row{"5", 5}, Row{"05", 5}, Row{"+5", 5}, Row{" -5 ", -5}, Row{"7.0", 7}, Row{"7.5", 7.5},
+                           Row{"1e3", 1000}, Row{"99999999999", 99999999999}, Row{"1e999", HUGE_VAL}}) {
+        EXPECT_EQ(KeyValue(row.text), row.value) << row.text;
+    }
+    for (const char* text : {"", " ", "-", "+-5", "5a", "a5", "5 5", "0x10", "inf", "nan", "-inf"}) {
+        EXPECT_EQ(KeyValue(text), 0) << text;
     }
 }
 
