@@ -22,10 +22,11 @@ public:
                           const Ref<TaskGoalRelationCol>& oTaskGoalCol) {
         return UnAssigne(Goalkey, TaskKey, oTaskCol, oTaskGoalCol);
     }
-    /// Fills the `Tasks` of one goal anew.
+    /// Fills the `Tasks` of one goal anew. Gives its answer.
     Boolean SetTasksCollectionByGoal(const Ref<TaskGoalRelationCol>& oTaskGoalRelationcol,
                                      const Ref<TasksCol>& oTaskCol, const Variant& p_goal_id) {
-        return SetTasksCollectionOf("SetTasksCollectionByGoal", p_goal_id, oTaskGoalRelationcol, oTaskCol);
+        return SetTasksCollectionOf("SetTasksCollectionByGoal", p_goal_id, oTaskGoalRelationcol, oTaskCol,
+                                    Answer::kOfTheItem);
     }
     /// The same goals in a new list, in the order of their positions; this one keeps its own.
     Ref<GoalsCol> Sort();

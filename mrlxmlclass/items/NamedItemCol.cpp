@@ -70,9 +70,11 @@ Boolean NamedItemCol<Self, ItemOf, Relations>::RemoveTasksRelations(const Varian
 template <class Self, class ItemOf, class Relations>
 Boolean NamedItemCol<Self, ItemOf, Relations>::SetTasksCollectionOf(const char* member_label, const Variant& item_key,
                                                                     const Ref<Relations>& relations,
-                                                                    const Ref<TasksCol>& oTaskCol) {
+                                                                    const Ref<TasksCol>& oTaskCol, Answer answer) {
     return kTail<Self>.template Run<Boolean>(member_label, [&](Boolean& result) {
-        result = In(static_cast<Self&>(*this)).Find(item_key.Key())->SetTasksCollection(relations, oTaskCol);
+        const Ref<ItemOf> item = In(static_cast<Self&>(*this)).Find(item_key.Key());
+        const Boolean wired = item->SetTasksCollection(relations, oTaskCol);
+        result = answer == Answer::kTrue ? True : wired;
     });
 }
 

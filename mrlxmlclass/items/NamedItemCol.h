@@ -17,8 +17,9 @@ protected:
                     const Ref<Relations>& relations);
     Boolean UnAssigne(const Variant& item_key, const Variant& TaskKey, const Ref<TasksCol>& oTaskCol,
                       const Ref<Relations>& relations);
+    enum class Answer { kOfTheItem, kTrue };
     Boolean SetTasksCollectionOf(const char* member_label, const Variant& item_key, const Ref<Relations>& relations,
-                                 const Ref<TasksCol>& oTaskCol);
+                                 const Ref<TasksCol>& oTaskCol, Answer answer);
 };
 
 }  // namespace mrlxmlclass

@@ -61,18 +61,6 @@ Variant PlanItem<Self, Relations, FieldsOf>::FindRelationKey(const Variant& Task
 }
 
 template <class Self, class Relations, class FieldsOf>
-KeyText PlanItem<Self, Relations, FieldsOf>::Internal::FirstRelationTo(const KeyText& task,
-                                                                       const Ref<Relations>& project) const {
-    const Ref<Relations> own = PeekRelations();
-    if (!own) return {};
-    for (const auto& entry : own->NewEnum()) {
-        const auto relation = project->Item(entry.item->elementKey());
-        if (relation && KeyText(relation->TaskKey()) == task) return KeyText(relation->elementKey());
-    }
-    return {};
-}
-
-template <class Self, class Relations, class FieldsOf>
 Boolean PlanItem<Self, Relations, FieldsOf>::Internal::IncrementID(const Ref<StaticCls>& oPublicStaticCls) {
     return kTail<Self>.template Run<Boolean>("IncrementID", [&](Boolean& result) {
         f_.key = IssueKey(oPublicStaticCls, kItemRow<Self>.counter, kItemRow<Self>.draws_from).Number();

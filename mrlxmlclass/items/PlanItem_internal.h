@@ -28,9 +28,22 @@ public:
     Ref<Relations> ReadRelations() {
         return f_.relations.Read([] { return Make<Relations>(); });
     }
-    /// The key of the first of this item's relations that leads to a task, looked up in the project's; none when there
-    /// is none.
-    KeyText FirstRelationTo(const KeyText& task, const Ref<Relations>& project) const;
+    /// The key of the first of this item's relations that, looked up in the project's, leads to a task; none when there
+    /// is none. `leads` tells of a task key whether it is that one.
+    template <class Leads>
+    KeyText FirstRelationTo(const Ref<Relations>& project, Leads&& leads) const {
+        const Ref<Relations> own = PeekRelations();
+        if (!own) return {};
+        for (const auto& entry : own->NewEnum()) {
+            const auto relation = project->Item(entry.item->elementKey());
+            if (relation && leads(relation->TaskKey())) return KeyText(entry.item->elementKey());
+        }
+        return {};
+    }
+    /// The same for a task key as a number.
+    KeyText FirstRelationTo(const KeyText& task, const Ref<Relations>& project) const {
+        return FirstRelationTo(project, [wanted = task.Value()](Long key) { return key.value() == wanted; });
+    }
     /// Issues a key. A failure is recorded, and leaves the key as it is.
     Boolean IncrementID(const Ref<StaticCls>& oPublicStaticCls);
 

@@ -22,11 +22,12 @@ public:
                                const Ref<TaskObstaclesRelationCol>& oTaskObstaclesCol) {
         return UnAssigne(Obstacleskey, TaskKey, oTaskCol, oTaskObstaclesCol);
     }
-    /// Fills the `Tasks` of one obstacle anew.
+    /// Fills the `Tasks` of one obstacle anew. Gives True for an obstacle that is there, as PeopleCol does.
     Boolean SetTasksCollectionByID(const Variant& p_obstacleId,
                                    const Ref<TaskObstaclesRelationCol>& oTaskObstaclesRelationcol,
                                    const Ref<TasksCol>& oTaskCol) {
-        return SetTasksCollectionOf("SetTasksCollectionByID", p_obstacleId, oTaskObstaclesRelationcol, oTaskCol);
+        return SetTasksCollectionOf("SetTasksCollectionByID", p_obstacleId, oTaskObstaclesRelationcol, oTaskCol,
+                                    Answer::kTrue);
     }
 };
 

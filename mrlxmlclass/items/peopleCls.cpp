@@ -43,7 +43,9 @@ Boolean peopleCls::RemoveTasksRelation(const Variant& aTaskKey,
     // Kept: recorded under the name of another member.
     return kTail.Run<Boolean>("SetTasksCollection", [&](Boolean& result) {
         const Ref<peopleCls> held(this);  // a listener may let go of it
-        const KeyText key = In(*this).FirstRelationTo(aTaskKey.Key(), oTaskPeopleRelationcol);
+        const KeyText key = In(*this).FirstRelationTo(oTaskPeopleRelationcol, [wanted = aTaskKey.Key()](Long task_key) {
+            return KeyText(task_key) == wanted;  // as texts, here alone
+        });
         if (!key.none()) {
             TaskPeopleRelation()->Remove(key.text());
             // Kept: the copy becomes a candidate and stays. It shares its lists with the live task: where the person

@@ -47,6 +47,16 @@ Interned& Texts() {
     return texts;
 }
 
+/// Any number that a text is; endless beyond a double. Nothing for any other text.
+std::optional<double> NumberIn(std::string_view text) {
+    text = BareNumber(text);
+    const bool in_words = text.find_first_of("0123456789") == std::string_view::npos;  // "inf", "nan"
+    double value = 0;
+    const auto [end, error] = std::from_chars(text.data(), text.data() + text.size(), value);
+    if (in_words || end != text.data() + text.size()) return std::nullopt;
+    return error == std::errc::result_out_of_range ? HUGE_VAL : value;
+}
+
 }  // namespace
 
 void KeyText::Intern(std::string_view text) {
@@ -66,6 +76,10 @@ Long KeyText::NumberOfText() const {
     return KeyNumber(text());
 }
 
+double KeyText::ValueOfText() const {
+    return KeyValue(text());
+}
+
 std::optional<Long> WholeNumberIn(std::string_view text) {
     text = BareNumber(text);
     std::int32_t number = 0;
@@ -79,12 +93,13 @@ Long KeyNumber(std::string_view text) {
 }
 
 double KeyValue(std::string_view text) {
-    text = BareNumber(text);
-    const bool in_words = text.find_first_of("0123456789") == std::string_view::npos;  // "inf", "nan"
-    double value = 0;
-    const auto [end, error] = std::from_chars(text.data(), text.data() + text.size(), value);
-    if (in_words || end != text.data() + text.size()) return 0;
-    return error == std::errc::result_out_of_range ? HUGE_VAL : value;
+    return NumberIn(text).value_or(0);
+}
+
+std::optional<Long> KeyIn(std::string_view text) {
+    const std::optional<double> value = NumberIn(text);
+    if (!value || *value != std::trunc(*value) || std::abs(*value) > INT32_MAX) return std::nullopt;
+    return Long(*value);
 }
 
 }  // namespace mrlxmlclass

@@ -244,7 +244,7 @@ void Application::SetPreviewSettings(const Variant& p_value) {
 
 Boolean Application::TaskRelated(const String& p_task_key) {
     return kTail.Run<Boolean>("TaskRelated", [&](Boolean& result) {
-        const std::optional<Long> key = WholeNumberIn(p_task_key);
+        const std::optional<Long> key = KeyIn(p_task_key);
         if (!key) return;
         result = mrlxmlclass::TaskRelated(*key, xTaskPeopleRelationcol(), xTaskGoalRelationcol(),
                                           xTaskObstaclesRelationcol());

@@ -88,9 +88,9 @@ Ref<TasksCol> TasksCol::GetValidTasks() {
 Ref<TasksCol> TasksCol::GetTasks(const Variant& TaskId) {
     return kTail.Run<Ref<TasksCol>>("GetTasks", [&](Ref<TasksCol>& result) {
         result = Make<TasksCol>();
-        const Long parent = TaskId.Key().Number();
+        const double parent = TaskId.Key().Value();
         for (const auto& entry : NewEnum()) {
-            if (entry.item->ParentID() == parent) result->AddItem(entry.item);
+            if (entry.item->ParentID().value() == parent) result->AddItem(entry.item);
         }
     });
 }

@@ -93,6 +93,19 @@ TEST(DTPickerStart, OfATaskWhoseEndNobodyCountsBringsItToTheStart) {
     });
 }
 
+TEST(DTPickerStart, KeepsTheLastDayOfThePlanWhereItBringsAnEndToTheStart) {
+    Plan plan;
+    plan.Task("Design").Holding(Date(), Date(), 1).Task("Last").From(Wednesday);
+    plan["Design"].TaskEDateValid(False);
+    EditInDialog(plan, "Design", [](EditTask& form) {
+        Module().g_MaxDate = Wednesday;
+        form.DTPickerStart.Value(Friday);
+        form.DTPickerStart_Change();
+        EXPECT_EQ(form.Task()->TaskEDate(), Friday);
+        EXPECT_EQ(Module().g_MaxDate, Wednesday) << "the end is stored past the rules";
+    });
+}
+
 TEST(DTPickerStart, KeepsShowingTheDayThatWasChosenThoughTheTaskStartsOnAnother) {
     InDialog([](EditTask& form) {
         form.DTPickerStart.Value(Saturday);
@@ -111,6 +124,18 @@ TEST(DTPickerEnd, OfATaskWithoutAStartBringsTheStartToTheEnd) {
         form.DTPickerEnd_Change();
         EXPECT_EQ(form.Task()->TaskBDate(), Tuesday);
         EXPECT_EQ(Dates(form), "2026-03-03 2026-03-03 1");
+    });
+}
+
+TEST(DTPickerEnd, OfAMilestoneWithoutAStartBringsTheStartToTheEnd) {
+    Plan plan;
+    plan.Task("Done").Milestone().Holding(Date(), Friday, 0);
+    EditInDialog(plan, "Done", [](EditTask& form) {
+        ASSERT_FALSE(form.Task()->TaskBDate().set());
+        ASSERT_EQ(form.Task()->TaskEDate(), Friday);
+        form.DTPickerEnd.Value(Wednesday);
+        form.DTPickerEnd_Change();
+        EXPECT_EQ(form.Task()->TaskBDate(), Wednesday);
     });
 }
 

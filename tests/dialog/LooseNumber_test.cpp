@@ -24,6 +24,9 @@ TEST(LooseNumber, ReadsWhatATextBeginsWith) {
     EXPECT_EQ(LooseNumber("-1e999"), -kEndless);
     EXPECT_EQ(LooseNumber("1e-999"), 0);
     EXPECT_EQ(LooseNumber("1E-999"), 0);
+    for (const char* endless : {"1e+400", "0.01e+311", "0.01E+311", ".5e+400 pieces"}) {
+        EXPECT_EQ(LooseNumber(endless), kEndless) << endless;
+    }
     const String zeros(400, '0');
     EXPECT_EQ(LooseNumber("0." + zeros + "1"), 0);
     EXPECT_EQ(LooseNumber("1" + zeros + "e-5"), kEndless);

@@ -61,6 +61,18 @@ TEST(UnAssigneGoal, OfAPairWithoutARelationChangesNothing) {
     EXPECT_EQ(plan.relations()->Count(), 1);
 }
 
+TEST(UnAssigneGoal, FindsTheTaskByItsNumber) {
+    GoalPlan plan;
+    plan.AssigneGoal();
+    const Ref<GoalsCls> goal = plan.goals().Item(1);
+    for (const char* one : {"1", "01", "1.0"}) EXPECT_EQ(goal->TaskAssigned(one, plan.relations()), True) << one;
+    for (const char* other : {"", "1.5", "2", "99999999999"}) {
+        EXPECT_EQ(goal->TaskAssigned(other, plan.relations()), False) << other;
+    }
+    EXPECT_EQ(plan.goals().UnAssigneGoal(1, "01", plan.app->xTaskCol(), plan.relations()), True);
+    EXPECT_EQ(plan.relations()->Count(), 0);
+}
+
 TEST(UnAssigneGoal, ClearsTheGoalAndTheProjectAndKeepsTheTasksSideAndACandidate) {
     GoalPlan plan;
     plan.AssigneGoal();
@@ -192,9 +204,25 @@ TEST(SetTasksCollectionByGoal, FillsOneGoalAndFailsForAnUnknownOne) {
     EXPECT_EQ(plan.goals().SetTasksCollectionByGoal(plan.relations(), plan.app->xTaskCol(), 1), True);
     EXPECT_EQ(KeysOf(plan.goals().Item(1)->Tasks()), "1");
     EXPECT_EQ(plan.goals().SetTasksCollectionByGoal(plan.relations(), plan.app->xTaskCol(), 9), False);
-    EXPECT_EQ(plan.obstacles().SetTasksCollectionByID(1, plan.app->xTaskObstaclesRelationcol(), plan.app->xTaskCol()),
-              True);
     EXPECT_EQ(plan.failures.Taken(), "GoalsCol/SetTasksCollectionByGoal 91\n");
+}
+
+TEST(SetTasksCollectionByGoal, GivesTheAnswerOfTheGoal) {
+    GoalPlan plan;
+    plan.AssigneGoal();
+    EXPECT_EQ(plan.goals().SetTasksCollectionByGoal(plan.relations(), {}, 1), False);
+    EXPECT_EQ(plan.failures.Taken(), "GoalsCls/SetTasksCollection 91\n");
+}
+
+TEST(SetTasksCollectionByID, GivesTrueForAnyObstacleThatIsThere) {
+    GoalPlan plan;
+    const auto relations = plan.app->xTaskObstaclesRelationcol();
+    plan.obstacles().AssigneObstacles("1", 1, plan.app->xTaskCol(), relations);
+    EXPECT_EQ(plan.obstacles().SetTasksCollectionByID(1, relations, plan.app->xTaskCol()), True);
+    EXPECT_EQ(plan.obstacles().SetTasksCollectionByID(1, Make<TaskObstaclesRelationCol>(), plan.app->xTaskCol()), True);
+    EXPECT_EQ(plan.failures.Taken(), "TaskObstaclesRelationCol/Item 5\nobstaclesCls/SetTasksCollection 91\n");
+    EXPECT_EQ(plan.obstacles().SetTasksCollectionByID(9, relations, plan.app->xTaskCol()), False);
+    EXPECT_EQ(plan.failures.Taken(), "obstaclesCol/SetTasksCollectionByID 91\n");
 }
 
 }  // namespace

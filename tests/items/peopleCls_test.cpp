@@ -165,6 +165,21 @@ TEST(RemoveTasksRelation, HandlesTheFirstMatchAndMakesTheCopyOfTheTaskACandidate
     EXPECT_EQ(person->Tasks()->Item(4)->TaskCondidat(), False);
 }
 
+TEST(RemoveTasksRelation, ComparesTextsAndRemovesTheKeyThatThePersonHas) {
+    Items s;
+    const auto person = s.Person("Ann");
+    const auto project = s.Master<TaskAssigmentRelationCol>();
+    const auto relation = s.Bare<TaskAssigmentRelationCls>("7");
+    relation->TaskKey(4);
+    project->AddItem(relation);
+    person->TaskPeopleRelation()->AddItem(relation);
+    project->Item("7")->elementKey("9");
+    EXPECT_EQ(person->RemoveTasksRelation("04", project), True);
+    EXPECT_EQ(person->TaskPeopleRelation()->Count(), 1);
+    EXPECT_EQ(person->RemoveTasksRelation("4", project), True);
+    EXPECT_EQ(person->TaskPeopleRelation()->Count(), 0);
+}
+
 TEST(RemoveTasksRelation, KeepsTakingTheChildFromTheLiveParentWhereThePersonHasACopyOfThatToo) {
     Plan plan;
     plan.Task("Phase").Task("Dig").Under("Phase");

@@ -128,9 +128,19 @@ TEST(KeyValue, ReadsAnyNumberToCompareBy) {
     for (const Row& row : {Row{"5", 5}, Row{"05", 5}, Row{"+5", 5}, Row{" -5 ", -5}, Row{"7.0", 7}, Row{"7.5", 7.5},
                            Row{"1e3", 1000}, Row{"99999999999", 99999999999}, Row{"1e999", HUGE_VAL}}) {
         EXPECT_EQ(KeyValue(row.text), row.value) << row.text;
+        EXPECT_EQ(KeyText(row.text).Value(), row.value) << row.text;
     }
     for (const char* text : {"", " ", "-", "+-5", "5a", "a5", "5 5", "0x10", "inf", "nan", "-inf"}) {
         EXPECT_EQ(KeyValue(text), 0) << text;
+    }
+}
+
+TEST(KeyIn, FindsTheKeyThatANumberEquals) {
+    for (const char* seven : {"7", "7.0", "07", " +7 ", "70e-1"}) EXPECT_EQ(KeyIn(seven), Long(7)) << seven;
+    EXPECT_EQ(KeyIn("-0"), Long(0));
+    EXPECT_EQ(KeyIn("2147483647"), Long(INT32_MAX));
+    for (const char* none : {"", "a", "7.5", "2147483648", "-1e10", "1e999", "inf"}) {
+        EXPECT_EQ(KeyIn(none), std::nullopt) << none;
     }
 }
 

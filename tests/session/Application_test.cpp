@@ -326,7 +326,8 @@ TEST(TaskRelated, ComparesNumbersAndKnowsNoTextThatIsNone) {
     plan.Task("A");
     Relate(plan.app->xTaskPeopleRelationcol(), plan.Number("A"));
     Relate(plan.app->xTaskPeopleRelationcol(), 0);
-    EXPECT_EQ(plan.app->TaskRelated("01"), True);
+    for (const char* one : {"01", "1.0", "1e0", " +1 "}) EXPECT_EQ(plan.app->TaskRelated(one), True) << one;
+    for (const char* other : {"1.5", "99999999999", "-1e999"}) EXPECT_EQ(plan.app->TaskRelated(other), False) << other;
     for (const char* zero : {"0", "00", " 0", "+0", "-0"}) EXPECT_EQ(plan.app->TaskRelated(zero), True) << zero;
     EXPECT_EQ(plan.app->TaskRelated(""), False);
     EXPECT_EQ(plan.app->TaskRelated("A"), False);

@@ -243,6 +243,14 @@ TEST(GetTasks, GivesClonesOfTheChildren) {
     EXPECT_EQ(plan.col().GetTasks(77)->Count(True), 0);
 }
 
+TEST(GetTasks, ComparesAsNumbers) {
+    Plan plan;
+    plan.Task("Phase").Task("Design").Under("Phase").Task("Other");
+    for (const char* phase : {"1.0", "01", " 1 "}) EXPECT_EQ(Walked(*plan.col().GetTasks(phase)), "Design") << phase;
+    for (const char* nobody : {"1.5", "99999999999"}) EXPECT_EQ(Walked(*plan.col().GetTasks(nobody)), "") << nobody;
+    EXPECT_EQ(Walked(*plan.col().GetTasks("A")), "Phase Other") << "no number counts as the top";
+}
+
 TEST(GetTasks, KeepsCandidatesAtTheTopLevelUncounted) {
     Plan plan;
     plan.Task("Phase").Task("Design").Under("Phase").Task("Kept aside").Candidate().Task("Last");
