@@ -6,7 +6,7 @@
 #include <array>
 #include <cmath>
 
-#include "mrlxmlclass/scheduling/OneDayEach.h"
+#include "mrlxmlclass/scheduling/KeptLengths.h"
 #include "mrlxmlclass/scheduling/Waits.h"
 #include "mrlxmlclass/scheduling/WorkingDays.h"
 #include "mrlxmlclass/session/ModuleState.h"
@@ -291,7 +291,7 @@ Remarks SetAll(Setting setting, std::vector<Assignment> assignments) {
             throw Refusal(fmt::format("the {} of \"{}\" follows from the tasks below it", field.name,
                                       Plain(setting.task.TaskName())));
         }
-        const OneDayEach aside(setting.project.tasks(), field.of_length ? &setting.task : nullptr);
+        const KeptLengths aside(setting.project.tasks(), field.of_length ? &setting.task : nullptr);
         field.set(setting, *value);
     }
     return setting.remarks;

@@ -55,6 +55,15 @@ public:
         }
         return told;
     }
+    void MeasureLeads() {
+        for (const auto& entry : tasks_->NewEnum()) {
+            for (const Ref<TasksCls>& predecessor : PredecessorsOf(tasks_, *entry.item)) {
+                const LinkDates dates{predecessor->TaskEDate(), entry.item->TaskBDate()};
+                if (!dates.measurable() || dates.Gap() == LeadOf(tasks_, {entry.item, predecessor})) continue;
+                tasks_->AddLeadTime(KeyOf(*entry.item), KeyOf(*predecessor), Integer(dates.Gap()));
+            }
+        }
+    }
     std::vector<std::string> MeasureMissingLeads() {
         for (const auto& entry : tasks_->NewEnum()) {
             if (entry.item->TaskKey() != 0 && entry.item->TaskPredecessorValid()) LookForLeads(*entry.item);
@@ -172,19 +181,10 @@ private:
         }));
     }
 
-    /// As the library measures it by the dates; the task's other lead times stay.
-    Integer GapTowards(TasksCls& task, const std::string& key) {
-        const Ref<Collection> links = task.TaskPredecessor();
-        const Ref<Collection> leads = task.TaskLeadTime();
-        const auto link = Make<Collection>();
-        link->Add(key, key);
-        task.TaskPredecessor(link);
-        task.TaskLeadTime(Make<Collection>());
-        tasks_->CalcLeadTime(KeyOf(task));
-        const Integer gap = tasks_->GetLeadTime(key, task.TaskLeadTime());
-        task.TaskPredecessor(links);
-        task.TaskLeadTime(leads);
-        return gap;
+    /// As the dates tell it; none where they tell nothing.
+    Integer GapTowards(const TasksCls& task, const std::string& key) const {
+        const LinkDates dates{tasks_->Item(key)->TaskEDate(), task.TaskBDate()};
+        return dates.measurable() ? Integer(dates.Gap()) : Integer(0);
     }
 
     bool WaitsFor(TasksCls& task, const std::string& key) const {
@@ -216,6 +216,10 @@ std::vector<std::string> TakeOffWhatMayNotBe(const Project& project, const std::
 
 std::vector<std::string> MeasureMissingLeads(const Project& project) {
     return Links(project.tasks(), Findings::Purpose::kMend).MeasureMissingLeads();
+}
+
+void MeasureLeads(const Project& project) {
+    Links(project.tasks(), Findings::Purpose::kMend).MeasureLeads();
 }
 
 }  // namespace prx

@@ -2,7 +2,7 @@
 
 #include <fmt/core.h>
 
-#include "mrlxmlclass/scheduling/OneDayEach.h"
+#include "mrlxmlclass/scheduling/KeptLengths.h"
 #include "mrlxmlclass/scheduling/Waits.h"
 #include "prx/Edit.h"
 #include "prx/Outline.h"
@@ -47,7 +47,7 @@ void PutBehind(const Project& project, TasksCls& task, const Ref<TasksCls>& pred
 
 void LinkTasks(const Project& project, const Ref<TasksCls>& task, const Ref<TasksCls>& predecessor,
                std::optional<Integer> lag) {
-    const OneDayEach aside(project.tasks());
+    const KeptLengths aside(project.tasks());
     const Ref<TasksCol> tasks = project.tasks();
     project.links().AskedFor(*task, *predecessor);
     // The library looks one level down.

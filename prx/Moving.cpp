@@ -4,7 +4,7 @@
 
 #include <algorithm>
 
-#include "mrlxmlclass/scheduling/OneDayEach.h"
+#include "mrlxmlclass/scheduling/KeptLengths.h"
 #include "mrlxmlclass/session/ModuleState.h"
 #include "prx/Outline.h"
 #include "prx/Refusal.h"
@@ -141,7 +141,7 @@ Remarks IndentTask(const Project& project, const Ref<TasksCls>& task) {
     const Ref<TasksCls> parent = Neighbour(project, *task, Direction::kUp);
     if (!parent) throw Refusal(fmt::format("{} stands first on its level: there is no task above it", Quoted(*task)));
     RefuseTooDeep(project, *task, *parent);
-    const OneDayEach aside(project.tasks());
+    const KeptLengths aside(project.tasks());
     const Long old_parent = task->ParentID();
     Remarks lost = LostAsSummary(project, *parent);
     FreeParentsOf(project, *task, parent);
@@ -155,7 +155,7 @@ void OutdentTask(const Project& project, const Ref<TasksCls>& task) {
     RefuseWithoutWayUp(project, *task);
     const Ref<TasksCls> parent = project.tasks()->Item(task->ParentID());
     if (!parent) throw Refusal(fmt::format("{} stands at the top already", Quoted(*task)));
-    const OneDayEach aside(project.tasks());
+    const KeptLengths aside(project.tasks());
     const Long old_parent = task->ParentID();
     MoveRows(project, *task, LastRow(project, *parent) + 1);
     project.tasks()->ChangeRemoveTaskParent(KeyOf(*task), Text(parent->ParentID()), KeyOf(*parent), {}, {}, kSource);

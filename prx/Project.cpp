@@ -305,6 +305,7 @@ void Project::Save() {
     std::vector<std::string> link_changes = TakeOffWhatMayNotBe(*this, links().Come());
     MendSummaries(*this);        // a walk along the links leaves some as they were
     MeasureMissingLeads(*this);  // and a link that bridges over a task
+    MeasureLeads(*this);
     const std::vector<std::string> mended = MendWhatLeadsNowhere();
     RefuseIfFailed();
     RefuseBeyondLastYear(*this);

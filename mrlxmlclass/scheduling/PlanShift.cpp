@@ -3,7 +3,7 @@
 #include <algorithm>
 #include <unordered_set>
 
-#include "mrlxmlclass/scheduling/OneDayEach.h"
+#include "mrlxmlclass/scheduling/KeptLengths.h"
 #include "mrlxmlclass/scheduling/WorkingDays.h"
 #include "mrlxmlclass/tasks/TasksCol_internal.h"
 
@@ -60,7 +60,7 @@ Date PlanShift::last() const {
 Boolean PlanShift::Run() {
     return kTail.Run<Boolean>("Run", [&](Boolean& result) {
         {
-            const OneDayEach aside(tasks_, nullptr, OneDayEach::Told::kNothing);
+            const KeptLengths aside(tasks_, nullptr, KeptLengths::Told::kNothing);
             for (Leaf& leaf : leaves_) PlaceBehindOthers(leaf);
         }
         for (const Leaf& leaf : leaves_) Follow(leaf);

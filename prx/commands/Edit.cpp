@@ -1,7 +1,7 @@
 #include "prx/Edit.h"
 
 #include "examples/task_dialog_texts.h"
-#include "mrlxmlclass/scheduling/OneDayEach.h"
+#include "mrlxmlclass/scheduling/KeptLengths.h"
 #include "mrlxmlclass/session/SafeFile.h"
 #include "prx/Command.h"
 #include "prx/Content.h"
@@ -49,7 +49,7 @@ public:
         }
         // The dialog stores dates without moving what depends on them.
         if (task->TaskBDate() != start || task->TaskEDate() != end) {
-            const OneDayEach aside(project.tasks(), task.get());
+            const KeptLengths aside(project.tasks(), task.get());
             DatesChanged(project, *task);
         }
         project.Save();

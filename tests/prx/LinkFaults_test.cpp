@@ -120,7 +120,17 @@ TEST_F(Links, HaveALeadTimeWhereTheyBridgeOverATask) {
     plan_.Edit({"link", "Last", "Middle", "--lag", "9"});
     plan_.Edit({"remove", "Middle"});
     EXPECT_EQ(plan_.Predecessors("Last"), "5 6");
-    EXPECT_TRUE(Has(plan_.Read("a.prx"), ";5|"));
+    EXPECT_TRUE(Has(plan_.Read("a.prx"), "<TaskLeadTime>5|0;6|0</TaskLeadTime>"));
+}
+
+TEST_F(Links, HaveTheLeadTimeThatTheirDatesTell) {
+    plan_.Edit({"add", "Month", "--start", "2026-12-10", "--duration", "1mons"});
+    plan_.Edit({"add", "Next", "--start", "2027-01-12"});
+    plan_.Edit({"link", "Next", "Month"});
+    EXPECT_EQ(plan_.Days("Month"), "2026-12-10 2027-01-10") << "a Sunday";
+    EXPECT_TRUE(Has(plan_.Row("Next"), R"("predecessors": [{"key": 5, "lag": 1}])")) << plan_.Row("Next");
+    plan_.Edit({"set", "Month", "start=2026-12-11"});
+    EXPECT_EQ(plan_.Days("Next"), "2027-01-13 2027-01-13");
 }
 
 TEST_F(Links, WhoseOtherLeadTimesStay) {

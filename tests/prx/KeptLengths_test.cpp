@@ -6,9 +6,9 @@ namespace prx_test {
 namespace {
 
 /// 1 Before (a Monday), 2 Half (a part of the Tuesday behind it), 3 Behind, each waits for the one before.
-class OneDayEach : public testing::Test {
+class KeptLengths : public testing::Test {
 protected:
-    OneDayEach() {
+    KeptLengths() {
         plan_.Output({"new", "a.prx"});
         plan_.Output({"add", "a.prx", "Before", "--start", "2026-12-07", "--duration", "1"});
         plan_.Output({"add", "a.prx", "Half", "--start", "2026-12-08", "--duration", "0.5"});
@@ -27,12 +27,12 @@ protected:
 
 }  // namespace
 
-TEST_F(OneDayEach, LastsATaskOfAPartOfADayThatStartsElsewhere) {
+TEST_F(KeptLengths, LastsATaskOfAPartOfADayThatStartsElsewhere) {
     plan_.Edit({"set", "Half", "start=2026-12-11"});
     ExpectOn("2026-12-11", "2026-12-14");
 }
 
-TEST_F(OneDayEach, GivesNoTaskDatesThatHasNone) {
+TEST_F(KeptLengths, GivesNoTaskDatesThatHasNone) {
     std::string file = plan_.Read("a.prx");
     for (const char* date : {"TaskBDate", "TaskEDate"}) {
         file = Replaced(file, std::string("<") + date + ">12/8/2026</" + date + ">", "");
@@ -44,14 +44,14 @@ TEST_F(OneDayEach, GivesNoTaskDatesThatHasNone) {
     EXPECT_TRUE(Has(plan_.Row("Half"), R"("start": null)")) << plan_.Row("Half");
 }
 
-TEST_F(OneDayEach, LastsOneThatFollowsAnotherTask) {
+TEST_F(KeptLengths, LastsOneThatFollowsAnotherTask) {
     plan_.Edit({"set", "Before", "duration=4"});
     ExpectOn("2026-12-11", "2026-12-14");
     plan_.Edit({"set", "Before", "end=2026-12-08"});
     ExpectOn("2026-12-09", "2026-12-10");
 }
 
-TEST_F(OneDayEach, LastsOneThatIsLinkedShiftedOrMoved) {
+TEST_F(KeptLengths, LastsOneThatIsLinkedShiftedOrMoved) {
     plan_.Edit({"link", "Behind", "Before", "--lag", "3"});
     ExpectOn("2026-12-08", "2026-12-11");
     plan_.Edit({"shift", "7"});
@@ -62,7 +62,7 @@ TEST_F(OneDayEach, LastsOneThatIsLinkedShiftedOrMoved) {
     EXPECT_EQ(days.substr(0, 10), days.substr(11));
 }
 
-TEST_F(OneDayEach, LastsMostOfAWeekOrMonthThatGotADay) {
+TEST_F(KeptLengths, LastsMostOfAWeekOrMonthThatGotADay) {
     plan_.Edit({"set", "Half", "duration=0.9wks"});
     plan_.Edit({"set", "Behind", "duration=0.6mons"});
     const auto expect_on = [&](const std::string& half, const std::string& behind) {
@@ -80,14 +80,28 @@ TEST_F(OneDayEach, LastsMostOfAWeekOrMonthThatGotADay) {
     expect_on("2026-12-21", "2026-12-22");
 }
 
-TEST_F(OneDayEach, LeavesASummaryItsOwnLength) {
+TEST_F(KeptLengths, LastsAMonthBelowASummaryThatMoves) {
+    plan_.Output({"add", "a.prx", "Phase", "--start", "2026-12-09"});
+    plan_.Output({"add", "a.prx", "First", "--under", "Phase", "--start", "2026-12-09", "--duration", "1"});
+    plan_.Output({"add", "a.prx", "Month", "--under", "Phase", "--start", "2026-12-10", "--duration", "1mons"});
+    plan_.Output({"add", "a.prx", "Next", "--start", "2027-01-13", "--duration", "2"});
+    plan_.Output({"link", "a.prx", "Next", "Month", "--lag", "1"});
+    EXPECT_EQ(plan_.Days("Next"), "2027-01-12 2027-01-13");
+    plan_.Output({"link", "a.prx", "Phase", "Before", "--lag", "2"});
+    EXPECT_EQ(plan_.Days("Month"), "2026-12-11 2027-01-11");
+    EXPECT_EQ(plan_.Days("Phase"), "2026-12-10 2027-01-11");
+    EXPECT_EQ(plan_.Days("Next"), "2027-01-13 2027-01-14");
+    plan_.Output({"check", "a.prx"});
+}
+
+TEST_F(KeptLengths, LeavesASummaryItsOwnLength) {
     plan_.Edit({"set", "Half", "duration=0.9wks"});
     plan_.Edit({"unlink", "Behind"});
     plan_.Edit({"indent", "Behind"});
     EXPECT_TRUE(Has(plan_.Row("Half"), R"("duration": 1, "unit": "days")")) << plan_.Row("Half");
 }
 
-TEST_F(OneDayEach, TellsTheLengthThatATaskHas) {
+TEST_F(KeptLengths, TellsTheLengthThatATaskHas) {
     const std::string told = plan_.Edit({"set", "Half", "start=2026-12-11"});
     EXPECT_TRUE(
         told.ends_with("DurationChange(2, 0.5, days, False, False)\n"
@@ -97,7 +111,7 @@ TEST_F(OneDayEach, TellsTheLengthThatATaskHas) {
         << told;
 }
 
-TEST_F(OneDayEach, LeavesATaskTheLengthThatItIsGiven) {
+TEST_F(KeptLengths, LeavesATaskTheLengthThatItIsGiven) {
     plan_.Edit({"set", "Half", "duration=1"});
     EXPECT_TRUE(Has(plan_.Row("Half"), R"("duration": 1,)")) << plan_.Row("Half");
     plan_.Edit({"set", "Behind", "unit=hrs"});
