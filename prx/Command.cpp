@@ -2,6 +2,7 @@
 
 #include <fmt/core.h>
 
+#include "mrlxmlclass/scheduling/Waits.h"
 #include "prx/Edit.h"
 #include "prx/EventLog.h"
 #include "prx/Project.h"
@@ -21,7 +22,12 @@ int TaskCommand::Run(Host& host) {
     Read();
     Project project = Project::ToEdit(host, file(), force());
     const EventLog events(project.tasks());
-    Change(project, Find(project, task_));
+    const auto task = Find(project, task_);
+    const bool in_circle = WaitsForItself(project.tasks(), task);
+    Change(project, task);
+    if (!in_circle && WaitsForItself(project.tasks(), task)) {
+        Tell("the links run in a circle now: the task waits for itself");
+    }
     project.Save();
     for (const std::string& note : notes_) Note(note);
     events.Print();

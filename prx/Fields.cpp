@@ -174,6 +174,7 @@ void SetEnd(Setting& setting, const std::string& value) {
                  fmt::format("the end of a task in {} follows from its duration; set that, or unit=days", unit));
     }
     if (!IsWorkingDay(wanted)) NotTaken("end", value, "it is not a working day");
+    if (wanted != setting.task.TaskEDate()) LeaveFreeDay(setting);
     MoveEnd(setting, wanted);
     if (setting.task.TaskEDate() != wanted) NotTaken("end", value, Longest(kDays));
 }

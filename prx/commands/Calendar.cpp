@@ -70,6 +70,9 @@ private:
                 throw Refusal(
                     fmt::format("{} is a holiday, and free even as an exception; --no-holiday ends that", day));
             }
+            if (!calendar.IsNonWorkingDay(Long(ReadDate(day).weekday()))) {
+                throw Refusal(fmt::format("{} is worked already: its weekday is not free", day));
+            }
             calendar.SetADayAsExceptionDay(ReadDate(day));
         }
         for (const std::string& day : holidays_) {

@@ -1,4 +1,3 @@
-#include "mrlxmlclass/scheduling/Waits.h"
 #include "prx/Command.h"
 #include "prx/Edit.h"
 #include "prx/Links.h"
@@ -21,7 +20,6 @@ private:
     }
     void Change(const Project& project, const mrlxmlclass::Ref<mrlxmlclass::TasksCls>& task) override {
         LinkTasks(project, task, FindTask(project, predecessor_), days_);
-        if (WaitsForItself(project.tasks(), task)) Tell("the links run in a circle now: the task waits for itself");
     }
 
     std::string predecessor_;

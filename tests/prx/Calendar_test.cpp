@@ -67,6 +67,8 @@ TEST(Calendar, HasNoExceptionOnAHoliday) {
               "prx: 2026-06-27 is a holiday, and free even as an exception; --no-holiday ends that\n");
     EXPECT_EQ(folder.Read("a.prx"), before);
 
+    EXPECT_EQ(folder.Refusal({"calendar", "a.prx", "--exception", "2026-06-22"}),
+              "prx: 2026-06-22 is worked already: its weekday is not free\n");
     folder.Output({"calendar", "a.prx", "--no-holiday", "2026-06-20", "--exception", "2026-06-20"});
     EXPECT_EQ(folder.Prx({"calendar", "a.prx", "--holiday", "2026-06-20"}).err,
               "prx: 2026-06-20 is an exception, too, and free all the same\n");

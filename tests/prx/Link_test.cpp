@@ -124,6 +124,16 @@ TEST_F(Link, TellsACircleThroughASummary) {
     EXPECT_EQ(plan_.Prx({"link", "a.prx", "Phase", "Apart"}).err, circle);
 }
 
+TEST_F(Link, TellsACircleThatAMoveMakes) {
+    plan_.Edit({"add", "Apart"});
+    plan_.Edit({"link", "Phase", "Apart"});
+    plan_.Edit({"add", "Free"});
+    plan_.Edit({"link", "Apart", "Free"});
+    const std::string circle = "prx: the links run in a circle now: the task waits for itself\n";
+    EXPECT_TRUE(Has(plan_.Prx({"move", "a.prx", "Free", "--under", "Phase"}).err, circle));
+    EXPECT_EQ(plan_.Prx({"done", "a.prx", "Free", "50"}).err, "") << "told once";
+}
+
 TEST_F(Link, MakesNoSummaryWaitForWhatStandsFurtherBelowIt) {
     plan_.Edit({"add", "Part", "--under", "Test"});
     EXPECT_TRUE(Has(plan_.Refused({"link", "Phase", "Part"}), "a task cannot wait for what stands below it"));

@@ -244,6 +244,13 @@ TEST_F(Set, TakesNoEndOnAFreeDay) {
     EXPECT_EQ(folder_.Read("a.prx"), before);
 }
 
+TEST_F(Set, CountsToAnEndFromAWorkingDay) {
+    folder_.Output({"calendar", "a.prx", "--holiday", "2026-03-02"});
+    const Result result = folder_.Prx({"set", "a.prx", "2", "end=2026-03-05"});
+    EXPECT_EQ(result.err, "prx: 2026-03-02 is not a working day; the task starts on 2026-03-03\n");
+    ExpectIn("2", R"("start": "2026-03-03", "end": "2026-03-05", "duration": 3)");
+}
+
 TEST_F(Set, LetsTheDurationFollowFromTheEnd) {
     folder_.Output({"set", "a.prx", "2", "end=2026-03-10"});
     ExpectIn("2", R"("end": "2026-03-10", "duration": 7)");
