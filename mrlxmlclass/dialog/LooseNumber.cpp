@@ -23,8 +23,7 @@ Double LooseNumber(std::string_view text) {
     Double value = 0;
     const auto [end, error] = std::from_chars(number.data(), number.data() + number.size(), value);
     if (error == std::errc::result_out_of_range) {
-        const String plain = Replace(Replace(String(number.data(), end), "E", "e"), "e+", "e");
-        value = TooSmall(plain) ? 0 : std::numeric_limits<Double>::infinity();
+        value = TooSmall({number.data(), end}) ? 0 : std::numeric_limits<Double>::infinity();
         if (sign != 0) value = -value;
     }
     return value;

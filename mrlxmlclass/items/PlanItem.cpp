@@ -47,7 +47,7 @@ Boolean PlanItem<Self, Relations, FieldsOf>::SetTasksCollection(const Ref<Relati
 template <class Self, class Relations, class FieldsOf>
 Boolean PlanItem<Self, Relations, FieldsOf>::TaskAssigned(const Variant& TaskKey, const Ref<Relations>& cTaskRelation) {
     return kTail<Self>.template Run<Boolean>("TaskAssigned", [&](Boolean& result) {
-        result = !Internal(*this).FirstRelationTo(TaskKey.Key(), cTaskRelation).none();
+        result = !Internal(*this).FirstRelationTo(TaskKey.KeyValue(), cTaskRelation).none();
     });
 }
 
@@ -55,7 +55,7 @@ template <class Self, class Relations, class FieldsOf>
 Variant PlanItem<Self, Relations, FieldsOf>::FindRelationKey(const Variant& TaskKey,
                                                              const Ref<Relations>& cTaskRelation) {
     return kTail<Self>.template Run<Variant>("FindRelationKey", [&](Variant& result) {
-        const KeyText key = Internal(*this).FirstRelationTo(TaskKey.Key(), cTaskRelation);
+        const KeyText key = Internal(*this).FirstRelationTo(TaskKey.KeyValue(), cTaskRelation);
         if (!key.none()) result = key.text();
     });
 }

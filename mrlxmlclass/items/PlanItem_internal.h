@@ -41,8 +41,8 @@ public:
         return {};
     }
     /// The same for a task key as a number.
-    KeyText FirstRelationTo(const KeyText& task, const Ref<Relations>& project) const {
-        return FirstRelationTo(project, [wanted = task.Value()](Long key) { return key.value() == wanted; });
+    KeyText FirstRelationTo(double task, const Ref<Relations>& project) const {
+        return FirstRelationTo(project, [task](Long key) { return key.value() == task; });
     }
     /// Issues a key. A failure is recorded, and leaves the key as it is.
     Boolean IncrementID(const Ref<StaticCls>& oPublicStaticCls);

@@ -191,7 +191,7 @@ Boolean TasksCls::UpdatePeopleCollection(const Ref<TaskAssigmentRelationCol>& oT
     // Kept: recorded under the name of another member.
     return kTail.Run<Boolean>(
         "SetPeopleCollection", [&, oTaskPeopleRelationcol, oPeopleCol, personkey](Boolean& result) {
-            const double person = personkey.Key().Value();
+            const double person = personkey.KeyValue();
             for (const auto& entry : ItemsOf(f_.TaskPeopleRelation.cell.Peek())) {
                 if (entry.item->personkey().value() != person) continue;
                 TasksPeople()->Remove(personkey);

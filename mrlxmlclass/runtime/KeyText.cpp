@@ -50,11 +50,12 @@ Interned& Texts() {
 /// Any number that a text is; endless beyond a double. Nothing for any other text.
 std::optional<double> NumberIn(std::string_view text) {
     text = BareNumber(text);
-    const bool in_words = text.find_first_of("0123456789") == std::string_view::npos;  // "inf", "nan"
+    if (text.find_first_of("in") != std::string_view::npos) return std::nullopt;  // "inf", "nan"
     double value = 0;
     const auto [end, error] = std::from_chars(text.data(), text.data() + text.size(), value);
-    if (in_words || end != text.data() + text.size()) return std::nullopt;
-    return error == std::errc::result_out_of_range ? HUGE_VAL : value;
+    if (error == std::errc::invalid_argument || end != text.data() + text.size()) return std::nullopt;
+    if (error == std::errc::result_out_of_range) return TooSmall(text) ? 0 : HUGE_VAL;
+    return value;
 }
 
 }  // namespace
@@ -74,10 +75,6 @@ String KeyText::text() const {
 
 Long KeyText::NumberOfText() const {
     return KeyNumber(text());
-}
-
-double KeyText::ValueOfText() const {
-    return KeyValue(text());
 }
 
 std::optional<Long> WholeNumberIn(std::string_view text) {

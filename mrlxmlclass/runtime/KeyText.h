@@ -49,8 +49,6 @@ public:
     String text() const;
     /// The number that the text stands for; 0 for a text that is no number.
     Long Number() const { return is_number() ? Long(number()) : NumberOfText(); }
-    /// The same of any number, to compare by: see KeyValue.
-    double Value() const { return is_number() ? number() : ValueOfText(); }
 
     friend constexpr bool operator==(KeyText, KeyText) = default;
 
@@ -68,7 +66,6 @@ private:
     void Intern(std::string_view text);
     void InternNegative();
     Long NumberOfText() const;
-    double ValueOfText() const;
 
     std::int32_t id_ = kNoKey;
 };
@@ -78,7 +75,8 @@ private:
 std::optional<Long> WholeNumberIn(std::string_view text);
 /// The number that a key's text stands for; a text that is no number, and the empty text, count as 0.
 Long KeyNumber(std::string_view text);
-/// The same of any number, to compare by: "7.0" is 7, and "99999999999" is no Long but not 0 either.
+/// The same of any number, to compare by: "7.0" is 7, and "99999999999" is no Long but not 0 either. See also
+/// Variant::KeyValue.
 double KeyValue(std::string_view text);
 /// The key that a number equals, "7.0" and "7" alike; nothing for a text that is no number, and for one that no key can
 /// equal.

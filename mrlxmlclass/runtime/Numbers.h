@@ -4,6 +4,7 @@
 #include <concepts>
 #include <cstdint>
 #include <limits>
+#include <string_view>
 #include <utility>
 
 #include "mrlxmlclass/runtime/Failure.h"
@@ -14,6 +15,8 @@ using Double = double;
 
 /// Rounds to the nearest whole number, halves to the even one: the rounding of every conversion here.
 double RoundHalfToEven(double value);
+/// Whether a number such as "0.1e-400" that no double holds lies too close to 0 rather than too far from it.
+bool TooSmall(std::string_view number);
 
 template <class N>
 concept Whole = std::integral<N> && !std::same_as<N, bool>;

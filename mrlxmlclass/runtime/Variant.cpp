@@ -22,6 +22,11 @@ String Variant::Text(SourceLine where) const {
     Raise(failure::kTypeMismatch, where);
 }
 
+double Variant::KeyValue(SourceLine where) const {
+    const String* text = If<String>();
+    return text != nullptr ? mrlxmlclass::KeyValue(*text) : Number(where);
+}
+
 KeyText Variant::Key(SourceLine where) const {
     if (const String* text = If<String>()) return KeyText(*text);
     if (const Long* number = If<Long>()) return KeyText(*number);

@@ -82,6 +82,8 @@ public:
     /// The value as a number, as far as no locale has a say: any kind of number, a truth value as 0 or its raw bits, a
     /// moment as its days, Empty as 0. Anything else fails (13), texts too.
     Double Number(SourceLine where = SourceLine::Here()) const;
+    /// The number that it is compared by as a key: of a text the one that it is, 0 for one that is none.
+    double KeyValue(SourceLine where = SourceLine::Here()) const;
 
     /// The value as text: a number, an amount and a moment in the form of the locale, a truth value as "True" or
     /// "False", Empty as "". Anything else fails (13).

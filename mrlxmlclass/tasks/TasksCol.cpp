@@ -88,7 +88,7 @@ Ref<TasksCol> TasksCol::GetValidTasks() {
 Ref<TasksCol> TasksCol::GetTasks(const Variant& TaskId) {
     return kTail.Run<Ref<TasksCol>>("GetTasks", [&](Ref<TasksCol>& result) {
         result = Make<TasksCol>();
-        const double parent = TaskId.Key().Value();
+        const double parent = TaskId.KeyValue();
         for (const auto& entry : NewEnum()) {
             if (entry.item->ParentID().value() == parent) result->AddItem(entry.item);
         }

@@ -93,25 +93,6 @@ std::optional<String> PlainNumber(std::string_view text, const LocaleSettings& l
     return NumberScanner(Trim(text), locale).Scan();
 }
 
-bool TooSmall(std::string_view plain) {
-    const std::size_t e = std::min(plain.find('e'), plain.size());
-    const std::string_view digits = plain.substr(0, e);
-    const std::size_t first = digits.find_first_of("123456789");
-    if (first == std::string_view::npos) return true;
-    if (e < plain.size()) {
-        std::string_view exponent = plain.substr(e + 1);
-        const bool negative = exponent.starts_with('-');
-        if (negative) exponent.remove_prefix(1);
-        int power = 0;
-        const auto [end, error] = std::from_chars(exponent.data(), exponent.data() + exponent.size(), power);
-        // Far beyond the length of any text in memory that could make up for it.
-        if (error == std::errc::result_out_of_range) return negative;
-        const auto point = static_cast<std::int64_t>(std::min(digits.find('.'), digits.size()));
-        return point - static_cast<std::int64_t>(first) + (negative ? -power : power) < 0;
-    }
-    return digits.find('.') < first;
-}
-
 Double PlainToDouble(std::string_view plain) {
     double value = 0;
     const auto [end, error] = std::from_chars(plain.data(), plain.data() + plain.size(), value);

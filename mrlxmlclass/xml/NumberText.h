@@ -11,9 +11,6 @@ namespace mrlxmlclass {
 /// A number as a person writes it under a locale, brought to the plain form "-1234.5e6"; nothing when it is none.
 std::optional<String> PlainNumber(std::string_view text, const LocaleSettings& locale);
 
-/// Whether a plain form that no double holds lies too close to 0 rather than too far from it.
-bool TooSmall(std::string_view plain);
-
 /// The value of a plain form; out of range fails (6).
 Double PlainToDouble(std::string_view plain);
 Currency PlainToCurrency(std::string_view plain);

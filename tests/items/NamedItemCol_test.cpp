@@ -211,7 +211,7 @@ TEST(SetTasksCollectionByGoal, GivesTheAnswerOfTheGoal) {
     GoalPlan plan;
     plan.AssigneGoal();
     EXPECT_EQ(plan.goals().SetTasksCollectionByGoal(plan.relations(), {}, 1), False);
-    EXPECT_EQ(plan.failures.Taken(), "GoalsCls/SetTasksCollection 91\n");
+    EXPECT_EQ(plan.failures.Taken(), "GoalCls/SetTasksCollection 91\n");
 }
 
 TEST(SetTasksCollectionByID, GivesTrueForAnyObstacleThatIsThere) {

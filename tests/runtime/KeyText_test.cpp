@@ -8,6 +8,7 @@
 #include <unordered_set>
 #include <vector>
 
+#include "mrlxmlclass/runtime/Variant.h"
 #include "tests/support/NumberOf.h"
 
 namespace mrlxmlclass {
@@ -128,11 +129,19 @@ TEST(KeyValue, ReadsAnyNumberToCompareBy) {
     for (const Row& row : {Row{"5", 5}, Row{"05", 5}, Row{"+5", 5}, Row{" -5 ", -5}, Row{"7.0", 7}, Row{"7.5", 7.5},
                            Row{"1e3", 1000}, Row{"99999999999", 99999999999}, Row{"1e999", HUGE_VAL}}) {
         EXPECT_EQ(KeyValue(row.text), row.value) << row.text;
-        EXPECT_EQ(KeyText(row.text).Value(), row.value) << row.text;
+        EXPECT_EQ(Variant(row.text).KeyValue(), row.value) << row.text;
     }
-    for (const char* text : {"", " ", "-", "+-5", "5a", "a5", "5 5", "0x10", "inf", "nan", "-inf"}) {
+    for (const char* text :
+         {"", " ", "-", "+-5", "5a", "a5", "5 5", "0x10", "inf", "nan", "-inf", "nan(1)", "1e-999"}) {
         EXPECT_EQ(KeyValue(text), 0) << text;
     }
+}
+
+TEST(KeyValue, OfAVariantThatIsANumberIsThat) {
+    EXPECT_EQ(Variant(7).KeyValue(), 7);
+    EXPECT_EQ(Variant(1.5).KeyValue(), 1.5);
+    EXPECT_EQ(Variant(True).KeyValue(), -1);
+    EXPECT_EQ(Variant().KeyValue(), 0);
 }
 
 TEST(KeyIn, FindsTheKeyThatANumberEquals) {

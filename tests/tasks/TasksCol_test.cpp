@@ -249,6 +249,9 @@ TEST(GetTasks, ComparesAsNumbers) {
     for (const char* phase : {"1.0", "01", " 1 "}) EXPECT_EQ(Walked(*plan.col().GetTasks(phase)), "Design") << phase;
     for (const char* nobody : {"1.5", "99999999999"}) EXPECT_EQ(Walked(*plan.col().GetTasks(nobody)), "") << nobody;
     EXPECT_EQ(Walked(*plan.col().GetTasks("A")), "Phase Other") << "no number counts as the top";
+    plan.platform.locale.Use("M/d/yyyy", ",");
+    EXPECT_EQ(Walked(*plan.col().GetTasks(1.5)), "");
+    EXPECT_EQ(Walked(*plan.col().GetTasks(True)), "");
 }
 
 TEST(GetTasks, KeepsCandidatesAtTheTopLevelUncounted) {
