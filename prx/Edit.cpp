@@ -11,6 +11,7 @@
 #include "mrlxmlclass/items/TaskGoalRelationCol.h"
 #include "mrlxmlclass/items/TaskObstaclesRelationCol.h"
 #include "mrlxmlclass/items/obstaclesCol.h"
+#include "mrlxmlclass/scheduling/HeldDates.h"
 #include "mrlxmlclass/scheduling/KeptLengths.h"
 #include "prx/Items.h"
 #include "prx/Outline.h"
@@ -197,7 +198,8 @@ Ref<TasksCls> AddBeside(const Project& project, const std::string& name, Long pl
 void RemoveTask(const Project& project, const Ref<TasksCls>& task) {
     // A task that something is tied to would stay as a candidate, which no command shows.
     UnassignAll(project, Subtree(project, task));
-    const KeptLengths aside(project.tasks());
+    const KeptLengths lengths(project.tasks());
+    const HeldDates dates(project.tasks());
     Application& app = project.app();
     project.tasks()->DeleteAllSubTasks(KeyOf(*task), app.xTaskPeopleRelationcol(), app.xPeopleCol(),
                                        app.xTaskGoalRelationcol(), app.xGoalCol(), app.xTaskObstaclesRelationcol(),

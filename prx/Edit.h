@@ -44,7 +44,8 @@ void NameNewTask(const Project& project, const mrlxmlclass::Ref<mrlxmlclass::Tas
 mrlxmlclass::Ref<mrlxmlclass::TasksCls> AddBeside(const Project& project, const std::string& name,
                                                   mrlxmlclass::Long place);
 
-/// Removes a task with all below it, and whatever ties people, goals, obstacles and notes to them; these stay.
+/// Removes a task with all below it, and whatever ties people, goals, obstacles and notes to them; these stay, and no
+/// task moves without a word.
 void RemoveTask(const Project& project, const mrlxmlclass::Ref<mrlxmlclass::TasksCls>& task);
 
 /// Of a task whose dates were stored: tells its events, what waits for it moves along, and the summaries above follow.

@@ -53,6 +53,19 @@ std::vector<std::pair<Long, Long>> LinkChanges::Come() const {
     return come;
 }
 
+std::vector<std::pair<Long, Long>> LinkChanges::Moved() const {
+    std::vector<std::pair<Long, Long>> moved;
+    if (!tasks_) return moved;
+    for (const auto& [task, links] : LinksOf(tasks_)) {
+        const auto known = before_.find(task);
+        for (const auto& [key, dates] : links) {
+            const bool stands = known != before_.end() && known->second.contains(key) && known->second.at(key) == dates;
+            if (!stands) moved.emplace_back(Long(task), Long(key));
+        }
+    }
+    return moved;
+}
+
 std::vector<std::string> LinkChanges::Told() const {
     if (!tasks_) return {};
     LinksOfTasks now = LinksOf(tasks_);

@@ -22,6 +22,8 @@ public:
 
     /// The links that have come beside what was asked for: a task, and one that it waits for.
     std::vector<std::pair<mrlxmlclass::Long, mrlxmlclass::Long>> Come() const;
+    /// The links that are new or lie between other days than before, likewise.
+    std::vector<std::pair<mrlxmlclass::Long, mrlxmlclass::Long>> Moved() const;
     /// A line each, the worst first: a link that is gone although both tasks are there, or that has come; a task that
     /// starts sooner behind one that it waits for, where it overlaps with that one or was closest to it before; and one
     /// that starts later behind all that it waits for. Nothing where nothing was remembered.

@@ -55,15 +55,6 @@ public:
         }
         return told;
     }
-    void MeasureLeads() {
-        for (const auto& entry : tasks_->NewEnum()) {
-            for (const Ref<TasksCls>& predecessor : PredecessorsOf(tasks_, *entry.item)) {
-                const LinkDates dates{predecessor->TaskEDate(), entry.item->TaskBDate()};
-                if (!dates.measurable() || dates.Gap() == LeadOf(tasks_, {entry.item, predecessor})) continue;
-                tasks_->AddLeadTime(KeyOf(*entry.item), KeyOf(*predecessor), Integer(dates.Gap()));
-            }
-        }
-    }
     std::vector<std::string> MeasureMissingLeads() {
         for (const auto& entry : tasks_->NewEnum()) {
             if (entry.item->TaskKey() != 0 && entry.item->TaskPredecessorValid()) LookForLeads(*entry.item);
@@ -216,10 +207,6 @@ std::vector<std::string> TakeOffWhatMayNotBe(const Project& project, const std::
 
 std::vector<std::string> MeasureMissingLeads(const Project& project) {
     return Links(project.tasks(), Findings::Purpose::kMend).MeasureMissingLeads();
-}
-
-void MeasureLeads(const Project& project) {
-    Links(project.tasks(), Findings::Purpose::kMend).MeasureLeads();
 }
 
 }  // namespace prx

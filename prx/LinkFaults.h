@@ -26,8 +26,5 @@ std::vector<std::string> TakeOffWhatMayNotBe(const Project& project,
 /// Gives each link without a lead time the one that its dates tell: the library makes such links where it bridges over
 /// a task that is removed, and reads them as "right behind". Tells what was done.
 std::vector<std::string> MeasureMissingLeads(const Project& project);
-/// Gives each link the lead time that its dates tell: a walk counts a free day on which a predecessor ends, and leaves
-/// some lead times as they were.
-void MeasureLeads(const Project& project);
 
 }  // namespace prx

@@ -11,6 +11,7 @@
 #include "mrlxmlclass/dom/Document.h"
 #include "mrlxmlclass/runtime/Tail.h"
 #include "mrlxmlclass/runtime/Text.h"
+#include "mrlxmlclass/scheduling/Waits.h"
 #include "mrlxmlclass/session/ErrorsCls.h"
 #include "mrlxmlclass/session/ErrorsHandler.h"
 #include "mrlxmlclass/session/ModuleState.h"
@@ -305,7 +306,9 @@ void Project::Save() {
     std::vector<std::string> link_changes = TakeOffWhatMayNotBe(*this, links().Come());
     MendSummaries(*this);        // a walk along the links leaves some as they were
     MeasureMissingLeads(*this);  // and a link that bridges over a task
-    MeasureLeads(*this);
+    for (const auto& [task, predecessor] : links().Moved()) {
+        StoreMeasuredLead(tasks(), {tasks()->Item(task), tasks()->Item(predecessor)});
+    }
     const std::vector<std::string> mended = MendWhatLeadsNowhere();
     RefuseIfFailed();
     RefuseBeyondLastYear(*this);

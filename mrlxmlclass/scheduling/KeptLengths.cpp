@@ -30,7 +30,8 @@ bool IsPartOnOneDay(TasksCls& task) {
 
 }  // namespace
 
-KeptLengths::KeptLengths(const Ref<TasksCol>& tasks, const TasksCls* but, Told told) : tasks_(tasks), told_(told) {
+KeptLengths::KeptLengths(const Ref<TasksCol>& tasks, const TasksCls* but, Tells tells)
+    : tasks_(tasks), tells_(tells), told_(tasks) {
     for (const auto& entry : tasks->NewEnum()) {
         const Ref<TasksCls>& task = entry.item;
         if (task.get() == but || !task->TaskCondidat() || task->TaskMilstones() || !task->TaskBDate().set()) continue;
@@ -52,10 +53,7 @@ KeptLengths::KeptLengths(const Ref<TasksCol>& tasks, const TasksCls* but, Told t
 
 std::vector<KeptLengths::Lead> KeptLengths::LeadsTo(const Kept& kept) const {
     std::vector<Lead> leads;
-    if (!In(kept.task).HasSuccessors()) return leads;
-    for (const auto& entry : In(kept.task).PeekSuccessor()->Snapshot()) {
-        const Ref<TasksCls> follower = tasks_->Item(entry.item);
-        if (!follower) continue;
+    for (const Ref<TasksCls>& follower : FollowersOf(tasks_, *kept.task)) {
         const LinkDates dates{kept.end, follower->TaskBDate()};
         if (dates.measurable()) leads.push_back({follower, dates.Gap()});
     }
@@ -63,9 +61,6 @@ std::vector<KeptLengths::Lead> KeptLengths::LeadsTo(const Kept& kept) const {
 }
 
 KeptLengths::~KeptLengths() {
-    for (const Kept& part : parts_) {
-        kTail.Run("GiveLengthBack", [&] { GiveLengthBack(part); });
-    }
     // What follows one may be another, below a summary that moves once more.
     constexpr int kMostRounds = 10;
     bool moved = true;
@@ -75,6 +70,9 @@ KeptLengths::~KeptLengths() {
             kTail.Run("GiveEndBack", [&] { moved |= GiveEndBack(whole); });
         }
     }
+    for (const Kept& part : parts_) {
+        kTail.Run("GiveLengthBack", [&] { GiveLengthBack(part); });
+    }
 }
 
 void KeptLengths::GiveLengthBack(const Kept& part) const {
@@ -83,7 +81,7 @@ void KeptLengths::GiveLengthBack(const Kept& part) const {
     if (!LastsADay(*part.task) || TasksCol::Internal::IsParent(part.task, key)) return;  // it was given another
     part.task->TaskDurationUnit(part.unit);
     part.task->TaskDuration(part.length);  // one of less than a unit moves no end
-    if (told_ == Told::kNothing || stored.TaskBDate() == part.start) return;
+    if (tells_ == Tells::kNothing || !told_.Has(stored)) return;
     if (!IsDays(part.unit)) In(*tasks_).TellEnd(part.task, key);
     In(*tasks_).TellDuration(part.task, key);
     In(*tasks_).TellTaskDuration(part.task, key);
@@ -102,8 +100,9 @@ bool KeptLengths::GiveEndBack(Whole& whole) const {
     task.TaskLag(lag);
     whole.start = task.TaskBDate();
     whole.end = task.TaskEDate();
-    if (whole.end == end || told_ == Told::kNothing) return false;
+    if (whole.end == end || tells_ == Tells::kNothing) return false;
     for (const auto& [follower, days] : whole.leads) {  // the walk measured them from the wrong end
+        if (!In(follower).HasPredecessor(key)) continue;
         tasks_->AddLeadTime(KeyText(follower->TaskKey()).text(), key.text(), Integer(days));
     }
     tasks_->DependsDateChanged(key.text(), task.TaskBDate(), /*StartFinishDate=*/1, /*LeadTimeCalc=*/True,

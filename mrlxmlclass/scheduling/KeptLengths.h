@@ -3,7 +3,7 @@
 #include <cstdint>
 #include <vector>
 
-#include "mrlxmlclass/tasks/TasksCol.h"
+#include "mrlxmlclass/scheduling/ToldTasks.h"
 
 namespace mrlxmlclass {
 
@@ -11,15 +11,15 @@ namespace mrlxmlclass {
 /// them anew. A part of one day ends on the day behind, be that free or not; most of a week or month, which got a day,
 /// ends a week or month later; and below a summary that moves, weeks and months end so many days behind their start.
 ///
-/// While this lives, parts that stand on one day last a day. When it goes they have their lengths again; those that
-/// moved tell them (`DateEndChange` where they count in weeks or months, `DurationChange`, `TaskDurationChange`).
-/// Weeks and months that moved end where their lengths say, and what waits for them follows as far behind as it was, as
-/// `DependsDateChanged` tells it.
+/// While this lives, parts that stand on one day last a day. When it goes, weeks and months that moved end where their
+/// lengths say, and what waits for them follows as far behind as it was, as `DependsDateChanged` tells it. Then the
+/// parts have their lengths again; those that were told otherwise tell them (`DateEndChange` where they count in weeks
+/// or months, `DurationChange`, `TaskDurationChange`).
 class KeptLengths {
 public:
-    enum class Told { kWhatMoved, kNothing };
+    enum class Tells { kAnew, kNothing };
     /// `but`, if any, is left alone.
-    explicit KeptLengths(const Ref<TasksCol>& tasks, const TasksCls* but = nullptr, Told told = Told::kWhatMoved);
+    explicit KeptLengths(const Ref<TasksCol>& tasks, const TasksCls* but = nullptr, Tells tells = Tells::kAnew);
     ~KeptLengths();
     KeptLengths(const KeptLengths&) = delete;
     KeptLengths& operator=(const KeptLengths&) = delete;
@@ -45,7 +45,8 @@ private:
     Ref<TasksCol> tasks_;
     std::vector<Kept> parts_;    ///< of a day, or most of a week or month, on one day
     std::vector<Whole> wholes_;  ///< in weeks and months
-    Told told_;
+    Tells tells_;
+    ToldTasks told_;
 };
 
 }  // namespace mrlxmlclass

@@ -60,7 +60,7 @@ Date PlanShift::last() const {
 Boolean PlanShift::Run() {
     return kTail.Run<Boolean>("Run", [&](Boolean& result) {
         {
-            const KeptLengths aside(tasks_, nullptr, KeptLengths::Told::kNothing);
+            const KeptLengths aside(tasks_, nullptr, KeptLengths::Tells::kNothing);
             for (Leaf& leaf : leaves_) PlaceBehindOthers(leaf);
         }
         for (const Leaf& leaf : leaves_) Follow(leaf);

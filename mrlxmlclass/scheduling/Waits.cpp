@@ -56,8 +56,26 @@ std::vector<Wait> WaitsOf(const Ref<TasksCol>& tasks, const Ref<TasksCls>& task)
     return found;
 }
 
+std::vector<Ref<TasksCls>> FollowersOf(const Ref<TasksCol>& tasks, TasksCls& task) {
+    std::vector<Ref<TasksCls>> followers;
+    if (!In(task).HasSuccessors()) return followers;
+    const KeyText key(task.TaskKey());
+    for (const auto& entry : In(task).PeekSuccessor()->Snapshot()) {
+        Ref<TasksCls> follower = tasks->Item(entry.item);
+        if (follower && In(follower).HasPredecessor(key)) followers.push_back(std::move(follower));
+    }
+    return followers;
+}
+
 Integer LeadOf(const Ref<TasksCol>& tasks, const Wait& wait) {
     return In(*tasks).LeadTowards(wait.waiting, KeyText(wait.predecessor->TaskKey()));
+}
+
+void StoreMeasuredLead(const Ref<TasksCol>& tasks, const Wait& wait) {
+    const LinkDates dates{wait.predecessor->TaskEDate(), wait.waiting->TaskBDate()};
+    if (!dates.measurable() || dates.Gap() == LeadOf(tasks, wait)) return;
+    tasks->AddLeadTime(KeyText(wait.waiting->TaskKey()).text(), KeyText(wait.predecessor->TaskKey()).text(),
+                       Integer(dates.Gap()));
 }
 
 bool StandsBelow(const Ref<TasksCol>& tasks, const TasksCls& task, const TasksCls& above) {

@@ -31,8 +31,13 @@ struct Wait {
 std::vector<Ref<TasksCls>> PredecessorsOf(const Ref<TasksCol>& tasks, TasksCls& task);
 /// What a task waits for, itself first, then as a part of each that it stands below.
 std::vector<Wait> WaitsOf(const Ref<TasksCol>& tasks, const Ref<TasksCls>& task);
+/// The tasks that wait for a task itself and know so, in the order of its links.
+std::vector<Ref<TasksCls>> FollowersOf(const Ref<TasksCol>& tasks, TasksCls& task);
 /// The lead time that is stored for a link; 0 where none is.
 Integer LeadOf(const Ref<TasksCol>& tasks, const Wait& wait);
+/// Stores for a link the lead time that its dates tell, where they tell one. `CalcLeadTime` counts the free day on
+/// which a predecessor of weeks or months may end, too, and some walks leave lead times as they were.
+void StoreMeasuredLead(const Ref<TasksCol>& tasks, const Wait& wait);
 /// Whether a task stands below another, at any depth.
 bool StandsBelow(const Ref<TasksCol>& tasks, const TasksCls& task, const TasksCls& above);
 /// Whether a task waits for itself, or for what stands below it, over however many others. A task waits for what its

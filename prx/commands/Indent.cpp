@@ -7,9 +7,9 @@ namespace {
 class Indent : public TaskCommand {
 public:
     explicit Indent(CLI::App& app)
-        : TaskCommand(app, "indent", "Put a task below the one above it; it starts with it") {
+        : TaskCommand(app, "indent", "Put a task below the one above it") {
         options().footer(
-            "What waits for the task moves along. No task waits for a summary, and none for what stands below it: the "
+            "A task without tasks below it starts with its new parent, and what waits for it moves along. No task waits for a summary, and none for what stands below it: the "
             "links that the task's new parents so lose are told, and so is the cost of one that had no task below it.");
     }
 

@@ -120,7 +120,7 @@ TEST_F(Links, HaveALeadTimeWhereTheyBridgeOverATask) {
     plan_.Edit({"link", "Last", "Middle", "--lag", "9"});
     plan_.Edit({"remove", "Middle"});
     EXPECT_EQ(plan_.Predecessors("Last"), "5 6");
-    EXPECT_TRUE(Has(plan_.Read("a.prx"), "<TaskLeadTime>5|0;6|0</TaskLeadTime>"));
+    EXPECT_TRUE(Has(plan_.Read("a.prx"), "<TaskLeadTime>5|10;6|10</TaskLeadTime>"));
 }
 
 TEST_F(Links, HaveTheLeadTimeThatTheirDatesTell) {

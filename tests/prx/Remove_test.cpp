@@ -52,6 +52,33 @@ TEST(Remove, MakesNoTaskWaitForWhatStandsBelowIt) {
     plan.Output({"check", "a.prx"});
 }
 
+TEST(Remove, MovesNoTaskWithoutAWordWhateverTheRows) {
+    // The library puts what it bridges behind the start of another predecessor, or where all of them stand in rows
+    // below at the beginning of time.
+    for (const char* order : {"ADBCE", "BCADE", "CBEDA", "DABCE"}) {
+        SCOPED_TRACE(order);
+        const PlanFolder plan;
+        plan.Output({"new", "a.prx"});
+        for (const char task : std::string(order)) {
+            plan.Output({"add", "a.prx", std::string(1, task), "--start", "2026-12-01", "--duration", "2"});
+        }
+        plan.Output({"link", "a.prx", "B", "A"});
+        plan.Output({"link", "a.prx", "C", "B", "--lag", "1"});
+        plan.Output({"link", "a.prx", "C", "D"});
+        plan.Output({"link", "a.prx", "E", "C"});
+        ASSERT_EQ(plan.Days("C"), "2026-12-08 2026-12-09");
+
+        const Result result = plan.Prx({"remove", "a.prx", "B"});
+
+        EXPECT_EQ(result.status, 0);
+        EXPECT_EQ(plan.Days("C"), "2026-12-08 2026-12-09");
+        EXPECT_EQ(plan.Days("E"), "2026-12-10 2026-12-11");
+        EXPECT_TRUE(Has(plan.Row("C"), R"("lag": 3})")) << plan.Row("C");
+        EXPECT_FALSE(Has(result.out, "DateStartChange")) << result.out;
+        plan.Output({"check", "a.prx"});
+    }
+}
+
 TEST(Remove, EmptiesAPlanAndFillsItAgain) {
     const Folder folder;
     folder.CopyExample("festival.prx", "a.prx");

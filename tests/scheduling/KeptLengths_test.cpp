@@ -30,22 +30,29 @@ TEST(KeptLengths, GivesShortTasksADayAndTheirLengthBackWithoutAWord) {
     EXPECT_EQ(plan.Heard(), "");
 }
 
-TEST(KeptLengths, TellsTheLengthOfWhatMoved) {
+TEST(KeptLengths, TellsTheLengthOfWhatWasToldOtherwise) {
     Plan plan;
     plan.Task("Half").From(Monday).Lasting(0.5).Task("Week").From(Monday).Lasting(0.5, "wks");
+    plan.Task("Quiet").From(Monday).Lasting(0.5);
     plan.Heard();
+    const auto move = [&](const String& name, Date start) {
+        plan.col().DependsDateChanged(plan.Key(name), start, 1, /*LeadTimeCalc=*/True);
+    };
     {
         const KeptLengths aside(plan.app->xTaskCol());
-        plan["Half"].TaskBDate(Tuesday);
-        plan["Week"].TaskBDate(Tuesday);
+        move("Half", Monday);
+        move("Week", Tuesday);
+        plan["Quiet"].TaskBDate(Tuesday);
+        EXPECT_EQ(plan.Heard(), Moved(1, Monday, Monday, 1) + Moved(2, Tuesday, Tuesday, 1));
     }
     EXPECT_EQ(plan.Heard(),
               "DurationChange(1, 0.5, days, False, False)\nTaskDurationChange(1, 0.5, days, False, False)\n"
               "DateEndChange(2, 2026-03-03, False, False, wks)\n"
               "DurationChange(2, 0.5, wks, False, False)\nTaskDurationChange(2, 0.5, wks, False, False)\n");
     {
-        const KeptLengths aside(plan.app->xTaskCol(), nullptr, KeptLengths::Told::kNothing);
-        plan["Half"].TaskBDate(Wednesday);
+        const KeptLengths aside(plan.app->xTaskCol(), nullptr, KeptLengths::Tells::kNothing);
+        move("Half", Wednesday);
+        plan.Heard();
     }
     EXPECT_EQ(plan.Heard(), "");
 }
@@ -98,6 +105,29 @@ TEST(KeptLengths, GivesWeeksBelowASummaryTheirEndBackAndTakesAlongWhatWaits) {
     EXPECT_EQ(plan.Days("House"), "2026-03-06 2026-03-24");
     const Told print{.key = 3, .start = Monday + 8, .end = Monday + 22, .duration = 2, .unit = "wks"};
     EXPECT_EQ(plan.Heard(), print.Moved() + Moved(4, Monday + 24, Monday + 25, 2) + Summed(1, Friday, Monday + 22, 13));
+}
+
+TEST(KeptLengths, LeavesAFollowerThatWaitsNoMore) {
+    PrintHouse plan(1);
+    {
+        const KeptLengths aside(plan.app->xTaskCol());
+        plan.Move(Friday);
+        plan.col().RemoveTaskPredecessor(plan.Key("Sale"), plan.Key("Print"));
+    }
+    EXPECT_EQ(plan.Days("Print"), "2026-03-10 2026-03-24");
+    EXPECT_EQ(plan["Sale"].TaskLeadTime()->Count(), 0);
+}
+
+TEST(KeptLengths, KeepsHalfADayOnItsDayBehindWeeks) {
+    PrintHouse plan(1);
+    plan.Task("Half").From(Wednesday + 21).Lasting(0.5).After("Sale");
+    {
+        const KeptLengths aside(plan.app->xTaskCol());
+        plan.Move(Friday);
+    }
+    EXPECT_EQ(plan.Days("Sale"), "2026-03-26 2026-03-27");
+    EXPECT_EQ(plan.Days("Half"), "2026-03-30 2026-03-30");
+    EXPECT_EQ(plan["Half"].TaskDuration(), 0.5);
 }
 
 TEST(KeptLengths, LeavesWeeksThatStandAndThoseThatAreGivenAnotherLength) {

@@ -48,6 +48,26 @@ TEST(WaitsOf, EndsWhereParentsRunInACircle) {
     EXPECT_EQ(plan.WaitsOfTask("A"), "B<C");
 }
 
+TEST(FollowersOf, GivesThoseThatKnowIt) {
+    Waiting plan;
+    plan.Task("A").Task("B").After("A").Task("C").After("A").Task("D");
+    plan["A"].TaskSuccessor()->Add("4", "4");
+    plan["A"].TaskSuccessor()->Add("77", "77");
+    String names;
+    for (const auto& follower : FollowersOf(plan.tasks(), plan["A"])) names += follower->TaskName();
+    EXPECT_EQ(names, "BC");
+    EXPECT_TRUE(FollowersOf(plan.tasks(), plan["B"]).empty());
+}
+
+TEST(StoreMeasuredLead, StoresWhatTheDatesTell) {
+    Waiting plan;
+    plan.Task("A").From(Monday).Task("B").From(Thursday).After("A", 9).Task("C").Holding({}, {}, 1).After("A", 4);
+    StoreMeasuredLead(plan.tasks(), {plan.At("B"), plan.At("A")});
+    EXPECT_EQ(LeadOf(plan.tasks(), {plan.At("B"), plan.At("A")}), 2);
+    StoreMeasuredLead(plan.tasks(), {plan.At("C"), plan.At("A")});
+    EXPECT_EQ(LeadOf(plan.tasks(), {plan.At("C"), plan.At("A")}), 4) << "it has no dates";
+}
+
 TEST(StandsBelow, SeesAnyDepthAndEndsInACircle) {
     Waiting plan;
     BuildChain(plan, 4);
