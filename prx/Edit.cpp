@@ -206,13 +206,6 @@ void RemoveTask(const Project& project, const Ref<TasksCls>& task) {
                                        app.xObstaclesCol(), /*ForceDelete=*/True, /*p_arrange=*/True);
 }
 
-void DatesChanged(const Project& project, const TasksCls& task) {
-    project.tasks()->DependsDateChanged(KeyOf(task), task.TaskBDate(), /*StartFinishDate=*/1, /*LeadTimeCalc=*/True,
-                                        /*SummaryCalc=*/True, /*p_number_to_shift=*/0, /*p_not_same_parent=*/False,
-                                        /*p_calc_date=*/False);
-    AdjustDatesAbove(project, task);
-}
-
 void AdjustDatesAbove(const Project& project, const TasksCls& task) {
     if (task.ParentID() != 0) project.tasks()->AdjustSummary(Text(task.ParentID()));
 }

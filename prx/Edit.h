@@ -48,8 +48,6 @@ mrlxmlclass::Ref<mrlxmlclass::TasksCls> AddBeside(const Project& project, const 
 /// task moves without a word.
 void RemoveTask(const Project& project, const mrlxmlclass::Ref<mrlxmlclass::TasksCls>& task);
 
-/// Of a task whose dates were stored: tells its events, what waits for it moves along, and the summaries above follow.
-void DatesChanged(const Project& project, const mrlxmlclass::TasksCls& task);
 /// The summaries above a task follow its dates, and its cost.
 void AdjustDatesAbove(const Project& project, const mrlxmlclass::TasksCls& task);
 void AdjustCostFrom(const Project& project, const mrlxmlclass::TasksCls& task);

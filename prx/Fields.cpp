@@ -7,7 +7,8 @@
 #include <cmath>
 
 #include "mrlxmlclass/scheduling/KeptLengths.h"
-#include "mrlxmlclass/scheduling/Waits.h"
+#include "mrlxmlclass/scheduling/TaskEdit.h"
+#include "mrlxmlclass/scheduling/Units.h"
 #include "mrlxmlclass/scheduling/WorkingDays.h"
 #include "mrlxmlclass/session/ModuleState.h"
 #include "prx/Edit.h"
@@ -21,8 +22,6 @@ using namespace mrlxmlclass;
 
 namespace {
 
-constexpr const char* kDays = "days";
-constexpr int kMostUnits = 999;
 constexpr const char* kBadYear = "the year is out of range";
 constexpr const char* kOfMilestones = "a milestone is a day, without a duration, an end or a unit of its own";
 
@@ -30,15 +29,13 @@ constexpr const char* kOfMilestones = "a milestone is a day, without a duration,
 struct Setting {
     const Project& project;
     TasksCls& task;
+    TaskEdit edit;
     bool announced;  ///< false: nobody has heard of the task yet
     Remarks remarks;
     bool start_is_given = false;
 
     TasksCol& tasks() const { return *project.tasks(); }
     std::string key() const { return KeyOf(task); }
-    /// Whether a walk along the links starts here: it gives no first date, and a task in weeks or months no start.
-    bool walks() const { return announced && task.TaskBDate().set(); }
-    bool in_days() const { return task.TaskDurationUnit() != "wks" && task.TaskDurationUnit() != "mons"; }
 };
 
 [[noreturn]] void NotTaken(std::string_view field, std::string_view value, const std::string& instead) {
@@ -53,60 +50,20 @@ bool IsWorkingDay(Date day) {
     return Gloabal::NextWorkingDay(day, 1) == day;
 }
 
-/// The gaps to what the task waits for are measured anew: the day is the one that was asked for.
-void MoveStart(Setting& setting, Date wanted) {
-    if (setting.walks() && setting.in_days()) {
-        setting.tasks().DependsDateChanged(setting.key(), wanted, /*StartFinishDate=*/1, /*LeadTimeCalc=*/True);
-        AdjustDatesAbove(setting.project, setting.task);
-        return;
-    }
-    StoreStart(setting.task, wanted);
-    if (!setting.announced) return;
-    setting.task.TaskLag(setting.tasks().CalcLeadTime(setting.key()));
-    DatesChanged(setting.project, setting.task);
-}
-
 void TellStart(Setting& setting, const std::string& wanted) {
     setting.remarks.push_back(
         fmt::format("{} is not a working day; the task starts on {}", wanted, Text(setting.task.TaskBDate())));
 }
 
-/// A length is counted from a working day. The calendar may have changed since the task got its start.
+/// A length is counted from a working day.
 void LeaveFreeDay(Setting& setting) {
     const Date start = setting.task.TaskBDate();
-    if (!setting.announced || !start.set() || IsWorkingDay(start)) return;
-    MoveStart(setting, start);
-    if (!setting.start_is_given) TellStart(setting, Text(start));
-}
-
-void MakeMilestone(Setting& setting) {
-    LeaveFreeDay(setting);
-    setting.task.TaskMilstones(True);
-    setting.task.TaskEDate(setting.task.TaskBDate());  // an end that comes sooner later on would give it a duration
-    setting.task.TaskDuration(0);
-    if (setting.announced) setting.tasks().SeTAsMilstones(setting.project.tasks(), setting.key());
+    if (setting.edit.LeaveFreeDay() && !setting.start_is_given) TellStart(setting, Text(start));
 }
 
 void SetDurationIn(Setting& setting, Double length, const String& unit) {
-    if (length == 0) return MakeMilestone(setting);
     LeaveFreeDay(setting);
-    TasksCls& task = setting.task;
-    const String in = unit.empty() ? task.TaskDurationUnit() : unit;
-    const bool whole_days = in != "hrs" && in != "mins" && length == std::floor(length);
-    task.TaskMilstones(False);  // a milestone would keep no duration
-    if (setting.walks() && whole_days) {
-        setting.tasks().DurationChanged(setting.key(), length, unit);
-        return;
-    }
-    // A walk that starts at the end would round the duration to whole days.
-    if (length < 1) {  // the end would stay where it is
-        task.TaskDurationUnit(kDays);
-        task.TaskDuration(1);
-    }
-    task.TaskDurationUnit(in);
-    if (!unit.empty()) task.TaskDurationUnitValid("True");
-    task.TaskDuration(length);
-    if (setting.announced) DatesChanged(setting.project, task);
+    setting.edit.ChangeLength(length, unit);
 }
 
 void SetUnit(Setting& setting, const std::string& value) {
@@ -119,7 +76,8 @@ void SetUnit(Setting& setting, const std::string& value) {
 
 void SetMilestone(Setting& setting, const std::string& value) {
     if (ReadFlag(value)) {
-        MakeMilestone(setting);
+        LeaveFreeDay(setting);
+        setting.edit.MakeMilestone();
     } else if (setting.task.TaskMilstones()) {
         SetDurationIn(setting, 1, {});
     }
@@ -129,7 +87,7 @@ void SetStart(Setting& setting, const std::string& value) {
     const Date wanted = ReadDate(value);
     if (wanted.year() < kMinYear || wanted.year() > MaxYear()) NotTaken("start", value, kBadYear);
     setting.project.links().AskedFor(setting.task);
-    MoveStart(setting, wanted);
+    setting.edit.MoveStart(wanted);
     const Date start = setting.task.TaskBDate();
     if (start.year() != wanted.year() && DaysBetween(wanted, start) != 0) {
         constexpr double kNearby = 31;  // over the holidays into the next year
@@ -147,18 +105,6 @@ void SetDuration(Setting& setting, const std::string& value) {
     if (setting.task.TaskDuration() != wanted.length) NotTaken("duration", value, kBadYear);
 }
 
-void MoveEnd(Setting& setting, Date wanted) {
-    if (!setting.announced) {
-        setting.task.TaskEDate(wanted);
-        return;
-    }
-    const Integer shift = setting.task.TaskEDate().set() ? DaysBetween(setting.task.TaskEDate(), wanted) : Long(0);
-    setting.tasks().DependsDateChanged(setting.key(), wanted, /*StartFinishDate=*/2, /*LeadTimeCalc=*/True,
-                                       /*SummaryCalc=*/True, /*p_number_to_shift=*/0, /*p_not_same_parent=*/False,
-                                       /*p_calc_date=*/True, /*p_changeds=*/{}, shift);
-    AdjustDatesAbove(setting.project, setting.task);
-}
-
 void SetEnd(Setting& setting, const std::string& value) {
     const Date wanted = ReadDate(value);
     if (setting.task.TaskMilstones()) NotTaken("end", value, kOfMilestones);
@@ -169,14 +115,14 @@ void SetEnd(Setting& setting, const std::string& value) {
     }
     if (wanted.year() > MaxYear()) NotTaken("end", value, kBadYear);
     const String unit = setting.task.TaskDurationUnit();
-    if (unit != kDays && wanted != setting.task.TaskEDate()) {
+    if (!IsDays(unit) && wanted != setting.task.TaskEDate()) {
         NotTaken("end", value,
                  fmt::format("the end of a task in {} follows from its duration; set that, or unit=days", unit));
     }
     if (!IsWorkingDay(wanted)) NotTaken("end", value, "it is not a working day");
     if (wanted != setting.task.TaskEDate()) LeaveFreeDay(setting);
-    MoveEnd(setting, wanted);
-    if (setting.task.TaskEDate() != wanted) NotTaken("end", value, Longest(kDays));
+    setting.edit.MoveEnd(wanted);
+    if (setting.task.TaskEDate() != wanted) NotTaken("end", value, Longest("days"));
 }
 
 void SetDone(Setting& setting, const std::string& value) {
@@ -280,7 +226,8 @@ std::vector<Assignment> WithUnits(std::vector<Assignment> assignments) {
     return assignments;
 }
 
-Remarks SetAll(Setting setting, std::vector<Assignment> assignments) {
+Remarks SetAll(const Project& project, const Ref<TasksCls>& task, bool announced, std::vector<Assignment> assignments) {
+    Setting setting{project, *task, TaskEdit(project.tasks(), task, announced), announced, {}};
     const bool summary = static_cast<bool>(setting.tasks().isParent(setting.key()));
     RefuseTogether(assignments);
     setting.start_is_given = ValueFor("start", assignments) != nullptr;
@@ -320,11 +267,11 @@ std::string FieldHelp() {
 }
 
 Remarks SetFields(const Project& project, const Ref<TasksCls>& task, const std::vector<Assignment>& assignments) {
-    return SetAll({project, *task, /*announced=*/true, {}}, assignments);
+    return SetAll(project, task, /*announced=*/true, assignments);
 }
 
 Remarks FillFields(const Project& project, const Ref<TasksCls>& task, const std::vector<Assignment>& assignments) {
-    return SetAll({project, *task, /*announced=*/false, {}}, assignments);
+    return SetAll(project, task, /*announced=*/false, assignments);
 }
 
 }  // namespace prx

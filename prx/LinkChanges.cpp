@@ -40,30 +40,32 @@ void LinkChanges::AskedFor(const TasksCls& task) {
     asked_tasks_.insert(task.TaskKey());
 }
 
-std::vector<std::pair<Long, Long>> LinkChanges::Come() const {
-    std::vector<std::pair<Long, Long>> come;
-    if (!tasks_) return come;
+template <class Wanted>
+LinkChanges::Pairs LinkChanges::Select(Wanted&& wanted) const {
+    Pairs pairs;
+    if (!tasks_) return pairs;
     for (const auto& [task, links] : LinksOf(tasks_)) {
         const auto known = before_.find(task);
         for (const auto& [key, dates] : links) {
-            if (known != before_.end() && known->second.contains(key)) continue;
-            if (!asked_.contains({task, key})) come.emplace_back(Long(task), Long(key));
+            const bool stood = known != before_.end() && known->second.contains(key);
+            if (wanted(task, key, stood ? known->second.at(key) : std::optional<LinkDates>(), dates)) {
+                pairs.emplace_back(Long(task), Long(key));
+            }
         }
     }
-    return come;
+    return pairs;
 }
 
-std::vector<std::pair<Long, Long>> LinkChanges::Moved() const {
-    std::vector<std::pair<Long, Long>> moved;
-    if (!tasks_) return moved;
-    for (const auto& [task, links] : LinksOf(tasks_)) {
-        const auto known = before_.find(task);
-        for (const auto& [key, dates] : links) {
-            const bool stands = known != before_.end() && known->second.contains(key) && known->second.at(key) == dates;
-            if (!stands) moved.emplace_back(Long(task), Long(key));
-        }
-    }
-    return moved;
+LinkChanges::Pairs LinkChanges::Come() const {
+    return Select([this](std::int64_t task, std::int64_t key, const auto& before, const LinkDates& /*now*/) {
+        return !before && !asked_.contains({task, key});
+    });
+}
+
+LinkChanges::Pairs LinkChanges::Moved() const {
+    return Select([](std::int64_t /*task*/, std::int64_t /*key*/, const auto& before, const LinkDates& now) {
+        return before != now;
+    });
 }
 
 std::vector<std::string> LinkChanges::Told() const {

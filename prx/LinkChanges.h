@@ -20,10 +20,12 @@ public:
     /// The edit was asked to change when the task starts, or what it waits for.
     void AskedFor(const mrlxmlclass::TasksCls& task);
 
-    /// The links that have come beside what was asked for: a task, and one that it waits for.
-    std::vector<std::pair<mrlxmlclass::Long, mrlxmlclass::Long>> Come() const;
-    /// The links that are new or lie between other days than before, likewise.
-    std::vector<std::pair<mrlxmlclass::Long, mrlxmlclass::Long>> Moved() const;
+    /// A task, and one that it waits for.
+    using Pairs = std::vector<std::pair<mrlxmlclass::Long, mrlxmlclass::Long>>;
+    /// The links that have come beside what was asked for.
+    Pairs Come() const;
+    /// The links that are new or lie between other days than before.
+    Pairs Moved() const;
     /// A line each, the worst first: a link that is gone although both tasks are there, or that has come; a task that
     /// starts sooner behind one that it waits for, where it overlaps with that one or was closest to it before; and one
     /// that starts later behind all that it waits for. Nothing where nothing was remembered.
@@ -33,6 +35,8 @@ private:
     /// Of a task, by the keys of those that it waits for.
     using Links = std::map<std::int64_t, mrlxmlclass::LinkDates>;
     using LinksOfTasks = std::map<std::int64_t, Links>;
+    template <class Wanted>
+    Pairs Select(Wanted&& wanted) const;
     static LinksOfTasks LinksOf(const mrlxmlclass::Ref<mrlxmlclass::TasksCol>& tasks);
     struct Lines {
         std::vector<std::string> links, sooner, later;

@@ -2,6 +2,7 @@
 
 #include <unordered_set>
 
+#include "mrlxmlclass/scheduling/TaskEdit.h"
 #include "mrlxmlclass/scheduling/Waits.h"
 #include "mrlxmlclass/tasks/TasksCol_internal.h"
 

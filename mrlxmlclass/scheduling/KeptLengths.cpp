@@ -1,5 +1,6 @@
 #include "mrlxmlclass/scheduling/KeptLengths.h"
 
+#include "mrlxmlclass/scheduling/TaskEdit.h"
 #include "mrlxmlclass/scheduling/Units.h"
 #include "mrlxmlclass/scheduling/Waits.h"
 #include "mrlxmlclass/tasks/TasksCol_internal.h"
@@ -105,10 +106,7 @@ bool KeptLengths::GiveEndBack(Whole& whole) const {
         if (!In(follower).HasPredecessor(key)) continue;
         tasks_->AddLeadTime(KeyText(follower->TaskKey()).text(), key.text(), Integer(days));
     }
-    tasks_->DependsDateChanged(key.text(), task.TaskBDate(), /*StartFinishDate=*/1, /*LeadTimeCalc=*/True,
-                               /*SummaryCalc=*/True, /*p_number_to_shift=*/0, /*p_not_same_parent=*/False,
-                               /*p_calc_date=*/False);
-    if (task.ParentID() != 0) tasks_->AdjustSummary(KeyText(task.ParentID()).text());
+    TaskEdit(tasks_, whole.task).Follow();
     return true;
 }
 

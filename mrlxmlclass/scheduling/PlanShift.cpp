@@ -4,6 +4,7 @@
 #include <unordered_set>
 
 #include "mrlxmlclass/scheduling/KeptLengths.h"
+#include "mrlxmlclass/scheduling/TaskEdit.h"
 #include "mrlxmlclass/scheduling/WorkingDays.h"
 #include "mrlxmlclass/tasks/TasksCol_internal.h"
 

@@ -97,14 +97,4 @@ bool WaitsForItself(const Ref<TasksCol>& tasks, const Ref<TasksCls>& task) {
     return false;
 }
 
-void StoreStart(TasksCls& task, Date start) {
-    const Double length = task.TaskDuration();
-    const bool first_of_all = !task.TaskEDate().set();  // leaves the end open and the duration at a day
-    task.TaskLag(0);
-    task.TaskBDate(start);
-    if (!first_of_all) return;
-    task.TaskBDate(start);
-    task.TaskDuration(length);
-}
-
 }  // namespace mrlxmlclass

@@ -44,7 +44,4 @@ bool StandsBelow(const Ref<TasksCol>& tasks, const TasksCls& task, const TasksCl
 /// parents wait for, too.
 bool WaitsForItself(const Ref<TasksCol>& tasks, const Ref<TasksCls>& task);
 
-/// Stores a start as it is, whatever the task waits for; the end follows, and nothing else.
-void StoreStart(TasksCls& task, Date start);
-
 }  // namespace mrlxmlclass

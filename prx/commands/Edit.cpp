@@ -2,6 +2,7 @@
 
 #include "examples/task_dialog_texts.h"
 #include "mrlxmlclass/scheduling/KeptLengths.h"
+#include "mrlxmlclass/scheduling/TaskEdit.h"
 #include "mrlxmlclass/session/SafeFile.h"
 #include "prx/Command.h"
 #include "prx/Content.h"
@@ -50,7 +51,7 @@ public:
         // The dialog stores dates without moving what depends on them.
         if (task->TaskBDate() != start || task->TaskEDate() != end) {
             const KeptLengths aside(project.tasks(), task.get());
-            DatesChanged(project, *task);
+            mrlxmlclass::TaskEdit(project.tasks(), task).Follow();
         }
         project.Save();
         events.Print();

@@ -105,25 +105,5 @@ TEST(LinkDates, CountsWorkingDaysBetween) {
     EXPECT_TRUE((LinkDates{Monday, Monday}.measurable()));
 }
 
-TEST(StoreStart, LeavesLinksAndLagAside) {
-    Waiting plan;
-    plan.Task("A").From(Monday).Task("B").From(Tuesday).Lasting(2).After("A");
-    plan["B"].TaskLag(3);
-    plan.Heard();
-    StoreStart(plan["B"], Monday);
-    EXPECT_EQ(plan["B"].TaskBDate(), Monday);
-    EXPECT_EQ(plan["B"].TaskEDate(), Tuesday);
-    EXPECT_EQ(plan["B"].TaskLag(), 0);
-    EXPECT_EQ(plan.Heard(), "");
-}
-
-TEST(StoreStart, GivesTheFirstEndTheLengthThatTheTaskHas) {
-    Plan plan;
-    plan.Task("A").Holding({}, {}, 3);
-    StoreStart(plan["A"], Thursday);
-    EXPECT_EQ(plan["A"].TaskEDate(), NextMonday);
-    EXPECT_EQ(plan["A"].TaskDuration(), 3);
-}
-
 }  // namespace
 }  // namespace mrlxmlclass
