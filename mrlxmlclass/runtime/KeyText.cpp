@@ -50,7 +50,7 @@ Interned& Texts() {
 /// Any number that a text is; endless beyond a double. Nothing for any other text.
 std::optional<double> NumberIn(std::string_view text) {
     text = BareNumber(text);
-    if (text.find_first_of("in") != std::string_view::npos) return std::nullopt;  // "inf", "nan"
+    if (text.find_first_of("iInN") != std::string_view::npos) return std::nullopt;  // "inf", "nan"
     double value = 0;
     const auto [end, error] = std::from_chars(text.data(), text.data() + text.size(), value);
     if (error == std::errc::invalid_argument || end != text.data() + text.size()) return std::nullopt;

@@ -56,6 +56,7 @@ TEST(AssigneGoal, OfAnUnknownTaskTiesTheRestAndRecordsIt) {
 TEST(UnAssigneGoal, OfAPairWithoutARelationChangesNothing) {
     GoalPlan plan;
     EXPECT_EQ(plan.UnAssigneGoal(), False);
+    EXPECT_EQ(plan.goals().Item(1)->TaskGoalRelationValid(), False) << "a save would add an empty list";
     plan.AssigneGoal();
     EXPECT_EQ(plan.goals().UnAssigneGoal(1, 99, plan.app->xTaskCol(), plan.relations()), False);
     EXPECT_EQ(plan.relations()->Count(), 1);

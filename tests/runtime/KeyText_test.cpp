@@ -131,8 +131,8 @@ TEST(KeyValue, ReadsAnyNumberToCompareBy) {
         EXPECT_EQ(KeyValue(row.text), row.value) << row.text;
         EXPECT_EQ(Variant(row.text).KeyValue(), row.value) << row.text;
     }
-    for (const char* text :
-         {"", " ", "-", "+-5", "5a", "a5", "5 5", "0x10", "inf", "nan", "-inf", "nan(1)", "1e-999"}) {
+    for (const char* text : {"", " ", "-", "+-5", "5a", "a5", "5 5", "0x10", "inf", "nan", "-inf", "nan(1)", "NaN",
+                             "INF", "+INFINITY", "1e-999"}) {
         EXPECT_EQ(KeyValue(text), 0) << text;
     }
 }

@@ -131,6 +131,7 @@ TEST_F(Converted, TaskWithoutAStartIsTodayForADay) {
     EXPECT_EQ(Task(1).TaskBDate(), plan.platform.clock.Today());
     EXPECT_EQ(Task(1).TaskEDate(), plan.platform.clock.Today());
     EXPECT_EQ(Task(1).TaskDuration(), 1);
+    EXPECT_EQ(Task(1).TaskBDateValid(), True) << "else no file would hold it";
 }
 
 TEST_F(Converted, PhaseDoesNotFollowATaskWithoutAStart) {
