@@ -30,6 +30,19 @@ LinkChanges::LinksOfTasks LinkChanges::LinksOf(const Ref<TasksCol>& tasks) {
 void LinkChanges::Remember(const Ref<TasksCol>& tasks) {
     tasks_ = tasks;
     before_ = LinksOf(tasks);
+    leads_before_ = Leads();
+}
+
+std::map<LinkChanges::Pair, LinkChanges::Lead> LinkChanges::Leads() const {
+    std::map<Pair, Lead> leads;
+    for (const auto& [task, links] : LinksOf(tasks_)) {
+        for (const auto& [key, dates] : links) {
+            const Wait wait{tasks_->Item(Long(task)), tasks_->Item(Long(key))};
+            leads.insert(
+                {{Long(task), Long(key)}, {dates, LeadOf(tasks_, wait), dates.measurable() ? dates.Gap() : 0}});
+        }
+    }
+    return leads;
 }
 
 void LinkChanges::AskedFor(const TasksCls& task, const TasksCls& predecessor) {
@@ -40,32 +53,23 @@ void LinkChanges::AskedFor(const TasksCls& task) {
     asked_tasks_.insert(task.TaskKey());
 }
 
-template <class Wanted>
-LinkChanges::Pairs LinkChanges::Select(Wanted&& wanted) const {
-    Pairs pairs;
-    if (!tasks_) return pairs;
-    for (const auto& [task, links] : LinksOf(tasks_)) {
-        const auto known = before_.find(task);
-        for (const auto& [key, dates] : links) {
-            const bool stood = known != before_.end() && known->second.contains(key);
-            if (wanted(task, key, stood ? known->second.at(key) : std::optional<LinkDates>(), dates)) {
-                pairs.emplace_back(Long(task), Long(key));
-            }
-        }
+std::vector<LinkChanges::Pair> LinkChanges::Come() const {
+    std::vector<Pair> come;
+    if (!tasks_) return come;
+    for (const auto& [link, lead] : Leads()) {
+        if (!leads_before_.contains(link) && !asked_.contains(link)) come.push_back(link);
     }
-    return pairs;
+    return come;
 }
 
-LinkChanges::Pairs LinkChanges::Come() const {
-    return Select([this](std::int64_t task, std::int64_t key, const auto& before, const LinkDates& /*now*/) {
-        return !before && !asked_.contains({task, key});
-    });
-}
-
-LinkChanges::Pairs LinkChanges::Moved() const {
-    return Select([](std::int64_t /*task*/, std::int64_t /*key*/, const auto& before, const LinkDates& now) {
-        return before != now;
-    });
+std::vector<LinkChanges::Pair> LinkChanges::Changed() const {
+    std::vector<Pair> changed;
+    if (!tasks_) return changed;
+    for (const auto& [link, lead] : Leads()) {
+        const auto before = leads_before_.find(link);
+        if (before == leads_before_.end() || before->second != lead) changed.push_back(link);
+    }
+    return changed;
 }
 
 std::vector<std::string> LinkChanges::Told() const {

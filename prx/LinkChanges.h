@@ -21,11 +21,12 @@ public:
     void AskedFor(const mrlxmlclass::TasksCls& task);
 
     /// A task, and one that it waits for.
-    using Pairs = std::vector<std::pair<mrlxmlclass::Long, mrlxmlclass::Long>>;
+    using Pair = std::pair<mrlxmlclass::Long, mrlxmlclass::Long>;
     /// The links that have come beside what was asked for.
-    Pairs Come() const;
-    /// The links that are new or lie between other days than before.
-    Pairs Moved() const;
+    std::vector<Pair> Come() const;
+    /// The links that are new, lie between other days than before, have another lead time, or by the calendar another
+    /// number of working days.
+    std::vector<Pair> Changed() const;
     /// A line each, the worst first: a link that is gone although both tasks are there, or that has come; a task that
     /// starts sooner behind one that it waits for, where it overlaps with that one or was closest to it before; and one
     /// that starts later behind all that it waits for. Nothing where nothing was remembered.
@@ -35,8 +36,13 @@ private:
     /// Of a task, by the keys of those that it waits for.
     using Links = std::map<std::int64_t, mrlxmlclass::LinkDates>;
     using LinksOfTasks = std::map<std::int64_t, Links>;
-    template <class Wanted>
-    Pairs Select(Wanted&& wanted) const;
+    struct Lead {
+        mrlxmlclass::LinkDates dates;
+        mrlxmlclass::Integer stored;
+        std::int64_t measured = 0;
+        bool operator==(const Lead&) const = default;
+    };
+    std::map<Pair, Lead> Leads() const;
     static LinksOfTasks LinksOf(const mrlxmlclass::Ref<mrlxmlclass::TasksCol>& tasks);
     struct Lines {
         std::vector<std::string> links, sooner, later;
@@ -47,7 +53,8 @@ private:
 
     mrlxmlclass::Ref<mrlxmlclass::TasksCol> tasks_;
     LinksOfTasks before_;
-    std::set<std::pair<std::int64_t, std::int64_t>> asked_;
+    std::map<Pair, Lead> leads_before_;
+    std::set<Pair> asked_;
     std::set<std::int64_t> asked_tasks_;
 };
 

@@ -306,7 +306,7 @@ void Project::Save() {
     std::vector<std::string> link_changes = TakeOffWhatMayNotBe(*this, links().Come());
     MendSummaries(*this);        // a walk along the links leaves some as they were
     MeasureMissingLeads(*this);  // and a link that bridges over a task
-    for (const auto& [task, predecessor] : links().Moved()) {
+    for (const auto& [task, predecessor] : links().Changed()) {
         StoreMeasuredLead(tasks(), {tasks()->Item(task), tasks()->Item(predecessor)});
     }
     const std::vector<std::string> mended = MendWhatLeadsNowhere();

@@ -2,7 +2,6 @@
 
 #include <unordered_set>
 
-#include "mrlxmlclass/scheduling/TaskEdit.h"
 #include "mrlxmlclass/scheduling/Waits.h"
 #include "mrlxmlclass/tasks/TasksCol_internal.h"
 
@@ -46,7 +45,8 @@ bool HeldDates::PutBack(const Held& held) const {
     if (In(*tasks_).Find(key) != held.task || !task.TaskCondidat() || TasksCol::Internal::IsParent(held.task, key)) {
         return false;  // it went, or became a summary
     }
-    StoreStart(task, held.start);
+    In(task).TaskBDate_Int(held.start);
+    In(task).TaskEDate_Int(held.end);
     return true;
 }
 

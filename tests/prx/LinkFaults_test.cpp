@@ -133,6 +133,37 @@ TEST_F(Links, HaveTheLeadTimeThatTheirDatesTell) {
     EXPECT_EQ(plan_.Days("Next"), "2027-01-13 2027-01-13");
 }
 
+TEST_F(Links, KeepTheLeadTimeThatTheirDatesTellWhereAWalkStoresAnother) {
+    plan_.Edit({"add", "Month", "--start", "2027-01-28", "--duration", "1mon"});
+    plan_.Edit({"add", "Next", "--start", "2027-03-01", "--duration", "2"});
+    plan_.Edit({"link", "Next", "Month"});
+    EXPECT_EQ(plan_.Days("Month"), "2027-01-28 2027-02-28") << "a Sunday";
+    for (const char* start : {"start=2027-01-29", "start=2027-01-28"}) {
+        plan_.Edit({"set", "Month", start});
+        EXPECT_TRUE(Has(plan_.Row("Next"), R"("lag": 0}])")) << plan_.Row("Next");
+        EXPECT_EQ(plan_.Days("Next"), "2027-03-01 2027-03-02") << start;
+    }
+    plan_.Edit({"calendar", "--holiday", "2027-03-01"});
+    EXPECT_EQ(plan_.Days("Next"), "2027-03-01 2027-03-02");
+    EXPECT_TRUE(Has(plan_.Row("Next"), R"("lag": 0}])")) << plan_.Row("Next");
+}
+
+TEST_F(Links, HaveTheLeadTimeOfAChangedCalendar) {
+    const std::string before = plan_.Row("Build");
+    ASSERT_TRUE(Has(before, R"("predecessors": [{"key": 2, "lag": 2}])")) << before;
+    ASSERT_EQ(plan_.Days("Build"), "2026-03-09 2026-03-11");
+    plan_.Edit({"calendar", "--holiday", "2026-03-05"});
+    EXPECT_EQ(plan_.Days("Build"), "2026-03-09 2026-03-11");
+    EXPECT_TRUE(Has(plan_.Row("Build"), R"("predecessors": [{"key": 2, "lag": 1}])")) << plan_.Row("Build");
+}
+
+TEST_F(Links, ThatAnEditLeavesAloneKeepTheirLeadTimes) {
+    const std::string whole = plan_.Read("a.prx");
+    plan_.Write("a.prx", Replaced(whole, "<TaskLeadTime>2|2</TaskLeadTime>", "<TaskLeadTime>2|5</TaskLeadTime>"));
+    plan_.Edit({"set", "Test", "name=Trial"});
+    EXPECT_TRUE(Has(plan_.Read("a.prx"), "<TaskLeadTime>2|5</TaskLeadTime>"));
+}
+
 TEST_F(Links, WhoseOtherLeadTimesStay) {
     plan_.Output({"link", "a.prx", "Test", "Design", "--lag", "9"});
     Damage("<TaskLeadTime>2|9;3|4<", "<TaskLeadTime>2|x;3|4<");

@@ -33,6 +33,18 @@ TEST(HeldDates, PutsBackWhatWasMovedWithoutAWordInSilence) {
     EXPECT_EQ(plan.Heard(), "");
 }
 
+TEST(HeldDates, GivesTheDaysBackThatWereHeldWhateverTheCalendarSaysNow) {
+    Row plan;
+    plan.calendar().SetADayAsHoliday(Friday);
+    {
+        const HeldDates held(plan.tasks());
+        plan["C"].TaskBDate(NextMonday + 14);
+    }
+    EXPECT_EQ(plan["C"].TaskBDate(), Friday);
+    EXPECT_EQ(plan["C"].TaskEDate(), NextMonday);
+    EXPECT_EQ(plan["C"].TaskDuration(), 2);
+}
+
 TEST(HeldDates, LeavesWhatWasTold) {
     Row plan;
     {
