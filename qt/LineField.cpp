@@ -11,6 +11,16 @@
 #include "qt/Texts.h"
 
 namespace mrlxmlclass::qt {
+namespace {
+
+bool Types(const QEvent& event) {
+    if (event.type() == QEvent::KeyPress) return KeyAscii(static_cast<const QKeyEvent&>(event)) != EditTask::kNoKey;
+    if (event.type() != QEvent::InputMethod) return false;
+    const auto& typed = static_cast<const QInputMethodEvent&>(event);
+    return !typed.preeditString().isEmpty() || !typed.commitString().isEmpty();
+}
+
+}  // namespace
 
 void NameLine::initStyleOption(QStyleOptionFrame* option) const {
     QLineEdit::initStyleOption(option);
@@ -73,15 +83,21 @@ void LineField::Show() {
     }
 }
 
-void LineField::BeforeKey(const QKeyEvent& key) {
-    if (line_.hasSelectedText() || KeyAscii(key) == EditTask::kNoKey) return;
-    line_.setCursorPosition(std::min(line_.cursorPosition(), static_cast<int>(EndOfTyped(line_.text()))));
+void LineField::BeforeTyping(const QEvent& event) {
+    if (line_.hasSelectedText() || !Types(event)) return;
+    const int end = static_cast<int>(EndOfTyped(line_.text()));
+    // Not where it is right: what an input method has begun would end.
+    if (line_.cursorPosition() > end) line_.setCursorPosition(end);
 }
 
 qsizetype LineField::EndOfTyped(const QString& text) const {
     qsizetype end = text.size();
     while (end > 0 && tail_.contains(text[end - 1])) --end;
     return end;
+}
+
+bool WithControl(const QKeyEvent& event) {
+    return event.modifiers().testFlag(Qt::ControlModifier) && !event.modifiers().testFlag(Qt::AltModifier);
 }
 
 int KeyAscii(const QKeyEvent& event) {
@@ -94,9 +110,7 @@ int KeyAscii(const QKeyEvent& event) {
         default:
             break;
     }
-    const bool shortcut =
-        event.modifiers().testFlag(Qt::ControlModifier) && !event.modifiers().testFlag(Qt::AltModifier);
-    if (shortcut || event.text().isEmpty() || !event.text().front().isPrint()) return EditTask::kNoKey;
+    if (WithControl(event) || event.text().isEmpty() || !event.text().front().isPrint()) return EditTask::kNoKey;
     constexpr int kCodes = 256;
     const int code = event.text().front().unicode();
     return code < kCodes ? code : '?';

@@ -26,8 +26,8 @@ public:
     QLineEdit& line() { return line_; }
 
     void Show();
-    /// To be called before the line gets the key.
-    void BeforeKey(const QKeyEvent& key);
+    /// To be called before the line gets the key, or what an input method types.
+    void BeforeTyping(const QEvent& event);
 
     bool takes_lines = false;        ///< of pasted text; otherwise it is put into one
     std::function<void()> on_leave;  ///< the person goes on to another field; left empty, nothing follows
@@ -50,6 +50,9 @@ private:
     bool echo_ = false;     ///< the form is about to tell what was typed
     bool emptied_ = false;  ///< the form is answering an empty line
 };
+
+/// Whether Control is held, and not with Alt, which together type characters on some keyboards.
+bool WithControl(const QKeyEvent& event);
 
 /// The code of a key that types a character, or is Backspace or Enter, as the form's rules know it; 0 for any other.
 int KeyAscii(const QKeyEvent& event);

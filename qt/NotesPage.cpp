@@ -13,6 +13,7 @@
 #include "qt/Frame.h"
 #include "qt/GridView.h"
 #include "qt/Labels.h"
+#include "qt/LineField.h"
 #include "qt/Texts.h"
 
 namespace mrlxmlclass::qt {
@@ -76,8 +77,7 @@ void NoteText::keyPressEvent(QKeyEvent* event) {
     constexpr int kCodes = 256;  // beyond lie keys that have no meaning to the form
     if (event->key() < kCodes) {
         Integer code = Integer(event->key());
-        const bool control = event->modifiers().testFlag(Qt::ControlModifier);
-        form_.txtNote_KeyDown(code, control ? EditTask::kControlDown : 0);
+        form_.txtNote_KeyDown(code, WithControl(*event) ? EditTask::kControlDown : 0);
         if (code == EditTask::kNoKey) return;
     }
     QTextEdit::keyPressEvent(event);

@@ -181,14 +181,12 @@ void TaskPage::AddDuration(QGridLayout& grid, Bindings& bindings) {
 }
 
 bool TaskPage::eventFilter(QObject* watched, QEvent* event) {
-    if (event->type() != QEvent::KeyPress) return QWidget::eventFilter(watched, event);
+    const bool in_percent = watched != duration_line_ && watched != cost_line_;
+    if (in_percent) percent_->BeforeTyping(*event);
+    if (in_percent || event->type() != QEvent::KeyPress) return QWidget::eventFilter(watched, event);
     auto& key = static_cast<QKeyEvent&>(*event);
     if (watched == duration_line_) return DurationKey(key);
-    if (watched == cost_line_) {
-        if (const int ascii = KeyAscii(key); ascii != EditTask::kNoKey) form_.Txtcost_KeyPress(Integer(ascii));
-    } else {
-        percent_->BeforeKey(key);
-    }
+    if (const int ascii = KeyAscii(key); ascii != EditTask::kNoKey) form_.Txtcost_KeyPress(Integer(ascii));
     return false;
 }
 

@@ -208,6 +208,20 @@ TEST_F(LineField, CorrectsAPercentageFromBehindItsSign) {
               42);
 }
 
+TEST_F(LineField, TakesWhatAnInputMethodTypesBehindTheSignOfAPercentage) {
+    EXPECT_EQ(Percent([](QComboBox& box, QLineEdit& line) {
+                  Type(line, "4");
+                  QTest::keyClick(&line, Qt::Key_End);
+                  EXPECT_EQ(line.cursorPosition(), 3);
+                  QInputMethodEvent begun("2", {});
+                  QCoreApplication::sendEvent(&box, &begun);
+                  QInputMethodEvent typed;
+                  typed.setCommitString("2");
+                  QCoreApplication::sendEvent(&box, &typed);
+              }),
+              42);
+}
+
 TEST_F(LineField, TypesOverTheZeroThatComesForAPercentageThatIsTakenAway) {
     EXPECT_EQ(Percent([](QComboBox&, QLineEdit& line) {
                   Type(line, "40");

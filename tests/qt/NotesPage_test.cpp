@@ -134,6 +134,15 @@ TEST_F(NotesPage, PastesLinesIntoTheNote) {
     EXPECT_EQ(NotesOf(plan, "Design"), "1:one\na\r\nb\r\ntwo:");
 }
 
+TEST_F(NotesPage, TypesTheCharacterOfAKeyWithAltGr) {
+    QGuiApplication::clipboard()->setText("pasted");
+    Use([](QWidget& window) {
+        QTest::sendKeyEvent(QTest::Click, &Find(window, "txtNote"), Qt::Key_V, "@",
+                            Qt::ControlModifier | Qt::AltModifier);
+    });
+    EXPECT_EQ(NotesOf(plan, "Design"), "1:@:");
+}
+
 TEST_F(NotesPage, PastesTheTextOfFormattedContent) {
     auto* content = new QMimeData;
     content->setText("plain");
