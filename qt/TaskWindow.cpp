@@ -10,6 +10,7 @@
 #include <QStyle>
 #include <QTabBar>
 #include <QTabWidget>
+#include <QWheelEvent>
 #include <algorithm>
 
 #include "qt/DateField.h"
@@ -27,6 +28,19 @@ QSize FrameOfAnyWindow() {
     const int title = QApplication::style()->pixelMetric(QStyle::PM_TitleBarHeight);
     return {title / 2, title + title / 2};
 }
+
+class TabBar : public QTabBar {
+protected:
+    void wheelEvent(QWheelEvent* event) override {
+        if (hasFocus()) return QTabBar::wheelEvent(event);
+        event->ignore();  // whoever scrolls past changes nothing
+    }
+};
+
+class TabWidget : public QTabWidget {
+public:
+    explicit TabWidget(QWidget* parent) : QTabWidget(parent) { setTabBar(new TabBar); }
+};
 
 }  // namespace
 
@@ -61,7 +75,7 @@ QLayout* TaskWindow::NewNameRow() {
 }
 
 QTabWidget* TaskWindow::NewTabs() {
-    auto* tabs = new QTabWidget(this);
+    auto* tabs = new TabWidget(this);
     notes_ = new NotesPage(form_, bindings_);
     QWidget* const pages[] = {new TaskPage(form_, bindings_), NewPredecessorPage(form_, bindings_), notes_,
                               NewPeoplePage(form_, bindings_)};

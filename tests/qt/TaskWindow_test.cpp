@@ -188,6 +188,19 @@ TEST_F(TaskWindow, StaysOnTheTabThatThePersonWentTo) {
     });
 }
 
+TEST_F(TaskWindow, StaysOnItsTabWhenSomebodyScrollsPast) {
+    plan.Edit("Design", [](QWidget& window) {
+        auto& tabs = Find<QTabWidget>(window, "TabTask");
+        Find(window, "TxtName").setFocus();
+        EXPECT_FALSE(Wheel(*tabs.tabBar(), -1));
+        EXPECT_EQ(tabs.currentIndex(), 0);
+        tabs.setFocus();
+        EXPECT_TRUE(Wheel(*tabs.tabBar(), -1));
+        EXPECT_GT(tabs.currentIndex(), 0);
+        Click(Find(window, "CmdCancel"));
+    });
+}
+
 TEST_F(TaskWindow, ValidatesANameWhenTheFocusGoesOn) {
     plan.Edit("Design", [](QWidget& window) {
         auto& name = Find<QLineEdit>(window, "TxtName");
