@@ -27,6 +27,7 @@ GridView::GridView(EditTask& form, GridControl& grid, QWidget* parent)
     verticalHeader()->hide();
     verticalHeader()->setSectionResizeMode(QHeaderView::ResizeToContents);
     horizontalHeader()->setHighlightSections(false);
+    horizontalHeader()->setSectionsClickable(false);
     horizontalHeader()->setDefaultAlignment(Qt::AlignLeft | Qt::AlignVCenter);
     horizontalHeader()->setVisible(grid.FixedRows() > 0);
 
@@ -92,6 +93,10 @@ void GridView::mousePressEvent(QMouseEvent* event) {
     QTableView::mousePressEvent(event);
 }
 
+void GridView::mouseDoubleClickEvent(QMouseEvent* event) {
+    if (event->button() == Qt::LeftButton) QTableView::mouseDoubleClickEvent(event);
+}
+
 void GridView::Clicked(const QModelIndex& index, QPoint at) {
     const QPersistentModelIndex cell = index;
     const bool opens = delegate_->ArrowIn(*this, index).contains(at);
@@ -117,6 +122,7 @@ void GridView::keyPressEvent(QKeyEvent* event) {
     const bool on_row = currentIndex().isValid();
     const bool space = event->key() == Qt::Key_Space;
     const bool enter = event->key() == Qt::Key_Return || event->key() == Qt::Key_Enter;
+    if ((space || enter) && event->isAutoRepeat()) return;  // a key that is held acts once
     if (event->key() == Qt::Key_Delete && on_key) return on_key(EditTask::kDelete);
     if (space && on_row && on_click) return Clicked(EditedFrom(currentIndex()), {-1, -1});
     if ((space || enter) && on_row && on_open) return on_open();

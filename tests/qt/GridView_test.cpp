@@ -4,6 +4,7 @@
 
 #include <QClipboard>
 #include <QComboBox>
+#include <QHeaderView>
 #include <QLineEdit>
 #include <QTabWidget>
 
@@ -124,6 +125,31 @@ TEST_F(GridView, OpensTheListOfAFilledRowByItsArrow) {
         };
         EXPECT_FALSE(click(cell.center()));
         EXPECT_TRUE(click({cell.right() - cell.height() / 2, cell.center().y()}));
+    });
+}
+
+TEST_F(GridView, StaysWhereItIsWhenAHeadingIsClicked) {
+    for (const auto& [tab, table] : {std::pair(1, "VSFlexGridPredecessor"), {3, "VSFlexGridResource"}}) {
+        AddPerson(plan, "Ann");
+        Use(tab, table, [](QTableView& view) {
+            const QModelIndex last = view.model()->index(1, 1);
+            view.setCurrentIndex(last);
+            QTest::mouseClick(view.horizontalHeader()->viewport(), Qt::LeftButton, {}, QPoint(100, 5));
+            EXPECT_EQ(view.currentIndex(), last);
+            EXPECT_FALSE(view.selectionModel()->isColumnSelected(1));
+        });
+    }
+}
+
+TEST_F(GridView, OpensNothingByADoubleClickOfAnotherButton) {
+    AddNote(plan, "Build", "", "http://www.one.example");
+    Use(2, "gridattachement", [this](QTableView& table) {
+        const QPoint link = table.visualRect(table.model()->index(0, 0)).center();
+        for (const Qt::MouseButton button : {Qt::RightButton, Qt::MiddleButton}) {
+            QTest::mouseClick(table.viewport(), button, {}, link);
+            QTest::mouseDClick(table.viewport(), button, {}, link);
+        }
+        EXPECT_TRUE(plan.platform.shell.targets.empty());
     });
 }
 
