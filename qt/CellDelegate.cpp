@@ -91,6 +91,10 @@ QString TextThatStays(const QLineEdit& line) {
     return line.hasSelectedText() ? line.text().remove(line.selectionStart(), line.selectionLength()) : line.text();
 }
 
+bool LeadsToAnotherPage(const QKeyEvent& key) {
+    return WithControl(key) && (key.key() == Qt::Key_Tab || key.key() == Qt::Key_Backtab);
+}
+
 void DrawArrow(QPainter& painter, const QStyleOptionViewItem& cell) {
     constexpr double kFaint = 0.5;
     const bool selected = cell.state.testFlag(QStyle::State_Selected);
@@ -121,7 +125,12 @@ void DrawFocus(QPainter& painter, const QStyleOptionViewItem& cell) {
 QWidget* CellDelegate::createEditor(QWidget* parent, const QStyleOptionViewItem& option,
                                     const QModelIndex& index) const {
     if (!form_.BeginEdit(grid_, model_.GridRow(index), index.column())) return nullptr;
-    if (!grid_.ComboList().empty()) return NewList(parent);
+    QWidget* editor = grid_.ComboList().empty() ? NewLine(parent, option, index) : NewList(parent);
+    editor->setAccessibleName(model_.headerData(index.column(), Qt::Horizontal, Qt::DisplayRole).toString());
+    return editor;
+}
+
+QWidget* CellDelegate::NewLine(QWidget* parent, const QStyleOptionViewItem& option, const QModelIndex& index) const {
     auto* line = new QLineEdit(parent);
     line->setFrame(false);
     QStyleOptionViewItem cell = option;
@@ -161,7 +170,9 @@ void CellDelegate::updateEditorGeometry(QWidget* editor, const QStyleOptionViewI
 bool CellDelegate::eventFilter(QObject* watched, QEvent* event) {
     auto* line = qobject_cast<QLineEdit*>(watched);
     if (line != nullptr && event->type() == QEvent::KeyPress) {
-        if (LineKey(*line, static_cast<const QKeyEvent&>(*event))) return true;
+        const auto& key = static_cast<const QKeyEvent&>(*event);
+        if (LeadsToAnotherPage(key)) return false;
+        if (LineKey(*line, key)) return true;
     }
     if (event->type() != QEvent::FocusOut) return QStyledItemDelegate::eventFilter(watched, event);
     if (LeavesField(*event)) {

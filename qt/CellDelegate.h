@@ -38,6 +38,7 @@ private:
     QWidget* NewList(QWidget* parent) const;
     bool OffersList(const QModelIndex& index) const;
     bool LineKey(QLineEdit& line, const QKeyEvent& key);
+    QWidget* NewLine(QWidget* parent, const QStyleOptionViewItem& option, const QModelIndex& index) const;
 
     EditTask& form_;
     GridControl& grid_;

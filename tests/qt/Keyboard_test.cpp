@@ -5,6 +5,7 @@
 #include <QTabBar>
 #include <QTabWidget>
 #include <algorithm>
+#include <tuple>
 
 #include "tests/qt/QtDialog.h"
 
@@ -112,6 +113,39 @@ TEST_F(Keyboard, HasTheValueOfTheFieldForItsArrows) {
     });
 }
 
+TEST_F(Keyboard, HasABoxToTickForEachPerson) {
+    Assign(plan, AddPerson(plan, "Ann"), "Build");
+    AddPerson(plan, "Ben");
+    Use([](QWidget& window) {
+        auto& people = Find<QTableView>(window, "VSFlexGridResource");
+        QAccessibleTableInterface* table = QAccessible::queryAccessibleInterface(&people)->tableInterface();
+        const auto state_of = [&](int row) { return table->cellAt(row, 1)->state(); };
+        EXPECT_TRUE(state_of(0).checkable);
+        EXPECT_TRUE(state_of(0).checked);
+        EXPECT_TRUE(state_of(1).checkable);
+        EXPECT_FALSE(state_of(1).checked);
+        EXPECT_FALSE(state_of(2).checkable) << "nobody is there yet";
+    });
+}
+
+TEST_F(Keyboard, HasTheHeadingForTheNameOfACellThatIsTypedIn) {
+    plan.Task("Permit").From(Monday).Lasting(3);
+    Use([](QWidget& window) {
+        for (const auto& [tab, table, row, col, heading] : {std::tuple(1, "VSFlexGridPredecessor", 0, 3, "Lag (days)"),
+                                                            {1, "VSFlexGridPredecessor", 1, 1, "Task"},
+                                                            {3, "VSFlexGridResource", 0, 1, "Name"}}) {
+            Find<QTabWidget>(window, "TabTask").setCurrentIndex(tab);
+            auto& view = Find<QTableView>(window, table);
+            EditCell(view, row, col);
+            const auto* editor = view.viewport()->findChild<QWidget*>(QString(), Qt::FindDirectChildrenOnly);
+            ASSERT_NE(editor, nullptr) << heading;
+            EXPECT_EQ(editor->accessibleName(), heading);
+            QTest::keyClick(QApplication::focusWidget(), Qt::Key_Escape);
+            Settle();
+        }
+    });
+}
+
 // --- Keys that are held ----------------------------------------------------------------------------------------------
 
 /// The key tells whoever has the focus so many times that it is down.
@@ -159,6 +193,22 @@ TEST_F(Keyboard, StaysThoughTheEnterIsHeldThatEndsAnEdit) {
         Hold(Qt::Key_Return, "\r", 3);
         EXPECT_TRUE(window.isVisible());
         EXPECT_EQ(Shown(table), "1 | Draw | 4\n |  | \n");
+    });
+}
+
+TEST_F(Keyboard, LeadsToAnotherTabOutOfACell) {
+    Use([](QWidget& window) {
+        auto& tabs = Find<QTabWidget>(window, "TabTask");
+        auto& table = Find<QTableView>(window, "VSFlexGridPredecessor");
+        for (const auto& [key, tab] : {std::pair(Qt::Key_Tab, 2), {Qt::Key_Backtab, 0}}) {
+            tabs.setCurrentIndex(1);
+            EditCell(table, 0, 3);
+            QTest::keyClicks(&OpenLine(table), QByteArray::number(tab + 4));
+            QTest::keyClick(QApplication::focusWidget(), key, Qt::ControlModifier);
+            Settle();
+            EXPECT_EQ(tabs.currentIndex(), tab);
+            EXPECT_EQ(Shown(table), QString("1 | Draw | %1\n |  | \n").arg(tab + 4));
+        }
     });
 }
 
