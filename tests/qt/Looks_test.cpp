@@ -2,7 +2,6 @@
 
 #include <QCalendarWidget>
 #include <QHeaderView>
-#include <QImage>
 #include <QLabel>
 #include <QSizeGrip>
 #include <QStyleOptionButton>
@@ -11,58 +10,10 @@
 #include <QTextEdit>
 #include <QTimer>
 
-#include "tests/qt/QtDialog.h"
+#include "tests/qt/Looks.h"
 
 namespace mrlxmlclass::testing {
 namespace {
-
-class Looks : public ::testing::Test {
-protected:
-    Looks() { Furnish(plan); }
-
-    /// What is done stands in the window that shows the tab; the task is left as it is.
-    void LookAt(int tab, const std::function<void(QWidget& window)>& look) {
-        plan.Edit("Foundation", [&](QWidget& window) {
-            Find<QTabWidget>(window, "TabTask").setCurrentIndex(tab);
-            Settle();
-            look(window);
-            Click(Find(window, "CmdCancel"));
-        });
-    }
-    void OnBothDesktops(const std::function<void()>& look) {
-        look();
-        SCOPED_TRACE("dark");
-        QApplication::setPalette(DarkPalette());
-        look();
-    }
-
-    OffscreenApplication application;
-    QtPlan plan;
-};
-
-int Difference(const QColor& one, const QColor& other) {
-    return std::abs(qGray(one.rgb()) - qGray(other.rgb()));
-}
-
-/// Of the pixels in a part of a widget, the one that stands out most from its first.
-int StandsOut(QWidget& widget, const QRect& part) {
-    const QImage picture = widget.grab(part).toImage();
-    int most = 0;
-    for (int y = 0; y < picture.height(); ++y) {
-        for (int x = 0; x < picture.width(); ++x) {
-            most = std::max(most, Difference(picture.pixelColor(x, y), picture.pixelColor(0, 0)));
-        }
-    }
-    return most;
-}
-
-QColor ColourAt(QWidget& widget, QPoint place) {
-    return widget.grab(QRect(place, QSize(1, 1))).toImage().pixelColor(0, 0);
-}
-
-QRect CellOf(const QTableView& table, int row, int col) {
-    return table.visualRect(table.model()->index(row, col));
-}
 
 // --- Texts -----------------------------------------------------------------------------------------------------------
 
@@ -122,64 +73,6 @@ TEST_F(Looks, HasHeadingsInBold) {
 
 // --- Colours ---------------------------------------------------------------------------------------------------------
 
-TEST_F(Looks, WritesLinksInTheDesktopsColourOfLinks) {
-    QPalette palette;
-    palette.setColor(QPalette::Link, Qt::darkGreen);
-    QApplication::setPalette(palette);
-    LookAt(2, [](QWidget& window) {
-        const auto& links = *Find<QTableView>(window, "gridattachement").model();
-        for (int row = 0; row < 2; ++row) {
-            EXPECT_EQ(links.index(row, 0).data(Qt::ForegroundRole).value<QBrush>().color(), QColor(Qt::darkGreen));
-        }
-    });
-}
-
-TEST_F(Looks, TintsWhoWorksOnTheTask) {
-    OnBothDesktops([this] {
-        LookAt(3, [](QWidget& window) {
-            auto& people = Find<QTableView>(window, "VSFlexGridResource");
-            const auto paper = [&](int row) {
-                return ColourAt(*people.viewport(), CellOf(people, row, 1).topRight() + QPoint(-9, 4));
-            };
-            const auto distance = [](const QColor& one, const QColor& other) {
-                return std::abs(one.red() - other.red()) + std::abs(one.green() - other.green()) +
-                       std::abs(one.blue() - other.blue());
-            };
-            EXPECT_GT(distance(paper(1), paper(3)), 50) << "one works on the task, the other does not";
-            EXPECT_EQ(distance(paper(0), paper(2)), 0) << "neither of them does";
-        });
-    });
-}
-
-TEST_F(Looks, FramesTheCurrentPersonSoThatItIsSeen) {
-    OnBothDesktops([this] {
-        LookAt(3, [](QWidget& window) {
-            auto& people = Find<QTableView>(window, "VSFlexGridResource");
-            Find<QTabWidget>(window, "TabTask").setFocus();
-            QTest::keyClick(QApplication::focusWidget(), Qt::Key_Tab);
-            for (const int row : {4, 3}) {  // the one works on the task, the other does not
-                EXPECT_EQ(people.currentIndex().row(), row);
-                const QRect cell = people.visualRect(people.currentIndex());
-                const QRect edge(cell.right() - 3, cell.top(), 4, cell.height());
-                EXPECT_GT(StandsOut(*people.viewport(), edge), 60) << row;
-                QTest::keyClick(&people, Qt::Key_Up);
-                EXPECT_LT(StandsOut(*people.viewport(), edge), 10) << "the frame goes along";
-            }
-        });
-    });
-}
-
-TEST_F(Looks, DrawsTheArrowOfACellThatOffersAList) {
-    OnBothDesktops([this] {
-        LookAt(1, [](QWidget& window) {
-            auto& table = Find<QTableView>(window, "VSFlexGridPredecessor");
-            const QRect cell = CellOf(table, 1, 1);
-            const QRect end(cell.right() - cell.height(), cell.top() + 2, cell.height(), cell.height() - 4);
-            EXPECT_GT(StandsOut(*table.viewport(), end), 60);
-        });
-    });
-}
-
 TEST_F(Looks, OutlinesBoxesOnADarkDesktop) {
     QApplication::setPalette(DarkPalette());
     LookAt(0, [](QWidget& window) {
@@ -211,19 +104,6 @@ TEST_F(Looks, HasWeekendsThatCanBeReadInItsCalendar) {
 }
 
 // --- Sizes -----------------------------------------------------------------------------------------------------------
-
-TEST_F(Looks, HasPaperClipsAsHighAsTheirLinks) {
-    LookAt(2, [this](QWidget& window) {
-        plan.form().gridattachement.Font({"Arial", "24"});
-        const auto& links = Find<QTableView>(window, "gridattachement");
-        const QModelIndex link = links.model()->index(0, 0);
-        const int high = links.fontMetrics().height();
-        const int around = high / 4;
-        const int before = links.sizeHintForIndex(link).width() - 2 * around -
-                           links.fontMetrics().horizontalAdvance(link.data().toString());
-        EXPECT_GE(before, high);
-    });
-}
 
 TEST_F(Looks, GivesAnAddressFiftyCharacters) {
     LookAt(2, [](QWidget& window) {
