@@ -14,8 +14,6 @@ void Frame::setVisible(bool visible) {
 
 void Frame::paintEvent(QPaintEvent*) {
     QStylePainter painter(this);
-    // Some styles leave room for a line that is not drawn here.
-    painter.translate(isRightToLeft() ? contentsRect().right() - rect().right() : contentsRect().left(), 0);
     QFont heading = font();
     heading.setBold(true);
     painter.setFont(heading);
@@ -23,6 +21,10 @@ void Frame::paintEvent(QPaintEvent*) {
     initStyleOption(&box);
     box.fontMetrics = QFontMetrics(heading);
     box.subControls = QStyle::SC_GroupBoxLabel;
+    // Some styles leave room for a line that is not drawn here.
+    const QRect label = style()->subControlRect(QStyle::CC_GroupBox, &box, QStyle::SC_GroupBoxLabel, this);
+    const QRect content = contentsRect();
+    painter.translate(isRightToLeft() ? content.right() - label.right() : content.left() - label.left(), 0);
     painter.drawComplexControl(QStyle::CC_GroupBox, box);
 }
 

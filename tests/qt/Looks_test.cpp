@@ -71,6 +71,28 @@ TEST_F(Looks, HasHeadingsInBold) {
     });
 }
 
+TEST_F(Looks, BeginsItsHeadingsWhereTheLabelsBelowThemDo) {
+    for (const char* style : {"fusion", "windows"}) {
+        for (const bool mirrored : {false, true}) {
+            QApplication::setStyle(style);
+            QApplication::setLayoutDirection(mirrored ? Qt::RightToLeft : Qt::LeftToRight);
+            LookAt(0, [&](QWidget& window) {
+                QWidget& frame = Find(window, "FrStartDate");
+                const QImage heading = Drawn(frame, QRect(0, 0, frame.width(), frame.fontMetrics().height()));
+                const QRect label = Find(window, "LblStartDate").geometry();
+                const int begin = heading.offset().x();
+                constexpr int kNear = 4;  // half a blank may stand around it
+                if (mirrored) {
+                    EXPECT_NEAR(begin + heading.width() - 1, label.right(), kNear) << style;
+                } else {
+                    EXPECT_NEAR(begin, label.left(), kNear) << style;
+                }
+            });
+        }
+    }
+    QApplication::setLayoutDirection(Qt::LeftToRight);
+}
+
 // --- Colours ---------------------------------------------------------------------------------------------------------
 
 TEST_F(Looks, OutlinesBoxesOnADarkDesktop) {
