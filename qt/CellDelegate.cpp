@@ -17,6 +17,7 @@
 #include "qt/FieldFocus.h"
 #include "qt/GridModel.h"
 #include "qt/LineField.h"
+#include "qt/PaperClip.h"
 #include "qt/Texts.h"
 
 namespace mrlxmlclass::qt {
@@ -80,10 +81,20 @@ private:
     bool pressed_ = false;  ///< an entry of it
 };
 
+const QStyle& StyleOf(const QStyleOptionViewItem& cell) {
+    return *(cell.widget != nullptr ? cell.widget->style() : QApplication::style());
+}
+
+/// On that side of the text of a cell, for something that wide and as high.
+void KeepRoom(QStyleOptionViewItem& cell, QStyleOptionViewItem::Position where, int side) {
+    cell.features |= QStyleOptionViewItem::HasDecoration;
+    cell.decorationPosition = where;
+    cell.decorationSize = QSize(side, side);
+}
+
 /// Where the style puts what stands behind the text of a cell.
 QRect PlaceBehindText(const QStyleOptionViewItem& cell) {
-    const QStyle& style = *(cell.widget != nullptr ? cell.widget->style() : QApplication::style());
-    return style.subElementRect(QStyle::SE_ItemViewItemDecoration, &cell, cell.widget);
+    return StyleOf(cell).subElementRect(QStyle::SE_ItemViewItemDecoration, &cell, cell.widget);
 }
 
 /// Without what the next key replaces.
@@ -112,13 +123,37 @@ void DrawArrow(QPainter& painter, const QStyleOptionViewItem& cell) {
     painter.restore();
 }
 
-/// Some styles frame the cell that has the focus in the colour of the window, hardly to be seen on a dark desktop.
-void DrawFocus(QPainter& painter, const QStyleOptionViewItem& cell) {
+void DrawFrame(QPainter& painter, const QRect& cell, const QColor& colour) {
     painter.save();
-    painter.setPen(ReadableOnPaper(cell.palette.color(QPalette::Highlight)));
-    painter.drawRect(QRectF(cell.rect).adjusted(0.5, 0.5, -0.5, -0.5));
+    painter.setPen(colour);
+    painter.drawRect(QRectF(cell).adjusted(0.5, 0.5, -0.5, -0.5));
     painter.restore();
 }
+
+QColor HighlightOnPaper(const QPalette& palette) {
+    return ReadableOnPaper(palette.color(QPalette::Highlight));
+}
+
+/// Some styles frame the cell that has the focus in the colour of the window, hardly to be seen on a dark desktop, or
+/// in nearly that of a selected row.
+void DrawFocus(QPainter& painter, const QStyleOptionViewItem& cell) {
+    const bool selected = cell.state.testFlag(QStyle::State_Selected);
+    DrawFrame(painter, cell.rect,
+              selected ? cell.palette.color(QPalette::HighlightedText) : HighlightOnPaper(cell.palette));
+}
+
+/// A line that fills a cell.
+class CellLine : public QLineEdit {
+public:
+    using QLineEdit::QLineEdit;
+
+protected:
+    void paintEvent(QPaintEvent* event) override {
+        QLineEdit::paintEvent(event);
+        QPainter painter(this);
+        DrawFrame(painter, rect(), HighlightOnPaper(palette()));
+    }
+};
 
 }  // namespace
 
@@ -131,11 +166,13 @@ QWidget* CellDelegate::createEditor(QWidget* parent, const QStyleOptionViewItem&
 }
 
 QWidget* CellDelegate::NewLine(QWidget* parent, const QStyleOptionViewItem& option, const QModelIndex& index) const {
-    auto* line = new QLineEdit(parent);
+    auto* line = new CellLine(parent);
     line->setFrame(false);
     QStyleOptionViewItem cell = option;
     initStyleOption(&cell, index);
     line->setAlignment(QStyle::visualAlignment(parent->layoutDirection(), cell.displayAlignment));
+    const QRect text = StyleOf(cell).subElementRect(QStyle::SE_ItemViewItemText, &cell, cell.widget);
+    line->setTextMargins(text.left() - cell.rect.left(), 0, cell.rect.right() - text.right(), 0);
     if (grid_.EditMaxLength() > 0) line->setMaxLength(static_cast<int>(grid_.EditMaxLength().value()));
     return line;
 }
@@ -199,19 +236,23 @@ bool CellDelegate::OffersList(const QModelIndex& index) const {
     return static_cast<bool>(form_.OffersList(grid_, index.column()));
 }
 
-/// Behind the text of a cell that offers a list, room is kept for the arrow. A picture before a text is as high as
-/// that.
+/// Behind the text of a cell that offers a list, room is kept for the arrow, and before one that has no tick, where
+/// others have one, for that. A picture before a text is as high as that.
 void CellDelegate::initStyleOption(QStyleOptionViewItem* option, const QModelIndex& index) const {
+    const QPalette palette = option->palette;  // the text of a link has a colour of its own
     QStyledItemDelegate::initStyleOption(option, index);
+    const bool mirrored = option->direction == Qt::RightToLeft;
+    if (mirrored && model_.ReadsLeftToRight(index)) option->text = LeftToRight(option->text);
     const int height = option->fontMetrics.height();
-    if (!OffersList(index)) {
-        if (!option->icon.isNull()) option->decorationSize = QSize(height, height);
-        return;
+    if (OffersList(index)) {
+        KeepRoom(*option, QStyleOptionViewItem::Right, height / 2);
+    } else if (model_.HasTicks(index.column()) && !option->features.testFlag(QStyleOptionViewItem::HasCheckIndicator)) {
+        KeepRoom(*option, QStyleOptionViewItem::Left,
+                 StyleOf(*option).pixelMetric(QStyle::PM_IndicatorWidth, option, option->widget));
+    } else if (!option->icon.isNull()) {
+        option->icon = PaperClip(palette);
+        option->decorationSize = QSize(height, height);
     }
-    const int side = height / 2;
-    option->features |= QStyleOptionViewItem::HasDecoration;
-    option->decorationPosition = QStyleOptionViewItem::Right;
-    option->decorationSize = QSize(side, side);
 }
 
 QRect CellDelegate::ArrowIn(const QAbstractItemView& view, const QModelIndex& index) const {
@@ -227,17 +268,23 @@ QRect CellDelegate::ArrowIn(const QAbstractItemView& view, const QModelIndex& in
 
 void CellDelegate::paint(QPainter* painter, const QStyleOptionViewItem& option, const QModelIndex& index) const {
     QStyleOptionViewItem cell = option;
-    const bool framed = option.state.testFlag(QStyle::State_HasFocus) && !option.state.testFlag(QStyle::State_Selected);
+    const bool framed = option.state.testFlag(QStyle::State_HasFocus);
     if (framed) cell.state.setFlag(QStyle::State_HasFocus, false);
     QStyledItemDelegate::paint(painter, cell, index);
     if (framed) DrawFocus(*painter, cell);
     initStyleOption(&cell, index);
     if (OffersList(index)) DrawArrow(*painter, cell);
     if (index.data(Qt::CheckStateRole).isValid()) {
-        const QStyle& style = *(option.widget != nullptr ? option.widget->style() : QApplication::style());
-        DrawOutline(*painter, style.subElementRect(QStyle::SE_ItemViewItemCheckIndicator, &cell, option.widget),
+        DrawOutline(*painter, StyleOf(cell).subElementRect(QStyle::SE_ItemViewItemCheckIndicator, &cell, option.widget),
                     option.palette);
     }
+}
+
+bool CellDelegate::helpEvent(QHelpEvent* event, QAbstractItemView* view, const QStyleOptionViewItem& option,
+                             const QModelIndex& index) {
+    const bool tells = index.data(Qt::DecorationRole).isValid() ||
+                       QStyledItemDelegate::sizeHint(option, index).width() > option.rect.width();
+    return QStyledItemDelegate::helpEvent(event, view, option, tells ? index : QModelIndex());
 }
 
 QSize CellDelegate::sizeHint(const QStyleOptionViewItem& option, const QModelIndex& index) const {

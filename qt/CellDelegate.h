@@ -27,6 +27,9 @@ public:
     void setModelData(QWidget* editor, QAbstractItemModel* model, const QModelIndex& index) const override;
     void updateEditorGeometry(QWidget* editor, const QStyleOptionViewItem& option,
                               const QModelIndex& index) const override;
+    /// The tip of a link, or of a text that does not show as a whole.
+    bool helpEvent(QHelpEvent* event, QAbstractItemView* view, const QStyleOptionViewItem& option,
+                   const QModelIndex& index) override;
     void paint(QPainter* painter, const QStyleOptionViewItem& option, const QModelIndex& index) const override;
     QSize sizeHint(const QStyleOptionViewItem& option, const QModelIndex& index) const override;
 
@@ -35,10 +38,10 @@ protected:
     bool eventFilter(QObject* watched, QEvent* event) override;
 
 private:
+    QWidget* NewLine(QWidget* parent, const QStyleOptionViewItem& option, const QModelIndex& index) const;
     QWidget* NewList(QWidget* parent) const;
     bool OffersList(const QModelIndex& index) const;
     bool LineKey(QLineEdit& line, const QKeyEvent& key);
-    QWidget* NewLine(QWidget* parent, const QStyleOptionViewItem& option, const QModelIndex& index) const;
 
     EditTask& form_;
     GridControl& grid_;

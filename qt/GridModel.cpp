@@ -88,6 +88,14 @@ QModelIndex GridModel::IndexOf(Long row, Long col) const {
     return index(static_cast<int>(row.value()) - first_, static_cast<int>(col.value()));
 }
 
+bool GridModel::ReadsLeftToRight(const QModelIndex& index) const {
+    return right_columns_.contains(index.column()) || rows_[static_cast<std::size_t>(index.row())].link;
+}
+
+bool GridModel::HasTicks(int column) const {
+    return std::ranges::find(rows_, column, &Row::tick_column) != rows_.end();
+}
+
 int GridModel::rowCount(const QModelIndex& parent) const {
     return parent.isValid() ? 0 : static_cast<int>(rows_.size());
 }
@@ -107,11 +115,11 @@ QVariant GridModel::data(const QModelIndex& index, int role) const {
         case Qt::BackgroundRole:
             return row.selected ? QVariant(SelectedRow()) : QVariant();
         case Qt::DecorationRole:
-            return row.link ? QVariant(PaperClip()) : QVariant();
+            return row.link ? QVariant(PaperClip(QGuiApplication::palette())) : QVariant();
         case Qt::ForegroundRole:
             return row.link ? QVariant(Link()) : QVariant();
         case Qt::ToolTipRole:
-            return row.link ? QVariant("<qt>" + row.texts[index.column()].toHtmlEscaped()) : QVariant();
+            return Tip(index);
         case Qt::TextAlignmentRole:
             return Alignment(index.column());
         default:
@@ -126,7 +134,12 @@ QVariant GridModel::headerData(int section, Qt::Orientation orientation, int rol
 }
 
 QVariant GridModel::Alignment(int column) const {
-    return column == right_column_ ? QVariant(Qt::AlignRight | Qt::AlignVCenter) : QVariant();
+    return right_columns_.contains(column) ? QVariant(Qt::AlignRight | Qt::AlignVCenter) : QVariant();
+}
+
+QString GridModel::Tip(const QModelIndex& index) const {
+    const QString text = index.data().toString().toHtmlEscaped();
+    return (ReadsLeftToRight(index) ? "<div dir='ltr'>" : "<div>") + text;
 }
 
 Qt::ItemFlags GridModel::flags(const QModelIndex& index) const {

@@ -14,14 +14,18 @@ class GridModel : public QAbstractTableModel {
 public:
     GridModel(const EditTask& form, const GridControl& grid);
 
-    /// A column of numbers.
-    void AlignRight(int column) { right_column_ = column; }
+    /// The column is one of numbers.
+    void AlignRight(int column) { right_columns_ << column; }
     /// Takes over what the table has become, row by row, so that the view keeps its place.
     void Follow();
 
     Long GridRow(const QModelIndex& index) const { return Long(index.row() + first_); }
     /// An index of no row when there is none.
     QModelIndex IndexOf(Long row, Long col) const;
+
+    /// Numbers and addresses are written so, also where texts are not.
+    bool ReadsLeftToRight(const QModelIndex& index) const;
+    bool HasTicks(int column) const;
 
     int rowCount(const QModelIndex& parent = {}) const override;
     int columnCount(const QModelIndex& parent = {}) const override;
@@ -39,12 +43,13 @@ private:
     };
     Row RowOf(Long row) const;
     QVariant Alignment(int column) const;
+    QString Tip(const QModelIndex& index) const;
     void Replace(std::size_t from, const std::vector<Row>& rows, std::size_t old_count, std::size_t new_count);
 
     const EditTask& form_;
     const GridControl& grid_;
     int first_;
-    int right_column_ = -1;
+    QList<int> right_columns_;
     std::vector<Row> rows_;
     QStringList headings_;
 };

@@ -34,7 +34,7 @@ QWidget* NewPredecessorPage(EditTask& form, Bindings& bindings) {
     GridView* view = AddGrid(*page, form, form.frpred, grid, bindings);
     view->on_key = [&form](Integer code) { form.VSFlexGridPredecessor_KeyDown(code, 0); };
     view->setSelectionBehavior(QAbstractItemView::SelectRows);
-    view->model().AlignRight(Column(grid, "Lag"));
+    for (const char* numbers : {"ID", "Lag"}) view->model().AlignRight(Column(grid, numbers));
     view->horizontalHeader()->setSectionResizeMode(QHeaderView::ResizeToContents);
     view->horizontalHeader()->setSectionResizeMode(Column(grid, "Name"), QHeaderView::Stretch);
     return page;

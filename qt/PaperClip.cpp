@@ -1,10 +1,8 @@
 #include "qt/PaperClip.h"
 
-#include <QGuiApplication>
 #include <QIconEngine>
 #include <QPainter>
 #include <QPainterPath>
-#include <QPalette>
 #include <algorithm>
 
 namespace mrlxmlclass::qt {
@@ -27,10 +25,12 @@ QPainterPath Wire() {
 
 class Engine : public QIconEngine {
 public:
+    explicit Engine(const QPalette& palette) : palette_(palette) {}
+
     void paint(QPainter* painter, const QRect& rect, QIcon::Mode mode, QIcon::State) override {
         constexpr double kWire = 1.2;
         constexpr double kTilt = 30;  // degrees
-        const QPalette::ColorGroup group = mode == QIcon::Disabled ? QPalette::Disabled : QPalette::Active;
+        const QPalette::ColorRole text = mode == QIcon::Selected ? QPalette::HighlightedText : QPalette::Text;
         const double scale = std::min(rect.width(), rect.height()) / kSide;
         painter->save();
         painter->setRenderHint(QPainter::Antialiasing);
@@ -38,8 +38,7 @@ public:
         painter->scale(scale, scale);
         painter->rotate(kTilt);
         painter->translate(-kSide / 2, -kSide / 2);
-        painter->setPen(
-            QPen(QGuiApplication::palette().color(group, QPalette::Text), kWire, Qt::SolidLine, Qt::RoundCap));
+        painter->setPen(QPen(palette_.color(text), kWire, Qt::SolidLine, Qt::RoundCap));
         painter->drawPath(Wire());
         painter->restore();
     }
@@ -51,12 +50,15 @@ public:
         return picture;
     }
     QIconEngine* clone() const override { return new Engine(*this); }
+
+private:
+    QPalette palette_;
 };
 
 }  // namespace
 
-QIcon PaperClip() {
-    return QIcon(new Engine);
+QIcon PaperClip(const QPalette& palette) {
+    return QIcon(new Engine(palette));
 }
 
 }  // namespace mrlxmlclass::qt

@@ -22,6 +22,13 @@ inline String LinesFromQt(QString text) {
     return FromQt(text.replace("\n", "\r\n"));
 }
 
+/// The text as it is laid out from left to right where texts are not.
+inline QString LeftToRight(const QString& text) {
+    constexpr QChar kEmbedding(0x202A);
+    constexpr QChar kEnd(0x202C);
+    return kEmbedding + text + kEnd;
+}
+
 /// What a field of one line makes of lines that were pasted: breaks around the text go, those within are blanks.
 inline QString OneLine(QString text) {
     text.replace("\r\n", "\n").replace('\r', '\n');

@@ -161,6 +161,28 @@ TEST(Pictures, AreTakenOfCellsThatAreTypedIn) {
     });
 }
 
+TEST(Pictures, AreTakenOfSelectedRows) {
+    OnBothDesktops([](const QString& looks) {
+        LookAt([&](QWidget& window) {
+            GoTo(window, 1);
+            auto& table = Find<QTableView>(window, "VSFlexGridPredecessor");
+            table.setFocus();
+            table.setCurrentIndex(table.model()->index(0, 3));
+            TakePicture(window, looks, "predecessor");
+            GoTo(window, 2);
+            ClickCell(Find<QTableView>(window, "gridattachement"), 0, 0);
+            TakePicture(window, looks, "attachment");
+        });
+    });
+}
+
+TEST(Pictures, AreTakenInAnotherStyle) {
+    OnBothDesktops([](const QString& looks) {
+        QApplication::setStyle("windows");
+        LookAt([&](QWidget& window) { TakePictures(window, looks + "-windows"); });
+    });
+}
+
 TEST(Pictures, AreTakenOfOpenLists) {
     OnBothDesktops([](const QString& looks) {
         LookAt([&](QWidget& window) {
