@@ -282,9 +282,14 @@ void CellDelegate::paint(QPainter* painter, const QStyleOptionViewItem& option, 
 
 bool CellDelegate::helpEvent(QHelpEvent* event, QAbstractItemView* view, const QStyleOptionViewItem& option,
                              const QModelIndex& index) {
-    const bool tells = index.data(Qt::DecorationRole).isValid() ||
-                       QStyledItemDelegate::sizeHint(option, index).width() > option.rect.width();
+    const bool tells = index.isValid() && (index.data(Qt::DecorationRole).isValid() ||
+                                           QStyledItemDelegate::sizeHint(option, index).width() > option.rect.width());
     return QStyledItemDelegate::helpEvent(event, view, option, tells ? index : QModelIndex());
+}
+
+// The table ticks by itself, and moves to the person before it does.
+bool CellDelegate::editorEvent(QEvent*, QAbstractItemModel*, const QStyleOptionViewItem&, const QModelIndex&) {
+    return false;
 }
 
 QSize CellDelegate::sizeHint(const QStyleOptionViewItem& option, const QModelIndex& index) const {

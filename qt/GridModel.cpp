@@ -89,6 +89,7 @@ QModelIndex GridModel::IndexOf(Long row, Long col) const {
 }
 
 bool GridModel::ReadsLeftToRight(const QModelIndex& index) const {
+    if (!index.isValid()) return false;
     return right_columns_.contains(index.column()) || rows_[static_cast<std::size_t>(index.row())].link;
 }
 
@@ -105,6 +106,7 @@ int GridModel::columnCount(const QModelIndex& parent) const {
 }
 
 QVariant GridModel::data(const QModelIndex& index, int role) const {
+    if (!index.isValid()) return {};
     const Row& row = rows_[static_cast<std::size_t>(index.row())];
     switch (role) {
         case Qt::DisplayRole:

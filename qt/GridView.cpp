@@ -122,8 +122,9 @@ void GridView::keyPressEvent(QKeyEvent* event) {
     const bool on_row = currentIndex().isValid();
     const bool space = event->key() == Qt::Key_Space;
     const bool enter = event->key() == Qt::Key_Return || event->key() == Qt::Key_Enter;
-    if ((space || enter) && event->isAutoRepeat()) return;  // a key that is held acts once
-    if (event->key() == Qt::Key_Delete && on_key) return on_key(EditTask::kDelete);
+    const bool removes = event->key() == Qt::Key_Delete;
+    if ((space || enter || removes) && event->isAutoRepeat()) return;  // a key that is held acts once
+    if (removes && on_key) return on_key(EditTask::kDelete);
     if (space && on_row && on_click) return Clicked(EditedFrom(currentIndex()), {-1, -1});
     if ((space || enter) && on_row && on_open) return on_open();
     QTableView::keyPressEvent(event);

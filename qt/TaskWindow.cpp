@@ -30,6 +30,13 @@ QSize FrameOfAnyWindow() {
 }
 
 class TabBar : public QTabBar {
+public:
+    TabBar() {
+        // As the one that it stands for.
+        setDrawBase(false);
+        setObjectName("qt_tabwidget_tabbar");
+    }
+
 protected:
     void wheelEvent(QWheelEvent* event) override {
         if (hasFocus()) return QTabBar::wheelEvent(event);

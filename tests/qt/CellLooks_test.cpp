@@ -99,6 +99,34 @@ TEST_F(CellLooks, TellsTheWholeOfANameThatDoesNotFit) {
     });
 }
 
+TEST_F(CellLooks, TellsNothingWhereThereIsNoRow) {
+    for (const auto direction : {Qt::RightToLeft, Qt::LeftToRight}) {
+        QApplication::setLayoutDirection(direction);
+        LookAt(2, [](QWidget& window) {
+            auto& links = Find<QTableView>(window, "gridattachement");
+            const QPoint below = links.viewport()->rect().center() + QPoint(0, links.viewport()->height() / 3);
+            ASSERT_FALSE(links.indexAt(below).isValid());
+            QHelpEvent rests(QEvent::ToolTip, below, links.viewport()->mapToGlobal(below));
+            QCoreApplication::sendEvent(links.viewport(), &rests);
+            EXPECT_FALSE(QToolTip::isVisible());
+            EXPECT_FALSE(links.model()->data({}).isValid());
+        });
+    }
+}
+
+TEST_F(CellLooks, TicksABoxWhereItIsDrawnAndMovesThere) {
+    for (const char* name : {"Ann", "Bob", "Carlos"}) AddPerson(plan, name);
+    LookAt(3, [](QWidget& window) {
+        auto& people = Find<QTableView>(window, "VSFlexGridResource");
+        const QModelIndex last = people.model()->index(people.model()->rowCount() - 2, 1);
+        const QRect cell = people.visualRect(last);
+        const QVariant before = last.data(Qt::CheckStateRole);
+        QTest::mouseClick(people.viewport(), Qt::LeftButton, {}, cell.topLeft() + QPoint(8, cell.height() / 2));
+        EXPECT_NE(last.data(Qt::CheckStateRole), before);
+        EXPECT_EQ(people.currentIndex().row(), last.row());
+    });
+}
+
 // --- Colours ---------------------------------------------------------------------------------------------------------
 
 TEST_F(CellLooks, WritesLinksInTheDesktopsColourOfLinks) {

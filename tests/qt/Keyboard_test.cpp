@@ -184,6 +184,19 @@ TEST_F(Keyboard, AssignsAPersonForGoodThoughTheSpaceBarIsHeld) {
     });
 }
 
+TEST_F(Keyboard, TakesOnePredecessorOffThoughDeleteIsHeld) {
+    plan.Task("Permit").From(Monday).About("Build").After("Permit");
+    Use([](QWidget& window) {
+        Find<QTabWidget>(window, "TabTask").setCurrentIndex(1);
+        auto& table = Find<QTableView>(window, "VSFlexGridPredecessor");
+        table.setFocus();
+        const int rows = table.model()->rowCount();
+        table.setCurrentIndex(table.model()->index(0, 1));
+        Hold(Qt::Key_Delete, "", 3);
+        EXPECT_EQ(table.model()->rowCount(), rows - 1);
+    });
+}
+
 TEST_F(Keyboard, StaysThoughTheEnterIsHeldThatEndsAnEdit) {
     Use([](QWidget& window) {
         Find<QTabWidget>(window, "TabTask").setCurrentIndex(1);
