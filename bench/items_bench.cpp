@@ -160,8 +160,8 @@ BENCHMARK(AssignPeople) SIZES;
 BENCHMARK(UnAssignPeople) SIZES;
 BENCHMARK(AssignGoals) SIZES;
 BENCHMARK(UnAssignGoals) SIZES;
-BENCHMARK(LoadRelations) SIZES;
-BENCHMARK(SaveRelations) SIZES;
+BENCHMARK(LoadRelations) SIZES->Arg(8000)->Arg(16000);
+BENCHMARK(SaveRelations) SIZES->Arg(8000)->Arg(16000);
 
 }  // namespace
 }  // namespace mrlxmlclass::bench

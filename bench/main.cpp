@@ -47,6 +47,10 @@ public:
              {"AssignPeople", "UnAssignPeople", "AssignGoals", "UnAssignGoals", "LoadRelations", "SaveRelations"}) {
             Ratio(std::string(of) + "/10000", std::string(of) + "/1000", "two relations a task; linear: 10");
         }
+        // From where the plan no longer fits into the processor's caches.
+        for (const char* of : {"LoadRelations", "SaveRelations"}) {
+            Ratio(std::string(of) + "/16000", std::string(of) + "/8000", "two relations a task; linear: 2");
+        }
         ConsoleReporter::Finalize();
     }
 
