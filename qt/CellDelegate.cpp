@@ -30,6 +30,7 @@ public:
     explicit CellList(QWidget* parent) : DropList(parent) {
         connect(this, &DropList::activated, this, [this](int choice) { Close(choice); });
         QTimer::singleShot(0, this, [this] {
+            if (window()->focusWidget() != this) return;  // the edit is over
             showPopup();
             view()->viewport()->installEventFilter(this);
             open_.start();
@@ -100,10 +101,6 @@ QRect PlaceBehindText(const QStyleOptionViewItem& cell) {
 /// Without what the next key replaces.
 QString TextThatStays(const QLineEdit& line) {
     return line.hasSelectedText() ? line.text().remove(line.selectionStart(), line.selectionLength()) : line.text();
-}
-
-bool LeadsToAnotherPage(const QKeyEvent& key) {
-    return WithControl(key) && (key.key() == Qt::Key_Tab || key.key() == Qt::Key_Backtab);
 }
 
 void DrawArrow(QPainter& painter, const QStyleOptionViewItem& cell) {

@@ -18,6 +18,7 @@
 #include "qt/Colours.h"
 #include "qt/DropList.h"
 #include "qt/FieldFocus.h"
+#include "qt/LineField.h"
 #include "qt/Texts.h"
 
 namespace mrlxmlclass::qt {
@@ -195,6 +196,10 @@ bool DateField::eventFilter(QObject* watched, QEvent* event) {
             date_->interpretText();  // what is typed counts before a calendar opens on it
             return false;
         case QEvent::KeyPress:
+            if (LeadsToAnotherPage(static_cast<const QKeyEvent&>(*event))) {
+                event->ignore();
+                return true;
+            }
             return TakeKey(*date_, static_cast<const QKeyEvent&>(*event));
         default:
             return QWidget::eventFilter(watched, event);

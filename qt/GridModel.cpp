@@ -51,6 +51,8 @@ void GridModel::Follow() {
     }
     std::vector<Row> rows;
     for (Long row = first_; row < grid_.Rows(); ++row) rows.push_back(RowOf(row));
+    tick_columns_.clear();
+    for (const Row& row : rows) tick_columns_ << row.tick_column;
 
     const auto [old_end, new_end] = std::ranges::mismatch(rows_, rows);
     const auto same_before = static_cast<std::size_t>(old_end - rows_.begin());
@@ -91,10 +93,6 @@ QModelIndex GridModel::IndexOf(Long row, Long col) const {
 bool GridModel::ReadsLeftToRight(const QModelIndex& index) const {
     if (!index.isValid()) return false;
     return right_columns_.contains(index.column()) || rows_[static_cast<std::size_t>(index.row())].link;
-}
-
-bool GridModel::HasTicks(int column) const {
-    return std::ranges::find(rows_, column, &Row::tick_column) != rows_.end();
 }
 
 int GridModel::rowCount(const QModelIndex& parent) const {

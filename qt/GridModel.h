@@ -1,6 +1,7 @@
 #pragma once
 
 #include <QAbstractTableModel>
+#include <QSet>
 #include <QStringList>
 #include <vector>
 
@@ -25,7 +26,7 @@ public:
 
     /// Numbers and addresses are written so, also where texts are not.
     bool ReadsLeftToRight(const QModelIndex& index) const;
-    bool HasTicks(int column) const;
+    bool HasTicks(int column) const { return tick_columns_.contains(column); }
 
     int rowCount(const QModelIndex& parent = {}) const override;
     int columnCount(const QModelIndex& parent = {}) const override;
@@ -52,6 +53,7 @@ private:
     QList<int> right_columns_;
     std::vector<Row> rows_;
     QStringList headings_;
+    QSet<int> tick_columns_;
 };
 
 }  // namespace mrlxmlclass::qt

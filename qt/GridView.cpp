@@ -1,7 +1,9 @@
 #include "qt/GridView.h"
 
+#include <QCoreApplication>
 #include <QHeaderView>
 #include <QKeyEvent>
+#include <QLineEdit>
 #include <QScopedValueRollback>
 #include <QScrollBar>
 #include <utility>
@@ -93,7 +95,9 @@ void GridView::mousePressEvent(QMouseEvent* event) {
     QTableView::mousePressEvent(event);
 }
 
+// Where each click counts, so does the second of two quick ones.
 void GridView::mouseDoubleClickEvent(QMouseEvent* event) {
+    if (on_click) return mousePressEvent(event);
     if (event->button() == Qt::LeftButton) QTableView::mouseDoubleClickEvent(event);
 }
 
@@ -130,9 +134,18 @@ void GridView::keyPressEvent(QKeyEvent* event) {
     QTableView::keyPressEvent(event);
 }
 
+// What an input method types at once, without composing it, opens a line and does not get there by itself.
+void GridView::inputMethodEvent(QInputMethodEvent* event) {
+    QTableView::inputMethodEvent(event);
+    auto* line = qobject_cast<QLineEdit*>(indexWidget(currentIndex()));
+    if (line != nullptr && !event->commitString().isEmpty()) QCoreApplication::sendEvent(line, event);
+}
+
 // Who comes by the keyboard has a cell to go on from.
 void GridView::focusInEvent(QFocusEvent* event) {
-    const bool by_key = event->reason() == Qt::TabFocusReason || event->reason() == Qt::BacktabFocusReason;
+    const Qt::FocusReason reason = event->reason();
+    const bool by_key =
+        reason == Qt::TabFocusReason || reason == Qt::BacktabFocusReason || reason == Qt::ShortcutFocusReason;
     if (by_key && !currentIndex().isValid()) {
         setCurrentIndex(model_.index(rowAt(0), static_cast<int>(grid_.Col().value())));
     }

@@ -100,6 +100,10 @@ bool WithControl(const QKeyEvent& event) {
     return event.modifiers().testFlag(Qt::ControlModifier) && !event.modifiers().testFlag(Qt::AltModifier);
 }
 
+bool LeadsToAnotherPage(const QKeyEvent& event) {
+    return WithControl(event) && (event.key() == Qt::Key_Tab || event.key() == Qt::Key_Backtab);
+}
+
 int KeyAscii(const QKeyEvent& event) {
     switch (event.key()) {
         case Qt::Key_Backspace:

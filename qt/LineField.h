@@ -53,6 +53,7 @@ private:
 
 /// Whether Control is held, and not with Alt, which together type characters on some keyboards.
 bool WithControl(const QKeyEvent& event);
+bool LeadsToAnotherPage(const QKeyEvent& event);
 
 /// The code of a key that types a character, or is Backspace or Enter, as the form's rules know it; 0 for any other.
 int KeyAscii(const QKeyEvent& event);

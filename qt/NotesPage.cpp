@@ -5,13 +5,13 @@
 #include <QHeaderView>
 #include <QKeyEvent>
 #include <QMenu>
-#include <QPushButton>
 #include <QSignalBlocker>
 #include <QVBoxLayout>
 #include <algorithm>
 
 #include "qt/Frame.h"
 #include "qt/GridView.h"
+#include "qt/HeldKeys.h"
 #include "qt/Labels.h"
 #include "qt/LineField.h"
 #include "qt/Texts.h"
@@ -137,9 +137,9 @@ QWidget* NotesPage::NewAttachmentsFrame(Bindings& bindings) {
 
     auto* buttons = new QVBoxLayout;
     const auto add = [&](const Control& control, auto press) {
-        auto* button = new QPushButton(frame);
+        auto* button = new Button(frame);
         bindings.AddCaption(control, *button);
-        connect(button, &QPushButton::clicked, this, press);
+        connect(button, &Button::clicked, this, press);
         buttons->addWidget(button);
     };
     add(form_.Cmdlink, [this] { form_.Cmdlink_Click(); });

@@ -4,7 +4,6 @@
 #include <QCloseEvent>
 #include <QDialogButtonBox>
 #include <QHBoxLayout>
-#include <QPushButton>
 #include <QScreen>
 #include <QSignalBlocker>
 #include <QStyle>
@@ -113,17 +112,18 @@ QDialogButtonBox* TaskWindow::NewButtons() {
     auto* box = new QDialogButtonBox(this);
     bindings_.Add(form_.Picgen[0], *box);
     const auto add = [&](Control& control, QDialogButtonBox::ButtonRole role, auto press) {
-        auto* button = new QPushButton(this);
+        auto* button = new Button(this);
         bindings_.AddCaption(control, *button);
         box->addButton(button, role);
-        connect(button, &QPushButton::clicked, this, press);
+        connect(button, &Button::clicked, this, press);
         return button;
     };
     ok_ = add(form_.CmdOK[0], QDialogButtonBox::AcceptRole, [this] {
         FinishEditing();
         form_.CmdOK_Click(0);
     });
-    add(form_.CmdCancel[0], QDialogButtonBox::RejectRole, [this] { form_.CmdCancel_Click(0); });
+    auto* cancel = add(form_.CmdCancel[0], QDialogButtonBox::RejectRole, [this] { form_.CmdCancel_Click(0); });
+    cancel->setFocusPolicy(Qt::TabFocus);  // a click leaves the focus in the cell, where what is half typed is dropped
     add(form_.CmdHelp[0], QDialogButtonBox::HelpRole, [this] { form_.CmdHelp_Click(0); });
     ok_->setDefault(true);
     return box;

@@ -1,23 +1,22 @@
 #pragma once
 
-#include <QDialog>
 #include <memory>
 
 #include "mrlxmlclass/dialog/EditTask.h"
 #include "qt/Bindings.h"
 #include "qt/FieldFocus.h"
+#include "qt/HeldKeys.h"
 #include "qt/LineField.h"
 #include "qt/NotesPage.h"
 
 class QDialogButtonBox;
-class QPushButton;
 class QTabWidget;
 
 namespace mrlxmlclass::qt {
 
 /// The window of the dialog. The name and the buttons, of which the form has one set a tab, stand once, around the
 /// tabs, as element 0: the form gives the names of all tabs the same text, and the buttons of all do the same.
-class TaskWindow : public QDialog {
+class TaskWindow : public Window {
 public:
     explicit TaskWindow(EditTask& form);
 
@@ -45,7 +44,7 @@ private:
     Bindings bindings_;
     std::unique_ptr<LineField> name_;
     NotesPage* notes_ = nullptr;
-    QPushButton* ok_ = nullptr;
+    Button* ok_ = nullptr;
     std::unique_ptr<FieldFocus> focus_;
 };
 

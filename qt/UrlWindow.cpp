@@ -1,7 +1,6 @@
 #include "qt/UrlWindow.h"
 
 #include <QDialogButtonBox>
-#include <QPushButton>
 #include <QVBoxLayout>
 
 #include "qt/Labels.h"
@@ -10,18 +9,18 @@
 namespace mrlxmlclass::qt {
 
 UrlWindow::UrlWindow(frmurl& form, QWidget* parent)
-    : QDialog(parent), form_(form), address_(*new QLineEdit(this), form.txturl) {
+    : Window(parent), form_(form), address_(*new QLineEdit(this), form.txturl) {
     setObjectName("frmurl");
     setWindowTitle(ToQt(form.caption));
     QLineEdit& line = address_.line();
     bindings_.Add(form.txturl, line, [this] { address_.Show(); });
 
     auto* box = new QDialogButtonBox(this);
-    auto* ok = new QPushButton(this);
+    auto* ok = new Button(this);
     bindings_.AddCaption(form.CmdOK, *ok);
     box->addButton(ok, QDialogButtonBox::AcceptRole);
     ok->setDefault(true);
-    auto* cancel = new QPushButton(this);
+    auto* cancel = new Button(this);
     bindings_.AddCaption(form.CmdCancel, *cancel);
     box->addButton(cancel, QDialogButtonBox::RejectRole);
     connect(box, &QDialogButtonBox::accepted, this, [this] { accept(); });
@@ -40,12 +39,12 @@ UrlWindow::UrlWindow(frmurl& form, QWidget* parent)
 
 void UrlWindow::accept() {
     form_.CmdOK_Click();
-    QDialog::accept();
+    Window::accept();
 }
 
 void UrlWindow::reject() {
     form_.CmdCancel_Click();
-    QDialog::reject();
+    Window::reject();
 }
 
 }  // namespace mrlxmlclass::qt

@@ -1,15 +1,14 @@
 #pragma once
 
-#include <QDialog>
-
 #include "mrlxmlclass/dialog/frmurl.h"
 #include "qt/Bindings.h"
+#include "qt/HeldKeys.h"
 #include "qt/LineField.h"
 
 namespace mrlxmlclass::qt {
 
 /// The window of the form for a web address.
-class UrlWindow : public QDialog {
+class UrlWindow : public Window {
 public:
     UrlWindow(frmurl& form, QWidget* parent);
 

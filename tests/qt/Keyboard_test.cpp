@@ -146,69 +146,6 @@ TEST_F(Keyboard, HasTheHeadingForTheNameOfACellThatIsTypedIn) {
     });
 }
 
-// --- Keys that are held ----------------------------------------------------------------------------------------------
-
-/// The key tells whoever has the focus so many times that it is down.
-void Hold(Qt::Key key, const char* text, int times) {
-    for (int n = 0; n < times && QApplication::focusWidget() != nullptr; ++n) {
-        QKeyEvent down(QEvent::KeyPress, key, {}, text, /*autorep=*/n > 0);
-        QCoreApplication::sendEvent(QApplication::focusWidget(), &down);
-        Settle();
-    }
-}
-
-TEST_F(Keyboard, OpensAnAttachmentOnceThoughTheKeyIsHeld) {
-    AddNote(plan, "Build", "", "http://www.one.example");
-    Use([this](QWidget& window) {
-        Find<QTabWidget>(window, "TabTask").setCurrentIndex(2);
-        ClickCell(Find<QTableView>(window, "gridattachement"), 0, 0);
-        for (const auto& [key, text] : {std::pair(Qt::Key_Return, "\r"), {Qt::Key_Space, " "}}) {
-            plan.platform.shell.targets.clear();
-            Hold(key, text, 3);
-            EXPECT_EQ(plan.platform.shell.targets, (std::vector<String>{"http://www.one.example"})) << key;
-        }
-    });
-}
-
-TEST_F(Keyboard, AssignsAPersonForGoodThoughTheSpaceBarIsHeld) {
-    AddPerson(plan, "Ann");
-    Use([](QWidget& window) {
-        Find<QTabWidget>(window, "TabTask").setCurrentIndex(3);
-        auto& people = Find<QTableView>(window, "VSFlexGridResource");
-        people.setFocus();
-        people.setCurrentIndex(people.model()->index(0, 1));
-        for (const char* shown : {"1 | Ann*\n2 | New person...\n", "1 | Ann\n2 | New person...\n"}) {
-            Hold(Qt::Key_Space, " ", 2);
-            EXPECT_EQ(Shown(people), shown);
-        }
-    });
-}
-
-TEST_F(Keyboard, TakesOnePredecessorOffThoughDeleteIsHeld) {
-    plan.Task("Permit").From(Monday).About("Build").After("Permit");
-    Use([](QWidget& window) {
-        Find<QTabWidget>(window, "TabTask").setCurrentIndex(1);
-        auto& table = Find<QTableView>(window, "VSFlexGridPredecessor");
-        table.setFocus();
-        const int rows = table.model()->rowCount();
-        table.setCurrentIndex(table.model()->index(0, 1));
-        Hold(Qt::Key_Delete, "", 3);
-        EXPECT_EQ(table.model()->rowCount(), rows - 1);
-    });
-}
-
-TEST_F(Keyboard, StaysThoughTheEnterIsHeldThatEndsAnEdit) {
-    Use([](QWidget& window) {
-        Find<QTabWidget>(window, "TabTask").setCurrentIndex(1);
-        auto& table = Find<QTableView>(window, "VSFlexGridPredecessor");
-        EditCell(table, 0, 3);
-        QTest::keyClicks(&OpenLine(table), "4");
-        Hold(Qt::Key_Return, "\r", 3);
-        EXPECT_TRUE(window.isVisible());
-        EXPECT_EQ(Shown(table), "1 | Draw | 4\n |  | \n");
-    });
-}
-
 TEST_F(Keyboard, LeadsToAnotherTabOutOfACell) {
     Use([](QWidget& window) {
         auto& tabs = Find<QTabWidget>(window, "TabTask");
@@ -221,6 +158,20 @@ TEST_F(Keyboard, LeadsToAnotherTabOutOfACell) {
             Settle();
             EXPECT_EQ(tabs.currentIndex(), tab);
             EXPECT_EQ(Shown(table), QString("1 | Draw | %1\n |  | \n").arg(tab + 4));
+        }
+    });
+}
+
+TEST_F(Keyboard, LeadsToAnotherTabOutOfADate) {
+    Use([](QWidget& window) {
+        auto& tabs = Find<QTabWidget>(window, "TabTask");
+        for (const auto& [key, tab] : {std::pair(Qt::Key_Tab, 1), {Qt::Key_Backtab, 3}}) {
+            tabs.setCurrentIndex(0);
+            QDateEdit& start = DateIn(window, "DTPickerStart");
+            start.setFocus();
+            QTest::keyClick(&start, key, Qt::ControlModifier);
+            Settle();
+            EXPECT_EQ(tabs.currentIndex(), tab);
         }
     });
 }
